@@ -1,0 +1,7 @@
+/// DVIP.
+#pragma once
+
+#include "base/types.h"
+
+/// Registers with the protocol library. @return 0
+BU_S32 DVIP_InitProcess();

@@ -1,0 +1,59 @@
+#include "camera/motion.h"
+#include "camera/preset.h"
+#include "camera/system.h"
+#include "util/log.h"
+#include "visca/viscaHandlers.h"
+#include "visca/viscaTable.h"
+
+namespace
+{
+constexpr BU_S32 RECALL_ENDS = 2; ///< one of the head, one of the lens
+constexpr BU_S32 NO_PRESET = -1;
+
+bool isPreset(BU_S32 s32Preset)
+{
+    PRESET_INFO_S stPreset{};
+    return PRESET_API_QueryById(s32Preset, &stPreset) == 0 || PRESET_API_QuerySpecialById(s32Preset) == 0;
+}
+
+BU_S32 setPresetMode(BU_S32 s32Value)
+{
+    const auto *pbOn = viscaFind(VISCA_SWITCH, s32Value);
+    return pbOn ? SYS_API_SetPresetMode(*pbOn, BU_TRUE, BU_TRUE) : -1;
+}
+} // namespace
+
+BU_S32 viscaCtrlMemory(tagVISCA_CTRL_INFO_S *pstInfo)
+{
+    const auto [enType, u8Val] = pstInfo->stMemoryCtrl;
+    BU_S32 s32Ret = -1;
+    switch (enType) {
+    case VISCA_MSG_E_MEMORY_RESET:
+        s32Ret = PRESET_API_DeleteById(u8Val);
+        break;
+    case VISCA_MSG_E_MEMORY_SET:
+        s32Ret = PRESET_API_SetCur(u8Val, "ByVisca");
+        break;
+    case VISCA_MSG_E_MEMORY_RECALL:
+        if (!isPreset(u8Val)) {
+            TRACE("can't find preset %d\n", u8Val);
+            return -1;
+        }
+        gs_s32PresetFlag = RECALL_ENDS; // first: a move may end before the call returns
+        s32Ret = PRESET_API_GotoById(u8Val, PT_CTRL_E_FROM_VISCA, pstInfo);
+        break;
+    case VISCA_MSG_E_MEMORY_SPEED:
+        s32Ret = PRESET_API_SetPresetSpeed(0, u8Val, BU_TRUE, BU_TRUE);
+        break;
+    case VISCA_MSG_E_MEMORY_POWERUP:
+        s32Ret = PT_API_SetPowerUpPtzPos(0, u8Val == 0 ? NO_PRESET : u8Val, BU_TRUE, BU_TRUE);
+        break;
+    case VISCA_MSG_E_MEMORY_MODE:
+        s32Ret = setPresetMode(u8Val);
+        break;
+    default:
+        return viscaRefuseType(enType);
+    }
+    TRACE("Type %d, %d\n", enType, u8Val);
+    return s32Ret;
+}

@@ -1,0 +1,11 @@
+# Every contract header compiles alone: one generated source a header, its include first and only.
+file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/include ${CMAKE_SOURCE_DIR}/include/*.h)
+set(sources)
+foreach(header ${headers})
+    string(MAKE_C_IDENTIFIER ${header} name)
+    set(source ${CMAKE_BINARY_DIR}/header_check/${name}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n")
+    list(APPEND sources ${source})
+endforeach()
+add_library(header_check OBJECT ${sources})
+target_link_libraries(header_check PRIVATE contract)

@@ -1,0 +1,47 @@
+/// Focus of the lens and lens corrections. One lens, device 0, has a motor.
+#pragma once
+
+#include "base/setting.h"
+
+enum FOCUS_ACTION_E : BU_S32 { FOCUS_ACTION_E_STOP = 0, FOCUS_ACTION_E_FAR = 2, FOCUS_ACTION_E_NEAR = 3 };
+/// A face in the picture; its box in fractions of width and height, 0-1.
+struct tagFaceRectInfo {
+    BU_S32 id;
+    float xmin, ymin, xmax, ymax;
+    BU_S32 updatelevel;
+};
+
+/// Starts or stops the focus drive and returns at once. @param u8Speed  1 slowest ... 8 fastest. @return 0 or -1
+BU_S32 AF_API_SetFocusAct(BU_S32 s32Dev, FOCUS_ACTION_E enAction, BU_U8 u8Speed);
+/// Focus position, 175 far ... 7095 near; the setter moves there and returns at once, its flags change nothing more.
+BU_SETTING_DEV(AF_API_, FocusAbs)
+BU_S32 AF_API_GetFocusPos(BU_S32 s32Dev, BU_S32 *ps32Pos);
+BU_S32 AF_API_SetFocusPos(BU_S32 s32Dev, BU_S32 s32Pos);
+/// Focuses once, in manual focus too. @return 0 or -1
+BU_S32 AF_API_TriggerAutoFocus(BU_S32 s32Dev);
+
+// The key in brackets names the setting in the store and in range questions. Switches: 0 off, 1 on.
+BU_SETTING_DEV(AF_API_, FocusAuto) ///< switch, default on [FocusAuto]
+BU_SETTING_DEV(AF_API_, FocusSpd)  ///< speed of a drive without one of its own, 0-7, default 4 [FocusSpd]
+BU_SETTING_DEV(AF_API_, FocusArea) ///< 0 whole picture, 1 centre, 2 upper, 3 lower, 4 what comes; default 0 [FocusArea]
+BU_SETTING_DEV(AF_API_, FocusModel) ///< how it measures: 0 contrast, 1 phase, 2 time of flight; default 0 [FocusModel]
+BU_SETTER_DEV(AF_API_, FocusRange)  ///< nearest distance, step 0-4, default 0 [FocusDistance]
+BU_SETTING_DEV(AF_API_, PtzTrigAf)  ///< focus after a move, switch, default on [PtzTrigAf]
+BU_SETTING_DEV(AF_API_, FaceAF)     ///< faces first, switch, default off [FaceAF]
+/// Of the whole camera: switch, default off [DistortionCorre].
+BU_S32 AF_API_GetDistortionCorrection(BU_BOOL *pbOn, BU_BOOL bReread);
+BU_SETTER(AF_API_, DistortionCorrection)
+
+/// @param pcText  64 characters. @return 0 or -1
+BU_S32 AF_API_GetAFVersion(BU_S32 s32Dev, BU_CHAR *pcText);
+/// The rate at which focusing looks at frames. @param s32Fps  frames/s, 1 or more. @return 0 or -1
+BU_S32 AF_API_SetAFFrame(BU_S32 s32Dev, BU_S32 s32Fps);
+/// The faces of the latest frame, for FaceAF. @param s32Count  0 and more; the first 16 are taken. @return 0 or -1
+BU_S32 AF_API_SetFaceInfo(const tagFaceRectInfo *pstFaces, BU_S32 s32Count);
+/// Measures the curve of focus over zoom again. @return 0
+BU_S32 AF_API_TriggerCurveCorrection();
+/// Starts and stops the correction of lens distortion in the picture. @return 0; other values are for the log
+BU_S32 AF_API_StartLdc();
+BU_S32 AF_API_StopLdc();
+/// Readies the lens for the sensor set-up; registered with MPP_RegisterBeforeInit. @return 0
+BU_S32 AF_Callback_MppIkSetup(void *pvParam);

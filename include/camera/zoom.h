@@ -1,0 +1,21 @@
+/// Zoom of the lens. One lens, device 0, has a motor.
+#pragma once
+
+#include "base/setting.h"
+
+enum ZOOM_ACTION_E : BU_S32 { ZOOM_ACTION_E_STOP = 0, ZOOM_ACTION_E_TELE = 2, ZOOM_ACTION_E_WIDE = 3 };
+
+/// Starts or stops the zoom drive and returns at once. @param u8Speed  0 slowest ... 7 fastest. @return 0 or -1
+BU_S32 PTZ_API_SetZoomAct(BU_S32 s32Dev, ZOOM_ACTION_E enAction, BU_U8 u8Speed);
+/// Where the zoom is now: 0 wide, 16384 tele, above with digital zoom up to 31424. @return 0 or -1
+BU_S32 PTZ_API_GetZoomPos(BU_S32 s32Dev, BU_S32 *ps32Pos);
+/// The same as magnification, 1.0 at the wide end. @return 0 or -1
+BU_S32 PTZ_API_GetZoomTime(BU_S32 s32Dev, BU_FLOAT *pfTimes);
+/// Moves to a magnification and returns at once. @return 0 or -1
+BU_S32 PTZ_API_SetZoomTime(BU_S32 s32Dev, BU_FLOAT fTimes, BU_U8 u8Speed);
+
+// The key in brackets names the setting in the store and in range questions.
+BU_SETTING_DEV(PTZ_API_, ZoomSpd) ///< speed of a drive without one of its own, 0-7, default 5 [ZoomSpd]
+BU_S32 PTZ_API_GetZoomSpd(BU_S32 s32Dev, BU_U8 *pu8Speed, BU_BOOL bReread = BU_FALSE);
+BU_SETTING_DEV(PTZ_API_, DZoomMode)    ///< digital zoom, switch, default off [DZoom]
+BU_SETTING_DEV(PTZ_API_, MaxDZoomTime) ///< its greatest magnification, 1-16, default 1 [DZoomTime]

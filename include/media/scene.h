@@ -1,0 +1,124 @@
+/// What the virtual camera sees: the scene, a view into it, and the image settings that shape the picture.
+///
+/// Everything here is arithmetic on the arguments: same scene, view, settings and time give the same picture. Nothing
+/// waits, nothing reads a clock, no thread is made.
+///
+/// Directions are degrees: pan 0 looks at the stage, positive to the right; tilt 0 is level, positive up. A picture
+/// maps degrees to pixels evenly, so a degree of pan moves it by width / field of view pixels at any place.
+#pragma once
+
+#include "camera/image.h"
+
+#include <memory>
+#include <vector>
+
+/// An NV12 picture, BT.709, Y 16 to 235. Sizes are even. Memory is the caller's.
+struct SCENE_FRAME_S {
+    BU_U8 *pu8Y, *pu8Uv;
+    BU_S32 s32StrideY, s32StrideUv; ///< bytes; negative: rows run upward from the pointer
+    BU_S32 s32Width, s32Height;
+};
+
+/// Where the close-up lens looks.
+struct SCENE_VIEW_S {
+    BU_FLOAT fPan = 0, fTilt = 0; ///< optical axis [degrees], any pan, tilt -90 to 90
+    BU_FLOAT fMagnification = 1;  ///< optical times digital, 1 to 512
+    BU_FLOAT fFov = 60;           ///< horizontal field of view at magnification 1 [degrees]
+    BU_FLOAT fDefocus = 0;        ///< how far the focus is off [dioptres, 1/m]; 0: sharp
+    bool operator==(const SCENE_VIEW_S &) const = default;
+};
+
+/// Field of view of the fixed panorama lens [degrees]; it looks at pan 0, tilt 0.
+inline constexpr BU_FLOAT SCENE_PANORAMA_FOV = 180;
+/// Part of the surroundings that a video file or capture device covers, around pan 0 and tilt 0 [degrees].
+inline constexpr BU_FLOAT SCENE_FILM_FOV = 120;
+
+/// A person of the synthetic scene: the box around the body, in degrees.
+struct SCENE_PERSON_S {
+    BU_FLOAT fPan, fTilt; ///< middle of the body
+    BU_FLOAT fWidth, fHeight;
+    BU_FLOAT fDistanceM;
+    BU_FLOAT fHeadPan, fHeadTilt, fHeadSize; ///< middle and height of the head
+};
+
+struct SCENE_S;
+
+/// Opens a scene: "synthetic", the path of a video file, or of a V4L2 device ("/dev/video0"). Null takes CAMERA_SCENE,
+/// empty the synthetic one. What cannot be opened is logged and replaced by the synthetic scene.
+/// @return never null; one for each thread that renders. Scenes of the same file or device share its decoder.
+SCENE_S *SCENE_Open(const BU_CHAR *pcScene);
+/// Null is tolerated.
+void SCENE_Close(SCENE_S *pstScene);
+
+/// Draws the close-up or the panorama as the sensor sees it, in perfect light. @param s64TimeUs  time of the picture,
+/// 0 or more; a file loops. @return 0, or -1: null scene, or a size that is odd, below 16 or above 8192
+/// Thread: one at a time for each scene.
+BU_S32 SCENE_RenderCloseUp(SCENE_S *pstScene, const SCENE_VIEW_S &stView, BU_S64 s64TimeUs, const SCENE_FRAME_S &stOut);
+BU_S32 SCENE_RenderPanorama(SCENE_S *pstScene, BU_S64 s64TimeUs, const SCENE_FRAME_S &stOut);
+
+/// Those who walk and stand in the synthetic scene, near ones last; the seated audience is not counted.
+std::vector<SCENE_PERSON_S> SCENE_ListPeople(BU_S64 s64TimeUs);
+
+/// Scales a whole picture to another size. @return 0, or -1: a size as above
+BU_S32 SCENE_Scale(const SCENE_FRAME_S &stIn, const SCENE_FRAME_S &stOut);
+
+/// All image settings of a pipeline in natural units. The initial values are neutral: they change nothing.
+struct PICTURE_SETTINGS_S {
+    // 0 neutral, -1 and 1 the ends of the setting's range
+    BU_FLOAT fBrightness = 0, fContrast = 0, fSaturation = 0, fHue = 0, fSharpness = 0;
+    BU_FLOAT fGamma = 0;                               ///< 0 neutral to 1
+    BU_FLOAT afColourHue[6] = {}, afColourSat[6] = {}; ///< red, yellow, green, cyan, blue, magenta; -1 to 1
+    BU_FLOAT fNr2d = 0.4F, fNr3d = 0.375F;             ///< 0 off to 1 strongest
+    BU_S32 s32Wdr = 0;                                 ///< 0 off, 1 weakest to 6
+    tagImageStyle enStyle = NON_STYLE;
+    BU_BOOL bMonochrome = BU_FALSE, bHdr = BU_FALSE, bMirror = BU_FALSE, bFlip = BU_FALSE, bFreeze = BU_FALSE;
+
+    AE_MODE_E enAeMode = AE_MODE_E_AUTO;
+    tagAE_METER_MODE_E enMeter = AE_METER_MODE_E_AVG;
+    tagFREQ_MODE_E enAntiFlicker = FREQ_MODE_E_50HZ;
+    BU_BOOL bBackLight = BU_FALSE, bAutoIris = BU_TRUE;
+    BU_FLOAT fExpCompStops = 0;     ///< exposure compensation, 0 when it is off
+    BU_FLOAT fBrightStops = 0;      ///< exposure brightness of the bright mode
+    BU_FLOAT fShutterS = 1.0F / 60; ///< exposure time [s]
+    BU_FLOAT fIrisF = 2;            ///< f-number; 0: closed
+    BU_FLOAT fGainDb = 0, fGainLimitDb = 18;
+    BU_FLOAT fNdStops = 0; ///< light kept back by the neutral-density filter
+
+    tagWB_MODE_E enWbMode = WB_MODE_E_AUTO;
+    tagAWB_SENSITIVITY_E enAwbSensitivity = AWB_SENSITIVITY_E_MIDDLE;
+    BU_FLOAT fColourTemp = 5600;        ///< of the static mode [K]
+    BU_FLOAT afGain[3] = {1, 1, 1};     ///< R, G, B of the manual mode, 0 to 2
+    BU_FLOAT afStrength[3] = {1, 1, 1}; ///< R, G, B pull of the automatic mode, 0 to 2
+
+    bool operator==(const PICTURE_SETTINGS_S &) const = default;
+};
+
+/// What a pipeline keeps from picture to picture. A fresh one starts settled; owned by the caller.
+struct PICTURE_STATE_S {
+    BU_S64 s64LastUs = -1;        ///< time of the last picture, -1: none
+    BU_FLOAT fStops = 0;          ///< exposure correction in force
+    BU_FLOAT afWb[3] = {1, 1, 1}; ///< white-balance gains in force
+    std::vector<BU_U8> vecFrozen; ///< the frozen picture; empty: none
+    BU_S32 s32FrozenWidth = 0;
+    std::vector<BU_U8> vecWork;                         ///< a picture being turned or mirrored
+    std::shared_ptr<struct PICTURE_TABLES_S> pstTables; ///< made from the settings when they change
+};
+
+/// Reads all image settings of a pipeline (0 close-up, 1 panorama) from the camera services. Where the close-up's
+/// exposure or white balance is to be followed by the full view, the panorama gets the close-up's. Mirror, flip, mount
+/// and freeze act on the close-up only. @return 0, or -1: no such pipeline
+/// Thread: any; cheap enough for every picture.
+BU_S32 PICTURE_ReadSettings(BU_S32 s32Pipe, PICTURE_SETTINGS_S *pstSettings);
+
+/// Reads where the close-up lens looks at this moment. @return 0, or -1: a service refused; the rest is filled
+BU_S32 PICTURE_ReadView(SCENE_VIEW_S *pstView);
+
+/// Applies the settings to a picture in place: exposure, white balance, tone, colour, sharpness, noise. Settings that
+/// are neutral cost nothing. Exposure and white balance settle with the time since the last call on the state.
+void PICTURE_Apply(const PICTURE_SETTINGS_S &stSettings, PICTURE_STATE_S &stState, BU_S64 s64TimeUs,
+                   const SCENE_FRAME_S &stFrame);
+
+/// The whole way of a picture: scene, settings, mirror, flip, freeze. @param pstView  null: the panorama
+/// @return 0, or -1 as SCENE_RenderCloseUp
+BU_S32 PICTURE_Render(SCENE_S *pstScene, const SCENE_VIEW_S *pstView, const PICTURE_SETTINGS_S &stSettings,
+                      PICTURE_STATE_S &stState, BU_S64 s64TimeUs, const SCENE_FRAME_S &stOut);

@@ -1,0 +1,134 @@
+// Start of the running state, stand-by, language, clock, web port.
+#include "camera/systemService.h"
+
+#include "board/profile.h"
+#include "config/store.h"
+#include "lampManager.h"
+#include "media/pipeline.h"
+#include "settings.h"
+#include "util/file.h"
+#include "util/journal.h"
+#include "util/log.h"
+#include "vocabulary/words.h"
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace
+{
+constexpr const BU_CHAR *ASLEEP_KEY = "Standby/Asleep";
+constexpr const BU_CHAR *POWER_OFF_RECORD = "/var/ViscaCtrlPowerOff";
+constexpr BU_S32 PORT_MAX = 65535;
+
+typedef std::vector<std::function<void(BU_BOOL)>> HOOKS;
+
+std::atomic<bool> g_bAsleep{false};
+std::mutex g_lockHooks; // guards g_pHooks; an addition replaces the list, so that it is walked without the lock
+std::shared_ptr<const HOOKS> g_pHooks = std::make_shared<HOOKS>();
+
+void tellHooks(BU_BOOL bAsleep)
+{
+    std::shared_ptr<const HOOKS> pHooks;
+    {
+        const std::lock_guard guard(g_lockHooks);
+        pHooks = g_pHooks;
+    }
+    for (const auto &fnHook : *pHooks) fnHook(bAsleep);
+}
+
+/// The power-off command that began stand-by is answered by the next start.
+void handOverPowerOffRecord()
+{
+    if (UTIL_FILE_IsExist(POWER_OFF_RECORD)) UTIL_CMD_RunSafe("mv /var/ViscaCtrlPowerOff /app/ViscaCtrlPowerOn");
+}
+} // namespace
+
+BU_S32 SYSTEM_API_InitializeGlobalVirableByXml()
+{
+    if (const auto injected = journal::call(__func__)) return *injected;
+    settings::reload();
+    BU_S32 s32Asleep = BU_FALSE;
+    if (CFG_STORE_GetInt(ASLEEP_KEY, &s32Asleep) == 0 && s32Asleep) {
+        LOG_INFO("started from stand-by\n");
+        handOverPowerOffRecord();
+        CFG_STORE_SetInt(ASLEEP_KEY, BU_FALSE);
+    }
+    return 0;
+}
+
+BU_S32 SYSTEM_API_InitializeMppBusinessByXml(MPP_BUSINESS_CFG_S *pstCfg)
+{
+    if (const auto injected = journal::call(__func__)) return *injected;
+    if (!pstCfg) return -1;
+    pstCfg->s32PipeCnt = BSP_PROFILE_GetInt("sensor/count", 2);
+    pstCfg->s32Width = BSP_PROFILE_GetInt("sensor/width", 3840);
+    pstCfg->s32Height = BSP_PROFILE_GetInt("sensor/height", 2160);
+    pstCfg->enFormat = static_cast<HDMI_FORMAT_E>(settings::value(settings::SYSTEM_API_HdmiFormat));
+    pstCfg->enFps = static_cast<HDMI_FPS_E>(settings::value(settings::SYSTEM_API_HdmiFps));
+    pstCfg->bMirror = settings::value(settings::SYS_API_Mirror);
+    pstCfg->bFlip = settings::value(settings::SYS_API_Flip);
+    return 0;
+}
+
+BU_S32 SYSTEM_API_SleepAppService()
+{
+    if (const auto injected = journal::call(__func__)) return *injected;
+    if (g_bAsleep.exchange(true)) return 0;
+    LOG_INFO("stand-by\n");
+    CFG_STORE_SetInt(ASLEEP_KEY, BU_TRUE);
+    lamp::triggerUpdate(LED_EVENT_FROM_E_SLEEP);
+    tellHooks(BU_TRUE);
+    return 0;
+}
+
+BU_S32 SYSTEM_API_WakeAppService()
+{
+    if (const auto injected = journal::call(__func__)) return *injected;
+    if (!g_bAsleep.exchange(false)) return -1;
+    LOG_INFO("end of stand-by\n");
+    CFG_STORE_SetInt(ASLEEP_KEY, BU_FALSE);
+    handOverPowerOffRecord();
+    tellHooks(BU_FALSE);
+    return UTIL_CMD_RunSafe("reboot");
+}
+
+BU_BOOL SYSTEM_API_IsAsleep() { return g_bAsleep; }
+
+BU_S32 SYSTEM_SetSleepHook(std::function<void(BU_BOOL)> fnHook)
+{
+    if (!fnHook) return -1;
+    const std::lock_guard guard(g_lockHooks);
+    auto pNew = std::make_shared<HOOKS>(*g_pHooks);
+    pNew->push_back(std::move(fnHook));
+    g_pHooks = std::move(pNew);
+    return 0;
+}
+
+BU_S32 SYSTEM_API_SetLanguage(const BU_CHAR *pcWord, BU_BOOL bSaveCfg)
+{
+    if (const auto injected = journal::call(__func__, pcWord, bSaveCfg)) return *injected;
+    return settings::set(settings::SYSTEM_API_Language, 0, vocabulary::valueOf<MAP_SYS_LANGUAGE>(pcWord), bSaveCfg,
+                         BU_TRUE);
+}
+
+BU_S32 SYSTEM_API_SetEnableNTP(BU_BOOL bOn, BU_BOOL bSaveCfg)
+{
+    if (const auto injected = journal::call(__func__, bOn, bSaveCfg)) return *injected;
+    return settings::set(settings::SYSTEM_API_NTPEnabled, 0, bOn, bSaveCfg, BU_TRUE);
+}
+
+BU_S32 SYSTEM_API_SetHttpPort(BU_S32 s32Http, BU_S32 s32Https)
+{
+    if (const auto injected = journal::call(__func__, s32Http, s32Https)) return *injected;
+    const auto isPort = [](BU_S32 s32Port) { return s32Port >= 1 && s32Port <= PORT_MAX; };
+    if (!isPort(s32Http) || !isPort(s32Https)) return -1;
+    return CFG_STORE_SetTexts({{"Http/Port", std::to_string(s32Http)}, {"Http/SecurePort", std::to_string(s32Https)}});
+}
+
+BU_S32 SYSTEM_API_StopHttpDaemon()
+{
+    if (const auto injected = journal::call(__func__)) return *injected;
+    return 0;
+}

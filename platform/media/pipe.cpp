@@ -1,0 +1,259 @@
+#include "pipe.h"
+
+#include "overlayBlend.h"
+#include "sceneClock.h"
+#include "util/time.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+using media::Picture;
+using media::PictureTaker;
+using media::Pipe;
+using media::tagSIZE_S;
+
+const SCENE_FRAME_S &Picture::frame(tagSIZE_S stSize)
+{
+    if (m_stFrame.s32Width != stSize.s32Width || m_stFrame.s32Height != stSize.s32Height) {
+        m_vec = std::vector<BU_U8>(static_cast<std::size_t>(stSize.area()) * 3 / 2);
+        m_stFrame = {m_vec.data(),    m_vec.data() + stSize.area(), stSize.s32Width, stSize.s32Width, stSize.s32Width,
+                     stSize.s32Height};
+    }
+    return m_stFrame;
+}
+
+void Picture::release()
+{
+    m_vec = {};
+    m_stFrame = {};
+}
+
+Pipe::~Pipe() { m_thread.reset(); }
+
+void Pipe::start()
+{
+    const std::lock_guard guard(m_lock);
+    if (m_thread) return;
+    m_thread.emplace(m_s32Pipe == PIPE_CLOSE_UP ? "CloseUp" : "Panorama", [this](const std::stop_token &stop) {
+        m_id = std::this_thread::get_id();
+        {
+            const std::lock_guard started(m_lock);
+            m_bWaiting = false;
+        }
+        loop(stop);
+    });
+}
+
+void Pipe::setRate(FrameRate stRate)
+{
+    {
+        const std::lock_guard guard(m_lock);
+        m_stRate = stRate;
+    }
+    wake();
+}
+
+media::FrameRate Pipe::rate() const
+{
+    const std::lock_guard guard(m_lock);
+    return m_stRate;
+}
+
+void Pipe::add(std::shared_ptr<PictureTaker> pstTaker)
+{
+    {
+        const std::lock_guard guard(m_lock);
+        m_takers.push_back(std::move(pstTaker));
+    }
+    wake();
+}
+
+void Pipe::remove(const PictureTaker *pstTaker)
+{
+    std::unique_lock guard(m_lock);
+    std::erase_if(m_takers, [&](const auto &pst) { return pst.get() == pstTaker; });
+    if (isThread()) return;
+    m_asked.wait(guard, [this, u64Rounds = m_u64Rounds] { return m_bWaiting || m_u64Rounds != u64Rounds; });
+}
+
+void Pipe::wake()
+{
+    const std::lock_guard guard(m_lock);
+    m_bWoken = true;
+    m_wake.notify_one();
+}
+
+void Pipe::post(std::function<void()> fn)
+{
+    {
+        const std::lock_guard guard(m_lock);
+        m_posted.push_back(std::move(fn));
+    }
+    wake();
+}
+
+void Pipe::runPosted()
+{
+    std::vector<std::function<void()>> posted;
+    {
+        const std::lock_guard guard(m_lock);
+        posted.swap(m_posted);
+    }
+    for (const auto &fn : posted) fn();
+}
+
+std::vector<std::shared_ptr<PictureTaker>> Pipe::takers()
+{
+    const std::lock_guard guard(m_lock);
+    ++m_u64Rounds;
+    m_asked.notify_all();
+    return m_takers;
+}
+
+void Pipe::loop(const std::stop_token &stop)
+{
+    BU_S64 s64LastUs = 0; // the last picture
+    while (!stop.stop_requested()) {
+        runPosted();
+        const FrameRate stRate = rate();
+        const BU_S64 s64Now = stRate.frameAt(UTIL_TIME_NowUs());
+        // The present frame is in time for whoever has just come; frames that passed meanwhile are left out.
+        const auto s64Next = nextFrame(stRate, std::max(stRate.frameAt(s64LastUs), s64Now - 1));
+        if (!s64Next) {
+            rest();
+            waitFor(std::nullopt, stop);
+        } else if (*s64Next > s64Now) {
+            waitFor(stRate.dueUs(*s64Next), stop);
+        } else {
+            render(stRate, *s64Next);
+            s64LastUs = stRate.dueUs(*s64Next);
+        }
+    }
+}
+
+void Pipe::waitFor(std::optional<BU_S64> s64DueUs, const std::stop_token &stop)
+{
+    std::unique_lock guard(m_lock);
+    m_bWaiting = true;
+    m_asked.notify_all();
+    if (s64DueUs)
+        m_wake.wait_for(guard, stop, std::chrono::microseconds(*s64DueUs - UTIL_TIME_NowUs()),
+                        [this] { return m_bWoken; });
+    else
+        m_wake.wait(guard, stop, [this] { return m_bWoken; });
+    m_bWoken = m_bWaiting = false;
+}
+
+/// Frees what only pictures need.
+void Pipe::rest()
+{
+    m_picture.release();
+    m_scaled.clear();
+    m_due.clear();
+}
+
+std::optional<BU_S64> Pipe::nextFrame(FrameRate stOutput, BU_S64 s64Last)
+{
+    std::optional<BU_S64> s64Next;
+    m_due.clear();
+    for (auto &pstTaker : takers()) {
+        const auto stWish = pstTaker->wish(stOutput);
+        if (!stWish) continue;
+        const BU_S64 s64 = stWish->bOnce ? s64Last + 1 : stWish->stRate.nextOf(stOutput, s64Last + 1);
+        s64Next = std::min(s64, s64Next.value_or(s64));
+        m_due.push_back({pstTaker, *stWish, overlay::isShown(stWish->s32Target)});
+    }
+    return s64Next;
+}
+
+bool Pipe::draw(const SCENE_FRAME_S &stFrame, BU_S64 s64TimeUs)
+{
+    if (!m_pstScene) m_pstScene.reset(SCENE_Open(nullptr));
+    PICTURE_ReadSettings(m_s32Pipe, &m_stSettings);
+    SCENE_VIEW_S stView;
+    if (m_s32Pipe == PIPE_CLOSE_UP) PICTURE_ReadView(&stView);
+    return PICTURE_Render(m_pstScene.get(), m_s32Pipe == PIPE_CLOSE_UP ? &stView : nullptr, m_stSettings, m_stState,
+                          s64TimeUs, stFrame) == 0;
+}
+
+void Pipe::render(FrameRate stOutput, BU_S64 s64Frame)
+{
+    tagSIZE_S stLargest; // of all, so that the size does not change from frame to frame
+    for (const auto &st : m_due)
+        if (st.stWish.stSize.area() > stLargest.area()) stLargest = st.stWish.stSize;
+    std::erase_if(m_due, [&](const tagDUE_S &st) {
+        return !st.stWish.bOnce && st.stWish.stRate.nextOf(stOutput, s64Frame) != s64Frame;
+    });
+    if (m_due.empty()) return;
+    const SCENE_FRAME_S &stFrame = m_picture.frame(stLargest);
+    const BU_S64 s64TimeUs = stOutput.dueUs(s64Frame);
+    if (draw(stFrame, sceneTimeUs(s64TimeUs))) hand(stFrame, static_cast<BU_U64>(s64TimeUs));
+}
+
+/// Gives the picture to all who are due, scaled where they want it smaller. Overlays are drawn last, so that the plain
+/// picture is there for all who want it plain.
+void Pipe::hand(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs)
+{
+    constexpr BU_U64 KEPT_US = 2'000'000; // a size that nobody took for so long is given up
+    std::ranges::stable_sort(m_due, {}, [](const tagDUE_S &st) { return std::pair(st.bOverlay, st.stWish.stSize); });
+    for (const auto &st : m_due) {
+        const tagSIZE_S stSize = st.stWish.stSize;
+        const bool bInPlace =
+            stSize == tagSIZE_S{stFrame.s32Width, stFrame.s32Height} && (!st.bOverlay || &st == &m_due.back());
+        const SCENE_FRAME_S *pstFrame = &stFrame;
+        if (!bInPlace) {
+            tagSCALED_S &stScaled = m_scaled[stSize];
+            pstFrame = &stScaled.picture.frame(stSize);
+            if (st.bOverlay || stScaled.u64UsedUs != u64TimeUs) SCENE_Scale(stFrame, *pstFrame);
+            stScaled.u64UsedUs = u64TimeUs;
+        }
+        if (st.bOverlay) overlay::blend(st.stWish.s32Target, *pstFrame);
+        st.pstTaker->take(*pstFrame, u64TimeUs);
+    }
+    std::erase_if(m_scaled, [&](const auto &pair) { return u64TimeUs - pair.second.u64UsedUs > KEPT_US; });
+}
+
+namespace
+{
+struct tagPIPES_S {
+    std::array<Pipe, 2> pipes{Pipe(media::PIPE_CLOSE_UP), Pipe(media::PIPE_PANORAMA)};
+    std::atomic<BU_S32> s32Count{2};
+};
+tagPIPES_S &pipes()
+{
+    static auto *pstPipes = new tagPIPES_S;
+    return *pstPipes;
+}
+} // namespace
+
+void media::setPipeRates(FrameRate stRate)
+{
+    for (auto &pipe : pipes().pipes) pipe.setRate(stRate);
+}
+
+Pipe *media::pipeAt(BU_S32 s32Pipe)
+{
+    return s32Pipe >= 0 && s32Pipe < pipes().s32Count ? &pipes().pipes[static_cast<std::size_t>(s32Pipe)] : nullptr;
+}
+
+Pipe *media::pipeOf(BU_S32 s32Usage)
+{
+    switch (s32Usage) {
+    case MPP_PIPE_USAGE_E_CLOSEUP_FULL:
+    case MPP_PIPE_USAGE_E_TRACK_ALG_CLOSEUP:
+        return pipeAt(PIPE_CLOSE_UP);
+    case MPP_PIPE_USAGE_E_PANORAMA_CROP0:
+    case MPP_PIPE_USAGE_E_TRACK_ALG_PANORAMA:
+        return pipeAt(PIPE_PANORAMA);
+    default:
+        return nullptr;
+    }
+}
+
+void media::setPipeCount(BU_S32 s32Count) { pipes().s32Count = s32Count; }
+
+void media::startPipes()
+{
+    for (BU_S32 i = 0; auto *pstPipe = pipeAt(i); ++i) pstPipe->start();
+}

@@ -1,0 +1,348 @@
+#include "server.h"
+
+#include "gstreamer.h"
+#include "media.h"
+#include "util/log.h"
+#include "util/time.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <array>
+#include <fcntl.h>
+#include <gio/gio.h>
+#include <glib-unix.h>
+#include <gst/rtsp-server/rtsp-server.h>
+#include <netinet/tcp.h>
+#include <string_view>
+#include <sys/socket.h>
+
+namespace rtsp
+{
+namespace
+{
+constexpr guint REQUEST_BODY_MAX = 4096;
+constexpr gint CLIENT_THREADS = 4;
+constexpr guint PATIENCE_MS = 2000;              // with clients that are sent away at the end
+constexpr guint SESSIONS_OF_CLIENT_MAX = 4;
+constexpr const BU_CHAR *VISIT = "camera-visit"; // name of object data
+
+/// What is kept about a client.
+struct tagVISIT_S {
+    BU_S64 s64SinceMs;
+    std::vector<std::string> sessions; // of the client's thread
+};
+tagVISIT_S *visitOf(GstRTSPClient *pstClient)
+{
+    return static_cast<tagVISIT_S *>(g_object_get_data(G_OBJECT(pstClient), VISIT));
+}
+
+void prepareSocket(int fd)
+{
+    const auto set = [fd](int level, int option, int value) { ::setsockopt(fd, level, option, &value, sizeof value); };
+    set(IPPROTO_TCP, TCP_NODELAY, 1);
+    set(SOL_SOCKET, SO_KEEPALIVE, 1);
+    set(IPPROTO_TCP, TCP_KEEPIDLE, 60);
+    set(IPPROTO_TCP, TCP_KEEPINTVL, 15);
+}
+
+GstRTSPAuth *newAuth(const std::vector<Credential> &listCredentials)
+{
+    GstRTSPAuth *pstAuth = gst_rtsp_auth_new();
+    gst_rtsp_auth_set_supported_methods(pstAuth,
+                                        static_cast<GstRTSPAuthMethod>(GST_RTSP_AUTH_BASIC | GST_RTSP_AUTH_DIGEST));
+    gst_rtsp_auth_set_realm(pstAuth, "camera");
+    GstRTSPToken *pstToken = gst_rtsp_token_new(GST_RTSP_TOKEN_MEDIA_FACTORY_ROLE, G_TYPE_STRING, VIEWER, nullptr);
+    for (const auto &[strUser, strPassword] : listCredentials) {
+        gchar *pcBasic = gst_rtsp_auth_make_basic(strUser.c_str(), strPassword.c_str());
+        gst_rtsp_auth_add_basic(pstAuth, pcBasic, pstToken);
+        g_free(pcBasic);
+        gst_rtsp_auth_add_digest(pstAuth, strUser.c_str(), strPassword.c_str(), pstToken);
+    }
+    gst_rtsp_token_unref(pstToken);
+    return pstAuth;
+}
+
+guint countSessions(GstRTSPClient *pstClient)
+{
+    GList *pstList = gst_rtsp_client_session_filter(pstClient, nullptr, nullptr);
+    const guint count = g_list_length(pstList);
+    g_list_free_full(pstList, g_object_unref);
+    return count;
+}
+
+bool isSilent(GstRTSPClient *pstClient)
+{
+    const tagVISIT_S *pstVisit = visitOf(pstClient);
+    return pstVisit && UTIL_TIME_NowMs() - pstVisit->s64SinceMs >= Server::SILENT_MAX_MS &&
+           countSessions(pstClient) == 0;
+}
+
+GstRTSPStatusCode allowSetup(GstRTSPClient *pstClient, GstRTSPContext *pstContext)
+{
+    return pstContext->session || countSessions(pstClient) < SESSIONS_OF_CLIENT_MAX ? GST_RTSP_STS_OK
+                                                                                    : GST_RTSP_STS_SERVICE_UNAVAILABLE;
+}
+
+void noteSession(GstRTSPClient *pstClient, GstRTSPSession *pstSession)
+{
+    visitOf(pstClient)->sessions.emplace_back(gst_rtsp_session_get_sessionid(pstSession));
+}
+
+void adjustAnswer(GstRTSPClient *, GstRTSPContext *pstContext, GstRTSPMessage *pstAnswer)
+{
+    if (pstContext && pstContext->media && pstContext->method == GST_RTSP_PLAY)
+        tellPosition(pstContext->media, pstAnswer);
+}
+
+/// Sessions of a client that has left would stay until they time out, and take the place of others.
+void endSessions(GstRTSPServer *pstServer, const std::vector<std::string> &listSessions)
+{
+    GstRTSPSessionPool *pstPool = gst_rtsp_server_get_session_pool(pstServer);
+    for (const std::string &strSession : listSessions)
+        if (GstRTSPSession *pst = gst_rtsp_session_pool_find(pstPool, strSession.c_str())) {
+            gst_rtsp_session_pool_remove(pstPool, pst);
+            g_object_unref(pst);
+        }
+    g_object_unref(pstPool);
+}
+} // namespace
+
+Inbox::Inbox() : m_pstContext(g_main_context_new()) {}
+Inbox::~Inbox() { g_main_context_unref(m_pstContext); }
+
+void Inbox::post(std::function<void()> fn)
+{
+    {
+        const std::lock_guard guard(m_lock);
+        m_listPosted.push_back(std::move(fn));
+    }
+    g_main_context_wakeup(m_pstContext);
+}
+
+void Inbox::runPosted()
+{
+    std::vector<std::function<void()>> listPosted;
+    {
+        const std::lock_guard guard(m_lock);
+        listPosted.swap(m_listPosted);
+    }
+    for (const auto &fn : listPosted) fn();
+}
+
+void Inbox::waitAndRun()
+{
+    runPosted();
+    g_main_context_iteration(m_pstContext, TRUE);
+    runPosted();
+}
+
+void Inbox::runEvents()
+{
+    while (g_main_context_iteration(m_pstContext, FALSE)) {}
+    runPosted();
+}
+
+Server::Server() : m_thread("rtsp", [this](std::stop_token stop) { run(stop); }) {}
+Server::~Server() = default;
+
+void Server::run(std::stop_token stop)
+{
+    const std::stop_callback wake(stop, [this] { m_pstInbox->post([] {}); });
+    g_main_context_push_thread_default(m_pstInbox->context());
+    if (loadGStreamer()) setUp();
+    while (!stop.stop_requested()) m_pstInbox->waitAndRun();
+    if (m_pstServer) tearDown();
+    g_main_context_pop_thread_default(m_pstInbox->context());
+}
+
+void Server::setUp()
+{
+    m_fdReserve = util::FileDescriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    m_pstServer = gst_rtsp_server_new();
+    GstRTSPThreadPool *pstThreads = gst_rtsp_server_get_thread_pool(m_pstServer);
+    gst_rtsp_thread_pool_set_max_threads(pstThreads, CLIENT_THREADS);
+    g_object_unref(pstThreads);
+    GstRTSPSessionPool *pstPool = gst_rtsp_server_get_session_pool(m_pstServer);
+    gst_rtsp_session_pool_set_max_sessions(pstPool, CLIENTS_MAX);
+    g_object_unref(pstPool);
+    g_signal_connect(m_pstServer, "client-connected",
+                     G_CALLBACK(+[](GstRTSPServer *, GstRTSPClient *pstClient, Server *pst) { pst->greet(pstClient); }),
+                     this);
+}
+
+void Server::serve(std::vector<Listener> listListeners, std::vector<Credential> listCredentials)
+{
+    // A function that is copied may not hold what cannot be.
+    auto pstListeners = std::make_shared<std::vector<Listener>>(std::move(listListeners));
+    m_pstInbox->post([this, pstListeners, listCredentials = std::move(listCredentials)] {
+        if (!m_pstServer) return;
+        if (!listCredentials.empty()) {
+            GstRTSPAuth *pstAuth = newAuth(listCredentials);
+            gst_rtsp_server_set_auth(m_pstServer, pstAuth);
+            g_object_unref(pstAuth);
+        }
+        m_listListeners = std::move(*pstListeners);
+        for (const Listener &stListener : m_listListeners) {
+            GSource *pstSource = g_unix_fd_source_new(stListener.fd, G_IO_IN);
+            g_source_set_callback(pstSource, G_SOURCE_FUNC(+[](gint fd, GIOCondition, gpointer pv) {
+                                      static_cast<Server *>(pv)->acceptFrom(fd);
+                                      return G_SOURCE_CONTINUE;
+                                  }),
+                                  this, nullptr);
+            g_source_attach(pstSource, m_pstInbox->context());
+            m_listSources.push_back(pstSource);
+        }
+    });
+}
+
+void Server::addMount(std::string strName, std::vector<Track> listTracks)
+{
+    m_pstInbox->post([this, strName = std::move(strName), listTracks = std::move(listTracks)] {
+        if (m_pstServer) m_listMounts.push_back(std::make_unique<Mount>(m_pstServer, strName, listTracks));
+    });
+}
+
+void Server::removeMount(std::string strName)
+{
+    m_pstInbox->post([this, strName = std::move(strName)] {
+        std::erase_if(m_listMounts, [&](const auto &pst) { return pst->name() == strName; });
+    });
+}
+
+void Server::withMount(std::string strName, void (Mount::*pfn)())
+{
+    m_pstInbox->post([this, strName = std::move(strName), pfn] {
+        for (const auto &pst : m_listMounts)
+            if (pst->name() == strName) ((*pst).*pfn)();
+    });
+}
+
+void Server::refuseClients()
+{
+    m_pstInbox->post([this] {
+        for (GSource *pstSource : m_listSources) {
+            g_source_destroy(pstSource);
+            g_source_unref(pstSource);
+        }
+        m_listSources.clear();
+        m_listListeners.clear();
+    });
+}
+
+void Server::tick()
+{
+    m_pstInbox->post([this] {
+        if (!m_pstServer) return;
+        GstRTSPSessionPool *pstPool = gst_rtsp_server_get_session_pool(m_pstServer);
+        gst_rtsp_session_pool_cleanup(pstPool);
+        g_object_unref(pstPool);
+        forEachClient(isSilent);
+        followViewers(nullptr);
+    });
+}
+
+void Server::forEachClient(bool (*pfnDismiss)(GstRTSPClient *))
+{
+    gst_rtsp_server_client_filter(
+        m_pstServer,
+        [](GstRTSPServer *, GstRTSPClient *pstClient, gpointer pv) {
+            return reinterpret_cast<bool (*)(GstRTSPClient *)>(pv)(pstClient) ? GST_RTSP_FILTER_REMOVE
+                                                                              : GST_RTSP_FILTER_KEEP;
+        },
+        reinterpret_cast<gpointer>(pfnDismiss));
+}
+
+void Server::acceptFrom(int fdListener)
+{
+    for (;;) {
+        const int fd = ::accept4(fdListener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+        if (fd >= 0) {
+            admit(fd);
+        } else if (errno == EMFILE || errno == ENFILE) {
+            m_fdReserve = {};
+            const util::FileDescriptor refused(::accept4(fdListener, nullptr, nullptr, SOCK_CLOEXEC));
+            m_fdReserve = util::FileDescriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+            if (refused < 0) return;
+        } else if (errno != EINTR && errno != ECONNABORTED) {
+            return;
+        }
+    }
+}
+
+void Server::admit(int fd)
+{
+    constexpr std::string_view BUSY = "RTSP/1.0 503 Service Unavailable\r\n\r\n";
+    const bool bFull = m_u32Clients >= CLIENTS_MAX;
+    if (bFull) static_cast<void>(::send(fd, BUSY.data(), BUSY.size(), MSG_NOSIGNAL));
+    GSocket *pstSocket = bFull ? nullptr : g_socket_new_from_fd(fd, nullptr);
+    if (!pstSocket) {
+        ::close(fd);
+        return;
+    }
+    prepareSocket(fd);
+    sockaddr_in stPeer{};
+    socklen_t size = sizeof stPeer;
+    ::getpeername(fd, reinterpret_cast<sockaddr *>(&stPeer), &size);
+    std::array<char, INET_ADDRSTRLEN> acAddress{};
+    ::inet_ntop(AF_INET, &stPeer.sin_addr, acAddress.data(), acAddress.size());
+    gst_rtsp_server_transfer_connection(m_pstServer, pstSocket, acAddress.data(), ntohs(stPeer.sin_port), nullptr);
+}
+
+void Server::greet(GstRTSPClient *pstClient)
+{
+    ++m_u32Clients;
+    gst_rtsp_client_set_content_length_limit(pstClient, REQUEST_BODY_MAX);
+    g_object_set_data_full(G_OBJECT(pstClient), VISIT, new tagVISIT_S{UTIL_TIME_NowMs(), {}},
+                           [](gpointer pv) { delete static_cast<tagVISIT_S *>(pv); });
+    g_signal_connect(pstClient, "pre-setup-request", G_CALLBACK(allowSetup), nullptr);
+    g_signal_connect(pstClient, "new-session", G_CALLBACK(noteSession), nullptr);
+    g_signal_connect(pstClient, "send-message", G_CALLBACK(adjustAnswer), nullptr);
+    const auto onRequest = G_CALLBACK(+[](GstRTSPClient *, GstRTSPContext *pstContext, Desk *pst) {
+        // The media is only compared with others: it need not be there any more then.
+        pst->pstInbox->post([pst = pst->pstServer, pstMedia = pstContext->media] { pst->followViewers(pstMedia); });
+    });
+    const auto onClosed = G_CALLBACK(+[](GstRTSPClient *pstGone, Desk *pst) {
+        pst->pstInbox->post([pst = pst->pstServer, list = visitOf(pstGone)->sessions] { pst->onGone(list); });
+    });
+    const auto connect = [&](const BU_CHAR *pcSignal, GCallback pfn) {
+        g_signal_connect_data(
+            pstClient, pcSignal, pfn, new Desk{m_pstInbox, this},
+            [](gpointer pv, GClosure *) { delete static_cast<Desk *>(pv); }, GConnectFlags{});
+    };
+    connect("play-request", onRequest);
+    connect("pause-request", onRequest);
+    connect("teardown-request", onRequest);
+    connect("closed", onClosed);
+}
+
+void Server::onGone(const std::vector<std::string> &listSessions)
+{
+    --m_u32Clients;
+    endSessions(m_pstServer, listSessions);
+    followViewers(nullptr);
+}
+
+void Server::followViewers(const GstRTSPMedia *pstPlayed)
+{
+    for (const auto &pst : m_listMounts) pst->followViewers(pstPlayed);
+}
+
+void Server::tearDown()
+{
+    refuseClients();
+    m_pstInbox->runEvents();
+    m_listMounts.clear();
+    forEachClient([](GstRTSPClient *) { return true; });
+    bool bPatient = true;
+    GSource *pstPatience = g_timeout_source_new(PATIENCE_MS);
+    g_source_set_callback(
+        pstPatience, [](gpointer pv) -> gboolean { return *static_cast<bool *>(pv) = false; }, &bPatient, nullptr);
+    g_source_attach(pstPatience, m_pstInbox->context());
+    while (m_u32Clients > 0 && bPatient) m_pstInbox->waitAndRun();
+    g_source_destroy(pstPatience);
+    g_source_unref(pstPatience);
+    if (m_u32Clients > 0) LOG_WARN("rtsp: %u clients did not leave in time", m_u32Clients);
+    g_clear_object(&m_pstServer);
+    gst_rtsp_thread_pool_cleanup();
+}
+} // namespace rtsp

@@ -1,0 +1,88 @@
+/// The server at work: a thread that takes clients in and looks after the sessions, above GStreamer's RTSP server.
+#pragma once
+
+#include "listener.h"
+#include "mount.h"
+#include "util/thread.h"
+
+#include <functional>
+
+typedef struct _GMainContext GMainContext;
+typedef struct _GSource GSource;
+typedef struct _GstRTSPClient GstRTSPClient;
+
+namespace rtsp
+{
+struct Credential {
+    std::string strUser, strPassword;
+};
+
+/// Work for the server's thread. Outlives the server for those who still have something to say.
+class Inbox
+{
+public:
+    Inbox();
+    ~Inbox();
+    Inbox(const Inbox &) = delete;
+    Inbox &operator=(const Inbox &) = delete;
+    void post(std::function<void()> fn); ///< thread: any
+    void waitAndRun();                   ///< waits for work or events, and does them
+    void runEvents();                    ///< does the events that are there
+    GMainContext *context() const { return m_pstContext; }
+
+private:
+    void runPosted();
+
+    GMainContext *m_pstContext;
+    std::mutex m_lock; ///< guards the one below
+    std::vector<std::function<void()>> m_listPosted;
+};
+
+class Server
+{
+public:
+    static constexpr BU_U32 CLIENTS_MAX = 512;
+    static constexpr BU_S64 SILENT_MAX_MS = 30'000; ///< for which a client may stay without a session
+
+    /// GStreamer is loaded by the new thread, beside whatever the caller goes on with.
+    Server();
+    /// Sends all clients away and frees everything.
+    ~Server();
+
+    // Thread: any. Carried out later, in this order.
+    void serve(std::vector<Listener> listListeners, std::vector<Credential> listCredentials);
+    void addMount(std::string strName, std::vector<Track> listTracks);
+    void removeMount(std::string strName);
+    void withMount(std::string strName, void (Mount::*pfn)());
+    void refuseClients();
+    void tick(); ///< once a second
+
+private:
+    void run(std::stop_token stop);
+    void setUp();
+    void tearDown();
+    void forEachClient(bool (*pfnDismiss)(GstRTSPClient *));
+    void acceptFrom(int fdListener);
+    void admit(int fd);
+    void greet(GstRTSPClient *pstClient);
+    void onGone(const std::vector<std::string> &listSessions);
+    void followViewers(const GstRTSPMedia *pstPlayed);
+
+    /// Where call-backs on GStreamer's threads leave word for the server's.
+    struct Desk {
+        std::shared_ptr<Inbox> pstInbox;
+        Server *pstServer; ///< for what is posted: it is gone when nobody empties the inbox any more
+    };
+
+    std::shared_ptr<Inbox> m_pstInbox = std::make_shared<Inbox>();
+    // Of the server's thread:
+    GstRTSPServer *m_pstServer = nullptr; ///< null: GStreamer could not be loaded
+    std::vector<Listener> m_listListeners;
+    std::vector<GSource *> m_listSources;
+    std::vector<std::unique_ptr<Mount>> m_listMounts;
+    BU_U32 m_u32Clients = 0;
+    util::FileDescriptor m_fdReserve; ///< given up to take and close a connection when descriptors run out
+
+    util::Thread m_thread; ///< last: it uses the rest
+};
+} // namespace rtsp

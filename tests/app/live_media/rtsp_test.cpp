@@ -1,0 +1,237 @@
+#include "liveMediaTest.h"
+
+#include <atomic>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+namespace
+{
+constexpr auto CLOSEUP = CFG_LM_CHN_E_CLOSEUP_MAIN;
+constexpr auto PANORAMA = CFG_LM_CHN_E_PANORAMA_MAIN;
+
+CFG_LM_RTSP_GENERAL_S general()
+{
+    CFG_LM_RTSP_GENERAL_S stCfg;
+    APP_LM_RTSP_GetGeneralCfg(&stCfg);
+    return stCfg;
+}
+
+TEST_F(LiveMediaTest, AnAppliedChangeRebuildsTheServerWithEverySession)
+{
+    startRtspOn({1});
+    EXPECT_EQ(APP_LM_SetProtocolEnable(PANORAMA, CFG_LM_PROTO_E_RTSP, BU_TRUE), 0);
+    EXPECT_EQ(libraries().served, (Served{{"closeup", "video:1 audio:6"}, {"panorama", "video:3 audio:6"}}));
+    const auto effects = journal::effects();
+    ASSERT_GE(effects.size(), 4U);
+    EXPECT_EQ(effects[0], R"(CFG_LM_SetRtspCfgOfChn(3, {1, "panorama", 2}))");
+    EXPECT_EQ(effects[1], "RTSP_ServicePause()");
+    EXPECT_EQ(effects[2], "RTSP_ServiceStop()");
+    EXPECT_EQ(effects[3], "RTSP_ServiceInit(554)");
+    EXPECT_EQ(APP_LM_RestartAllSingletonProtocolIfNeed(), 0);
+    EXPECT_THAT(journal::effects(), IsEmpty());
+}
+
+TEST_F(LiveMediaTest, ADeferredChangeWaitsForTheNextRestart)
+{
+    startRtspOn({1});
+    CFG_LM_RTSP_S stChn = rtspOf(CLOSEUP);
+    stChn.sSessionName = "stage/left";
+    CFG_LM_RTSP_GENERAL_S stGeneral = general();
+    stGeneral.s32Port = 10554;
+    EXPECT_EQ(APP_LM_RTSP_SetChnCfg(CLOSEUP, &stChn, BU_FALSE), 0);
+    EXPECT_EQ(APP_LM_RTSP_SetGeneralCfg(&stGeneral, BU_FALSE), 0);
+    EXPECT_EQ(libraries().served, (Served{{"closeup", "video:1 audio:6"}}));
+    journal::effects();
+
+    APP_LM_RestartAllSingletonProtocolIfNeed();
+    EXPECT_EQ(libraries().served, (Served{{"stage/left", "video:1 audio:6"}}));
+    EXPECT_THAT(journal::effects(), Contains("RTSP_ServiceInit(10554)"));
+}
+
+TEST_F(LiveMediaTest, TheServerComesAndGoesWithTheLastChannel)
+{
+    startRtspOn({});
+    EXPECT_THAT(journal::effects(), IsEmpty());
+    APP_LM_SetProtocolEnable(CLOSEUP, CFG_LM_PROTO_E_RTSP, BU_TRUE);
+    EXPECT_EQ(libraries().served.size(), 1U);
+    EXPECT_THAT(journal::effects(), Not(Contains("RTSP_ServiceStop()"))); // nothing ran before
+
+    APP_LM_SetProtocolEnable(CLOSEUP, CFG_LM_PROTO_E_RTSP, BU_FALSE);
+    EXPECT_THAT(journal::effects(), ElementsAre(R"(CFG_LM_SetRtspCfgOfChn(1, {0, "closeup", 2}))",
+                                                "RTSP_ServicePause()", "RTSP_ServiceStop()"));
+}
+
+TEST_F(LiveMediaTest, FieldsNobodyActsOnSaveNothing)
+{
+    startRtspOn({1});
+    CFG_LM_RTSP_GENERAL_S stGeneral = general();
+    stGeneral.bHttpEnable = !stGeneral.bHttpEnable;
+    CFG_LM_RTSP_S stChn = rtspOf(CLOSEUP);
+    stChn.eAudio = CFG_LM_AUDIO_MODE_E_G711A;
+    EXPECT_EQ(APP_LM_RTSP_SetGeneralCfg(&stGeneral, BU_TRUE), 0);
+    EXPECT_EQ(APP_LM_RTSP_SetChnCfg(CLOSEUP, &stChn, BU_TRUE), 0);
+    EXPECT_THAT(journal::effects(), IsEmpty());
+}
+
+struct tagGENERAL_CASE_S {
+    const BU_CHAR *pcName;
+    void (*pfnChange)(CFG_LM_RTSP_GENERAL_S &);
+    std::vector<std::string> prepared; ///< how the rebuilt server is prepared
+};
+std::ostream &operator<<(std::ostream &out, const tagGENERAL_CASE_S &st) { return out << st.pcName; }
+class GeneralChange : public LiveMediaTest, public testing::WithParamInterface<tagGENERAL_CASE_S>
+{
+};
+TEST_P(GeneralChange, ReachesTheRebuiltServer)
+{
+    startRtspOn({1});
+    CFG_LM_RTSP_GENERAL_S stCfg = general();
+    stCfg.sUsername = "user";
+    stCfg.sPassword = "secret";
+    ASSERT_EQ(APP_LM_RTSP_SetGeneralCfg(&stCfg, BU_TRUE), 0);
+    journal::effects();
+
+    GetParam().pfnChange(stCfg);
+    EXPECT_EQ(APP_LM_RTSP_SetGeneralCfg(&stCfg, BU_TRUE), 0);
+    const auto effects = journal::effects(); // saved, paused, stopped, then prepared
+    ASSERT_GT(effects.size(), 3 + GetParam().prepared.size());
+    EXPECT_THAT(effects[0], StartsWith("CFG_LM_SaveRtspGeneralCfg("));
+    EXPECT_EQ(std::vector(effects.begin() + 3, effects.begin() + 3 + GetParam().prepared.size()), GetParam().prepared);
+    EXPECT_THAT(effects[3 + GetParam().prepared.size()], StartsWith("RTSP_createMediaSession"));
+}
+INSTANTIATE_TEST_SUITE_P(
+    Rows, GeneralChange,
+    testing::ValuesIn<tagGENERAL_CASE_S>({
+        {"Port", [](auto &st) { st.s32Port = 8000; }, {"RTSP_ServiceInit(8000)", "RTSP_SetRtspOverHttpPort(8554)"}},
+        {"NoHttp", [](auto &st) { st.s32HttpPort = 0; }, {"RTSP_ServiceInit(554)"}},
+        {"Auth",
+         [](auto &st) { st.bAuthEnable = BU_TRUE; },
+         {"RTSP_ServiceInit(554)", "RTSP_SetRtspOverHttpPort(8554)", R"(RTSP_SetAuthentication("user", "secret"))"}},
+        {"UnusedName",
+         [](auto &st) { st.sUsername = "other"; },
+         {"RTSP_ServiceInit(554)", "RTSP_SetRtspOverHttpPort(8554)"}},
+        {"UnusedPassword",
+         [](auto &st) { st.sPassword = "other"; },
+         {"RTSP_ServiceInit(554)", "RTSP_SetRtspOverHttpPort(8554)"}},
+    }),
+    [](const auto &stRow) { return stRow.param.pcName; });
+
+TEST_F(LiveMediaTest, ARefusalOfTheStoreLeavesRecordAndServerAlone)
+{
+    startRtspOn({1, 3});
+    CFG_LM_RTSP_S stChn = rtspOf(PANORAMA);
+    stChn.sSessionName = "closeup"; // in use by another channel
+    EXPECT_NE(APP_LM_RTSP_SetChnCfg(PANORAMA, &stChn, BU_TRUE), 0);
+    CFG_LM_RTSP_GENERAL_S stGeneral = general();
+    stGeneral.s32Port = 65536;
+    EXPECT_NE(APP_LM_RTSP_SetGeneralCfg(&stGeneral, BU_TRUE), 0);
+    journal::effects();
+
+    APP_LM_RTSP_RestartIfNeed();
+    EXPECT_THAT(journal::effects(), IsEmpty());
+    EXPECT_EQ(rtspOf(PANORAMA).sSessionName, "panorama");
+    EXPECT_EQ(general().s32Port, 554);
+}
+
+TEST_F(LiveMediaTest, OnlyWhatHasStreamCachesIsServed)
+{
+    libraries().caches = {1, 4, 6};
+    start({{"LiveMedia/5/rtsp/Enable", "1"}, {"LiveMedia/5/rtsp/SessionName", "second"}}); // no caches at all
+    EXPECT_EQ(libraries().served, (Served{{"closeup", "video:1 audio:6"},
+                                          {"closeup_sub", "audio:6"},
+                                          {"panorama", "audio:6"},
+                                          {"panorama_sub", "video:4 audio:6"}}));
+    libraries().caches = {1};
+    APP_LM_SetProtocolEnable(CFG_LM_CHN_E_PANORAMA_SUB, CFG_LM_PROTO_E_RTSP, BU_FALSE);
+    EXPECT_EQ(libraries().served, (Served{{"closeup", "video:1"}}));
+    EXPECT_THAT(journal::effects(), Contains(R"(RTSP_destroyMediaSession("panorama"))"));
+
+    APP_LM_RTSP_ValidateStreamEncoder();
+    EXPECT_THAT(journal::effects(), Contains("RTSP_updateSubsessionBitRateAndFrameRate(NULL)")); // the destroyed one
+
+    // Its session is missing for good: that alone is no reason to interrupt the viewers of the others.
+    APP_LM_SetProtocolEnable(CFG_LM_CHN_E_CLOSEUP1_MAIN, CFG_LM_PROTO_E_RTSP, BU_TRUE);
+    EXPECT_THAT(journal::effects(), IsEmpty());
+}
+
+TEST_F(LiveMediaTest, FurtherCredentialsCountFromTheNextRebuild)
+{
+    startRtspOn({1});
+    APP_LM_RTSP_AddExtraAuth({APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF, "first", "one"});
+    APP_LM_RTSP_AddExtraAuth({APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF, "second", "two"});
+    APP_LM_RTSP_AddExtraAuth({APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF, "first", "new"});
+    EXPECT_THAT(journal::effects(), IsEmpty());
+    APP_LM_RTSP_RestartIfNeed();
+    auto effects = journal::effects();
+    std::erase_if(effects, [](const auto &str) { return !str.starts_with("RTSP_SetAuthentication"); });
+    EXPECT_THAT(effects,
+                ElementsAre(R"(RTSP_SetAuthentication("first", "new"))", R"(RTSP_SetAuthentication("second", "two"))"));
+
+    APP_LM_RTSP_RemoveExtraAuth(APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF);
+    APP_LM_RTSP_RestartIfNeed();
+    EXPECT_THAT(journal::effects(), Not(Contains(StartsWith("RTSP_SetAuthentication"))));
+}
+
+TEST_F(LiveMediaTest, AChangedEncoderUpdatesTheSessionsWithoutARebuild)
+{
+    startRtspOn({1, 3});
+    EXPECT_EQ(libraries().metadataHandlers.at(3)(), 0);
+    EXPECT_THAT(journal::effects(), ElementsAre(R"(RTSP_checkAllMediaSubsessionCorrect("closeup"))",
+                                                R"(RTSP_updateSubsessionBitRateAndFrameRate("closeup"))",
+                                                R"(RTSP_checkAllMediaSubsessionCorrect("panorama"))",
+                                                R"(RTSP_updateSubsessionBitRateAndFrameRate("panorama"))"));
+}
+
+TEST_F(LiveMediaTest, AnEncoderThatChangesDuringARebuildIsNotHeldUp)
+{
+    startRtspOn({1});
+    libraries().fnOnRtspStart = [] { const std::jthread pipeline(APP_LM_RTSP_ValidateStreamEncoder); };
+    APP_LM_SetProtocolEnable(PANORAMA, CFG_LM_PROTO_E_RTSP, BU_TRUE);
+    EXPECT_THAT(journal::effects(), Not(Contains(StartsWith("RTSP_checkAllMediaSubsessionCorrect"))));
+}
+
+TEST_F(LiveMediaTest, AChangeDuringARebuildIsDueForTheNext)
+{
+    startRtspOn({1});
+    libraries().fnOnRtspStart = [] {
+        libraries().fnOnRtspStart = nullptr;
+        CFG_LM_RTSP_GENERAL_S stCfg = general();
+        stCfg.s32Port = 8000;
+        APP_LM_RTSP_SetGeneralCfg(&stCfg, BU_FALSE);
+    };
+    APP_LM_SetProtocolEnable(PANORAMA, CFG_LM_PROTO_E_RTSP, BU_TRUE);
+    journal::effects();
+    APP_LM_RTSP_RestartIfNeed();
+    EXPECT_THAT(journal::effects(), Contains("RTSP_ServiceInit(8000)"));
+}
+
+TEST_F(LiveMediaTest, WebThreadsAndThePipelineMayComeTogether)
+{
+    startRtspOn({1});
+    const std::string strLong(60, 'l'), strShort = "s";
+    std::atomic<bool> bTorn{false};
+    {
+        std::jthread reader([&](std::stop_token stop) {
+            while (!stop.stop_requested()) {
+                const std::string strName = rtspOf(CLOSEUP).sSessionName;
+                if (strName != "closeup" && strName != strLong && strName != strShort) bTorn = true;
+                APP_LM_RTSP_ValidateStreamEncoder();
+            }
+        });
+        const auto rename = [](CFG_LM_CHN_E enChn, const std::string &strOdd, const std::string &strEven) {
+            for (BU_S32 i = 0; i < 100; ++i) {
+                const CFG_LM_RTSP_S stCfg{BU_TRUE, i % 2 ? strOdd : strEven};
+                APP_LM_RTSP_SetChnCfg(enChn, &stCfg, BU_TRUE);
+            }
+        };
+        std::jthread other(rename, PANORAMA, "other", "panorama");
+        rename(CLOSEUP, strLong, strShort);
+    }
+    EXPECT_FALSE(bTorn);
+    EXPECT_EQ(libraries().served, (Served{{strLong, "video:1 audio:6"}, {"other", "video:3 audio:6"}}));
+}
+} // namespace

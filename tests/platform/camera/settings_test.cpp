@@ -1,0 +1,200 @@
+// Properties that hold for every setting, whatever its row says.
+#include "camera/image.h"
+#include "camera/settingEvent.h"
+#include "camera/system.h"
+#include "config/config.h"
+#include "support/platformTest.h"
+
+#include <climits>
+#include <thread>
+
+using testing::ElementsAre;
+
+namespace
+{
+constexpr const BU_CHAR *STORE = "/cfg0/settings.db";
+
+BU_S32 running(const BU_CHAR *pcKey, BU_S32 s32Pipe = 0)
+{
+    BU_S32 s32Value = INT_MIN;
+    CFG_SETTING_Get(pcKey, s32Pipe, &s32Value, BU_FALSE);
+    return s32Value;
+}
+BU_S32 stored(const BU_CHAR *pcKey, BU_S32 s32Pipe = 0)
+{
+    BU_S32 s32Value = INT_MIN;
+    CFG_SETTING_Get(pcKey, s32Pipe, &s32Value, BU_TRUE);
+    return s32Value;
+}
+
+/// What the listeners hear, as "key/pipe=value".
+class Heard
+{
+public:
+    Heard()
+        : m_s32Id(CFG_SETTING_Listen([this](const CFG_SETTING_EVENT_S &st) {
+              texts.push_back(std::string(st.pcKey) + '/' + std::to_string(st.s32Pipe) + '=' +
+                              std::to_string(st.s32Value));
+          }))
+    {
+    }
+    ~Heard() { CFG_SETTING_Unlisten(m_s32Id); }
+    std::vector<std::string> texts;
+
+private:
+    BU_S32 m_s32Id;
+};
+} // namespace
+
+class Settings : public PlatformTest
+{
+};
+
+TEST_F(Settings, LimitsHoldForEveryOne)
+{
+    for (const CFG_SETTING_INFO_S &st : CFG_SETTING_List()) {
+        SCOPED_TRACE(st.pcKey);
+        CFG_VALUE_INT_S stRange{};
+        ASSERT_EQ(CFG_COM_GetIntParams(st.pcKey, &stRange), 0);
+        ASSERT_LT(stRange.s32Min, stRange.s32Max);
+        const bool bClamps = st.pcKey == std::string("GGain"); // its command steps past the ends
+        for (BU_S32 i = 0; i < st.s32Pipes; ++i) {
+            EXPECT_EQ(CFG_SETTING_Set(st.pcKey, i, stRange.s32Min, BU_FALSE, BU_FALSE), 0);
+            EXPECT_EQ(CFG_SETTING_Set(st.pcKey, i, stRange.s32Max, BU_FALSE, BU_TRUE), 0);
+            EXPECT_EQ(CFG_SETTING_Set(st.pcKey, i, stRange.s32Max + 1, BU_TRUE, BU_TRUE), bClamps ? 0 : -1);
+            EXPECT_EQ(running(st.pcKey, i), stRange.s32Max);
+            EXPECT_EQ(CFG_SETTING_Set(st.pcKey, i, stRange.s32Min - 1, BU_TRUE, BU_TRUE), bClamps ? 0 : -1);
+            EXPECT_EQ(running(st.pcKey, i), bClamps ? stRange.s32Min : stRange.s32Max);
+            EXPECT_EQ(CFG_SETTING_Set(st.pcKey, i, INT32_MIN, BU_TRUE, BU_TRUE), -1); // an unknown word
+        }
+        for (const BU_S32 i : {-1, st.s32Pipes}) {
+            BU_S32 s32Untouched = 4711;
+            EXPECT_EQ(CFG_SETTING_Get(st.pcKey, i, &s32Untouched, BU_FALSE), -1);
+            EXPECT_EQ(s32Untouched, 4711);
+            EXPECT_EQ(CFG_SETTING_Set(st.pcKey, i, stRange.s32Def, BU_FALSE, BU_FALSE), -1);
+        }
+    }
+}
+
+TEST_F(Settings, EveryStoredOneSurvivesARestartInItsOwnPlace)
+{
+    ASSERT_EQ(CFG_STORE_Open(STORE), 0);
+    CFG_SETTING_Reload();
+    const auto listSettings = CFG_SETTING_List();
+    const auto valueFor = [](const CFG_SETTING_INFO_S &st, BU_S32 s32Pipe) { // two pipelines never have the same one
+        CFG_VALUE_INT_S stRange{};
+        CFG_COM_GetIntParams(st.pcKey, &stRange);
+        return s32Pipe == 0 ? stRange.s32Max : stRange.s32Min;
+    };
+    for (const auto &st : listSettings)
+        for (BU_S32 i = 0; i < st.s32Pipes; ++i)
+            ASSERT_EQ(CFG_SETTING_Set(st.pcKey, i, valueFor(st, i), BU_TRUE, BU_TRUE), 0) << st.pcKey;
+    CFG_STORE_Open(STORE);
+    CFG_SETTING_Reload();
+    for (const auto &st : listSettings)
+        for (BU_S32 i = 0; i < st.s32Pipes; ++i) EXPECT_EQ(running(st.pcKey, i), valueFor(st, i)) << st.pcKey;
+}
+
+TEST_F(Settings, ValuesBetweenTheWordsOfATableAreRefused)
+{
+    EXPECT_EQ(CFG_SETTING_Set("SpeedAccuracy", 0, 2, BU_TRUE, BU_TRUE), -1);
+    EXPECT_EQ(CFG_SETTING_Set("EinkMode", 0, 253, BU_TRUE, BU_TRUE), -1);
+    EXPECT_EQ(CFG_SETTING_Set("TallyMode", 0, 5, BU_TRUE, BU_TRUE), -1);
+}
+
+struct tagFLAGS_CASE_S {
+    const BU_CHAR *pcKey;
+    BU_BOOL bSaveCfg, bUpdate;
+    BU_S32 s32Running, s32Stored; // afterwards, from 0 with 1 set
+};
+class SettingFlags : public PlatformTest, public testing::WithParamInterface<tagFLAGS_CASE_S>
+{
+};
+TEST_P(SettingFlags, DecideWhatRunsWhatIsStoredAndWhoHears)
+{
+    const tagFLAGS_CASE_S &st = GetParam();
+    CFG_SETTING_Set(st.pcKey, 0, 0, BU_TRUE, BU_TRUE);
+    Heard heard;
+    EXPECT_EQ(CFG_SETTING_Set(st.pcKey, 0, 1, st.bSaveCfg, st.bUpdate), 0);
+    EXPECT_EQ(running(st.pcKey), st.s32Running);
+    EXPECT_EQ(stored(st.pcKey), st.s32Stored);
+    EXPECT_EQ(running(st.pcKey), st.s32Running); // the question for the stored value changes nothing
+    EXPECT_EQ(heard.texts.size(), st.bUpdate ? 1u : 0u);
+    CFG_SETTING_Reload();
+    EXPECT_EQ(running(st.pcKey), st.s32Stored);
+}
+INSTANTIATE_TEST_SUITE_P(Settings, SettingFlags,
+                         testing::ValuesIn<tagFLAGS_CASE_S>({
+                             {"Contrast", BU_FALSE, BU_FALSE, 1, 0}, // the start applies stored values so
+                             {"Contrast", BU_FALSE, BU_TRUE, 1, 0},
+                             {"Contrast", BU_TRUE, BU_FALSE, 1, 1},
+                             {"Contrast", BU_TRUE, BU_TRUE, 1, 1},
+                             {"Mirror", BU_TRUE, BU_FALSE, 0, 1}, // the menu: from the next start on
+                             {"Flip", BU_TRUE, BU_FALSE, 0, 1},
+                             {"MountMode", BU_TRUE, BU_FALSE, 0, 1},
+                             {"Mirror", BU_TRUE, BU_TRUE, 1, 1},
+                             {"Mirror", BU_FALSE, BU_FALSE, 0, 0},
+                         }));
+
+TEST_F(Settings, AStoreThatCannotBeWrittenLeavesTheRunningValue)
+{
+    ISP_API_SetContrast(0, 3, BU_TRUE, BU_TRUE);
+    journal::inject("CFG_STORE_SetText", -1);
+    EXPECT_EQ(ISP_API_SetContrast(0, 9, BU_TRUE, BU_TRUE), -1);
+    EXPECT_EQ(running("Contrast"), 9);
+    EXPECT_EQ(stored("Contrast"), 3);
+    EXPECT_EQ(ISP_API_SetContrast(0, 9, BU_TRUE, BU_TRUE), 0); // and is tried again
+    EXPECT_EQ(stored("Contrast"), 9);
+}
+
+TEST_F(Settings, AStoredValueOutsideItsRangeCountsAsNone)
+{
+    CFG_STORE_SetText("Image0/Contrast", "15");
+    CFG_STORE_SetText("Image0/Brightness", "seven");
+    CFG_STORE_SetText("PanTilt0/SpeedAccuracy", "11");
+    CFG_SETTING_Reload();
+    for (const BU_CHAR *pcKey : {"Contrast", "Brightness", "SpeedAccuracy"}) {
+        CFG_VALUE_INT_S stRange{};
+        CFG_COM_GetIntParams(pcKey, &stRange);
+        EXPECT_EQ(stRange.s32Cur, stRange.s32Def) << pcKey;
+    }
+}
+
+TEST_F(Settings, AListenerMayChangeSettingsAndGoAway)
+{
+    static BU_S32 s32Listener;
+    s32Listener = CFG_SETTING_Listen([](const CFG_SETTING_EVENT_S &st) {
+        CFG_SETTING_Unlisten(s32Listener);
+        ISP_API_SetBrightness(0, st.s32Value, BU_TRUE, BU_TRUE);
+    });
+    Heard heard;
+    ISP_API_SetContrast(0, 9, BU_TRUE, BU_TRUE);
+    ISP_API_SetContrast(1, 10, BU_TRUE, BU_TRUE);
+    EXPECT_THAT(heard.texts, ElementsAre("Brightness/0=9", "Contrast/0=9", "Contrast/1=10"));
+    EXPECT_EQ(CFG_SETTING_Unlisten(s32Listener), -1);
+}
+
+TEST_F(Settings, OfManyWritersOneLeavesItsValueInMemoryAndStore)
+{
+    std::vector<std::thread> threads;
+    for (BU_S32 i = 0; i < 4; ++i)
+        threads.emplace_back([i] {
+            for (BU_S32 n = 0; n < 50; ++n) ISP_API_SetRGain(0, i * 50 + n, BU_TRUE, BU_TRUE);
+        });
+    for (auto &thread : threads) thread.join();
+    const BU_S32 s32Running = running("RGain");
+    EXPECT_EQ(stored("RGain"), s32Running);
+    CFG_SETTING_Reload();
+    EXPECT_EQ(running("RGain"), s32Running);
+}
+
+TEST_F(Settings, KeysThatNobodyHasAreRefused)
+{
+    BU_S32 s32Value = 0;
+    CFG_VALUE_INT_S stRange{};
+    for (const BU_CHAR *pcKey : {"", "contrast", "Contrast ", "A", "zzz", static_cast<const BU_CHAR *>(nullptr)}) {
+        EXPECT_EQ(CFG_COM_GetIntParams(pcKey, &stRange), -1);
+        EXPECT_EQ(ISP_AF_GetDefVal(pcKey, &s32Value), -1);
+        EXPECT_EQ(CFG_SETTING_Set(pcKey, 0, 0, BU_FALSE, BU_FALSE), -1);
+    }
+}

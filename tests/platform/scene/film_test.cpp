@@ -1,0 +1,98 @@
+// A video file as the scene. The file is raw and made by hand: pictures of one brightness each, 25 a second.
+#include "sceneTest.h"
+
+#include "support/platformTest.h"
+
+#include <fstream>
+
+namespace
+{
+class Film : public PlatformTest
+{
+protected:
+    std::string file(const std::string &strName, const std::string &strContent)
+    {
+        const std::string strPath = root() + "/" + strName;
+        std::ofstream(strPath, std::ios::binary) << strContent;
+        return strPath;
+    }
+    /// The right half of each picture is 20 brighter.
+    static std::string video(const std::vector<int> &vecLuma)
+    {
+        std::string str = "YUV4MPEG2 W64 H36 F25:1 Ip A1:1 C420jpeg\n";
+        for (const int s32Luma : vecLuma) {
+            str += "FRAME\n";
+            for (int y = 0; y < 36; ++y)
+                str += std::string(32, static_cast<char>(s32Luma)) + std::string(32, static_cast<char>(s32Luma + 20));
+            str += std::string(2 * 32 * 18, static_cast<char>(128));
+        }
+        return str;
+    }
+    static int middleOf(SCENE_S *pst, BU_S64 s64Us, const SCENE_VIEW_S &stView = {.fPan = -20})
+    {
+        Picture picture(64, 36);
+        EXPECT_EQ(SCENE_RenderCloseUp(pst, stView, s64Us, picture.frame()), 0);
+        return picture.y(32, 18);
+    }
+};
+
+TEST_F(Film, FollowsTheTimeAndLoops)
+{
+    const Scene scene(SCENE_Open(file("film.y4m", video({50, 80, 110, 140})).c_str()));
+    const struct {
+        BU_S64 s64Ms;
+        int s32Luma;
+    } astSteps[] = {{0, 50},   {39, 50},  {40, 80},    {60, 80},  {130, 140}, {159, 140}, // forward, passing one over
+                    {160, 50}, {205, 80}, {1680, 110}, {80, 110}, {0, 50}};               // around, far ahead, back
+    for (const auto &st : astSteps)
+        EXPECT_NEAR(middleOf(scene.get(), st.s64Ms * 1000), st.s32Luma, 1) << st.s64Ms << " ms";
+}
+
+TEST_F(Film, IsMappedOverItsPartOfTheSurroundings)
+{
+    const Scene scene(SCENE_Open(file("film.y4m", video({50})).c_str()));
+    const struct {
+        SCENE_VIEW_S stView;
+        int s32Luma;
+    } astCases[] = {{{.fPan = -10, .fMagnification = 4}, 50},
+                    {{.fPan = 10, .fMagnification = 4}, 70},
+                    {{.fPan = 170, .fMagnification = 2}, 70},
+                    {{.fPan = -170, .fTilt = 80}, 50}}; // beyond its edge: the edge
+    for (const auto &st : astCases) EXPECT_NEAR(middleOf(scene.get(), 0, st.stView), st.s32Luma, 1) << st.stView.fPan;
+}
+
+TEST_F(Film, SharedByCloseUpAndPanorama)
+{
+    const std::string strPath = file("film.y4m", video({50, 80}));
+    const Scene one(SCENE_Open(strPath.c_str())), other(SCENE_Open(strPath.c_str()));
+    EXPECT_NEAR(middleOf(one.get(), 40'000), 80, 1);
+    EXPECT_NEAR(middleOf(other.get(), 40'000), 80, 1);
+    EXPECT_NEAR(middleOf(one.get(), 0), 50, 1);
+}
+
+TEST_F(Film, FaultyOnesAreReplacedBySynthetic)
+{
+    const Scene synthetic(SCENE_Open("synthetic"));
+    const int s32Expected = middleOf(synthetic.get(), 0);
+    const std::string strWhole = video({50, 80});
+    const std::string astrFaulty[] = {root() + "/none.mp4",
+                                      root(),
+                                      file("text.mp4", "not a video\n"),
+                                      file("empty.mp4", ""),
+                                      file("head.y4m", strWhole.substr(0, 44)),
+                                      "/dev/video-none"};
+    for (const std::string &str : astrFaulty)
+        EXPECT_EQ(middleOf(Scene(SCENE_Open(str.c_str())).get(), 0), s32Expected) << str;
+    // Cut off in its second picture: the first goes on.
+    const Scene torn(SCENE_Open(file("torn.y4m", strWhole.substr(0, strWhole.size() - 500)).c_str()));
+    for (const BU_S64 s64Us : {0, 40'000, 80'000, 1'000'000}) EXPECT_NEAR(middleOf(torn.get(), s64Us), 50, 1) << s64Us;
+}
+
+TEST_F(Film, SceneOfTheEnvironment)
+{
+    setenv("CAMERA_SCENE", file("film.y4m", video({90})).c_str(), 1);
+    const Scene scene(SCENE_Open(nullptr));
+    unsetenv("CAMERA_SCENE");
+    EXPECT_NEAR(middleOf(scene.get(), 0), 90, 1);
+}
+} // namespace

@@ -1,0 +1,139 @@
+// What the camera services hold, as the picture takes it.
+#include "media/scene.h"
+
+#include "camera/focus.h"
+#include "camera/motion.h"
+#include "camera/settingEvent.h"
+#include "camera/system.h"
+#include "camera/zoom.h"
+
+#include "support/platformTest.h"
+
+namespace
+{
+class ReadSettings : public PlatformTest
+{
+protected:
+    ReadSettings() { CFG_SETTING_Reload(); }
+    static PICTURE_SETTINGS_S read(BU_S32 s32Pipe)
+    {
+        PICTURE_SETTINGS_S st;
+        EXPECT_EQ(PICTURE_ReadSettings(s32Pipe, &st), 0);
+        return st;
+    }
+};
+
+TEST_F(ReadSettings, FactorySettingsAreNeutral)
+{
+    EXPECT_EQ(read(0), PICTURE_SETTINGS_S{});
+    EXPECT_EQ(read(1), PICTURE_SETTINGS_S{});
+    PICTURE_SETTINGS_S st;
+    EXPECT_EQ(PICTURE_ReadSettings(2, &st), -1);
+    EXPECT_EQ(PICTURE_ReadSettings(0, nullptr), -1);
+}
+
+TEST_F(ReadSettings, EndsOfRangesAndUnits)
+{
+    const auto set = [](const char *pcKey, BU_S32 s32Value) {
+        EXPECT_EQ(CFG_SETTING_Set(pcKey, 0, s32Value, BU_FALSE, BU_TRUE), 0) << pcKey;
+    };
+    for (const auto &[pcKey, s32Value] : {std::pair{"Brightness", 14},
+                                          {"Contrast", 0},
+                                          {"Hue", 14},
+                                          {"Sharpness", 15},
+                                          {"Gamma", 4},
+                                          {"Nr2d", 0},
+                                          {"GColorHue", -10},
+                                          {"MColorSat", 100},
+                                          {"WdrSwi", 1},
+                                          {"WdrMode", 5},
+                                          {"ImageStyle", 6},
+                                          {"RGain", 64},
+                                          {"ExposureMode", 4},
+                                          {"IrisLevel", 0},
+                                          {"Gain", 27},
+                                          {"ND-Filter", 2},
+                                          {"ExposureCompLevel", 5}})
+        set(pcKey, s32Value);
+    EXPECT_EQ(ISP_API_SetShutter(0, SHUTTER_TIME_725, BU_FALSE, BU_TRUE), 0);
+    PICTURE_SETTINGS_S stExpected;
+    stExpected.fBrightness = stExpected.fHue = stExpected.fSharpness = stExpected.fGamma = 1;
+    stExpected.fContrast = -1;
+    stExpected.fNr2d = 0;
+    stExpected.afColourHue[2] = -1;
+    stExpected.afColourSat[5] = 1;
+    stExpected.s32Wdr = 6;
+    stExpected.enStyle = Bright_STYLE;
+    stExpected.afGain[0] = 0.5F;
+    stExpected.enAeMode = AE_MODE_E_MANUAL;
+    stExpected.fIrisF = 0;
+    stExpected.fGainDb = 27;
+    stExpected.fNdStops = 4;
+    stExpected.fShutterS = 1.0F / 725;
+    EXPECT_EQ(read(0), stExpected) << "compensation is off";
+    EXPECT_EQ(read(1), PICTURE_SETTINGS_S{});
+
+    set("ExposureCompensation", 1);
+    set("ShutterMode", 0); // free: the value counts, not the step
+    EXPECT_EQ(ISP_API_SetShutterValue(0, 333, BU_FALSE, BU_TRUE), 0);
+    EXPECT_FLOAT_EQ(read(0).fExpCompStops, 2);
+    EXPECT_FLOAT_EQ(read(0).fShutterS, 1.0F / 333);
+
+    // The full view follows the close-up where it is told to, and in nothing else.
+    set("ViewFollowExposure", 1);
+    EXPECT_EQ(read(1).enAeMode, AE_MODE_E_MANUAL);
+    EXPECT_EQ(read(1).afGain[0], 1);
+    set("ViewFollowWB", 1);
+    EXPECT_EQ(read(1).afGain[0], 0.5F);
+    EXPECT_EQ(read(1).fBrightness, 0);
+}
+
+TEST_F(ReadSettings, CeilingTurnsTheCloseUpBy180Degrees)
+{
+    const struct {
+        BU_S32 s32Mount, s32Mirror, s32Flip;
+        BU_BOOL bMirror, bFlip;
+    } astCases[] = {{1, 1, 0, BU_TRUE, BU_FALSE}, {0, 0, 0, BU_TRUE, BU_TRUE}, {0, 1, 0, BU_FALSE, BU_TRUE}};
+    for (const auto &st : astCases) {
+        SYS_API_SetMountMode(st.s32Mount, BU_FALSE, BU_TRUE);
+        SYS_API_SetMirror(st.s32Mirror, BU_FALSE, BU_TRUE);
+        SYS_API_SetFlip(st.s32Flip, BU_FALSE, BU_TRUE);
+        EXPECT_EQ(read(0).bMirror, st.bMirror) << st.s32Mount;
+        EXPECT_EQ(read(0).bFlip, st.bFlip) << st.s32Mount;
+        EXPECT_EQ(read(1).bMirror, BU_FALSE);
+    }
+}
+
+TEST_F(ReadSettings, ViewFollowsHeadAndLens)
+{
+    BSP_PTProcInit(0, nullptr);
+    ZF_API_StartService();
+    const auto view = [] {
+        SCENE_VIEW_S st;
+        EXPECT_EQ(PICTURE_ReadView(&st), 0);
+        return st;
+    };
+    EXPECT_EQ(view(), SCENE_VIEW_S{});
+    const PT_MOTION_CTRL_S stMove{.u32PTDev = 0,
+                                  .enMotionType = PT_MOTION_E_ABS_POS,
+                                  .stPos = {540000 + 30 * 1500, 540000 - 10 * 1500},
+                                  .stSpd = {24, 24},
+                                  .u16SpdMul = 1};
+    EXPECT_EQ(BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMove, nullptr), 1);
+    EXPECT_EQ(PTZ_API_SetZoomTime(0, 4, 7), 0);
+    clock().advance(60'000);
+    EXPECT_NEAR(view().fPan, 30, 0.01);
+    EXPECT_NEAR(view().fTilt, -10, 0.01);
+    EXPECT_NEAR(view().fMagnification, 4, 0.01);
+    EXPECT_EQ(view().fDefocus, 0) << "the automatic focus has followed";
+
+    EXPECT_EQ(AF_API_SetFocusAuto(0, BU_FALSE, BU_FALSE, BU_TRUE), 0);
+    EXPECT_EQ(AF_API_SetFocusPos(0, 7095), 0);
+    clock().advance(10'000);
+    EXPECT_GT(view().fDefocus, 1) << "set to the near end";
+    EXPECT_EQ(AF_API_TriggerAutoFocus(0), 0);
+    clock().advance(20'000);
+    EXPECT_NEAR(view().fDefocus, 0, 0.02);
+    EXPECT_EQ(PICTURE_ReadView(nullptr), -1);
+}
+} // namespace

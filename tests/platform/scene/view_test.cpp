@@ -1,0 +1,208 @@
+#include "sceneTest.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace
+{
+constexpr BU_S32 WIDTH = 640, HEIGHT = 360;
+
+Picture closeUp(SCENE_S *pst, const SCENE_VIEW_S &stView, BU_S64 s64Us = 0, BU_S32 s32Width = WIDTH,
+                BU_S32 s32Height = HEIGHT)
+{
+    Picture picture(s32Width, s32Height);
+    EXPECT_EQ(SCENE_RenderCloseUp(pst, stView, s64Us, picture.frame()), 0);
+    return picture;
+}
+
+/// Column of the strongest thin bright vertical line in some rows, and the same of rows.
+BU_S32 lineAt(Picture &picture, BU_S32 s32From, BU_S32 s32To, bool bVertical)
+{
+    BU_S32 s32Best = -1, s32At = -1;
+    for (BU_S32 i = 4; i < (bVertical ? WIDTH : HEIGHT) - 4; ++i) {
+        BU_S32 s32Sum = 0;
+        for (BU_S32 k = s32From; k < s32To; ++k) {
+            const auto at = [&](BU_S32 s32) -> int { return bVertical ? picture.y(s32, k) : picture.y(k, s32); };
+            s32Sum += 2 * at(i) - at(i - 3) - at(i + 3);
+        }
+        if (s32Sum > s32Best) {
+            s32Best = s32Sum;
+            s32At = i;
+        }
+    }
+    return s32At;
+}
+
+// There is a cross on the walls at every ten degrees. At magnification 8 a degree is 640 * 8 / 60 = 85.3 pixels.
+TEST(View, CrossStandsWhereItsDirectionIs)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    const struct {
+        float fPan, fTilt;
+        BU_S32 s32X, s32Y;
+    } astCases[] = {{30, 10, 320, 180},   {31, 10, 235, 180},       {29.5F, 10, 363, 180}, {30, 11, 320, 265},
+                    {29, 9.5F, 405, 137}, {30 - 360, 10, 320, 180}, {-150, 10, 320, 180}};
+    for (const auto &st : astCases) {
+        Picture picture = closeUp(scene.get(), {.fPan = st.fPan, .fTilt = st.fTilt, .fMagnification = 8});
+        // The arms are a quarter of a degree, 21 pixels long.
+        EXPECT_NEAR(lineAt(picture, st.s32Y + 4, st.s32Y + 18, true), st.s32X, 1) << st.fPan << '/' << st.fTilt;
+        EXPECT_NEAR(lineAt(picture, st.s32X - 18, st.s32X - 4, false), st.s32Y, 1) << st.fPan << '/' << st.fTilt;
+    }
+}
+
+TEST(View, MovesSmoothlyByPartsOfAPixel)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    // A quarter of a pixel a step: every picture differs from the one before, and by little.
+    const auto difference = [](Picture &a, Picture &b) {
+        BU_S64 s64Sum = 0;
+        for (BU_S32 i = 0; i < WIDTH * HEIGHT; ++i)
+            s64Sum += std::abs(a.y(i % WIDTH, i / WIDTH) - b.y(i % WIDTH, i / WIDTH));
+        return s64Sum;
+    };
+    Picture before = closeUp(scene.get(), {.fPan = 40});
+    for (int i = 1; i <= 8; ++i) {
+        Picture now = closeUp(scene.get(), {.fPan = 40 + static_cast<float>(i) * 15 / WIDTH / 4});
+        EXPECT_GT(difference(before, now), WIDTH * HEIGHT / 20) << i;
+        EXPECT_LT(difference(before, now), WIDTH * HEIGHT * 4) << i;
+        before = now;
+    }
+}
+
+TEST(View, SameTimeSamePicture)
+{
+    const Scene one(SCENE_Open("synthetic")), other(SCENE_Open(""));
+    const SCENE_VIEW_S stView{.fPan = 5, .fMagnification = 1.5F};
+    Picture first = closeUp(one.get(), stView, 12'300'000);
+    for (int i = 0; i < 30; ++i)
+        closeUp(other.get(),
+                {.fPan = static_cast<float>(12 * i), .fMagnification = 1 + static_cast<float>(i)}); // fills its memory
+    EXPECT_EQ(closeUp(other.get(), stView, 12'300'000), first);
+    EXPECT_EQ(closeUp(other.get(), stView, 12'300'000), first) << "when it stands still";
+    EXPECT_NE(closeUp(one.get(), stView, 12'350'000), first) << "somebody moves";
+}
+
+// The screen shows tenths of a second; the last digit lies around pan 11, tilt 11.
+TEST(View, ClockRunsWithTheTimeHandedIn)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    const SCENE_VIEW_S stDigits{.fPan = 11, .fTilt = 10.9F, .fMagnification = 10};
+    const Picture stNow = closeUp(scene.get(), stDigits, 12'310'000);
+    EXPECT_EQ(closeUp(scene.get(), stDigits, 12'390'000), stNow);
+    EXPECT_NE(closeUp(scene.get(), stDigits, 12'400'000), stNow);
+    EXPECT_EQ(closeUp(scene.get(), stDigits, 24 * 3'600'000'000 + 12'310'000), stNow) << "a day later";
+}
+
+TEST(View, PeopleAreWhereTheListSays)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    for (const BU_S64 s64Us : {2'000'000, 31'000'000})
+        for (const SCENE_PERSON_S &st : SCENE_ListPeople(s64Us)) {
+            EXPECT_GT(st.fHeadTilt, st.fTilt);
+            // The middle of a face, close by: skin is redder than it is blue.
+            Picture face =
+                closeUp(scene.get(), {.fPan = st.fHeadPan, .fTilt = st.fHeadTilt, .fMagnification = 60}, s64Us, 64, 36);
+            EXPECT_GT(face.v(32, 18), face.u(32, 18) + 6) << st.fPan;
+        }
+    const auto pan = [](BU_S64 s64Us) { return SCENE_ListPeople(s64Us).back().fPan; };
+    EXPECT_NE(pan(1'000'000), pan(2'000'000)) << "the nearest walks";
+}
+
+TEST(View, DefocusSoftens)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    const auto edges = [&](float fDefocus, float fMagnification) {
+        Picture picture =
+            closeUp(scene.get(), {.fPan = 12, .fTilt = 5, .fMagnification = fMagnification, .fDefocus = fDefocus});
+        BU_S64 s64Sum = 0;
+        for (BU_S32 i = 0; i < WIDTH * HEIGHT - 1; ++i)
+            s64Sum += std::abs(picture.y(i % WIDTH, i / WIDTH) - picture.y((i + 1) % WIDTH, (i + 1) / WIDTH));
+        return static_cast<double>(s64Sum);
+    };
+    EXPECT_LT(edges(4, 1), 0.8 * edges(0, 1));
+    EXPECT_LT(edges(8, 1), 0.9 * edges(4, 1));
+    EXPECT_LT(edges(-4, 1), 0.8 * edges(0, 1));
+    EXPECT_EQ(edges(0.1F, 1), edges(0, 1)) << "within the depth of field";
+    EXPECT_LT(edges(0.1F, 16), edges(0, 16)) << "which a long lens has less of";
+}
+
+TEST(Orientation, MirrorAndFlipTurnThePicture)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    const SCENE_VIEW_S stView{.fPan = 20};
+    const auto turned = [&](BU_BOOL bMirror, BU_BOOL bFlip) {
+        Picture picture(64, 36);
+        PICTURE_SETTINGS_S st;
+        st.bMirror = bMirror;
+        st.bFlip = bFlip;
+        PICTURE_STATE_S stState;
+        EXPECT_EQ(PICTURE_Render(scene.get(), &stView, st, stState, 0, picture.frame()), 0);
+        return picture;
+    };
+    Picture upright = turned(BU_FALSE, BU_FALSE);
+    for (const BU_BOOL bMirror : {BU_FALSE, BU_TRUE})
+        for (const BU_BOOL bFlip : {BU_FALSE, BU_TRUE}) {
+            Picture picture = turned(bMirror, bFlip), expected(64, 36);
+            for (BU_S32 i = 0; i < 64 * 36; ++i) {
+                const BU_S32 x = i % 64, y = i / 64, x0 = bMirror ? 63 - x : x, y0 = bFlip ? 35 - y : y;
+                expected.y(x, y) = upright.y(x0, y0);
+                expected.u(x, y) = upright.u(x0, y0);
+                expected.v(x, y) = upright.v(x0, y0);
+            }
+            EXPECT_EQ(picture, expected) << bMirror << bFlip;
+        }
+}
+
+TEST(Freeze, HoldsThePictureUntilReleased)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    PICTURE_SETTINGS_S st;
+    PICTURE_STATE_S stState;
+    SCENE_VIEW_S stView;
+    const auto show = [&](BU_S64 s64Us, BU_S32 s32Width = 320) {
+        Picture picture(s32Width, 180);
+        EXPECT_EQ(PICTURE_Render(scene.get(), &stView, st, stState, s64Us, picture.frame()), 0);
+        return picture;
+    };
+    st.bFreeze = BU_TRUE;
+    const Picture held = show(0);
+    stView.fPan = 50;
+    EXPECT_EQ(show(5'000'000), held);
+    EXPECT_EQ(show(6'000'000, 352).width(), 352) << "another size cannot show it";
+    st.bFreeze = BU_FALSE;
+    EXPECT_NE(show(7'000'000), held);
+}
+
+TEST(Refusal, BadFramesAndScenes)
+{
+    const Scene scene(SCENE_Open("synthetic"));
+    Picture picture(64, 64);
+    const auto render = [&](SCENE_S *pst, BU_S32 s32Width, BU_S32 s32Height) {
+        SCENE_FRAME_S st = picture.frame();
+        st.s32Width = s32Width;
+        st.s32Height = s32Height;
+        PICTURE_STATE_S stState;
+        return std::pair(SCENE_RenderPanorama(pst, 0, st), PICTURE_Render(pst, nullptr, {}, stState, 0, st));
+    };
+    const std::pair stRefused(-1, -1);
+    EXPECT_EQ(render(scene.get(), 63, 64), stRefused);
+    EXPECT_EQ(render(scene.get(), 64, 14), stRefused);
+    EXPECT_EQ(render(scene.get(), 64, -64), stRefused);
+    EXPECT_EQ(render(scene.get(), 16384, 64), stRefused);
+    EXPECT_EQ(render(nullptr, 64, 64), stRefused);
+    EXPECT_EQ(render(scene.get(), 64, 64), std::pair(0, 0));
+    SCENE_Close(nullptr);
+}
+
+TEST(Scale, KeepsPlaceAndBrightness)
+{
+    Picture in(64, 64, 60, 100, 180), out(32, 32);
+    for (BU_S32 i = 0; i < 32 * 64; ++i) in.y(32 + i % 32, i / 32) = 200;
+    EXPECT_EQ(SCENE_Scale(in.frame(), out.frame()), 0);
+    EXPECT_EQ(out.y(8, 16), 60);
+    EXPECT_EQ(out.y(24, 16), 200);
+    EXPECT_EQ(out.u(8, 16), 100);
+    EXPECT_EQ(out.v(8, 16), 180);
+}
+} // namespace

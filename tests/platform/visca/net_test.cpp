@@ -1,0 +1,274 @@
+#include "viscaLibTest.h"
+
+#include "config/config.h"
+
+#include <arpa/inet.h>
+#include <poll.h>
+#include <random>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace visca;
+
+namespace
+{
+const char *const ABS = "81 01 06 02 05 05 00 01 00 00 00 00 00 00 FF";
+const char *const INQUIRY = "81 09 04 00 FF";
+constexpr int kPatienceMs = 20'000;
+
+/// A controller with a socket of its own.
+class Controller
+{
+public:
+    Controller(int type, BU_U16 u16Port) : m_fd(::socket(AF_INET, type | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_in stTo{};
+        stTo.sin_family = AF_INET;
+        stTo.sin_port = htons(u16Port);
+        stTo.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        m_bConnected = ::connect(m_fd, reinterpret_cast<sockaddr *>(&stTo), sizeof stTo) == 0;
+    }
+    Controller(Controller &&other) noexcept : m_fd(std::exchange(other.m_fd, -1)), m_bConnected(other.m_bConnected) {}
+    ~Controller()
+    {
+        if (m_fd >= 0) ::close(m_fd);
+    }
+    bool isConnected() const { return m_bConnected; }
+    bool send(const Bytes &data) const { return ::send(m_fd, data.data(), data.size(), MSG_NOSIGNAL) >= 0; }
+    bool send(const std::string &strHex) const { return send(bytes(strHex)); }
+    void shutdown() const { ::shutdown(m_fd, SHUT_WR); }
+
+    /// The next datagram, or everything of a stream up to so many bytes; "" at its end or when nothing comes.
+    std::string receive(std::size_t size = 0, int waitMs = kPatienceMs) const
+    {
+        Bytes data;
+        do {
+            pollfd stPoll{m_fd, POLLIN, 0};
+            if (::poll(&stPoll, 1, waitMs) != 1) break;
+            BU_U8 au8[512];
+            const ssize_t got = ::recv(m_fd, au8, size ? std::min(sizeof au8, size - data.size()) : sizeof au8, 0);
+            if (got <= 0) break;
+            data.insert(data.end(), au8, au8 + got);
+        } while (data.size() < size);
+        return hex(data);
+    }
+    bool isSilent() const { return receive(0, 0).empty(); }
+
+private:
+    int m_fd;
+    bool m_bConnected = false;
+};
+
+class Network : public ViscaLibTest
+{
+protected:
+    Network()
+    {
+        Service::payload = {2};
+        start({1, 2, 0, 0, ""}, {1, 0, 0, 0, ""}, real());
+    }
+    static VISCA_TRAN_CALL_FUNC_S real()
+    {
+        VISCA_TRAN_CALL_FUNC_S stTrans = captured();
+        stTrans.stViscaTransHandlers[4].pfnViscaCallTrans = VISCA_OverIpSendMsg;
+        stTrans.stViscaTransHandlers[5].pfnViscaCallTrans = VISCA_NetUdpSendMsg;
+        stTrans.stViscaTransHandlers[6].pfnViscaCallTrans = VISCA_NetTcpSendMsg;
+        return stTrans;
+    }
+    static Controller overIp() { return {SOCK_DGRAM, net().portOf(CMD_FROM_E_OVER_IP_IN)}; }
+    static Controller udp() { return {SOCK_DGRAM, net().portOf(CMD_FROM_E_NET_UDP_IN)}; }
+    static Controller tcp() { return {SOCK_STREAM, net().portOf(CMD_FROM_E_NET_TCP_IN)}; }
+};
+} // namespace
+
+TEST_F(Network, OverIpAnswersCarryTheNumberOfTheirMessage)
+{
+    pend({VISCA_CMD_E_PAN_TILT});
+    const Controller a = overIp(), b = overIp();
+    a.send("01 00 00 0F 00 00 00 21 " + std::string(ABS));
+    EXPECT_EQ(a.receive(), "01 11 00 03 00 00 00 21 90 41 FF");
+    a.send("01 10 00 05 00 00 00 22 " + std::string(INQUIRY));
+    EXPECT_EQ(a.receive(), "01 11 00 04 00 00 00 22 90 50 02 FF");
+    b.send("01 00 00 06 FF FF FF FF 82 01 04 35 00 FF");
+    EXPECT_EQ(b.receive(), "01 11 00 03 FF FF FF FF A0 41 FF");
+    EXPECT_EQ(b.receive(), "01 11 00 03 FF FF FF FF A0 51 FF");
+    a.send("01 10 00 05 00 00 00 22 " + std::string(INQUIRY));
+    EXPECT_EQ(a.receive(), "02 01 00 02 00 00 00 22 0F 01");
+    EXPECT_EQ(finish(0), 0); // from this thread, as a motion's end
+    EXPECT_EQ(a.receive(), "01 11 00 03 00 00 00 21 90 51 FF");
+    b.send(INQUIRY); // without header on the same port
+    EXPECT_EQ(b.receive(), "90 50 02 FF");
+}
+
+TEST_F(Network, PlainDatagramsHoldOneOrMorePackets)
+{
+    const Controller a = udp();
+    a.send(std::string(INQUIRY) + " 81 01 04 07 00 FF 81 01 04");
+    EXPECT_EQ(a.receive(), "90 50 02 FF");
+    EXPECT_EQ(a.receive(), "90 41 FF");
+    EXPECT_EQ(a.receive(), "90 51 FF");
+    EXPECT_EQ(a.receive(), "90 60 02 FF") << "a packet without end";
+}
+
+TEST_F(Network, StreamsArePipelinedAndCutAnywhere)
+{
+    const Controller a = tcp();
+    std::string strIn, strOut;
+    for (int i = 0; i < 200; ++i) {
+        strIn += std::string(INQUIRY) + " 81 01 04 35 00 FF ";
+        strOut += " 90 50 02 FF 90 41 FF 90 51 FF";
+    }
+    a.send(strIn);
+    EXPECT_EQ(a.receive(200 * 10), strOut.substr(1));
+    for (const BU_U8 u8 : bytes(INQUIRY)) a.send(Bytes{u8});
+    EXPECT_EQ(a.receive(4), "90 50 02 FF");
+    a.send(Bytes(100'000, 0x81)); // never ends
+    a.send("FF " + std::string(INQUIRY));
+    EXPECT_EQ(a.receive(8), "90 60 01 FF 90 50 02 FF");
+}
+
+TEST_F(Network, ClientThatClosesItsSideStillGetsItsAnswers)
+{
+    pend({VISCA_CMD_E_PAN_TILT});
+    const Controller a = tcp();
+    a.send(std::string(ABS) + " " + INQUIRY);
+    a.shutdown();
+    EXPECT_EQ(a.receive(7), "90 41 FF 90 50 02 FF");
+    EXPECT_EQ(finish(0), 0);
+    EXPECT_EQ(a.receive(4), "90 51 FF") << "and then the end of the stream";
+}
+
+TEST_F(Network, AnswerForAClientThatLeftReachesNobody)
+{
+    pend({VISCA_CMD_E_PAN_TILT});
+    {
+        const Controller a = tcp();
+        a.send(ABS);
+        EXPECT_EQ(a.receive(3), "90 41 FF");
+    }
+    const Controller b = tcp();
+    b.send(INQUIRY);
+    EXPECT_EQ(b.receive(4), "90 50 02 FF");
+    finish(0);
+    b.send(INQUIRY);
+    EXPECT_EQ(b.receive(4), "90 50 02 FF");
+    EXPECT_TRUE(b.isSilent());
+}
+
+TEST_F(Network, ClientThatNeverReadsIsClosedAndDisturbsNobody)
+{
+    Service::payload = Bytes(90, 0x55);
+    const Controller slow = tcp(), other = tcp();
+    Bytes flood;
+    for (int i = 0; i < 1000; ++i)
+        for (const BU_U8 u8 : bytes(INQUIRY)) flood.push_back(u8);
+    for (int i = 0; i < 2000 && slow.send(flood); ++i) {
+        if (i % 100) continue;
+        other.send(INQUIRY);
+        ASSERT_EQ(other.receive(93).size(), 93u * 3 - 1);
+    }
+    EXPECT_FALSE(slow.send(flood)) << "still connected";
+}
+
+TEST_F(Network, ServesFiveHundredClients)
+{
+    std::vector<Controller> clients;
+    for (int i = 0; i < 500; ++i) clients.push_back(tcp());
+    for (const Controller &client : clients) ASSERT_TRUE(client.isConnected() && client.send(INQUIRY));
+    for (const Controller &client : clients) ASSERT_EQ(client.receive(4), "90 50 02 FF");
+}
+
+TEST_F(Network, OutOfDescriptorsServesWhoIsConnected)
+{
+    const Controller first = tcp();
+    first.send(INQUIRY);
+    EXPECT_EQ(first.receive(4), "90 50 02 FF");
+    std::vector<int> taken;
+    rlimit stLimit{};
+    getrlimit(RLIMIT_NOFILE, &stLimit);
+    const rlimit stLow{256, stLimit.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &stLow);
+    for (int fd; (fd = ::dup(0)) >= 0;) taken.push_back(fd);
+    ::close(taken.back());
+    taken.pop_back();
+    {
+        const Controller turnedAway = tcp();
+        EXPECT_EQ(turnedAway.receive(1), "") << "closed";
+        first.send(INQUIRY);
+        EXPECT_EQ(first.receive(4), "90 50 02 FF");
+    }
+    for (const int fd : taken) ::close(fd);
+    setrlimit(RLIMIT_NOFILE, &stLimit);
+    const Controller later = tcp();
+    later.send(INQUIRY);
+    EXPECT_EQ(later.receive(4), "90 50 02 FF");
+}
+
+TEST_F(Network, GarbageIsSurvived)
+{
+    std::mt19937 random(7);
+    const Controller a = overIp(), b = udp();
+    for (int i = 0; i < 3000; ++i) {
+        Bytes datagram(random() % 40);
+        for (BU_U8 &u8 : datagram) u8 = static_cast<BU_U8>(random());
+        if (i % 3 == 0 && datagram.size() > 2) datagram[0] = 0x81;
+        if (i % 3 == 1 && datagram.size() > 2) datagram[0] = 0x01, datagram[1] = 0x00;
+        a.send(datagram);
+        b.send(datagram);
+    }
+    const Controller fresh = overIp();
+    std::string strAnswer;
+    for (int i = 0; i < 50 && strAnswer.empty(); ++i) { // one may be lost behind the flood
+        fresh.send(INQUIRY);
+        strAnswer = fresh.receive(0, 400);
+    }
+    EXPECT_EQ(strAnswer, "90 50 02 FF");
+}
+
+TEST_F(Network, EndpointsChangeWhileRunning)
+{
+    tagCFG_VISCA_NET_S stOverIp{1, 0, net().portOf(CMD_FROM_E_NET_UDP_IN), 0, ""}, stRead{};
+    const BU_U16 u16Before = net().portOf(CMD_FROM_E_OVER_IP_IN);
+    EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), -1) << "the port is taken";
+    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), u16Before);
+    for (const BU_S32 s32Port : {0, -1, 65536}) {
+        stOverIp.PortNum = s32Port;
+        EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), -1);
+    }
+    stOverIp.PortNum = u16Before;
+    const Controller client = tcp();
+    stOverIp.bEnable = 0;
+    EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), 0);
+    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), 0);
+    stOverIp.bEnable = 1;
+    EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), 0);
+    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), u16Before);
+    EXPECT_EQ(CFG_SYSTEM_GetViscaOverIp(&stRead), 0);
+    EXPECT_EQ(stRead.PortNum, u16Before) << "stored";
+    const Controller a = overIp();
+    a.send(INQUIRY);
+    EXPECT_EQ(a.receive(), "90 50 02 FF");
+    client.send(INQUIRY);
+    EXPECT_EQ(client.receive(4), "90 50 02 FF") << "the other endpoint was not touched";
+}
+
+TEST_F(Network, OccupiedPortLeavesTheOthers)
+{
+    const BU_S32 s32Taken = net().portOf(CMD_FROM_E_NET_TCP_IN);
+    const int fdHolder = ::socket(AF_INET, SOCK_DGRAM, 0);
+    sockaddr_in stAddress{};
+    stAddress.sin_family = AF_INET;
+    stAddress.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    stAddress.sin_port = htons(static_cast<BU_U16>(s32Taken));
+    ASSERT_EQ(::bind(fdHolder, reinterpret_cast<sockaddr *>(&stAddress), sizeof stAddress), 0);
+    VISCA_HandlerExit();
+    start({1, 2, 0, 0, ""}, {1, 0, s32Taken, 0, ""}, real());
+    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), 0);
+    const Controller a = udp(), b = tcp();
+    a.send(INQUIRY);
+    EXPECT_EQ(a.receive(), "90 50 02 FF");
+    b.send(INQUIRY);
+    EXPECT_EQ(b.receive(4), "90 50 02 FF");
+    ::close(fdHolder);
+}

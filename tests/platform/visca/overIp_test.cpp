@@ -1,0 +1,80 @@
+#include "viscaLibTest.h"
+
+using namespace visca;
+
+namespace
+{
+struct tagSTEP_S {
+    const char *pcDatagram;
+    const char *pcOutcome; // "deliver BYTES", "answer BYTES" with its header, or "drop"
+};
+typedef std::vector<tagSTEP_S> DIALOGUE;
+
+std::string outcome(const char *pcDatagram, overip::Sequence &sequence)
+{
+    const Bytes datagram = bytes(pcDatagram);
+    const overip::Received received = overip::receive(datagram, sequence);
+    if (received.enKind == overip::Received::Drop) return "drop";
+    if (received.enKind == overip::Received::Deliver) return "deliver " + hex(received.packet);
+    Bytes answer(overip::kHeader);
+    overip::writeHeader(answer.data(), received.enMsgType, received.answer.u8Size, received.u32Sequence);
+    answer.insert(answer.end(), received.answer.bytes().begin(), received.answer.bytes().end());
+    return "answer " + hex(answer);
+}
+
+class OverIpDialogue : public testing::TestWithParam<DIALOGUE>
+{
+};
+} // namespace
+
+TEST_P(OverIpDialogue, IsAnsweredByTheRules)
+{
+    overip::Sequence sequence;
+    for (const tagSTEP_S &step : GetParam()) EXPECT_EQ(outcome(step.pcDatagram, sequence), step.pcOutcome);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, OverIpDialogue,
+    testing::Values(
+        // any start value, jumps both ways, wrap
+        DIALOGUE{{"01 10 00 05 00 00 12 34 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+                 {"01 10 00 05 00 00 00 02 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+                 {"01 00 00 05 FF FF FF FF 81 01 06 04 FF", "deliver 81 01 06 04 FF"},
+                 {"01 20 00 05 00 00 00 00 81 01 06 04 FF", "deliver 81 01 06 04 FF"}},
+        // the number of the message before
+        DIALOGUE{{"01 10 00 05 00 00 00 09 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+                 {"01 10 00 05 00 00 00 09 81 09 04 00 FF", "answer 02 01 00 02 00 00 00 09 0F 01"},
+                 {"01 10 00 05 00 00 00 0A 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
+        // RESET: its own number does not count, the next may be any, also the last one again
+        DIALOGUE{{"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+                 {"02 00 00 01 00 00 00 00 01", "answer 02 01 00 01 00 00 00 00 01"},
+                 {"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
+        // message types and control messages that are none
+        DIALOGUE{{"01 11 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
+                 {"07 77 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
+                 {"02 00 00 01 00 00 00 02 05", "answer 02 01 00 02 00 00 00 02 0F 02"},
+                 {"02 00 00 02 00 00 00 02 0F 01", "answer 02 01 00 02 00 00 00 02 0F 02"},
+                 {"02 00 00 00 00 00 00 02", "answer 02 01 00 02 00 00 00 02 0F 02"}},
+        // payload lengths
+        DIALOGUE{{"01 00 00 00 00 00 00 01", "answer 01 11 00 04 00 00 00 01 90 60 01 FF"},
+                 {"01 00 00 06 00 00 00 02 81 09 04 00 FF", "answer 01 11 00 04 00 00 00 02 90 60 01 FF"},
+                 {"01 00 00 11 00 00 00 03 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F FF",
+                  "answer 01 11 00 04 00 00 00 03 90 60 01 FF"},
+                 {"01 00 00 10 00 00 00 03 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E FF",
+                  "deliver 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E FF"},
+                 {"01 00 00 05 00 00 00", "drop"}}));
+
+TEST(ViscaPeerTable, IsBoundedAndForgetsTheOldest)
+{
+    PeerTable table(4);
+    const auto get = [&](BU_U32 u32Address) -> UdpPeer & {
+        return table.get(CMD_FROM_E_OVER_IP_IN, u32Address, 52381);
+    };
+    for (BU_U32 u32 = 1; u32 <= 4; ++u32) get(u32).sequence = {true, u32};
+    EXPECT_NE(&table.get(CMD_FROM_E_NET_UDP_IN, 4, 52381), &get(4)) << "the same address on another port of ours";
+    EXPECT_FALSE(get(1).sequence.bKnown); // made room
+    EXPECT_TRUE(get(3).sequence.bKnown);
+    for (BU_U32 u32 = 100; u32 < 5000; ++u32) get(u32).sequence = {true, u32};
+    EXPECT_EQ(table.size(), 4u);
+    for (BU_U32 u32 = 4996; u32 < 5000; ++u32) EXPECT_EQ(get(u32).sequence.u32Last, u32);
+}
