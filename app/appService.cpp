@@ -46,6 +46,7 @@
 #include "webcam/webcam.h"
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 
 namespace
@@ -112,7 +113,7 @@ BU_S32 appServiceGetInterfaceStatus(INTF_INFO_S *pstDev, BU_S32 s32DevCnt, BU_S3
 
 void appServiceOnGetQuitSignal(int)
 {
-    UTIL_TRACE_Print("[Info][appService] Bye!");
+    std::fputs("[Info][appService] Bye!", stdout);
     LOG_INFO("Bye!\n");
     exit(0);
 }

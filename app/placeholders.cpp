@@ -8,10 +8,8 @@
 #include "hdmi/hdmi.h"
 #include "hdmi_distributor/hdmiDistributor.h"
 #include "hdmi_in/hdmiIn.h"
-#include "input/input.h"
 #include "ldc/ldc.h"
 #include "media_record/mediaRecord.h"
-#include "menu/menu.h"
 #include "mipi_dsi/mipiDsi.h"
 #include "msg_client/msgClient.h"
 #include "ndi/ndiPtz.h"
@@ -35,7 +33,6 @@ BU_S32 notBuilt(const BU_CHAR *pcModule)
 BU_S32 MSG_AppClientInit() { return notBuilt("message-bus client"); }
 BU_S32 DEV_EVENT_StartMonitor() { return notBuilt("device-event monitor"); }
 BU_S32 CFG_EVENT_RegisterService() { return notBuilt("configuration events"); }
-BU_S32 BSP_RegisterInputDevice() { return notBuilt("remotes and front key"); }
 BU_S32 PELCO_InitProcess() { return notBuilt("Pelco"); }
 BU_S32 FREED_InitProcess() { return notBuilt("FreeD"); }
 BU_S32 DVIP_InitProcess() { return notBuilt("DVIP"); }
@@ -56,12 +53,12 @@ BU_S32 OLED_InitService() { return notBuilt("status display"); }
 BU_S32 APP_FAN_init() { return notBuilt("fan"); }
 BU_S32 BSP_StartHdmiSrv() { return notBuilt("HDMI audio"); }
 BU_S32 LDC_Init() { return notBuilt("lens-distortion correction"); }
-BU_S32 OSD_MENU_RegisterModule() { return notBuilt("on-screen menu"); }
 
-// What built modules ask of the others: no upgrade runs, nobody shows a tally.
+// What built modules ask of the others: no upgrade runs, nobody shows a tally, nothing is sent on a serial port.
 MSG_INFO_STATE_E MSG_AppGetUpdateTallyState() { return MSG_UPGRADE_INFO_STATE_FINSH; }
 BU_S32 NDI_PTZ_GetTallyState(BU_U8 *pu8Preview, BU_U8 *pu8Program)
 {
     *pu8Preview = *pu8Program = 0;
     return 0;
 }
+BU_S32 FREED_UpdateSerialActivePushMsg() { return 0; }

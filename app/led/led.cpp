@@ -181,7 +181,7 @@ BU_S32 LED_UnInitDev()
 
 BU_S32 LED_API_AppOver()
 {
-    LOG_INFO("app over\n");
+    LOG_INFO("[%s:%d] app over\n", __func__, __LINE__);
     bAppOver = true;
     UTIL_TIME_SleepMs(150);
     setState(LED_EVENT_FROM_E_ERR, OFF);

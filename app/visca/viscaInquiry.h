@@ -12,7 +12,6 @@
 #include "visca/viscaHandlers.h"
 
 #include <climits>
-#include <optional>
 
 namespace visca
 {

@@ -99,7 +99,7 @@ BU_S32 viscaInquiryMemoryStatue(tagVISCA_CTRL_INFO_S *pstInfo)
         break;
     case VISCA_MSG_E_MEMORY_POWERUP:
         s32Ret = PT_API_GetPowerUpPtzPos(0, &s32Value, BU_FALSE);
-        if (s32Value == -1) s32Value = 0; // the home preset
+        if (s32Value == -1) s32Value = 0; // no preset
         break;
     case VISCA_MSG_E_MEMORY_MODE:
         s32Ret = SYS_API_GetPresetMode(&s32Value, BU_TRUE);

@@ -10,12 +10,6 @@ namespace
 constexpr BU_S32 RECALL_ENDS = 2; ///< one of the head, one of the lens
 constexpr BU_S32 NO_PRESET = -1;
 
-bool isPreset(BU_S32 s32Preset)
-{
-    PRESET_INFO_S stPreset{};
-    return PRESET_API_QueryById(s32Preset, &stPreset) == 0 || PRESET_API_QuerySpecialById(s32Preset) == 0;
-}
-
 BU_S32 setPresetMode(BU_S32 s32Value)
 {
     const auto *pbOn = viscaFind(VISCA_SWITCH, s32Value);
@@ -34,14 +28,19 @@ BU_S32 viscaCtrlMemory(tagVISCA_CTRL_INFO_S *pstInfo)
     case VISCA_MSG_E_MEMORY_SET:
         s32Ret = PRESET_API_SetCur(u8Val, "ByVisca");
         break;
-    case VISCA_MSG_E_MEMORY_RECALL:
-        if (!isPreset(u8Val)) {
+    case VISCA_MSG_E_MEMORY_RECALL: {
+        PRESET_INFO_S stPreset{};
+        const bool bStored = PRESET_API_QueryById(u8Val, &stPreset) == 0;
+        const bool bSpecial = PRESET_API_QuerySpecialById(u8Val) == 0;
+        if (!bStored && !bSpecial) {
             TRACE("can't find preset %d\n", u8Val);
             return -1;
         }
-        gs_s32PresetFlag = RECALL_ENDS; // first: a move may end before the call returns
+        // A special preset moves nothing: the ends still to come are another recall's.
+        if (!bSpecial) gs_s32PresetFlag = RECALL_ENDS; // first: a move may end before the call returns
         s32Ret = PRESET_API_GotoById(u8Val, PT_CTRL_E_FROM_VISCA, pstInfo);
         break;
+    }
     case VISCA_MSG_E_MEMORY_SPEED:
         s32Ret = PRESET_API_SetPresetSpeed(0, u8Val, BU_TRUE, BU_TRUE);
         break;

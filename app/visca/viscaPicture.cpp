@@ -29,6 +29,11 @@ template <PFN_SET_DEV Set> BU_S32 onOff(BU_S32 s32Value)
     const auto *pbOn = viscaFind(VISCA_SWITCH, s32Value);
     return pbOn ? Set(0, *pbOn, BU_TRUE, BU_TRUE) : -1;
 }
+template <PFN_SET Set> BU_S32 onOff(BU_S32 s32Value)
+{
+    const auto *pbOn = viscaFind(VISCA_SWITCH, s32Value);
+    return pbOn ? Set(*pbOn, BU_TRUE, BU_TRUE) : -1;
+}
 template <PFN_SET_WORD Set> BU_S32 onOffReboot(BU_S32 s32Value)
 {
     const auto *ppcWord = viscaFind(VISCA_SWITCH_WORDS, s32Value);
@@ -121,18 +126,8 @@ constexpr tagVISCA_CODE_S<PFN_APPLY> VIDEO_PARAMS[] = {
 };
 // clang-format on
 
-BU_S32 setMountMode(BU_S32 s32Value)
-{
-    // A stand is the mount mode that "on" means.
-    const auto *pbStand = viscaFind(VISCA_SWITCH, s32Value);
-    return pbStand ? rebootAfter(SYS_API_SetMountMode(*pbStand, BU_TRUE, BU_TRUE)) : -1;
-}
-
-BU_S32 setLensCorrection(BU_S32 s32Value)
-{
-    const auto *pbOn = viscaFind(VISCA_SWITCH, s32Value);
-    return pbOn ? AF_API_SetDistortionCorrection(*pbOn, BU_TRUE, BU_TRUE) : -1;
-}
+/// On: a stand, off: the ceiling.
+BU_S32 setMountMode(BU_S32 s32Value) { return rebootAfter(onOff<SYS_API_SetMountMode>(s32Value)); }
 
 BU_S32 resetImage(BU_S32)
 {
@@ -159,7 +154,7 @@ constexpr tagVISCA_CODE_S<PFN_APPLY> EXTRA_PARAMS[] = {
     {VISCA_MSG_E_ISP_STYLE_PANASONIC,      imageStyle<-3>},
     {VISCA_MSG_E_WB_SENSI,                 direct<ISP_API_SetAwbSensitivity>},
     {VISCA_MSG_E_INSTALL_MODE,             setMountMode},
-    {VISCA_MSG_E_LENS_CORRECTION_MODE,     setLensCorrection},
+    {VISCA_MSG_E_LENS_CORRECTION_MODE,     onOff<AF_API_SetDistortionCorrection>},
     {VISCA_MSG_E_IMAGE_RESET,              resetImage},
     {VISCA_MSG_E_EXP_ND_FILTER,            direct<ISP_API_SetNDFilter>},
     {VISCA_MSG_E_TELE_MODE,                setTeleMode},

@@ -95,7 +95,7 @@ struct ZF_MOTION_CTRL_S {
     BU_BOOL bUseZoomTime;           ///< ZF_E_ZOOM_DIRECT_POS: the target is the magnification fZoomTime
     BU_FLOAT fZoomTime;             ///< magnification, 1.0 is the wide end
     BU_BOOL bTriggerFocusAfterZoom; ///< focus once when the zoom has reached its target
-    BU_U8 u8FocusSpd;               ///< 1...8, others count as the nearest
+    BU_U8 u8FocusSpd;               ///< 1...8 of far and near, others count as the nearest; direct positions run at 8
     BU_U32 u32FocusPos;             ///< 175 far...7095 near; beyond: the end
 };
 /// Who hears of a source's ends. s32PrivateSize bytes of the data given with a command are copied and handed back.

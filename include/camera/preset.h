@@ -23,7 +23,8 @@ struct PRESET_INFO_S {
 /// source registered for that unit, with a copy of the data. A recall that a newer command takes over, of either unit
 /// while that one still moves, has no further end; the source's PFN_PRESET_SUPERSEDED is told instead, once.
 /// @param s32Preset  0...999, or -1 for home
-/// @return 1: the recall runs; 0: a special number; -1: nothing stored there, unknown source, nothing started
+/// @return 1: the recall runs and its ends follow; 0: nobody is to hear of the end (no data, or no callback), or a
+///   special number; -1: nothing stored there, unknown source, nothing started
 /// Thread: any.
 BU_S32 PRESET_API_GotoById(BU_S32 s32Preset, PT_CTRL_FROM_E enFrom, void *pvPrivate);
 /// Recalls home, as PRESET_API_GotoById(-1).

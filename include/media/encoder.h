@@ -39,10 +39,10 @@ BU_S32 MPP_GetVencSource(BU_S32 s32Chn);
 
 /// Enables a channel, or gives an enabled one new parameters.
 /// @param s32Source  MPP_PIPE_USAGE_E of a pipe that is there
-/// @param fnFrame    empty: its packets go to the stream cache; else they go to it, one a call, on a pipeline thread.
-/// The
-///                   record is the channel's: ps32Index keeps its value from call to call (0 at first), bEnable becomes
-///                   BU_FALSE during a call when the channel is being disabled
+/// @param fnFrame    empty: its packets go to the stream cache; else they go to it, one a call, on a pipeline thread,
+///                   where it must not enable or disable channels. The record is the channel's: ps32Index keeps its
+///                   value from call to call (0 at first), bEnable becomes BU_FALSE during a call when the channel is
+///                   being disabled
 /// @return 0, or -1: no such channel or source, or parameters that no encoder takes (logged); nothing has changed then
 BU_S32 MPP_EnableVenc(BU_S32 s32Source, BU_S32 s32Chn, const MPP_VENC_PARAM_S *pstParam, FN_MPP_FRAME fnFrame,
                       BU_BOOL bSaveCfg);

@@ -827,7 +827,8 @@ BU_S32 VISCA_HandlerExit();
 /// Finishes a message: sends completion, reply or error to the origin in pstInfo->stMsgPri.
 /// May be called inside pfnViscaMsgCtrl, later from any thread with a copy of the record, or with one read from a file.
 /// A command that has ended already (cancelled, superseded, timed out) is not answered again.
-/// @param bOk  BU_FALSE: answered with "not executable"
+/// @param bOk  BU_FALSE: answered with "not executable", or, when the message has been waiting for its motion, with
+///   "cancelled"
 /// @return 0 sent or nothing to send, -1 null or the controller is gone
 /// Thread: any.
 BU_S32 VISCA_CtrlMsgReturn(tagVISCA_CTRL_INFO_S *pstInfo, BU_BOOL bOk);

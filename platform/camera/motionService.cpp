@@ -98,8 +98,9 @@ BU_S32 recall(const tagPOSITION_S &stPosition, PT_CTRL_FROM_E enFrom, const void
     if (static_cast<BU_S32>(enFrom) < ZF_CTRL_E_FROM_BUTT)
         stLensEnd = tagEND_S(session->astLensSources[enFrom], pvPrivate);
     const auto record = recallRecord(session, enFrom, stHeadEnd, stLensEnd);
+    const bool bEnds = stHeadEnd.pfnEnd || stLensEnd.pfnEnd;
     session->moves.begin(HEAD, s64HeadEndUs, std::move(stHeadEnd), record);
     session->moves.begin(lensUnits, s64LensEndUs, std::move(stLensEnd), record);
-    return 1;
+    return bEnds ? 1 : 0;
 }
 } // namespace motion

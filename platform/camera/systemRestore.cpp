@@ -34,8 +34,8 @@ constexpr tagPREFIX_BIT_S g_astPrefixes[] = {
     {SYSTEM_RESTORE_E_CONTROL, "ViscaOverIp/"}, {SYSTEM_RESTORE_E_CONTROL, "Freed/"},
     {SYSTEM_RESTORE_E_CONTROL, "Dvip/"},        {SYSTEM_RESTORE_E_CONTROL, "Onvif/"},
     {SYSTEM_RESTORE_E_MEDIA, "LiveMedia/"},     {SYSTEM_RESTORE_E_MEDIA, "Record/"},
-    {SYSTEM_RESTORE_E_NETWORK, "Network/"},     {SYSTEM_RESTORE_E_NETWORK, "Http/"},
-    {SYSTEM_RESTORE_E_PRESET, "ImagePreset"},
+    {SYSTEM_RESTORE_E_MEDIA, "Venc/"},          {SYSTEM_RESTORE_E_NETWORK, "Network/"},
+    {SYSTEM_RESTORE_E_NETWORK, "Http/"},        {SYSTEM_RESTORE_E_PRESET, "ImagePreset"},
 };
 constexpr BU_S32 SETTINGS_ONLY = SYSTEM_RESTORE_E_ALL & ~(SYSTEM_RESTORE_E_NETWORK | SYSTEM_RESTORE_E_PRESET);
 } // namespace

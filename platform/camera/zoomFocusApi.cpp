@@ -81,12 +81,11 @@ BU_S64 start(Lens &lens, BU_S64 s64NowUs, const ZF_MOTION_CTRL_S &stMotion)
         lens.focusTo(s64NowUs, FOCUS_NEAR_END, stMotion.u8FocusSpd);
         break;
     case ZF_E_FOCUS_DIRECT_POS:
-        s64EndUs = lens.focusTo(s64NowUs, position(stMotion.u32FocusPos), stMotion.u8FocusSpd);
+        s64EndUs = lens.focusTo(s64NowUs, position(stMotion.u32FocusPos), FOCUS_SPEED_MAX);
         break;
     case ZF_E_ZOOM_FOCUS_DIRECT_POS: {
-        const BU_U8 u8FocusSpd = stMotion.u8FocusSpd ? stMotion.u8FocusSpd : FOCUS_SPEED_MAX; // callers give none
         s64EndUs = lens.zoomTo(s64NowUs, zoomTarget(stMotion), stMotion.u8ZoomSpd);
-        s64EndUs = std::max(s64EndUs, lens.focusTo(s64NowUs, position(stMotion.u32FocusPos), u8FocusSpd));
+        s64EndUs = std::max(s64EndUs, lens.focusTo(s64NowUs, position(stMotion.u32FocusPos), FOCUS_SPEED_MAX));
         break;
     }
     }

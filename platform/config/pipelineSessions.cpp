@@ -164,12 +164,15 @@ BU_S32 MPP_RTSP_AddOrUpdateMediaSubsession(const BU_CHAR *pcSession, const BU_CH
 {
     if (const auto injected = journal::call(__func__, pcSession, pcSub, s32CacheId)) return *injected;
     if (!isName(pcSession) || !isName(pcSub) || s32CacheId < -1 || s32CacheId > CACHE) return -1;
+    const auto put = [&](SESSIONS &listSessions) {
+        auto &stSession = named(listSessions, pcSession);
+        named(stSession.subsession, pcSub).s32StreamCacheId = s32CacheId;
+        return listSessions.size() <= SESSION_MAX && stSession.subsession.size() <= SESSION_MAX;
+    };
     const std::lock_guard guard(sessions().lock);
-    SESSIONS listNew = runningSessions();
-    named(named(listNew, pcSession).subsession, pcSub).s32StreamCacheId = s32CacheId;
-    if (listNew.size() > SESSION_MAX || listNew.back().subsession.size() > SESSION_MAX) return -1;
-    if (storeSessions(listNew) != 0) return -1;
-    sessions().running = std::move(listNew);
+    SESSIONS listRunning = runningSessions(), listStored = sessionsOf(sessions().strStored);
+    if (!put(listRunning) || !put(listStored) || storeSessions(listStored) != 0) return -1;
+    sessions().running = std::move(listRunning);
     return 0;
 }
 

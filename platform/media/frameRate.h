@@ -53,8 +53,8 @@ struct FrameRate {
     constexpr BU_S64 nextOf(const FrameRate &stOutput, BU_S64 s64Frame) const
     {
         const BU_S64 s64Num = static_cast<BU_S64>(s32Num) * stOutput.s32Den,
-                     s64Den = static_cast<BU_S64>(s32Den) * stOutput.s32Num; // its rate as a part of the output's
-        const BU_S64 s64Next = (s64Frame - 1) * s64Num / s64Den + 1;
+                     s64Den = static_cast<BU_S64>(s32Den) * stOutput.s32Num;   // its rate as a part of the output's
+        const BU_S64 s64Next = (s64Frame * s64Num + s64Den - s64Num) / s64Den; // the first not taken before s64Frame
         return (s64Next * s64Den + s64Num - 1) / s64Num;
     }
 

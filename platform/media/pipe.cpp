@@ -41,6 +41,7 @@ void Pipe::start()
             const std::lock_guard started(m_lock);
             m_bWaiting = false;
         }
+        m_source.prepare();
         loop(stop);
     });
 }
@@ -162,19 +163,9 @@ std::optional<BU_S64> Pipe::nextFrame(FrameRate stOutput, BU_S64 s64Last)
         if (!stWish) continue;
         const BU_S64 s64 = stWish->bOnce ? s64Last + 1 : stWish->stRate.nextOf(stOutput, s64Last + 1);
         s64Next = std::min(s64, s64Next.value_or(s64));
-        m_due.push_back({pstTaker, *stWish, overlay::isShown(stWish->s32Target)});
+        m_due.push_back({pstTaker, *stWish});
     }
     return s64Next;
-}
-
-bool Pipe::draw(const SCENE_FRAME_S &stFrame, BU_S64 s64TimeUs)
-{
-    if (!m_pstScene) m_pstScene.reset(SCENE_Open(nullptr));
-    PICTURE_ReadSettings(m_s32Pipe, &m_stSettings);
-    SCENE_VIEW_S stView;
-    if (m_s32Pipe == PIPE_CLOSE_UP) PICTURE_ReadView(&stView);
-    return PICTURE_Render(m_pstScene.get(), m_s32Pipe == PIPE_CLOSE_UP ? &stView : nullptr, m_stSettings, m_stState,
-                          s64TimeUs, stFrame) == 0;
 }
 
 void Pipe::render(FrameRate stOutput, BU_S64 s64Frame)
@@ -188,30 +179,38 @@ void Pipe::render(FrameRate stOutput, BU_S64 s64Frame)
     if (m_due.empty()) return;
     const SCENE_FRAME_S &stFrame = m_picture.frame(stLargest);
     const BU_S64 s64TimeUs = stOutput.dueUs(s64Frame);
-    if (draw(stFrame, sceneTimeUs(s64TimeUs))) hand(stFrame, static_cast<BU_U64>(s64TimeUs));
+    if (m_source.draw(stFrame, sceneTimeUs(s64TimeUs))) hand(stFrame, static_cast<BU_U64>(s64TimeUs));
 }
 
-/// Gives the picture to all who are due, scaled where they want it smaller. Overlays are drawn last, so that the plain
-/// picture is there for all who want it plain.
+/// Gives the picture to all who are due, scaled where they want it smaller. What is drawn over it comes last, so that
+/// the plain picture is there for all who want it plain.
 void Pipe::hand(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs)
 {
     constexpr BU_U64 KEPT_US = 2'000'000; // a size that nobody took for so long is given up
-    std::ranges::stable_sort(m_due, {}, [](const tagDUE_S &st) { return std::pair(st.bOverlay, st.stWish.stSize); });
+    for (auto &st : m_due)
+        st.bDrawnOver = overlay::isShown(st.stWish.s32Target) || (m_source.hasInset() && st.stWish.s32Target >= 0);
+    std::ranges::stable_sort(m_due, {}, [](const tagDUE_S &st) { return std::pair(st.bDrawnOver, st.stWish.stSize); });
     for (const auto &st : m_due) {
         const tagSIZE_S stSize = st.stWish.stSize;
         const bool bInPlace =
-            stSize == tagSIZE_S{stFrame.s32Width, stFrame.s32Height} && (!st.bOverlay || &st == &m_due.back());
+            stSize == tagSIZE_S{stFrame.s32Width, stFrame.s32Height} && (!st.bDrawnOver || &st == &m_due.back());
         const SCENE_FRAME_S *pstFrame = &stFrame;
         if (!bInPlace) {
             tagSCALED_S &stScaled = m_scaled[stSize];
             pstFrame = &stScaled.picture.frame(stSize);
-            if (st.bOverlay || stScaled.u64UsedUs != u64TimeUs) SCENE_Scale(stFrame, *pstFrame);
+            if (st.bDrawnOver || stScaled.u64UsedUs != u64TimeUs) SCENE_Scale(stFrame, *pstFrame);
             stScaled.u64UsedUs = u64TimeUs;
         }
-        if (st.bOverlay) overlay::blend(st.stWish.s32Target, *pstFrame);
+        if (st.bDrawnOver) drawOver(st.stWish.s32Target, *pstFrame, u64TimeUs);
         st.pstTaker->take(*pstFrame, u64TimeUs);
     }
     std::erase_if(m_scaled, [&](const auto &pair) { return u64TimeUs - pair.second.u64UsedUs > KEPT_US; });
+}
+
+void Pipe::drawOver(BU_S32 s32Target, const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs)
+{
+    if (m_source.hasInset()) m_source.drawInset(stFrame, sceneTimeUs(static_cast<BU_S64>(u64TimeUs)));
+    overlay::blend(s32Target, stFrame);
 }
 
 namespace

@@ -4,6 +4,7 @@
 #include "frameRate.h"
 #include "media/frame.h"
 #include "media/scene.h"
+#include "pictureSource.h"
 #include "util/thread.h"
 
 #include <atomic>
@@ -54,7 +55,7 @@ public:
 class Pipe
 {
 public:
-    explicit Pipe(BU_S32 s32Pipe) : m_s32Pipe(s32Pipe) {}
+    explicit Pipe(BU_S32 s32Pipe) : m_s32Pipe(s32Pipe), m_source(s32Pipe) {}
     ~Pipe();
 
     /// Makes the thread, once.
@@ -81,7 +82,7 @@ private:
     struct tagDUE_S {
         std::shared_ptr<PictureTaker> pstTaker;
         PictureTaker::Wish stWish;
-        bool bOverlay = false;
+        bool bDrawnOver = false; ///< overlays or an inset
     };
     struct tagSCALED_S {
         Picture picture;
@@ -91,8 +92,8 @@ private:
     void loop(const std::stop_token &stop);
     void waitFor(std::optional<BU_S64> s64DueUs, const std::stop_token &stop);
     void rest();
-    bool draw(const SCENE_FRAME_S &stFrame, BU_S64 s64TimeUs);
     void hand(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs);
+    void drawOver(BU_S32 s32Target, const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs);
     std::vector<std::shared_ptr<PictureTaker>> takers();
 
     const BU_S32 m_s32Pipe;
@@ -106,9 +107,7 @@ private:
     std::vector<std::function<void()>> m_posted;
 
     // The pipe's thread.
-    std::unique_ptr<SCENE_S, void (*)(SCENE_S *)> m_pstScene{nullptr, SCENE_Close};
-    PICTURE_SETTINGS_S m_stSettings;
-    PICTURE_STATE_S m_stState;
+    PictureSource m_source;
     Picture m_picture;
     std::map<tagSIZE_S, tagSCALED_S> m_scaled;
     std::vector<tagDUE_S> m_due;

@@ -22,8 +22,6 @@ STREAM_CACHE_S *cacheOf(BU_S32 s32Id)
     return pst ? pst->cache() : nullptr;
 }
 
-VencChannel *channelOf(const STREAM_SOURCE_S *pstSource);
-
 class Reader : public STREAM_READER_S
 {
 public:

@@ -28,7 +28,7 @@ void PacketSink::end()
     m_idle.wait(guard, [this] { return m_running == std::thread::id() || m_running == std::this_thread::get_id(); });
 }
 
-void STREAM_CACHE_S::write(STREAM_PACKET_REF pstPacket)
+void STREAM_CACHE_S::write(const STREAM_PACKET_REF &pstPacket)
 {
     std::shared_ptr<const Sinks> pstSinks;
     {
@@ -83,10 +83,11 @@ BU_S32 STREAM_CACHE_S::bitRate() const
     constexpr BU_U64 WINDOW_US = 2'000'000, LEAST_US = 900'000;
     {
         const std::lock_guard guard(m_lock);
-        BU_U64 u64Bytes = 0, u64Us = 0;
+        BU_U64 u64Bytes = 0, u64Seen = 0, u64Us = 0;
         for (auto it = m_packets.rbegin(); it != m_packets.rend() && u64Us < WINDOW_US; ++it) {
             u64Us = m_packets.back()->u64Timestamp - (*it)->u64Timestamp;
-            if (it + 1 != m_packets.rend()) u64Bytes += (*it)->u32Length; // the first packet's time begins after it
+            u64Bytes = u64Seen; // the oldest packet only marks where the time begins
+            u64Seen += (*it)->u32Length;
         }
         if (u64Us >= LEAST_US) return static_cast<BU_S32>(u64Bytes * 8000 / u64Us);
     }

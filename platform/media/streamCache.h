@@ -41,7 +41,7 @@ struct STREAM_CACHE_S {
     // The writer's side.
     bool isWanted() const { return m_u32Consumers.load(std::memory_order_relaxed) != 0; }
     /// Thread: the pipeline's, one at a time.
-    void write(STREAM_PACKET_REF pstPacket);
+    void write(const STREAM_PACKET_REF &pstPacket);
     /// @return true: the handlers have to hear of it, through announce. All zero while no encoder is there.
     bool setMetadata(const STREAM_PACKET_METADATA_S &stMetadata);
     /// Calls the handlers when the metadata differ from what they were told last. Thread: the pipeline's.

@@ -2,76 +2,16 @@
 
 #include "media.h"
 #include "util/log.h"
+#include "viewers.h"
 
 #include <algorithm>
 #include <gst/rtsp-server/rtsp-server.h>
+#include <utility>
 
 namespace rtsp
 {
 namespace
 {
-struct tagSEARCH_S {
-    GstRTSPMedia *pstMedia;
-    bool bFound;
-};
-
-bool isOf(GstRTSPSession *pstSession, GstRTSPMedia *pstMedia)
-{
-    tagSEARCH_S stSearch{pstMedia, false};
-    gst_rtsp_session_filter(
-        pstSession,
-        [](GstRTSPSession *, GstRTSPSessionMedia *pstOne, gpointer pv) {
-            auto &st = *static_cast<tagSEARCH_S *>(pv);
-            st.bFound |= gst_rtsp_session_media_get_media(pstOne) == st.pstMedia;
-            return GST_RTSP_FILTER_KEEP;
-        },
-        &stSearch);
-    return stSearch.bFound;
-}
-
-GstRTSPFilterResult removeOf(bool bFound) { return bFound ? GST_RTSP_FILTER_REMOVE : GST_RTSP_FILTER_KEEP; }
-
-bool watches(GstRTSPClient *pstClient, GstRTSPMedia *pstMedia)
-{
-    tagSEARCH_S stSearch{pstMedia, false};
-    gst_rtsp_client_session_filter(
-        pstClient,
-        [](GstRTSPClient *, GstRTSPSession *pstSession, gpointer pv) {
-            auto &st = *static_cast<tagSEARCH_S *>(pv);
-            st.bFound |= isOf(pstSession, st.pstMedia);
-            return GST_RTSP_FILTER_KEEP;
-        },
-        &stSearch);
-    return stSearch.bFound;
-}
-
-/// Closes the connections of those who watch the media, and ends the sessions that have no connection.
-void dismissViewers(GstRTSPServer *pstServer, GstRTSPMedia *pstMedia)
-{
-    gst_rtsp_server_client_filter(
-        pstServer,
-        [](GstRTSPServer *, GstRTSPClient *pstClient, gpointer pv) {
-            return removeOf(watches(pstClient, static_cast<GstRTSPMedia *>(pv)));
-        },
-        pstMedia);
-    GstRTSPSessionPool *pstPool = gst_rtsp_server_get_session_pool(pstServer);
-    gst_rtsp_session_pool_filter(
-        pstPool,
-        [](GstRTSPSessionPool *, GstRTSPSession *pstSession, gpointer pv) {
-            return removeOf(isOf(pstSession, static_cast<GstRTSPMedia *>(pv)));
-        },
-        pstMedia);
-    g_object_unref(pstPool);
-}
-
-bool hasViewers(GstRTSPStream *pstStream)
-{
-    GList *pstList = pstStream ? gst_rtsp_stream_transport_filter(pstStream, nullptr, nullptr) : nullptr;
-    const bool bAny = pstList != nullptr;
-    g_list_free_full(pstList, g_object_unref);
-    return bAny;
-}
-
 bool prepare(GstRTSPServer *pstServer, GstRTSPMedia *pstMedia)
 {
     GstRTSPThreadPool *pstThreads = gst_rtsp_server_get_thread_pool(pstServer);
@@ -116,18 +56,49 @@ void Mount::open()
 
 void Mount::close()
 {
+    mute();
+    removeName();
+    retire(std::exchange(m_pstFactory, nullptr), std::exchange(m_pstKeeper, nullptr));
+    m_pstPipeline.reset();
+}
+
+/// The name leads to the new pipeline before anybody is sent away: who comes back at once finds it.
+void Mount::replace()
+{
+    mute();
+    GstRTSPMediaFactory *pstFactory = std::exchange(m_pstFactory, nullptr);
+    GstRTSPMedia *pstKeeper = std::exchange(m_pstKeeper, nullptr);
+    open();
+    if (!m_pstFactory) removeName();
+    retire(pstFactory, pstKeeper);
+    // Who has asked for the description, but not yet for a session, has been told of the old one.
+    dismissClients(m_pstServer, [](GstRTSPClient *pstClient) { return countSessions(pstClient) == 0; });
+}
+
+void Mount::mute()
+{
     for (std::size_t i = 0; i < m_listSinks.size(); ++i) listen(i, false);
-    if (!m_pstFactory) return;
+    m_listSinks.clear();
+    m_givenUp.clear();
+}
+
+void Mount::removeName()
+{
     GstRTSPMountPoints *pstMounts = gst_rtsp_server_get_mount_points(m_pstServer);
     gst_rtsp_mount_points_remove_factory(pstMounts, ("/" + m_strName).c_str());
     g_object_unref(pstMounts);
-    if (m_pstKeeper) {
-        dismissViewers(m_pstServer, m_pstKeeper);
-        gst_rtsp_media_unprepare(m_pstKeeper);
-        g_clear_object(&m_pstKeeper);
+}
+
+void Mount::retire(GstRTSPMediaFactory *pstFactory, GstRTSPMedia *pstKeeper)
+{
+    if (pstKeeper) {
+        dismissViewers(m_pstServer, [pstKeeper](GstRTSPSessionMedia *pstPart) {
+            return gst_rtsp_session_media_get_media(pstPart) == pstKeeper;
+        });
+        gst_rtsp_media_unprepare(pstKeeper);
+        g_object_unref(pstKeeper);
     }
-    g_clear_object(&m_pstFactory);
-    m_pstPipeline.reset();
+    if (pstFactory) g_object_unref(pstFactory);
 }
 
 void Mount::listen(std::size_t index, bool bOn)
@@ -150,7 +121,7 @@ void Mount::listen(std::size_t index, bool bOn)
 void Mount::followViewers(const GstRTSPMedia *pstPlayed)
 {
     for (guint i = 0; i < m_listSinks.size(); ++i) {
-        const bool bWatched = m_pstKeeper && hasViewers(gst_rtsp_media_get_stream(m_pstKeeper, i));
+        const bool bWatched = m_pstKeeper && hasViewers(m_pstKeeper, i);
         if (bWatched && pstPlayed == m_pstKeeper && !m_listSinks[i].empty())
             STREAM_requestKeyFrame(m_pstPipeline->tracks()[i].pstCache);
         listen(i, bWatched);
@@ -159,7 +130,6 @@ void Mount::followViewers(const GstRTSPMedia *pstPlayed)
 
 bool Mount::isStale() const
 {
-    if (m_pstKeeper && gst_rtsp_media_get_status(m_pstKeeper) == GST_RTSP_MEDIA_STATUS_ERROR) return true;
     return std::ranges::any_of(m_listTracks, [](const Track &stTrack) {
         return !isSameStream(stTrack.stFormat, STREAM_getStreamCacheMetadata(stTrack.pstCache));
     });
@@ -169,8 +139,31 @@ void Mount::renew()
 {
     if (!isStale()) return;
     LOG_INFO("rtsp %s: new format, its clients have to come again", m_strName.c_str());
-    close();
-    open();
+    replace();
+}
+
+void Mount::tend()
+{
+    followViewers(nullptr);
+    if (!m_pstKeeper) return;
+    if (gst_rtsp_media_get_status(m_pstKeeper) == GST_RTSP_MEDIA_STATUS_ERROR) {
+        LOG_ERROR("rtsp %s: its pipeline failed and is made anew", m_strName.c_str());
+        replace();
+        return;
+    }
+    dismissTooSlow();
+}
+
+/// Seen once, a session may just be about to pause or to end.
+void Mount::dismissTooSlow()
+{
+    const auto seenBefore = std::exchange(m_givenUp, findGivenUp(m_pstServer, m_pstKeeper));
+    const auto isTooSlow = [&](const GstRTSPSessionMedia *pst) {
+        return m_givenUp.contains(pst) && seenBefore.contains(pst);
+    };
+    if (std::ranges::none_of(m_givenUp, isTooSlow)) return;
+    LOG_INFO("rtsp %s: a client that does not keep up is sent away", m_strName.c_str());
+    dismissViewers(m_pstServer, isTooSlow);
 }
 
 void Mount::updateRates()

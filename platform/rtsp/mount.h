@@ -3,9 +3,12 @@
 
 #include "pipeline.h"
 
+#include <set>
+
 typedef struct _GstRTSPServer GstRTSPServer;
 typedef struct _GstRTSPMediaFactory GstRTSPMediaFactory;
 typedef struct _GstRTSPMedia GstRTSPMedia;
+typedef struct _GstRTSPSessionMedia GstRTSPSessionMedia;
 
 namespace rtsp
 {
@@ -28,14 +31,21 @@ public:
     /// Compares with the caches: when what was announced is not true any more, makes the pipeline anew and sends the
     /// clients away, to come again.
     void renew();
+    /// What is due now and then: viewers that left without a word or do not keep up, a pipeline that failed.
+    void tend();
     /// Takes bit and frame rate over from the caches.
     void updateRates();
 
 private:
     void open();
     void close();
+    void replace();
+    void mute();
+    void removeName();
+    void retire(GstRTSPMediaFactory *pstFactory, GstRTSPMedia *pstKeeper);
     void listen(std::size_t index, bool bOn);
     bool isStale() const;
+    void dismissTooSlow();
 
     GstRTSPServer *m_pstServer;
     std::string m_strName;
@@ -43,6 +53,7 @@ private:
     std::shared_ptr<Pipeline> m_pstPipeline;
     GstRTSPMediaFactory *m_pstFactory = nullptr;
     GstRTSPMedia *m_pstKeeper = nullptr;
-    std::vector<std::string> m_listSinks; ///< by track; empty: closed
+    std::vector<std::string> m_listSinks;            ///< by track; empty: closed
+    std::set<const GstRTSPSessionMedia *> m_givenUp; ///< at the last look
 };
 } // namespace rtsp

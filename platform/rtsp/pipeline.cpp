@@ -2,6 +2,7 @@
 
 #include "util/log.h"
 
+#include <algorithm>
 #include <gst/app/gstappsrc.h>
 
 namespace rtsp
@@ -99,6 +100,7 @@ GstElement *Pipeline::makeElements()
     GstElement *pstBin = gst_bin_new(nullptr);
     for (std::size_t i = 0; i < listTracks.size(); ++i) {
         m_listInputs[i].pstCache = listTracks[i].pstCache;
+        m_listInputs[i].s32EncodeType = listTracks[i].stFormat.s32EncodeType;
         const Codec &stCodec = *codecOf(listTracks[i].stFormat.s32EncodeType);
         GstElement *pstSource = makeSource(listTracks[i], stCodec, i);
         GstElement *pstPay = makePayloader(stCodec, i);
@@ -146,20 +148,21 @@ RtpPosition Pipeline::position(std::size_t index) const
             u32TimeOffset + static_cast<BU_U32>(gst_util_uint64_scale(now, u32Rate, GST_SECOND))};
 }
 
-/// Packets keep the distances that their clock gives them, also between picture and sound, and none lies in the future,
-/// where the pipeline would hold it back.
+/// Packets keep the distances that their clock gives them, also between picture and sound. None lies in the future,
+/// where the pipeline would hold it back, nor before the pipeline's time.
 BU_S64 Pipeline::presentationTime(BU_U64 u64TimestampUs, BU_S64 s64Now)
 {
     const BU_S64 s64Packet = static_cast<BU_S64>(u64TimestampUs) * 1000;
     const std::lock_guard guard(m_lock);
     const BU_S64 s64Age = s64Now - (s64Packet + m_s64Offset);
     if (m_s64Offset == 0 || s64Age < 0 || s64Age > JUMP_NS) m_s64Offset = s64Now - s64Packet;
-    return s64Packet + m_s64Offset;
+    return std::max<BU_S64>(s64Packet + m_s64Offset, 0);
 }
 
 void Pipeline::push(std::size_t index, const STREAM_PACKET_REF &pstPacket)
 {
     Input &stInput = m_listInputs[index];
+    if (pstPacket->s32EncodeType != stInput.s32EncodeType) return; // of a new format, before the pipeline is replaced
     GstAppSrc *pstSource = GST_APP_SRC(stInput.pstSource);
     const GstClockTime now = gst_element_get_current_running_time(stInput.pstSource);
     if (now == GST_CLOCK_TIME_NONE) return;

@@ -44,6 +44,7 @@ public:
 private:
     struct Input {
         STREAM_CACHE_S *pstCache = nullptr;
+        BU_S32 s32EncodeType = 0;
         GstElement *pstSource = nullptr, *pstPay = nullptr;
         bool bAwaitKey = true; ///< of the thread with the packets
     };

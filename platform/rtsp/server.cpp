@@ -4,6 +4,7 @@
 #include "media.h"
 #include "util/log.h"
 #include "util/time.h"
+#include "viewers.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
@@ -12,7 +13,6 @@
 #include <gio/gio.h>
 #include <glib-unix.h>
 #include <gst/rtsp-server/rtsp-server.h>
-#include <netinet/tcp.h>
 #include <string_view>
 #include <sys/socket.h>
 
@@ -22,28 +22,10 @@ namespace
 {
 constexpr guint REQUEST_BODY_MAX = 4096;
 constexpr gint CLIENT_THREADS = 4;
+constexpr guint LEAVING_MS = 50;
 constexpr guint PATIENCE_MS = 2000;              // with clients that are sent away at the end
+constexpr const BU_CHAR *OWNER = "camera-owner"; // name of object data
 constexpr guint SESSIONS_OF_CLIENT_MAX = 4;
-constexpr const BU_CHAR *VISIT = "camera-visit"; // name of object data
-
-/// What is kept about a client.
-struct tagVISIT_S {
-    BU_S64 s64SinceMs;
-    std::vector<std::string> sessions; // of the client's thread
-};
-tagVISIT_S *visitOf(GstRTSPClient *pstClient)
-{
-    return static_cast<tagVISIT_S *>(g_object_get_data(G_OBJECT(pstClient), VISIT));
-}
-
-void prepareSocket(int fd)
-{
-    const auto set = [fd](int level, int option, int value) { ::setsockopt(fd, level, option, &value, sizeof value); };
-    set(IPPROTO_TCP, TCP_NODELAY, 1);
-    set(SOL_SOCKET, SO_KEEPALIVE, 1);
-    set(IPPROTO_TCP, TCP_KEEPIDLE, 60);
-    set(IPPROTO_TCP, TCP_KEEPINTVL, 15);
-}
 
 GstRTSPAuth *newAuth(const std::vector<Credential> &listCredentials)
 {
@@ -62,19 +44,9 @@ GstRTSPAuth *newAuth(const std::vector<Credential> &listCredentials)
     return pstAuth;
 }
 
-guint countSessions(GstRTSPClient *pstClient)
-{
-    GList *pstList = gst_rtsp_client_session_filter(pstClient, nullptr, nullptr);
-    const guint count = g_list_length(pstList);
-    g_list_free_full(pstList, g_object_unref);
-    return count;
-}
-
 bool isSilent(GstRTSPClient *pstClient)
 {
-    const tagVISIT_S *pstVisit = visitOf(pstClient);
-    return pstVisit && UTIL_TIME_NowMs() - pstVisit->s64SinceMs >= Server::SILENT_MAX_MS &&
-           countSessions(pstClient) == 0;
+    return UTIL_TIME_NowMs() - visitOf(pstClient).s64SinceMs >= Server::SILENT_MAX_MS && countSessions(pstClient) == 0;
 }
 
 GstRTSPStatusCode allowSetup(GstRTSPClient *pstClient, GstRTSPContext *pstContext)
@@ -85,7 +57,7 @@ GstRTSPStatusCode allowSetup(GstRTSPClient *pstClient, GstRTSPContext *pstContex
 
 void noteSession(GstRTSPClient *pstClient, GstRTSPSession *pstSession)
 {
-    visitOf(pstClient)->sessions.emplace_back(gst_rtsp_session_get_sessionid(pstSession));
+    visitOf(pstClient).listSessions.emplace_back(gst_rtsp_session_get_sessionid(pstSession));
 }
 
 void adjustAnswer(GstRTSPClient *, GstRTSPContext *pstContext, GstRTSPMessage *pstAnswer)
@@ -104,6 +76,24 @@ void endSessions(GstRTSPServer *pstServer, const std::vector<std::string> &listS
             g_object_unref(pst);
         }
     g_object_unref(pstPool);
+}
+
+/// A client is made known before its thread serves it: afterwards it may have left already.
+GstRTSPClient *createClient(GstRTSPServer *pstServer)
+{
+    GstRTSPServerClass *pstParent = GST_RTSP_SERVER_CLASS(g_type_class_peek_parent(G_OBJECT_GET_CLASS(pstServer)));
+    GstRTSPClient *pstClient = pstParent->create_client(pstServer);
+    static_cast<Server *>(g_object_get_data(G_OBJECT(pstServer), OWNER))->greet(pstClient);
+    return pstClient;
+}
+
+GType serverType()
+{
+    static const GType type = g_type_register_static_simple(
+        GST_TYPE_RTSP_SERVER, "CameraRtspServer", sizeof(GstRTSPServerClass),
+        [](gpointer pvClass, gpointer) { static_cast<GstRTSPServerClass *>(pvClass)->create_client = createClient; },
+        sizeof(GstRTSPServer), nullptr, GTypeFlags{});
+    return type;
 }
 } // namespace
 
@@ -158,16 +148,14 @@ void Server::run(std::stop_token stop)
 void Server::setUp()
 {
     m_fdReserve = util::FileDescriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC));
-    m_pstServer = gst_rtsp_server_new();
+    m_pstServer = static_cast<GstRTSPServer *>(g_object_new(serverType(), nullptr));
     GstRTSPThreadPool *pstThreads = gst_rtsp_server_get_thread_pool(m_pstServer);
     gst_rtsp_thread_pool_set_max_threads(pstThreads, CLIENT_THREADS);
     g_object_unref(pstThreads);
     GstRTSPSessionPool *pstPool = gst_rtsp_server_get_session_pool(m_pstServer);
     gst_rtsp_session_pool_set_max_sessions(pstPool, CLIENTS_MAX);
     g_object_unref(pstPool);
-    g_signal_connect(m_pstServer, "client-connected",
-                     G_CALLBACK(+[](GstRTSPServer *, GstRTSPClient *pstClient, Server *pst) { pst->greet(pstClient); }),
-                     this);
+    g_object_set_data(G_OBJECT(m_pstServer), OWNER, this);
 }
 
 void Server::serve(std::vector<Listener> listListeners, std::vector<Credential> listCredentials)
@@ -236,20 +224,10 @@ void Server::tick()
         GstRTSPSessionPool *pstPool = gst_rtsp_server_get_session_pool(m_pstServer);
         gst_rtsp_session_pool_cleanup(pstPool);
         g_object_unref(pstPool);
-        forEachClient(isSilent);
-        followViewers(nullptr);
+        dismissClients(m_pstServer, isSilent);
+        std::erase_if(m_listConnections, [](const auto &pst) { return !pst->check(); });
+        for (const auto &pst : m_listMounts) pst->tend();
     });
-}
-
-void Server::forEachClient(bool (*pfnDismiss)(GstRTSPClient *))
-{
-    gst_rtsp_server_client_filter(
-        m_pstServer,
-        [](GstRTSPServer *, GstRTSPClient *pstClient, gpointer pv) {
-            return reinterpret_cast<bool (*)(GstRTSPClient *)>(pv)(pstClient) ? GST_RTSP_FILTER_REMOVE
-                                                                              : GST_RTSP_FILTER_KEEP;
-        },
-        reinterpret_cast<gpointer>(pfnDismiss));
 }
 
 void Server::acceptFrom(int fdListener)
@@ -279,7 +257,7 @@ void Server::admit(int fd)
         ::close(fd);
         return;
     }
-    prepareSocket(fd);
+    m_listConnections.push_back(std::make_shared<Connection>(pstSocket)); // greet finds it there
     sockaddr_in stPeer{};
     socklen_t size = sizeof stPeer;
     ::getpeername(fd, reinterpret_cast<sockaddr *>(&stPeer), &size);
@@ -292,17 +270,17 @@ void Server::greet(GstRTSPClient *pstClient)
 {
     ++m_u32Clients;
     gst_rtsp_client_set_content_length_limit(pstClient, REQUEST_BODY_MAX);
-    g_object_set_data_full(G_OBJECT(pstClient), VISIT, new tagVISIT_S{UTIL_TIME_NowMs(), {}},
-                           [](gpointer pv) { delete static_cast<tagVISIT_S *>(pv); });
+    keepVisit(pstClient, {UTIL_TIME_NowMs(), m_listConnections.back(), {}});
     g_signal_connect(pstClient, "pre-setup-request", G_CALLBACK(allowSetup), nullptr);
     g_signal_connect(pstClient, "new-session", G_CALLBACK(noteSession), nullptr);
     g_signal_connect(pstClient, "send-message", G_CALLBACK(adjustAnswer), nullptr);
     const auto onRequest = G_CALLBACK(+[](GstRTSPClient *, GstRTSPContext *pstContext, Desk *pst) {
         // The media is only compared with others: it need not be there any more then.
-        pst->pstInbox->post([pst = pst->pstServer, pstMedia = pstContext->media] { pst->followViewers(pstMedia); });
+        const GstRTSPMedia *pstPlayed = pstContext->method == GST_RTSP_PLAY ? pstContext->media : nullptr;
+        pst->pstInbox->post([pst = pst->pstServer, pstPlayed] { pst->onRequest(pstPlayed); });
     });
     const auto onClosed = G_CALLBACK(+[](GstRTSPClient *pstGone, Desk *pst) {
-        pst->pstInbox->post([pst = pst->pstServer, list = visitOf(pstGone)->sessions] { pst->onGone(list); });
+        pst->pstInbox->post([pst = pst->pstServer, list = visitOf(pstGone).listSessions] { pst->onGone(list); });
     });
     const auto connect = [&](const BU_CHAR *pcSignal, GCallback pfn) {
         g_signal_connect_data(
@@ -315,11 +293,33 @@ void Server::greet(GstRTSPClient *pstClient)
     connect("closed", onClosed);
 }
 
+void Server::onRequest(const GstRTSPMedia *pstPlayed)
+{
+    followViewers(pstPlayed);
+    if (!pstPlayed) lookAgainSoon();
+}
+
 void Server::onGone(const std::vector<std::string> &listSessions)
 {
     --m_u32Clients;
     endSessions(m_pstServer, listSessions);
     followViewers(nullptr);
+    lookAgainSoon();
+}
+
+/// The word that a viewer leaves comes from a thread that has yet to let go of him.
+void Server::lookAgainSoon()
+{
+    GSource *pstSource = g_timeout_source_new(LEAVING_MS);
+    g_source_set_callback(
+        pstSource,
+        [](gpointer pv) -> gboolean {
+            static_cast<Server *>(pv)->followViewers(nullptr);
+            return G_SOURCE_REMOVE;
+        },
+        this, nullptr);
+    g_source_attach(pstSource, m_pstInbox->context());
+    g_source_unref(pstSource);
 }
 
 void Server::followViewers(const GstRTSPMedia *pstPlayed)
@@ -332,7 +332,7 @@ void Server::tearDown()
     refuseClients();
     m_pstInbox->runEvents();
     m_listMounts.clear();
-    forEachClient([](GstRTSPClient *) { return true; });
+    dismissClients(m_pstServer, [](GstRTSPClient *) { return true; });
     bool bPatient = true;
     GSource *pstPatience = g_timeout_source_new(PATIENCE_MS);
     g_source_set_callback(
@@ -342,6 +342,7 @@ void Server::tearDown()
     g_source_destroy(pstPatience);
     g_source_unref(pstPatience);
     if (m_u32Clients > 0) LOG_WARN("rtsp: %u clients did not leave in time", m_u32Clients);
+    m_listConnections.clear();
     g_clear_object(&m_pstServer);
     gst_rtsp_thread_pool_cleanup();
 }

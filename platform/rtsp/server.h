@@ -1,6 +1,7 @@
 /// The server at work: a thread that takes clients in and looks after the sessions, above GStreamer's RTSP server.
 #pragma once
 
+#include "connection.h"
 #include "listener.h"
 #include "mount.h"
 #include "util/thread.h"
@@ -57,16 +58,18 @@ public:
     void refuseClients();
     void tick(); ///< once a second
 
+    void greet(GstRTSPClient *pstClient); ///< a client that is being made; thread: server
+
 private:
     void run(std::stop_token stop);
     void setUp();
     void tearDown();
-    void forEachClient(bool (*pfnDismiss)(GstRTSPClient *));
     void acceptFrom(int fdListener);
     void admit(int fd);
-    void greet(GstRTSPClient *pstClient);
+    void onRequest(const GstRTSPMedia *pstPlayed);
     void onGone(const std::vector<std::string> &listSessions);
     void followViewers(const GstRTSPMedia *pstPlayed);
+    void lookAgainSoon();
 
     /// Where call-backs on GStreamer's threads leave word for the server's.
     struct Desk {
@@ -80,6 +83,7 @@ private:
     std::vector<Listener> m_listListeners;
     std::vector<GSource *> m_listSources;
     std::vector<std::unique_ptr<Mount>> m_listMounts;
+    std::vector<std::shared_ptr<Connection>> m_listConnections; ///< perhaps gone already
     BU_U32 m_u32Clients = 0;
     util::FileDescriptor m_fdReserve; ///< given up to take and close a connection when descriptors run out
 

@@ -123,7 +123,11 @@ BU_S32 answer(tagVISCA_CTRL_INFO_S &stInfo, BU_BOOL bOk)
 {
     const VISCA_MSG_PRI_S stPri = stInfo.stMsgPri;
     const Row *pstRow = rowOf(stPri);
-    if (!bOk) return transmit(stPri, faultOf(answerAddress(stPri), stPri.u8SocketNum & 0x0F, Fault::NotNow).bytes());
+    if (!bOk) {
+        // Refused while it runs; a failure that comes later is a motion that another command took over.
+        const Fault enFault = t_pstCurrent ? Fault::NotNow : Fault::Cancelled;
+        return transmit(stPri, faultOf(answerAddress(stPri), stPri.u8SocketNum & 0x0F, enFault).bytes());
+    }
     if (stPri.enMsgType == VISCA_CMD_E_SET_ADDRESS && origin::addressOf(stPri) == 8) {
         const BU_U8 au8Next[] = {kBroadcast, 0x30, static_cast<BU_U8>(stInfo.u8Address + 1), kTerminator};
         return transmit(stPri, au8Next);

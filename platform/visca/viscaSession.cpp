@@ -122,16 +122,18 @@ void resolveRelative(tagVISCA_CTRL_INFO_S &stInfo)
     stPanTilt.u16TiltPos = movedBy(stPos.u32TiltPos, stPanTilt.u16TiltPos);
 }
 
-BU_S32 callService(Job &job, bool &bAnswered)
+/// This thread's current message, as long as it is worked on.
+struct Working : Current {
+    explicit Working(const Job &job) : Current{job.pstRow} { t_pstCurrent = this; }
+    ~Working() { t_pstCurrent = nullptr; }
+    Working(const Working &) = delete;
+    Working &operator=(const Working &) = delete;
+};
+
+BU_S32 callService(Job &job)
 {
     const auto pfnControl = library().pfnControl.load(std::memory_order_acquire);
-    if (!pfnControl) return -2;
-    Current current{job.pstRow};
-    t_pstCurrent = &current;
-    const BU_S32 s32Ret = pfnControl(job.pstRow->enType, &job.stInfo);
-    t_pstCurrent = nullptr;
-    bAnswered = current.bAnswered;
-    return s32Ret;
+    return pfnControl ? pfnControl(job.pstRow->enType, &job.stInfo) : -2;
 }
 
 /// No end can follow a negative result other than -1, which the service has answered: the answer is given here.
@@ -139,9 +141,9 @@ void runCommand(Job &job)
 {
     if (job.pstRow->enType == VISCA_CMD_E_PAN_TILT) resolveRelative(job.stInfo);
     const VISCA_MSG_PRI_S stPri = job.stInfo.stMsgPri;
-    bool bAnswered = false;
-    const BU_S32 s32Ret = callService(job, bAnswered);
-    if (bAnswered) return;
+    const Working working(job);
+    const BU_S32 s32Ret = callService(job);
+    if (working.bAnswered) return;
     if (s32Ret >= 0) return watchCommand(stPri);
     job.stInfo.stMsgPri = stPri;
     VISCA_CtrlMsgReturn(&job.stInfo, BU_FALSE);
@@ -149,9 +151,16 @@ void runCommand(Job &job)
 
 void runInquiry(Job &job)
 {
-    bool bAnswered = false;
-    callService(job, bAnswered);
-    if (!bAnswered) VISCA_CtrlMsgReturn(&job.stInfo, BU_FALSE);
+    const Working working(job);
+    callService(job);
+    if (!working.bAnswered) VISCA_CtrlMsgReturn(&job.stInfo, BU_FALSE);
+}
+
+/// A message whose answer does not depend on what the service says.
+void runAnswered(Job &job)
+{
+    const Working working(job);
+    callService(job);
 }
 
 /// The camera restarts; the power-off command that sent it to stand-by is answered after the start.
@@ -221,7 +230,6 @@ void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom)
 void run(Job &job)
 {
     if (job.u8StopMotors) stopMotors(job.u8StopMotors);
-    bool bAnswered = false;
     switch (job.enKind) {
     case Job::Inquiry:
         return runInquiry(job);
@@ -231,8 +239,7 @@ void run(Job &job)
         return runWake(job);
     case Job::Address:
     case Job::Cancel:
-        callService(job, bAnswered);
-        return;
+        return runAnswered(job);
     case Job::Clear:
     case Job::None:
         return;

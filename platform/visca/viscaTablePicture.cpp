@@ -56,8 +56,8 @@ static constexpr Row s_astRow[] = {
     {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 04", "picture style 2", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_ISP_STYLE_BMD)},
     {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 05", "picture style 3", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_ISP_STYLE_PANASONIC)},
     {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 06 0p", "white-balance sensitivity p", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_WB_SENSI), VAL('p', stExtraIspCtrl.u8Val, 0, 0x0F)},
-    {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 07 02", "mounted on the ceiling; the camera restarts", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_INSTALL_MODE), SET(stExtraIspCtrl.u8Val, 2)},
-    {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 07 03", "mounted on a desk; the camera restarts", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_INSTALL_MODE), SET(stExtraIspCtrl.u8Val, 3)},
+    {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 07 02", "mounted on a desk; the camera restarts", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_INSTALL_MODE), SET(stExtraIspCtrl.u8Val, 2)},
+    {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 07 03", "mounted on the ceiling; the camera restarts", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_INSTALL_MODE), SET(stExtraIspCtrl.u8Val, 3)},
     {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 08 02", "lens distortion correction on", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_LENS_CORRECTION_MODE), SET(stExtraIspCtrl.u8Val, 2)},
     {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 08 03", "lens distortion correction off", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_LENS_CORRECTION_MODE), SET(stExtraIspCtrl.u8Val, 3)},
     {VISCA_CMD_E_EXTRA_ISP, "01 7E 33 09", "picture settings to their defaults", SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_IMAGE_RESET)},
@@ -117,13 +117,14 @@ static constexpr Row s_astRow[] = {
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 04", "picture style 2 (refused)", Reply{""}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_ISP_STYLE_BMD)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 05", "picture style 3 (refused)", Reply{""}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_ISP_STYLE_PANASONIC)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 06", "white-balance sensitivity", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_WB_SENSI)},
-    {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 07", "mounting: 02 ceiling, 03 desk", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_INSTALL_MODE)},
+    {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 07", "mounting: 02 desk, 03 ceiling", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_INSTALL_MODE)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 08", "lens distortion correction: 02 on, 03 off", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_LENS_CORRECTION_MODE)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 09", "picture settings to their defaults (refused)", Reply{""}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_IMAGE_RESET)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 0A", "neutral-density filter", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_EXP_ND_FILTER)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 0B", "tele mode: 02 on, 03 off", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_TELE_MODE)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 0C", "focus on faces: 02 on, 03 off", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_FACE_AF_MODE)},
     {VISCA_INQ_E_EXTRA_STATUE, "09 7E 33 0D", "automatic iris: 02 on, 03 off", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_IRIS_AUTO_MODE)},
+    {VISCA_INQ_E_EXTRA_STATUE, "09 04 A9", "white-balance sensitivity", Reply{"0p"}, SET(stExtraIspCtrl.enExtraIspType, VISCA_MSG_E_WB_SENSI)},
 };
 // clang-format on
 const std::span<const Row> g_pictureRows = s_astRow;

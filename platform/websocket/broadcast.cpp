@@ -49,7 +49,7 @@ void Feed::requestKeyFrame() const
     if (m_pstCache) STREAM_requestKeyFrame(m_pstCache);
 }
 
-Broadcast::Broadcast(std::shared_ptr<Inbox> pstInbox, std::function<void(tagVIEWER_S &)> fnWaiting)
+Broadcast::Broadcast(const std::shared_ptr<Inbox> &pstInbox, std::function<void(tagVIEWER_S &)> fnWaiting)
     : m_pstInbox(pstInbox), m_fnWaiting(std::move(fnWaiting)), m_audio(pstInbox, AUDIO, "previewAudio")
 {
 }

@@ -46,7 +46,7 @@ class Broadcast
 {
 public:
     /// @param fnWaiting  is told when a viewer's queue has something to send
-    Broadcast(std::shared_ptr<Inbox> pstInbox, std::function<void(tagVIEWER_S &)> fnWaiting);
+    Broadcast(const std::shared_ptr<Inbox> &pstInbox, std::function<void(tagVIEWER_S &)> fnWaiting);
 
     void add(tagVIEWER_S &stViewer);
     void remove(tagVIEWER_S &stViewer); ///< one that is not there is tolerated

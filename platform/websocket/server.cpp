@@ -132,7 +132,7 @@ bool LwsServer::listen(const std::string &strAddress, BU_S32 s32Port)
     lws_vhost *pstVhost = lws_create_vhost(m_context.get(), &stInfo);
     if (!pstVhost) return false;
     m_s32Port = lws_get_vhost_listen_port(pstVhost);
-    m_thread = util::Thread("preview", [this](std::stop_token stop) { run(stop); });
+    m_thread = util::Thread("preview", [this](const std::stop_token &stop) { run(stop); });
     return true;
 }
 

@@ -125,6 +125,7 @@ TEST(Visca, SettingsAndPresetsSurviveKill)
     EXPECT_EQ(hex(client->ask(POSITION_INQ)), hex(stored));
     EXPECT_THAT(hex(client->ask(bytes("81 01 04 3F 02 06 FF"))), testing::MatchesRegex("90 4[12] FF"));
     EXPECT_THAT(hex(client->next()), testing::MatchesRegex("90 6[12] 41 FF")) << "preset 6 was never stored";
+    stCamera.stop(SIGTERM);
     std::filesystem::remove_all(strRoot);
 }
 

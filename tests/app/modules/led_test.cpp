@@ -4,8 +4,7 @@
 #include "camera/tracking.h"
 #include "support/platformTest.h"
 
-#include <chrono>
-#include <fstream>
+#include <algorithm>
 #include <thread>
 
 namespace
@@ -17,29 +16,30 @@ protected:
     {
         LED_InitDev();
         std::thread over([] { LED_API_AppOver(); });
-        for (int i = 0; i < 4; ++i) clockStep();
+        effectsOfEvent(10); // the end of start-up is the first event
         over.join();
-        journal::effects();
     }
     ~Led() override { LED_UnInitDev(); }
 
-    void clockStep()
+    /// What has happened up to the end of the manager's next event.
+    /// @param s64StepMs  how far the clock moves at each look
+    std::vector<std::string> effectsOfEvent(BU_S64 s64StepMs)
     {
-        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // lets the manager's thread reach its sleep
-        clock().advance(100);
+        std::vector<std::string> all;
+        while (!std::count(all.begin(), all.end(), "LED_API_ApplyLedStateInfo(\"TallyLed\")")) {
+            clock().advance(s64StepMs);
+            std::this_thread::yield();
+            for (std::string &str : journal::effects()) all.push_back(std::move(str));
+        }
+        return all;
     }
 
-    /// The states recorded since the last call, once the manager has handled the event.
+    /// The states that the manager records when a source asks for an update.
     std::vector<std::string> statesAfter(LED_EVENT_FROM_E enFrom)
     {
         LED_API_TriggerLedUpdateFrom(enFrom);
-        std::vector<std::string> all, states;
-        for (int i = 0; i < 200; ++i) {
-            for (const std::string &str : journal::effects()) all.push_back(str);
-            if (std::count(all.begin(), all.end(), "LED_API_ApplyLedStateInfo(\"TallyLed\")")) break;
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        }
-        for (const std::string &str : all)
+        std::vector<std::string> states;
+        for (const std::string &str : effectsOfEvent(0))
             if (str.starts_with("LED_API_SetLedStateInfoFrom")) states.push_back(str);
         return states;
     }

@@ -242,28 +242,29 @@ TEST_F(CommandPanTilt, PresetSettings)
          {"mode 4", M, memory(VISCA_MSG_E_MEMORY_MODE, 4), {}, REFUSED}});
 }
 
-TEST_F(CommandPanTilt, RecallWaitsForTwoEndsUnlessThereIsNoPreset)
+TEST_F(CommandPanTilt, OnlyARecallThatMovesWaitsForTwoEnds)
 {
-    const char *pcQuery = "PRESET_API_QueryById", *pcSpecial = "PRESET_API_QuerySpecialById";
-    const auto isPreset = [=](bool bStored, bool bSpecial) {
-        return [=] {
-            gs_s32PresetFlag = 7;
-            journal::inject(pcQuery, bStored ? 0 : -1);
-            if (!bStored) journal::inject(pcSpecial, bSpecial ? 0 : -1);
-            journal::inject("PRESET_API_GotoById", 1);
-        };
-    };
+    constexpr BU_S32 OTHERS = 7; // ends that another recall still waits for
+    struct {
+        bool bStored, bSpecial;
+        BU_S32 s32Result, s32Ends;
+        Effects effects;
+    } const rows[] = {{true, false, 1, 2, {"PRESET_API_GotoById(5, 1, &)"}},
+                      {false, true, 0, OTHERS, {"PRESET_API_GotoById(5, 1, &)"}},
+                      {true, true, 0, OTHERS, {"PRESET_API_GotoById(5, 1, &)"}},
+                      {false, false, REFUSED, OTHERS, {}}};
     tagCOMMAND_CASE_S stRecall{"", viscaCtrlMemory, memory(VISCA_MSG_E_MEMORY_RECALL, 5), {}};
-    for (const auto &[bStored, bSpecial] : {std::pair(true, false), std::pair(false, true)}) {
-        stRecall.setUp = isPreset(bStored, bSpecial);
-        EXPECT_EQ(run(stRecall), 1);
-        EXPECT_THAT(journal::effects(), ElementsAre("PRESET_API_GotoById(5, 1, &)"));
-        EXPECT_EQ(gs_s32PresetFlag, 2);
+    for (const auto &row : rows) {
+        stRecall.setUp = [&row] {
+            gs_s32PresetFlag = OTHERS;
+            journal::inject("PRESET_API_QueryById", row.bStored ? 0 : -1);
+            journal::inject("PRESET_API_QuerySpecialById", row.bSpecial ? 0 : -1);
+            if (row.s32Result != REFUSED) journal::inject("PRESET_API_GotoById", row.s32Result);
+        };
+        EXPECT_EQ(run(stRecall), row.s32Result);
+        EXPECT_EQ(journal::effects(), row.effects);
+        EXPECT_EQ(gs_s32PresetFlag, row.s32Ends);
     }
-    stRecall.setUp = isPreset(false, false);
-    EXPECT_EQ(run(stRecall), REFUSED);
-    EXPECT_THAT(journal::effects(), IsEmpty());
-    EXPECT_EQ(gs_s32PresetFlag, 7) << "another recall may be under way";
     EXPECT_THAT(traceOf(stRecall), HasSubstr("] can't find preset 5\n"));
 }
 } // namespace

@@ -207,7 +207,7 @@ TEST_F(CommandTracking, ZonesStoreAndCallTheirPreset)
     };
     const BU_S32 SAVE = 10, CALL = 13, ZONE = TRACK_MODE_E_ZONE_TRACKING;
     check({zone(SAVE, 1, ZONE, {"PRESET_API_SetCur(21, \"\")"}, 0, "PRESET_API_SetCur")});
-    check({zone(CALL, 1, ZONE, {"PRESET_API_GotoById(21, 1, NULL)"}, 1, "PRESET_API_GotoById")});
+    check({zone(CALL, 1, ZONE, {"PRESET_API_GotoById(21, 1, NULL)"}, 0, "PRESET_API_GotoById")});
     for (const BU_S32 s32Sub : {SAVE, CALL}) {
         check({zone(s32Sub, -1, ZONE, {}, REFUSED), zone(s32Sub, s32Count, ZONE, {}, REFUSED),
                zone(s32Sub, 8, ZONE, {}, REFUSED)});

@@ -119,12 +119,12 @@ INSTANTIATE_TEST_SUITE_P(
              EXPECT_THAT(reports(), UnorderedElementsAre("pt 2 done", "zf 2 done"));
          },
          {"pt 2 done", "zf 2 done"}},
-        {"without data", [](auto &) { EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_VISCA, nullptr), 1); }, {}},
+        {"without data", [](auto &) { EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_VISCA, nullptr), 0); }, {}},
         {"a source nobody registered",
          [](auto &) {
              int iData = 1;
-             EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_OTHER, &iData), 1);
-             EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_TKV_SUPERFINE, &iData), 1); // has no lens source
+             EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_OTHER, &iData), 0);
+             EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_TKV_SUPERFINE, &iData), 0); // has no lens source
          },
          {}},
         {"another recall",

@@ -1,0 +1,42 @@
+/// The direction keys: the menu, the tracking target, or the head.
+#pragma once
+
+#include "camera/menu.h"
+#include "camera/tracking.h"
+#include "input/keyState.h"
+
+namespace input
+{
+struct tagDIRECTION_S {
+    KEY_TYPE_E enKey;
+    BU_S32 (*pfnMove)(BU_S32);                  ///< moves the head
+    BU_S32 (*pfnMenu)();                        ///< in the menu
+    BU_S32 (*pfnTarget)() = nullptr;            ///< while tracking; null: moves the head then too
+    BU_S32 (*pfnStepTimerCb)(void *) = nullptr; ///< every 500 ms while held in the menu; null: no repeat
+};
+inline constexpr tagDIRECTION_S UP{KEY_TYPE_E_UP, CMD_PT_HandeUpBtn, CMD_MENU_HandeUpBtn};
+inline constexpr tagDIRECTION_S DOWN{KEY_TYPE_E_DOWN, CMD_PT_HandeDownBtn, CMD_MENU_HandeDownBtn};
+inline constexpr tagDIRECTION_S LEFT{KEY_TYPE_E_LEFT, CMD_PT_HandeLeftBtn, CMD_MENU_HandeLeftBtn,
+                                     ALG_API_LockLastTarget};
+inline constexpr tagDIRECTION_S RIGHT{KEY_TYPE_E_RIGHT, CMD_PT_HandeRightBtn, CMD_MENU_HandeRightBtn,
+                                      ALG_API_LockNextTarget};
+
+void pressDirection(const tagDIRECTION_S &stDirection, FAMILY_E enFamily, KEY_EVENT_E enEvent);
+
+/// In an open menu a menu key, while tracking another target, else a move of the head.
+template <const tagDIRECTION_S &Direction, FAMILY_E Family> BU_S32 direction(KEY_EVENT_E enEvent)
+{
+    pressDirection(Direction, Family, enEvent);
+    return 0;
+}
+
+/// Always a move of the head.
+template <const tagDIRECTION_S &Direction> BU_S32 headMove(KEY_EVENT_E enEvent)
+{
+    if (enEvent == KEY_EVENT_E_DOWN)
+        Direction.pfnMove(0);
+    else
+        CMD_PT_StopMove();
+    return 0;
+}
+} // namespace input

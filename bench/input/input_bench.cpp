@@ -1,0 +1,97 @@
+// From a key event to the motion command it causes, against a bare pipe between two threads.
+#include "board/input.h"
+#include "config/store.h"
+#include "input/keys.h"
+#include "util/file.h"
+#include "util/thread.h"
+
+#include <array>
+#include <atomic>
+#include <benchmark/benchmark.h>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <linux/input.h>
+#include <string>
+#include <unistd.h>
+
+namespace
+{
+constexpr int KEY_OF_UP = 32;
+
+std::atomic<BU_U32> g_u32Done{0};
+
+void done()
+{
+    g_u32Done++;
+    g_u32Done.notify_one();
+}
+void waitFor(BU_U32 u32Done)
+{
+    for (BU_U32 u32Now; (u32Now = g_u32Done) != u32Done;) g_u32Done.wait(u32Now);
+}
+
+input_event key(bool bPress)
+{
+    input_event stEvent{};
+    stEvent.type = EV_KEY;
+    stEvent.code = KEY_OF_UP;
+    stEvent.value = bPress;
+    return stEvent;
+}
+
+/// Sends press and release in turn, each when the one before has had its effect.
+void sendKeys(benchmark::State &state, int fd)
+{
+    g_u32Done = 0;
+    BU_U32 u32Sent = 0;
+    for (auto _ : state) {
+        const input_event stEvent = key(u32Sent++ % 2 == 0);
+        if (write(fd, &stEvent, sizeof(stEvent)) != sizeof(stEvent)) state.SkipWithError("write");
+        waitFor(u32Sent);
+    }
+}
+
+void BM_Pipe(benchmark::State &state)
+{
+    std::array<int, 2> fds;
+    if (pipe2(fds.data(), O_CLOEXEC) != 0) return state.SkipWithError("pipe");
+    {
+        const util::Thread reader("reader", [fd = fds[0]](const std::stop_token &) {
+            input_event stEvent;
+            while (read(fd, &stEvent, sizeof(stEvent)) == sizeof(stEvent)) done();
+        });
+        sendKeys(state, fds[1]);
+        close(fds[1]);
+    }
+    close(fds[0]);
+}
+BENCHMARK(BM_Pipe)->UseRealTime();
+
+void BM_KeyToMotion(benchmark::State &state)
+{
+    BSP_INPUT_THREAD_S stInput{};
+    std::strcpy(stInput.acDeviceName, "NecBr");
+    stInput.pfEventCb = [](const input_event *pstEvent) {
+        BR_COMMON_InputEventCb(pstEvent);
+        done();
+    };
+    if (BSP_INPUT_StartMonitorEvent(&stInput) != 0) return state.SkipWithError("monitor");
+    const int fd = open(UTIL_ROOT_Path("/dev/input/NecBr").c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
+    sendKeys(state, fd);
+    close(fd);
+    BSP_INPUT_StopMonitorEvent(&stInput);
+}
+BENCHMARK(BM_KeyToMotion)->UseRealTime();
+} // namespace
+
+int main(int argc, char **argv)
+{
+    char acFolder[] = "/tmp/camera-bench-XXXXXX";
+    UTIL_ROOT_Set(mkdtemp(acFolder));
+    CFG_STORE_Open(nullptr);
+    setenv("CAMERA_TRACE", "0", 1); // the traces are for people
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    std::filesystem::remove_all(acFolder);
+}

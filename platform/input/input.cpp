@@ -1,0 +1,72 @@
+#include "board/input.h"
+
+#include "monitor.h"
+#include "util/file.h"
+#include "util/journal.h"
+#include "util/log.h"
+#include "util/platform.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <mutex>
+
+namespace
+{
+struct tagMONITORS_S {
+    std::mutex lock; // guards running
+    std::map<const BSP_INPUT_THREAD_S *, std::unique_ptr<Monitor>> running;
+};
+tagMONITORS_S &monitors()
+{
+    static auto *pstMonitors = new tagMONITORS_S;
+    return *pstMonitors;
+}
+
+/// The name of a device; empty when it is no plain file name.
+std::string nameOf(const BSP_INPUT_THREAD_S &stInput)
+{
+    const std::string strName(stInput.acDeviceName, strnlen(stInput.acDeviceName, sizeof(stInput.acDeviceName)));
+    return strName.find('/') == std::string::npos && strName != "." && strName != ".." ? strName : "";
+}
+
+std::string machineFolder()
+{
+    const BU_CHAR *pcFolder = std::getenv("CAMERA_INPUT");
+    return pcFolder ? pcFolder : "/dev/input";
+}
+} // namespace
+
+BU_S32 BSP_INPUT_StartMonitorEvent(BSP_INPUT_THREAD_S *pstInput)
+{
+    const std::string strName = pstInput ? nameOf(*pstInput) : "";
+    if (const auto injected = journal::call(__func__, strName.c_str())) return *injected;
+    if (strName.empty() || !pstInput->pfEventCb) return -1;
+    const std::lock_guard guard(monitors().lock);
+    auto &monitor = monitors().running[pstInput];
+    if (monitor) return -1;
+    monitor = Monitor::start(strName, machineFolder(), pstInput->pfEventCb);
+    if (!monitor) {
+        LOG_ERROR("input device %s: %s", strName.c_str(), std::strerror(errno));
+        monitors().running.erase(pstInput);
+        return -1;
+    }
+    pstInput->s32Pid = monitor->thread();
+    pstInput->bStart = BU_TRUE;
+    PLATFORM_AddEndpoint("input:" + monitor->link());
+    return 0;
+}
+
+BU_S32 BSP_INPUT_StopMonitorEvent(BSP_INPUT_THREAD_S *pstInput)
+{
+    if (const auto injected = journal::call(__func__, pstInput ? nameOf(*pstInput).c_str() : nullptr)) return *injected;
+    std::unique_lock guard(monitors().lock);
+    const auto entry = monitors().running.find(pstInput);
+    if (entry == monitors().running.end() || entry->second->thread() == gettid()) return -1;
+    const auto ending = monitors().running.extract(entry); // ends, with its thread, after the lock is free
+    guard.unlock();
+    pstInput->s32Pid = 0;
+    pstInput->bStart = BU_FALSE;
+    return 0;
+}

@@ -1,0 +1,150 @@
+// Start of the menu, what it tells in words, and the described menu against the service's table.
+#include "board/profile.h"
+#include "camera/image.h"
+#include "camera/menu.h"
+#include "camera/systemService.h"
+#include "description.h"
+#include "menu/menu.h"
+#include "menu/menuParam.h"
+#include "support/platformTest.h"
+
+#include <algorithm>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+class MenuStart : public PlatformTest
+{
+protected:
+    MenuStart() { BSP_PROFILE_Load("TKV-MX"); }
+    ~MenuStart() override { BSP_PROFILE_Load("TKV-MX"); }
+
+    static std::string answer(OSD_MENU_GET_EVENT_E enEvent)
+    {
+        OSD_MENU_CONTROL_PARAM_S st{"unchanged"};
+        OSD_MENU_EventHandler(nullptr, enEvent, &st);
+        return st.acVersion;
+    }
+    void profile(const std::string &strJson)
+    {
+        std::filesystem::create_directories(root() + "/app/profiles");
+        std::ofstream(root() + "/app/profiles/own.json") << strJson;
+        BSP_PROFILE_Load("own");
+    }
+    static std::string shippedProfile(const std::string &strModel)
+    {
+        std::ifstream file(CAMERA_SOURCE_DIR "/platform/board/profiles/" + strModel + ".json");
+        return (std::stringstream() << file.rdbuf()).str();
+    }
+};
+
+TEST_F(MenuStart, GeometryFollowsTheModel)
+{
+    struct {
+        const char *pcModel, *pcCfg;
+    } const rows[] = {{"TKV-MX", "{0, 0, 0.2, 0.333333, 1, 1, 1}"},
+                      {"QLS-500", "{0, 0, 0.333333, 0.5, 1, 1, 0}"},
+                      {"minimal", "{0, 0, 0.2, 0.333333, 1, 1, 0}"}};
+    for (const auto &row : rows) {
+        BSP_PROFILE_Load(row.pcModel);
+        journal::effects();
+        EXPECT_EQ(OSD_MENU_RegisterModule(), 0);
+        EXPECT_THAT(journal::effects(), ElementsAre("OSD_MENU_InitSdkRes(" + std::string(row.pcCfg) + ", 1, 1, NULL)",
+                                                    "Osd_GetVersionCallback(1, NULL)", "OSD_PROMPT_Init()"))
+            << row.pcModel;
+    }
+}
+
+TEST_F(MenuStart, StopsAtTheFirstFailure)
+{
+    journal::inject("MPP_GetVoutCfg", -5);
+    EXPECT_EQ(OSD_MENU_RegisterModule(), -5);
+    EXPECT_THAT(journal::effects(), IsEmpty());
+    journal::inject("OSD_MENU_InitSdkRes", 3);
+    EXPECT_EQ(OSD_MENU_RegisterModule(), -1);
+    EXPECT_THAT(journal::effects(), ElementsAre(testing::StartsWith("OSD_MENU_InitSdkRes")));
+}
+
+TEST_F(MenuStart, FirmwareIsTheReleaseOfNdiAndTheCamerasBuild)
+{
+    struct {
+        const char *pcNdi, *pcFirmware;
+    } const rows[] = {{"NDI SDK 2024 5.6.1", "Tarvolk_MX_5.6.12"},
+                      {"5.6.1", "Tarvolk_MX_5.6.12"},
+                      {"NDI 5.6", "Tarvolk_MX_12"},
+                      {"NDI 5", "Tarvolk_MX_12"},
+                      {"NDI 5.6.1.9 ", "Tarvolk_MX_12"},
+                      {"NDI 6.0.1.9", "Tarvolk_MX_6.0.12"}};
+    std::string strProfile = shippedProfile("TKV-MX");
+    const std::string strBefore = "\"isp\":";
+    for (const auto &row : rows) {
+        std::string strJson = strProfile;
+        strJson.insert(strJson.find(strBefore), "\"ndi\": \"" + std::string(row.pcNdi) + "\", ");
+        profile(strJson);
+        EXPECT_EQ(answer(OSD_MENU_GET_FW_E_VERSION_INFO), row.pcFirmware) << row.pcNdi;
+    }
+}
+
+TEST_F(MenuStart, TellsTheOutputAndTheKeysOfItsRate)
+{
+    struct {
+        const char *pcFormat, *pcFps, *pcText, *pcSpeed, *pcValue;
+    } const rows[] = {{"Format-1080P", "Fps59p94", "1080P59.94", "ShutterSpeedFps60", "ShutterValueFps60"},
+                      {"Format-4K", "Fps50", "4K50", "ShutterSpeedFps50", "ShutterValueFps50"},
+                      {"Format-1080I", "Fps60", "1080I60", "ShutterSpeedFps60", "ShutterValueFps60"},
+                      {"Format-720P", "Fps24", "720P24", "ShutterSpeedFps24", "ShutterValueFps24"}};
+    for (const auto &row : rows) {
+        SYSTEM_API_SetHdmiCfg(row.pcFormat, row.pcFps, HDMI_CS_E_YUV422, BU_FALSE);
+        EXPECT_EQ(answer(OSD_MENU_GET_DEV_E_VIDEO_INFO), row.pcText);
+        EXPECT_EQ(answer(OSD_MENU_GET_SHUTTER_E_SPEED), row.pcSpeed);
+        EXPECT_EQ(answer(OSD_MENU_GET_SHUTTER_E_VALUE), row.pcValue);
+    }
+    for (const auto enEvent :
+         {OSD_MENU_GET_AF_E_VERSION_INFO, OSD_MENU_GET_ISP_E_VERSION_INFO, OSD_MENU_GET_AI_E_VERSION_INFO})
+        EXPECT_NE(answer(enEvent), "unchanged") << enEvent;
+    for (const BU_S32 s32Event : {5, 6, 7, 8, 9, 10, 11, 14, -1}) {
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(answer(static_cast<OSD_MENU_GET_EVENT_E>(s32Event)), "unchanged") << s32Event;
+        EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::EndsWith("unknown event\n"));
+    }
+}
+
+/// Items that the service does not know would only ever say "Not accepted".
+TEST_F(MenuStart, TheServiceKnowsEveryDescribedItem)
+{
+    std::ifstream file(CAMERA_SOURCE_DIR "/platform/menu/menu.json");
+    const auto description = menu::readDescription((std::stringstream() << file.rdbuf()).str());
+    std::set<std::string> known;
+    for (const MENU_PARAM_MAP_S &st : menuParamTable()) known.insert(st.acParam);
+    for (const auto &page : description.listPages)
+        for (const auto &item : page.listItems)
+            if (item.enKind != menu::Kind::PAGE && item.enKind != menu::Kind::INFO) {
+                EXPECT_TRUE(known.contains(item.strKey)) << item.strKey;
+            }
+}
+
+TEST_F(MenuStart, KeysReachTheSettingAndTheStore)
+{
+    OSD_MENU_InitOpensourceRes();
+    ASSERT_EQ(OSD_MENU_RegisterModule(), 0);
+    CMD_MENU_HandleMenuBtn();
+    for (const auto pfnKey : {CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn, CMD_MENU_HandeRightBtn}) pfnKey();
+    journal::effects();
+    clock().advance(0);
+    EXPECT_THAT(journal::effects(), Contains("ISP_API_SetBrightness(0, 8, 1, 1)"));
+    BU_S32 s32Stored = 0;
+    EXPECT_EQ(CFG_STORE_GetInt("Image0/Brightness", &s32Stored), 0);
+    EXPECT_EQ(s32Stored, 8);
+    CMD_MENU_OnlyReturnMenu();
+    CMD_MENU_HandeUpBtn(); // the last item of the first page: exit
+    CMD_MENU_HandeHomeBtn();
+    clock().advance(0);
+    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 0);
+}
+} // namespace

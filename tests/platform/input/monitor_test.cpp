@@ -1,0 +1,327 @@
+// The monitor of a device, driven through its pseudo-terminal and through an event file of the machine.
+#include "board/input.h"
+
+#include "support/platformTest.h"
+#include "util/fileDescriptor.h"
+
+#include <array>
+#include <condition_variable>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <linux/input.h>
+#include <mutex>
+#include <optional>
+#include <stdarg.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+/// What the callbacks got: "+30" a press, "-30" a release, "*30" a repeat, with the device's first letter before it.
+class Heard
+{
+public:
+    void add(char cDevice, const input_event *pstEvent)
+    {
+        if (pstEvent->type != EV_KEY) return;
+        const std::lock_guard guard(m_lock);
+        m_u64Count++;
+        if (m_list.size() < 1000)
+            m_list.push_back(std::string(1, cDevice) + "-+*"[pstEvent->value] + std::to_string(pstEvent->code));
+        m_changed.notify_all();
+    }
+    /// Takes what has been heard once it is so many.
+    std::vector<std::string> take(std::size_t count)
+    {
+        std::unique_lock guard(m_lock);
+        m_changed.wait_for(guard, 10s, [&] { return m_list.size() >= count; });
+        return std::exchange(m_list, {});
+    }
+    bool waitFor(BU_U64 u64Count)
+    {
+        std::unique_lock guard(m_lock);
+        return m_changed.wait_for(guard, 60s, [&] { return m_u64Count >= u64Count; });
+    }
+    void reset() { *this = {}; }
+    Heard &operator=(const Heard &)
+    {
+        m_u64Count = 0;
+        m_list.clear();
+        return *this;
+    }
+
+private:
+    std::mutex m_lock; // guards the two below
+    std::vector<std::string> m_list;
+    BU_U64 m_u64Count = 0;
+    std::condition_variable m_changed;
+};
+Heard g_heard;
+
+class MonitorTest : public PlatformTest
+{
+protected:
+    MonitorTest()
+    {
+        fs::create_directories(machine());
+        setenv("CAMERA_INPUT", machine().c_str(), 1);
+        g_heard.reset();
+        std::strcpy(m_astInput[0].acDeviceName, "NecSr");
+        std::strcpy(m_astInput[1].acDeviceName, "BigOne");
+        m_astInput[0].pfEventCb = [](const input_event *pstEvent) { g_heard.add('N', pstEvent); };
+        m_astInput[1].pfEventCb = [](const input_event *pstEvent) { g_heard.add('B', pstEvent); };
+    }
+    ~MonitorTest() override
+    {
+        for (auto &stInput : m_astInput)
+            if (stInput.bStart) BSP_INPUT_StopMonitorEvent(&stInput);
+    }
+    std::string machine() const { return root() + "/machine"; }
+    std::string link() const { return root() + "/dev/input/NecSr"; }
+    void start(int i = 0) { ASSERT_EQ(BSP_INPUT_StartMonitorEvent(&m_astInput[i]), 0); }
+
+    static util::FileDescriptor openDevice(const std::string &strPath)
+    {
+        for (int i = 0; i < 1000; ++i) { // it may be on its way
+            util::FileDescriptor clDevice(open(strPath.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+            if (clDevice >= 0) return clDevice;
+            std::this_thread::sleep_for(10ms);
+        }
+        return util::FileDescriptor();
+    }
+    static void send(int fd, std::initializer_list<std::array<int, 3>> events)
+    {
+        for (const auto &[s32Type, s32Code, s32Value] : events) {
+            input_event stEvent{};
+            stEvent.type = static_cast<BU_U16>(s32Type);
+            stEvent.code = static_cast<BU_U16>(s32Code);
+            stEvent.value = s32Value;
+            EXPECT_EQ(write(fd, &stEvent, sizeof(stEvent)), ssize_t{sizeof(stEvent)});
+        }
+    }
+
+    std::array<BSP_INPUT_THREAD_S, 2> m_astInput{};
+};
+
+TEST_F(MonitorTest, EachDeviceHasItsOwnThreadAndCallback)
+{
+    start(0);
+    start(1);
+    EXPECT_NE(m_astInput[0].s32Pid, 0);
+    EXPECT_NE(m_astInput[0].s32Pid, m_astInput[1].s32Pid);
+    {
+        const auto clSmall = openDevice(link());
+        send(clSmall, {{EV_MSC, MSC_SCAN, 5}, {EV_KEY, 30, 1}, {EV_SYN, 0, 0}, {EV_KEY, 30, 0}});
+    }
+    EXPECT_THAT(g_heard.take(2), ElementsAre("N+30", "N-30"));
+    const auto clBig = openDevice(root() + "/dev/input/BigOne"); // remotes come and go
+    send(clBig, {{EV_KEY, 511, 1}, {EV_KEY, 511, 2}});
+    EXPECT_THAT(g_heard.take(2), ElementsAre("B+511", "B*511"));
+    EXPECT_EQ(BSP_INPUT_StopMonitorEvent(&m_astInput[0]), 0);
+    EXPECT_EQ(m_astInput[0].s32Pid, 0);
+    EXPECT_FALSE(fs::exists(link()));
+    EXPECT_EQ(BSP_INPUT_StopMonitorEvent(&m_astInput[0]), -1);
+}
+
+TEST_F(MonitorTest, Refusals)
+{
+    EXPECT_EQ(BSP_INPUT_StartMonitorEvent(nullptr), -1);
+    for (const char *pcName : {"", ".", "..", "../NecSr", "a/b"}) {
+        BSP_INPUT_THREAD_S stInput = m_astInput[0];
+        std::strcpy(stInput.acDeviceName, pcName);
+        EXPECT_EQ(BSP_INPUT_StartMonitorEvent(&stInput), -1) << pcName;
+    }
+    BSP_INPUT_THREAD_S stNoCallback = m_astInput[0];
+    stNoCallback.pfEventCb = nullptr;
+    EXPECT_EQ(BSP_INPUT_StartMonitorEvent(&stNoCallback), -1);
+    start();
+    EXPECT_EQ(BSP_INPUT_StartMonitorEvent(&m_astInput[0]), -1);
+    fs::create_directories(root() + "/dev/input/BigOne/in the way");
+    EXPECT_EQ(BSP_INPUT_StartMonitorEvent(&m_astInput[1]), -1);
+    EXPECT_EQ(m_astInput[1].s32Pid, 0);
+}
+
+TEST_F(MonitorTest, LostReleaseOfAMotorKeyIsMadeUpForAfterFiveSilentSeconds)
+{
+    start();
+    const auto clDevice = openDevice(link());
+    send(clDevice, {{EV_KEY, 8, 1}, {EV_KEY, 249, 1}, {EV_KEY, 15, 1}, {EV_KEY, 32, 1}, {EV_KEY, 3 << 7 | 29, 1}});
+    g_heard.take(5);
+    clock().advance(4999);
+    send(clDevice, {{EV_KEY, 9, 1}}); // nothing was released before it
+    EXPECT_THAT(g_heard.take(1), ElementsAre("N+9"));
+    clock().advance(1);
+    EXPECT_THAT(g_heard.take(2), testing::UnorderedElementsAre("N-32", "N-413"));
+    clock().advance(60000);
+    send(clDevice, {{EV_KEY, 9, 0}}); // keys without a motor are held as long as they are
+    EXPECT_THAT(g_heard.take(1), ElementsAre("N-9"));
+}
+
+TEST_F(MonitorTest, AKeyThatIsHeardStaysHeld)
+{
+    start();
+    const auto clDevice = openDevice(link());
+    send(clDevice, {{EV_KEY, 32, 1}});
+    for (int i = 0; i < 4; ++i) { // repeats and scan codes in turn, and a marker that tells when they have arrived
+        clock().advance(4000);
+        send(clDevice, {{i % 2 ? EV_KEY : EV_MSC, i % 2 ? 32 : MSC_SCAN, 2}, {EV_KEY, 200, 0}});
+        for (std::vector<std::string> heard; heard.empty() || heard.back() != "N-200";) {
+            heard = g_heard.take(1);
+            EXPECT_THAT(heard, Not(Contains("N-32")));
+        }
+    }
+    clock().advance(4999);
+    send(clDevice, {{EV_KEY, 200, 0}});
+    EXPECT_THAT(g_heard.take(1), ElementsAre("N-200"));
+    clock().advance(1);
+    EXPECT_THAT(g_heard.take(1), ElementsAre("N-32"));
+    send(clDevice, {{EV_KEY, 32, 1}, {EV_KEY, 32, 0}}); // and the next move is watched again
+    g_heard.take(2);
+    clock().advance(10000);
+    send(clDevice, {{EV_KEY, 33, 1}});
+    EXPECT_THAT(g_heard.take(1), ElementsAre("N+33"));
+    clock().advance(5000);
+    EXPECT_THAT(g_heard.take(1), ElementsAre("N-33"));
+}
+
+TEST_F(MonitorTest, DeviceThatVanishesReleasesItsKeysAndReturns)
+{
+    start();
+    const struct {
+        std::string strWhat;
+        std::function<void()> vanish;
+    } rows[] = {{"removed", [&] { fs::remove(link()); }},
+                {"replaced", [&] { std::ofstream(link() + ".file") << "x", fs::rename(link() + ".file", link()); }},
+                {"renamed", [&] { fs::rename(link(), link() + ".away"); }},
+                {"folder renamed", [&] { fs::rename(root() + "/dev/input", root() + "/dev/away"); }},
+                {"removed again", [&] { fs::remove(link()); }}};
+    for (const auto &row : rows) {
+        {
+            const auto clDevice = openDevice(link());
+            send(clDevice, {{EV_KEY, 8, 1}, {EV_KEY, 32, 1}});
+            EXPECT_EQ(write(clDevice, "\x01\x02\x03", 3), 3);
+            g_heard.take(2);
+        }
+        row.vanish();
+        EXPECT_THAT(g_heard.take(2), ElementsAre("N-8", "N-32")) << row.strWhat;
+        for (int i = 0; i < 1000 && !fs::is_symlink(link()); ++i) std::this_thread::sleep_for(5ms);
+        const auto clDevice = openDevice(link());
+        clock().advance(500); // whatever part of a record was left is old by now
+        send(clDevice, {{EV_KEY, 30, 1}, {EV_KEY, 30, 0}});
+        EXPECT_THAT(g_heard.take(2), ElementsAre("N+30", "N-30")) << row.strWhat;
+    }
+}
+
+TEST_F(MonitorTest, StormsArriveWholeAndEndWithNothingHeld)
+{
+    constexpr BU_U64 EVENTS = 400'000;
+    start();
+    const auto clDevice = openDevice(link());
+    std::vector<input_event> events(1000);
+    for (std::size_t i = 0; i < events.size(); ++i) {
+        events[i].type = EV_KEY;
+        events[i].code = static_cast<BU_U16>(1 + i / 2 % 511);
+        events[i].value = i % 2 == 0;
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    for (BU_U64 sent = 0; sent < EVENTS; sent += events.size()) {
+        const auto *pcBytes = reinterpret_cast<const char *>(events.data());
+        for (std::size_t left = events.size() * sizeof(input_event); left > 0;) {
+            const ssize_t size = write(clDevice, pcBytes, left);
+            ASSERT_GT(size, 0);
+            pcBytes += size;
+            left -= static_cast<std::size_t>(size);
+        }
+    }
+    ASSERT_TRUE(g_heard.waitFor(EVENTS));
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    RecordProperty("eventsPerSecond", static_cast<int>(EVENTS / took.count()));
+    g_heard.reset();
+    clock().advance(60000);
+    send(clDevice, {{EV_KEY, 30, 1}});
+    EXPECT_THAT(g_heard.take(1), ElementsAre("N+30"));
+}
+
+TEST_F(MonitorTest, GarbageFloodsLeaveItReading)
+{
+    start();
+    const auto clDevice = openDevice(link());
+    std::vector<BU_U8> bytes(1 << 20);
+    BU_U32 u32 = 1;
+    for (BU_U8 &u8 : bytes) u8 = static_cast<BU_U8>((u32 = u32 * 1664525 + 1013904223) >> 24 | 0x80);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const ssize_t size = write(clDevice, bytes.data() + at, bytes.size() - at);
+        ASSERT_GT(size, 0);
+        at += static_cast<std::size_t>(size);
+    }
+    send(clDevice, {{EV_KEY, 30, 1}, {EV_KEY, 30, 0}, {EV_KEY, 30, 1}, {EV_KEY, 30, 0}});
+    EXPECT_THAT(g_heard.take(4), ElementsAre("N+30", "N-30", "N+30", "N-30"));
+}
+
+/// A FIFO with the answers of an event device named "NecSr".
+class EventFile : public MonitorTest
+{
+protected:
+    std::string plugIn()
+    {
+        const std::string strPath = machine() + "/event3";
+        EXPECT_EQ(mkfifo(strPath.c_str(), 0600), 0);
+        return strPath;
+    }
+    void cycle(bool bBefore)
+    {
+        std::string strPath;
+        if (bBefore) strPath = plugIn();
+        start();
+        if (!bBefore) strPath = plugIn();
+        for (int i = 0; i < 2; ++i) {
+            {
+                const auto clDevice = openDevice(strPath); // returns when the monitor has opened it
+                send(clDevice, {{EV_KEY, 32, 1}, {EV_SYN, 0, 0}, {EV_KEY, 8, 1}, {EV_SYN, 0, 0}});
+                EXPECT_THAT(g_heard.take(2), ElementsAre("N+32", "N+8"));
+                fs::remove(strPath);
+            } // gone
+            EXPECT_THAT(g_heard.take(2), ElementsAre("N-8", "N-32"));
+            strPath = plugIn();
+        }
+        const auto clTerminal = openDevice(link());
+        send(clTerminal, {{EV_KEY, 30, 1}});
+        EXPECT_THAT(g_heard.take(1), ElementsAre("N+30"));
+    }
+};
+TEST_F(EventFile, PresentAtTheStart) { cycle(true); }
+TEST_F(EventFile, ComesLater) { cycle(false); }
+} // namespace
+
+/// Event devices cannot be made here: a FIFO answers the questions of one, everything else goes to the kernel.
+extern "C" int ioctl(int fd, unsigned long request, ...) noexcept
+{
+    va_list args;
+    va_start(args, request);
+    void *pvArg = va_arg(args, void *);
+    va_end(args);
+    struct stat stFile {
+    };
+    if (_IOC_TYPE(request) != 'E' || fstat(fd, &stFile) != 0 || !S_ISFIFO(stFile.st_mode))
+        return static_cast<int>(syscall(SYS_ioctl, fd, request, pvArg));
+    const std::size_t size = _IOC_SIZE(request);
+    if (_IOC_DIR(request) != _IOC_READ) return 0;
+    std::memset(pvArg, 0, size);
+    const unsigned u32Number = _IOC_NR(request);
+    if (u32Number == _IOC_NR(EVIOCGNAME(0))) return std::snprintf(static_cast<char *>(pvArg), size, "NecSr") + 1;
+    if (u32Number == _IOC_NR(EVIOCGBIT(0, 0)))
+        static_cast<BU_U8 *>(pvArg)[0] = 1 << EV_SYN | 1 << EV_KEY;
+    else if (u32Number == _IOC_NR(EVIOCGBIT(EV_KEY, 0)))
+        std::memset(pvArg, 0xFF, std::min<std::size_t>(size, 64));
+    return static_cast<int>(size);
+}

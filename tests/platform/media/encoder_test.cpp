@@ -1,0 +1,282 @@
+// The running pipeline: from the settings of an encoder to what a reader gets.
+#include "decoder.h"
+#include "mediaTest.h"
+
+#include "camera/systemService.h"
+#include "util/thread.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <future>
+#include <map>
+#include <string>
+
+namespace
+{
+constexpr BU_S32 CACHE = 2, CHN = 1; // close-up sub
+
+class Encoder : public MediaTest
+{
+protected:
+    STREAM_CACHE_S *m_pstCache = STREAM_getStreamCacheById(CACHE);
+    BU_S32 reconfigure(const MPP_VENC_PARAM_S &st, BU_BOOL bSaveCfg = BU_FALSE)
+    {
+        STREAM_stopListenStreamSource_VENC(CHN);
+        MPP_DisableVenc(MPP_GetVencSource(CHN), CHN, bSaveCfg);
+        const BU_S32 s32Ret = MPP_EnableVenc(MPP_PIPE_USAGE_E_CLOSEUP_FULL, CHN, &st, nullptr, bSaveCfg);
+        STREAM_startListenStreamSource_VENC(CHN);
+        return s32Ret;
+    }
+};
+
+TEST_F(Encoder, StreamHasItsCodecSizeAndRate)
+{
+    const struct {
+        MPP_VENC_FORMAT_E enType;
+        BU_S32 s32StreamType;
+    } astCases[] = {{MPP_VENC_FORMAT_E_H264, STREAM_TYPE_H264},
+                    {MPP_VENC_FORMAT_E_H265, STREAM_TYPE_H265},
+                    {MPP_VENC_FORMAT_E_MJPEG, STREAM_TYPE_MJPEG}};
+    for (const auto &st : astCases) {
+        ASSERT_EQ(reconfigure(smallVideo(st.enType)), 0);
+        const STREAM_PACKET_METADATA_S stExpected{st.s32StreamType, 160, 90, 60, 1, 0, 0, 0};
+        EXPECT_EQ(STREAM_getStreamCacheMetadata(m_pstCache), stExpected);
+        TestReader reader(CACHE);
+        Decoder decoder(st.s32StreamType);
+        auto stPacket = reader.read();
+        EXPECT_TRUE(stPacket.bKeyFrame);
+        EXPECT_EQ(decoder.decode(stPacket.vec).s32Width, 160);
+        for (int i = 0; i < 4; ++i) {
+            const auto stNext = reader.read();
+            const auto dFrames = static_cast<double>(stNext.u64Timestamp - stPacket.u64Timestamp) * 60 / 1e6;
+            EXPECT_NEAR(dFrames, std::round(dFrames), 0.001); // on the output's grid
+            EXPECT_EQ(decoder.decode(stNext.vec).s32Height, 90);
+            stPacket = stNext;
+        }
+    }
+}
+
+TEST_F(Encoder, KeyFramesOnRequestAreLimited)
+{
+    TestReader reader(CACHE);
+    reader.read(); // a key frame of the start
+    BU_U64 u64First = 0, u64Last = 0;
+    std::vector<BU_U64> keys;
+    do {
+        EXPECT_EQ(reader->requestKeyFrame(), 0);
+        const auto st = reader.read();
+        if (u64First == 0) u64First = st.u64Timestamp;
+        if (st.bKeyFrame) keys.push_back(st.u64Timestamp);
+        u64Last = st.u64Timestamp;
+    } while (u64Last < u64First + 1'200'000);
+    ASSERT_EQ(keys.size(), 3U); // at once, and twice in a second
+    EXPECT_LE(keys[0] - u64First, 50'000U);
+    EXPECT_GE(keys[1] - keys[0], 500'000U);
+    EXPECT_GE(keys[2] - keys[1], 500'000U);
+}
+
+TEST_F(Encoder, GroupOfPicturesChangesWhileItRuns)
+{
+    TestReader reader(CACHE);
+    MPP_VENC_PARAM_S st = smallVideo();
+    st.u32GOP = 3;
+    reader.read();
+    MPP_EnableVenc(MPP_PIPE_USAGE_E_CLOSEUP_FULL, CHN, &st, nullptr, BU_FALSE);
+    std::string strKeys;
+    while (strKeys.size() < 13) strKeys += reader.read().bKeyFrame ? 'K' : '.';
+    EXPECT_THAT(strKeys, testing::HasSubstr("K..K..K"));
+}
+
+TEST_F(Encoder, SizeChangesWhileSomebodyReads)
+{
+    TestReader reader(CACHE);
+    std::promise<BU_S32> told;
+    STREAM_registerCacheMetadataHandler(m_pstCache, "test", [&] {
+        const BU_S32 s32Width = STREAM_getStreamCacheMetadata(m_pstCache).s32Width;
+        if (s32Width == 160) return 0; // the first opening may be told late
+        told.set_value(s32Width);
+        return STREAM_unregisterCacheMetadataHandler(m_pstCache, "test");
+    });
+    Decoder decoder(STREAM_TYPE_H264);
+    EXPECT_EQ(decoder.decode(reader.read().vec).s32Width, 160);
+    MPP_VENC_PARAM_S st = smallVideo();
+    st.u32Width = 320;
+    st.u32Height = 180;
+    ASSERT_EQ(reconfigure(st), 0);
+    EXPECT_EQ(soon(told), 320);
+    TestReader::Packet stPacket;
+    int s32Width = 0;
+    for (int i = 0; i < 300 && s32Width != 320; ++i) s32Width = decoder.decode((stPacket = reader.read()).vec).s32Width;
+    EXPECT_EQ(s32Width, 320);
+    EXPECT_TRUE(stPacket.bKeyFrame); // the first of the new size
+}
+
+TEST_F(Encoder, HandlersHearWithoutAViewerAndOnlyOfChanges)
+{
+    std::promise<BU_S32> told;
+    int s32Calls = 0;
+    STREAM_registerCacheMetadataHandler(m_pstCache, "test", [&] {
+        ++s32Calls;
+        told.set_value(STREAM_getStreamCacheMetadata(m_pstCache).s32EncodeType);
+        return 0;
+    });
+    reconfigure(smallVideo());
+    reconfigure(smallVideo(MPP_VENC_FORMAT_E_H265));
+    EXPECT_EQ(soon(told), STREAM_TYPE_H265);
+    EXPECT_EQ(s32Calls, 1);
+    STREAM_unregisterCacheMetadataHandler(m_pstCache, "test");
+}
+
+TEST_F(Encoder, OutputRateLimitsAndIsTold)
+{
+    std::promise<BU_S32> told;
+    STREAM_registerCacheMetadataHandler(m_pstCache, "test", [&] {
+        told.set_value(STREAM_getStreamCacheMetadata(m_pstCache).s32FrameRateNum);
+        return STREAM_unregisterCacheMetadataHandler(m_pstCache, "test");
+    });
+    ASSERT_EQ(SYSTEM_API_SetHdmiCfg("Format-1080P", "Fps25", 0, BU_FALSE), 0);
+    EXPECT_EQ(soon(told), 25);
+    MPP_VENC_PARAM_S st{};
+    EXPECT_EQ(MPP_GetVencChnStatus(CHN, st, BU_FALSE), 1);
+    EXPECT_EQ(st.u32FrmRate, 60U);
+    EXPECT_EQ(st.u32RunFrmRate, 25U);
+    EXPECT_EQ(st.s32SrcFps, 25);
+    TestReader reader(CACHE);
+    BU_U64 u64Last = reader.read().u64Timestamp;
+    for (int i = 0; i < 3; ++i) {
+        const BU_U64 u64 = reader.read().u64Timestamp;
+        EXPECT_EQ((u64 - u64Last) % 40'000, 0U);
+        u64Last = u64;
+    }
+}
+
+TEST_F(Encoder, RefusedParametersLeaveItRunning)
+{
+    MPP_VENC_PARAM_S stBad = smallVideo(), stNow{};
+    stBad.u32Width = 10'000;
+    TestReader reader(CACHE);
+    reader.read();
+    EXPECT_EQ(MPP_EnableVenc(MPP_PIPE_USAGE_E_CLOSEUP_FULL, CHN, &stBad, nullptr, BU_TRUE), -1);
+    stBad = smallVideo();
+    EXPECT_EQ(MPP_EnableVenc(MPP_PIPE_USAGE_E_BUTT, CHN, &stBad, nullptr, BU_TRUE), -1);
+    EXPECT_EQ(MPP_EnableVenc(0, MPP_VENC_CHN_MAX, &stBad, nullptr, BU_TRUE), -1);
+    EXPECT_EQ(MPP_EnableVenc(0, CHN, nullptr, nullptr, BU_TRUE), -1);
+    EXPECT_EQ(MPP_GetVencChnStatus(CHN, stNow, BU_FALSE), 1);
+    EXPECT_EQ(stNow.u32Width, 160U);
+    reader.read();
+}
+
+TEST_F(Encoder, StoredParametersComeBack)
+{
+    MPP_VENC_PARAM_S stStored = smallVideo(MPP_VENC_FORMAT_E_H265), st{};
+    stStored.u32BitRate = 321;
+    stStored.enRcMode = MPP_VENC_RC_MODE_VBR;
+    reconfigure(stStored, BU_TRUE);
+    reconfigure(smallVideo());
+    MPP_GetVencChnStatus(CHN, st, BU_TRUE);
+    EXPECT_EQ(st.u32BitRate, 321U);
+    MPP_GetVencChnStatus(CHN, st, BU_FALSE);
+    EXPECT_EQ(st.u32BitRate, 200U);
+    const auto restart = [&] { return MPP_InitStream(), MPP_GetVencChnStatus(CHN, st, BU_FALSE); };
+    EXPECT_EQ(restart(), 1);
+    EXPECT_EQ(st.enType, MPP_VENC_FORMAT_E_H265);
+    EXPECT_EQ(st.enRcMode, MPP_VENC_RC_MODE_VBR);
+    CFG_STORE_SetInt("Venc/1/Width", 77); // what no encoder takes: the default
+    EXPECT_EQ(restart(), 1);
+    EXPECT_EQ(st.u32Width, 640U);
+    MPP_DisableVenc(MPP_PIPE_USAGE_E_CLOSEUP_FULL, CHN, BU_TRUE);
+    EXPECT_EQ(restart(), 0);
+    EXPECT_EQ(st.u32Width, 0U);
+    EXPECT_EQ(STREAM_getStreamCacheCurrentVencChn(CACHE), -1);
+    EXPECT_EQ(STREAM_getStreamCacheMetadata(m_pstCache), STREAM_PACKET_METADATA_S{});
+}
+
+/// A borrowed channel: raw packets go to a function that may be held up until the channel is disabled.
+TEST_F(Encoder, FrameFunctionGetsThePacketsUntilItIsDisabled)
+{
+    std::promise<void> third;
+    std::atomic<bool> bReturned = false;
+    std::vector<BU_S32> indices;
+    MPP_VENC_PARAM_S st = smallVideo(MPP_VENC_FORMAT_E_MJPEG);
+    const BU_S32 s32Free = MPP_GetUnusedVencChnId();
+    ASSERT_GE(s32Free, 4);
+    ASSERT_EQ(MPP_EnableVenc(
+                  MPP_PIPE_USAGE_E_PANORAMA_CROP0, s32Free, &st,
+                  [&](MPP_FRAME_INFO_S *pst) {
+                      EXPECT_EQ(static_cast<BU_U8 *>(pst->virt_addr)[1], 0xD8); // JPEG
+                      indices.push_back((*pst->ps32Index)++);
+                      if (indices.size() < 3) return 0;
+                      third.set_value();
+                      while (std::atomic_ref(pst->bEnable)) std::this_thread::yield();
+                      bReturned = true;
+                      return 0;
+                  },
+                  BU_FALSE),
+              0);
+    EXPECT_EQ(MPP_GetVencSource(s32Free), MPP_PIPE_USAGE_E_PANORAMA_CROP0);
+    soon(third);
+    EXPECT_EQ(MPP_DisableVenc(MPP_PIPE_USAGE_E_PANORAMA_CROP0, s32Free, BU_FALSE), 0);
+    EXPECT_TRUE(bReturned);
+    EXPECT_THAT(indices, testing::ElementsAre(0, 1, 2));
+    EXPECT_EQ(MPP_GetUnusedVencChnId(), s32Free);
+}
+
+TEST_F(Encoder, OneSensorHasNoPanorama)
+{
+    MPP_BUSINESS_CFG_S stCfg{};
+    stCfg.s32PipeCnt = 1;
+    stCfg.s32Width = stCfg.s32Height = 1080;
+    MPP_InitCfg(&stCfg);
+    EXPECT_EQ(MPP_GetVencSource(2), 15);
+    EXPECT_EQ(MPP_GetVencSource(0), MPP_PIPE_USAGE_E_CLOSEUP_FULL);
+    for (const BU_S32 s32Id : {0, 3, 4, 5, 7, -1}) EXPECT_EQ(STREAM_getStreamCacheById(s32Id), nullptr) << s32Id;
+    stCfg.s32PipeCnt = 2;
+    MPP_InitCfg(&stCfg);
+    EXPECT_NE(STREAM_getStreamCacheById(3), nullptr);
+}
+
+TEST_F(Encoder, SourceAndCacheCanBeDestroyedWhenIdle)
+{
+    {
+        TestReader reader(CACHE);
+        EXPECT_EQ(STREAM_isStreamCacheIdle(CACHE), 0);
+        EXPECT_EQ(STREAM_isStreamSourceIdle_VENC(CHN), 0);
+        EXPECT_EQ(STREAM_destroyStreamCache(CACHE, BU_TRUE), -1);
+        EXPECT_EQ(STREAM_destroyStreamSource_VENC(CHN, BU_TRUE), -1);
+    }
+    EXPECT_EQ(STREAM_isStreamCacheIdle(CACHE), 1);
+    EXPECT_EQ(STREAM_destroyStreamCache(CACHE, BU_TRUE), 0);
+    EXPECT_EQ(STREAM_destroyStreamSource_VENC(CHN, BU_TRUE), 0);
+    EXPECT_EQ(STREAM_getStreamSource_Venc(CHN), nullptr);
+    EXPECT_EQ(STREAM_startListenStreamSource_VENC(CHN), 0);
+    EXPECT_NE(STREAM_getStreamSource_Venc(CHN), nullptr);
+    TestReader(CACHE).read();
+}
+
+/// Times that the pipeline's threads gave up the processor, by their names.
+std::map<std::string, long> switches()
+{
+    std::map<std::string, long> counts;
+    for (const auto &entry : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::ifstream status(entry.path() / "status");
+        std::string strName, strLine;
+        while (std::getline(status, strLine)) {
+            if (strLine.starts_with("Name:\t")) strName = strLine.substr(6);
+            if (strLine.starts_with("voluntary_ctxt_switches:")) counts[strName] += std::stol(strLine.substr(24));
+        }
+    }
+    return counts;
+}
+
+TEST_F(Encoder, WhatNobodyConsumesSleeps)
+{
+    TestReader reader(CACHE);
+    for (int i = 0; i < 5; ++i) reader.read();
+    const auto before = switches();
+    for (int i = 0; i < 10; ++i) reader.read();
+    auto after = switches();
+    EXPECT_EQ(after["Panorama"], before.at("Panorama"));
+    EXPECT_GE(after["CloseUp"], before.at("CloseUp") + 5);
+}
+} // namespace

@@ -1,0 +1,137 @@
+// What a pipe renders for whom, driven step by step without its thread.
+#include "pipe.h"
+
+#include "camera/system.h"
+#include "mediaTest.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using media::FrameRate;
+using media::PictureTaker;
+using media::Pipe;
+using media::tagSIZE_S;
+
+namespace
+{
+constexpr FrameRate OUTPUT{60, 1};
+
+class Taker : public PictureTaker
+{
+public:
+    Taker(tagSIZE_S stSize, BU_S32 s32Rate) : m_stWish{stSize, *FrameRate::ofCode(s32Rate)} {}
+    std::optional<Wish> wish(FrameRate) override { return m_bWants ? std::optional(m_stWish) : std::nullopt; }
+    void take(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs) override
+    {
+        EXPECT_EQ(stFrame.s32Width, m_stWish.stSize.s32Width);
+        EXPECT_EQ(stFrame.s32Height, m_stWish.stSize.s32Height);
+        m_times.push_back(static_cast<BU_S64>(u64TimeUs));
+        m_u8Middle = stFrame.pu8Y[stFrame.s32Height / 2 * stFrame.s32StrideY + stFrame.s32Width / 2];
+    }
+    Wish m_stWish;
+    bool m_bWants = true;
+    std::vector<BU_S64> m_times;
+    int m_u8Middle = -1;
+};
+
+/// Renders what is due up to a frame of the output.
+int runTo(Pipe &pipe, BU_S64 s64End)
+{
+    int s32Rendered = 0;
+    for (BU_S64 s64Last = 599;; ++s32Rendered) {
+        const auto s64Next = pipe.nextFrame(OUTPUT, s64Last);
+        if (!s64Next || *s64Next > s64End) return s32Rendered;
+        pipe.render(OUTPUT, *s64Next);
+        s64Last = *s64Next;
+    }
+}
+
+TEST(Pipe, RendersOnceForAllWhoAreDue)
+{
+    Pipe pipe(media::PIPE_PANORAMA);
+    const auto pstMain = std::make_shared<Taker>(tagSIZE_S{320, 180}, 30),
+               pstSub = std::make_shared<Taker>(tagSIZE_S{160, 90}, 15),
+               pstOff = std::make_shared<Taker>(tagSIZE_S{640, 360}, 60);
+    pstOff->m_bWants = false;
+    for (const auto &pst : {pstMain, pstSub, pstOff}) pipe.add(pst);
+    EXPECT_EQ(runTo(pipe, 611), 6);
+    EXPECT_THAT(pstMain->m_times,
+                testing::ElementsAre(10'000'000, 10'033'333, 10'066'666, 10'100'000, 10'133'333, 10'166'666));
+    EXPECT_THAT(pstSub->m_times, testing::ElementsAre(10'000'000, 10'066'666, 10'133'333));
+    EXPECT_THAT(pstOff->m_times, testing::IsEmpty());
+    EXPECT_NEAR(pstMain->m_u8Middle, pstSub->m_u8Middle, 40); // the same place of the same scene
+}
+
+TEST(Pipe, NobodyWantsNothing)
+{
+    Pipe pipe(media::PIPE_PANORAMA);
+    const auto pst = std::make_shared<Taker>(tagSIZE_S{160, 90}, 60);
+    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 0));
+    pipe.add(pst);
+    EXPECT_EQ(pipe.nextFrame(OUTPUT, 41), 42);
+    pst->m_bWants = false;
+    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 42));
+    pst->m_bWants = true;
+    pipe.remove(pst.get());
+    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 42));
+}
+
+TEST(Pipe, OnceTakesTheVeryNext)
+{
+    Pipe pipe(media::PIPE_PANORAMA);
+    const auto pst = std::make_shared<Taker>(tagSIZE_S{160, 90}, 1);
+    pipe.add(pst);
+    EXPECT_EQ(pipe.nextFrame(OUTPUT, 600), 660);
+    pst->m_stWish.bOnce = true;
+    EXPECT_EQ(pipe.nextFrame(OUTPUT, 600), 601);
+    pipe.render(OUTPUT, 601);
+    EXPECT_EQ(pst->m_times.size(), 1U);
+}
+
+/// Keeps the whole luma of what it took last.
+class Keeper : public Taker
+{
+public:
+    using Taker::Taker;
+    void take(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs) override
+    {
+        Taker::take(stFrame, u64TimeUs);
+        m_vec.assign(stFrame.pu8Y, stFrame.pu8Y + stFrame.s32Width * stFrame.s32Height);
+    }
+    /// How many pixels of a part differ from another picture.
+    int differences(const Keeper &other, int x0, int y0, int x1, int y1) const
+    {
+        int n = 0;
+        for (int y = y0; y < y1; ++y)
+            for (int x = x0; x < x1; ++x)
+                n += m_vec[static_cast<std::size_t>(y * 320 + x)] != other.m_vec[static_cast<std::size_t>(y * 320 + x)];
+        return n;
+    }
+    std::vector<BU_U8> m_vec;
+};
+
+TEST_F(MediaTest, PictureInPictureLiesInItsCornerOfTheEncodersOnly)
+{
+    Pipe pipe(media::PIPE_CLOSE_UP), panorama(media::PIPE_PANORAMA);
+    const auto pstPlain = std::make_shared<Keeper>(tagSIZE_S{320, 180}, 60),
+               pstEncoder = std::make_shared<Keeper>(*pstPlain), pstPanorama = std::make_shared<Keeper>(*pstPlain);
+    pstEncoder->m_stWish.s32Target = 0;
+    pipe.add(pstPlain);
+    pipe.add(pstEncoder);
+    panorama.add(pstPanorama);
+    const auto show = [&](const MPP_PIP_CONFIG_S &stCfg) {
+        ASSERT_EQ(SYS_API_SetPipConfig(&stCfg, BU_FALSE, BU_TRUE), 0);
+        for (Pipe *pst : {&pipe, &panorama}) pst->render(OUTPUT, *pst->nextFrame(OUTPUT, 599));
+    };
+    show({0, 1, 0, BU_FALSE, MPP_PIP_POS_TOP_LEFT, MPP_PIP_SIZE_LARGE});
+    EXPECT_EQ(pstEncoder->differences(*pstPlain, 0, 0, 320, 180), 0);
+    show({0, 1, 0, BU_TRUE, MPP_PIP_POS_BOTTOM_RIGHT, MPP_PIP_SIZE_SMALL}); // 80 x 44, 8 from the edges
+    EXPECT_EQ(pstEncoder->differences(*pstPlain, 0, 0, 320, 128), 0);
+    EXPECT_EQ(pstEncoder->differences(*pstPlain, 0, 128, 232, 180), 0);
+    EXPECT_EQ(pstEncoder->differences(*pstPlain, 312, 128, 320, 180), 0);
+    EXPECT_GT(pstEncoder->differences(*pstPlain, 232, 128, 312, 172), 80 * 44 / 2);
+    show({1, 0, 0, BU_TRUE, MPP_PIP_POS_TOP_LEFT, MPP_PIP_SIZE_LARGE}); // the panorama with the close-up in it
+    EXPECT_EQ(pstEncoder->differences(*pstPanorama, 170, 0, 320, 180), 0);
+    EXPECT_GT(pstEncoder->differences(*pstPanorama, 8, 8, 168, 98), 160 * 90 / 2);
+}
+} // namespace

@@ -1,0 +1,257 @@
+// The ring of a cache: what readers and sinks get when the writer is ahead of them, and who is told what when.
+#include "streamCache.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <latch>
+#include <thread>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+struct tagTEST_PACKET_S {
+    STREAM_PACKET_S stPacket;
+    std::vector<BU_U8> vec;
+};
+constexpr BU_U64 FRAME_US = 33'333;
+
+/// Its contents are its number, again and again.
+STREAM_PACKET_REF packetOf(BU_U32 u32Number, bool bKey, std::size_t size = 8)
+{
+    auto pst = std::make_shared<tagTEST_PACKET_S>();
+    pst->vec.assign(size, static_cast<BU_U8>(u32Number));
+    pst->stPacket = {pst->vec.data(), static_cast<BU_U32>(size), u32Number * FRAME_US, bKey, STREAM_TYPE_H264};
+    return {pst, &pst->stPacket};
+}
+
+class StreamCache : public testing::Test
+{
+protected:
+    int m_s32Demands = 0, m_s32KeyRequests = 0;
+    STREAM_CACHE_S m_cache{{[this] { ++m_s32Demands; }, [this] { return ++m_s32KeyRequests, 0; }, [] { return 4000; }}};
+
+    void write(BU_U32 u32First, BU_U32 u32Count, BU_U32 u32Group, std::size_t size = 8)
+    {
+        for (BU_U32 i = u32First; i < u32First + u32Count; ++i) m_cache.write(packetOf(i, i % u32Group == 0, size));
+    }
+    /// The numbers of all packets that a reader gets without waiting.
+    std::vector<BU_U64> drain(media::tagPLACE_S &stPlace)
+    {
+        std::vector<BU_U64> numbers;
+        while (const auto pst = m_cache.read(stPlace, 0)) numbers.push_back(pst->u64Timestamp / FRAME_US);
+        return numbers;
+    }
+};
+
+TEST_F(StreamCache, WhereANewcomerStarts)
+{
+    const struct {
+        BU_U32 u32Group, u32Written;
+        std::vector<BU_U64> first;
+        int s32Requests;
+    } astCases[] = {
+        {10, 13, {10, 11, 12}, 0}, // a young key frame
+        {10, 11, {10}, 0},         // the very last packet
+        {60, 30, {}, 1},           // the key frame is a second old: a new one is asked for, once
+        {10, 0, {}, 1},            // nothing yet
+    };
+    for (const auto &st : astCases) {
+        m_s32KeyRequests = 0;
+        m_cache.join(); // without a consumer nothing is kept
+        write(0, st.u32Written, st.u32Group);
+        auto stPlace = m_cache.join();
+        EXPECT_EQ(drain(stPlace), st.first) << st.u32Group << ' ' << st.u32Written;
+        EXPECT_EQ(drain(stPlace), std::vector<BU_U64>());
+        EXPECT_EQ(m_s32KeyRequests, st.s32Requests);
+        m_cache.leave();
+        m_cache.leave();
+    }
+}
+
+TEST_F(StreamCache, SlowReaderGoesOnAtAKeyFrameAndHoldsUpNobody)
+{
+    auto stSlow = m_cache.join(), stFast = m_cache.join();
+    write(0, 1, 100);
+    EXPECT_THAT(drain(stSlow), ElementsAre(0));
+    std::vector<BU_U64> fast;
+    for (BU_U32 i = 0; i < 10; ++i) {
+        write(1 + i * 100, 100, 100);
+        for (const BU_U64 u64 : drain(stFast)) fast.push_back(u64);
+    }
+    EXPECT_EQ(fast.size(), 1001U);
+    const auto slow = drain(stSlow);
+    EXPECT_EQ(slow.front(), 800U); // 1000 - 255 = 745 is the oldest there is
+    EXPECT_EQ(slow.size(), 201U);
+}
+
+TEST_F(StreamCache, LosingTheLastKeyFrameAsksForOne)
+{
+    auto stPlace = m_cache.join();
+    m_cache.write(packetOf(0, true));
+    EXPECT_EQ(drain(stPlace).size(), 1U);
+    write(1, 300, 1000);
+    EXPECT_THAT(drain(stPlace), IsEmpty());
+    EXPECT_EQ(m_s32KeyRequests, 1);
+    m_cache.write(packetOf(301, true));
+    EXPECT_THAT(drain(stPlace), ElementsAre(301));
+}
+
+TEST_F(StreamCache, BoundedInBytesAndPacketsOutliveTheRing)
+{
+    auto stPlace = m_cache.join();
+    constexpr std::size_t MEGABYTE = 1 << 20;
+    m_cache.write(packetOf(0, true, MEGABYTE));
+    const auto pstHeld = m_cache.read(stPlace, 0);
+    std::weak_ptr<const STREAM_PACKET_S> wpst;
+    for (BU_U32 i = 1; i <= 40; ++i) {
+        auto pst = packetOf(i, true, MEGABYTE);
+        if (i == 20) wpst = pst;
+        m_cache.write(pst);
+        pst = nullptr;
+    }
+    EXPECT_TRUE(wpst.expired()); // 16 of them fit
+    EXPECT_EQ(pstHeld->pu8Data[MEGABYTE - 1], 0);
+    EXPECT_EQ(drain(stPlace).size(), 16U);
+}
+
+TEST_F(StreamCache, DemandIsToldOnceForAllConsumers)
+{
+    m_cache.join();
+    m_cache.join();
+    m_cache.addSink("a", [](const auto &) {});
+    m_cache.addSink("a", [](const auto &) {}); // in its place
+    EXPECT_EQ(m_s32Demands, 1);
+    m_cache.leave();
+    m_cache.leave();
+    EXPECT_TRUE(m_cache.isWanted());
+    EXPECT_TRUE(m_cache.removeSink("a"));
+    EXPECT_FALSE(m_cache.removeSink("a"));
+    EXPECT_EQ(m_s32Demands, 2);
+    EXPECT_FALSE(m_cache.isWanted());
+}
+
+TEST_F(StreamCache, SinkStartsAtAKeyFrameAndMayEndItself)
+{
+    std::vector<BU_U64> numbers;
+    m_cache.addSink("viewer", [&](const STREAM_PACKET_REF &pst) {
+        numbers.push_back(pst->u64Timestamp / FRAME_US);
+        if (numbers.size() == 3) m_cache.removeSink("viewer");
+    });
+    EXPECT_EQ(m_s32KeyRequests, 1);
+    write(7, 20, 10);
+    EXPECT_THAT(numbers, ElementsAre(10, 11, 12));
+    EXPECT_FALSE(m_cache.isWanted());
+}
+
+TEST_F(StreamCache, RemovedSinkIsNotCalledAnyMore)
+{
+    std::latch entered(1), go(1);
+    std::atomic<bool> bReturned = false;
+    m_cache.addSink("viewer", [&](const auto &) {
+        entered.count_down();
+        go.wait();
+        bReturned = true;
+    });
+    std::jthread writer([&] { write(0, 1, 1); });
+    entered.wait();
+    std::jthread opener([&] { go.count_down(); });
+    m_cache.removeSink("viewer");
+    EXPECT_TRUE(bReturned);
+}
+
+TEST_F(StreamCache, MetadataHandlersHearOfChangesOnly)
+{
+    constexpr STREAM_PACKET_METADATA_S SMALL{STREAM_TYPE_H264, 160, 90, 30, 1, 0, 0, 0},
+        LARGE{STREAM_TYPE_H264, 320, 180, 30, 1, 0, 0, 0};
+    std::vector<std::string> calls;
+    const auto note = [&](std::string str) { return [&, str] { return calls.push_back(str), 0; }; };
+    m_cache.introduce(SMALL);
+    m_cache.addHandler("rtsp", note("old"));
+    m_cache.addHandler("rtsp", note("rtsp"));
+    m_cache.addHandler("srt", note("srt"));
+    EXPECT_THAT(calls, IsEmpty());
+    EXPECT_FALSE(m_cache.setMetadata({})); // the encoder is switched off and on again, as it was
+    EXPECT_FALSE(m_cache.setMetadata(SMALL));
+    m_cache.announce();
+    EXPECT_THAT(calls, IsEmpty());
+    EXPECT_TRUE(m_cache.setMetadata(LARGE));
+    m_cache.announce();
+    m_cache.announce();
+    EXPECT_THAT(calls, ElementsAre("rtsp", "srt"));
+    m_cache.removeHandler("srt");
+    m_cache.addHandler("rtsp", [&] { // a handler may use the cache
+        return m_cache.addHandler("new", note("new")), calls.push_back(std::to_string(m_cache.metadata().s32Width)), 0;
+    });
+    m_cache.setMetadata(SMALL);
+    m_cache.announce();
+    EXPECT_THAT(calls, ElementsAre("rtsp", "srt", "160"));
+}
+
+TEST_F(StreamCache, BitRateIsMeasured)
+{
+    m_cache.join();
+    EXPECT_EQ(m_cache.bitRate(), 4000); // what is set
+    write(0, 20, 10, 1000);
+    EXPECT_EQ(m_cache.bitRate(), 4000); // too short to tell
+    write(20, 100, 10, 1000);
+    EXPECT_NEAR(m_cache.bitRate(), 240, 1); // 30 a second of 8 kbit
+}
+
+/// Readers of all paces, some come and go: each sees its packets in order, whole, without a gap but before a key frame.
+TEST_F(StreamCache, ConcurrentReaders)
+{
+    constexpr BU_U32 PACKETS = 4000, GROUP = 16;
+    std::atomic<bool> bOver = false;
+    std::atomic<BU_U32> u32Read = 0;
+    std::latch joined(5);
+    const auto follow = [&](BU_U32 u32Pace) {
+        auto stPlace = m_cache.join();
+        joined.count_down();
+        BU_U64 u64Last = 0;
+        bool bFirst = true;
+        while (!bOver || u32Pace == 0) {
+            const auto pst = m_cache.read(stPlace, 20);
+            if (!pst) {
+                if (bOver) break;
+                continue;
+            }
+            const BU_U64 u64Number = pst->u64Timestamp / FRAME_US;
+            EXPECT_TRUE(bFirst || u64Number == u64Last + 1 || (u64Number > u64Last && pst->bKeyFrame)) << u64Number;
+            EXPECT_TRUE(!bFirst || pst->bKeyFrame);
+            EXPECT_THAT(std::vector<BU_U8>(pst->pu8Data, pst->pu8Data + pst->u32Length),
+                        testing::Each(static_cast<BU_U8>(u64Number)));
+            u64Last = u64Number;
+            bFirst = false;
+            ++u32Read;
+            for (BU_U32 i = 0; i < u32Pace; ++i) std::this_thread::yield();
+            if (u32Pace == 2 && u64Number % 100 == 99) { // leaves and comes back
+                m_cache.leave();
+                stPlace = m_cache.join();
+                bFirst = true;
+            }
+        }
+        m_cache.leave();
+        return u64Last;
+    };
+    BU_U64 u64LastOfFast = 0;
+    m_cache.join();
+    {
+        std::jthread fast([&] { u64LastOfFast = follow(0); });
+        std::vector<std::jthread> readers;
+        for (const BU_U32 u32Pace : {1U, 2U, 2U, 50U}) readers.emplace_back([&, u32Pace] { follow(u32Pace); });
+        std::jthread sinks([&] {
+            while (!bOver) {
+                m_cache.addSink("sink", [&](const STREAM_PACKET_REF &pst) { u32Read += pst->u32Length != 0; });
+                m_cache.removeSink("sink");
+            }
+        });
+        joined.wait();
+        for (BU_U32 i = 0; i < PACKETS; ++i) write(i, 1, GROUP);
+        bOver = true;
+    }
+    EXPECT_EQ(u64LastOfFast, PACKETS - 1);
+}
+} // namespace

@@ -1,0 +1,169 @@
+// What the encoders make is what a decoder shows.
+#include "videoEncoder.h"
+
+#include "decoder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using media::FrameRate;
+using media::VideoEncoder;
+
+namespace
+{
+MPP_VENC_PARAM_S paramOf(MPP_VENC_FORMAT_E enType, BU_U32 u32Width = 160, BU_U32 u32Height = 90)
+{
+    MPP_VENC_PARAM_S st{};
+    st.enType = enType;
+    st.u32Width = u32Width;
+    st.u32Height = u32Height;
+    st.u32FrmRate = 30;
+    st.u32BitRate = 500;
+    return st;
+}
+
+/// A ramp that moves with its number, with a colour each side.
+class TestPicture
+{
+public:
+    TestPicture(int s32Width, int s32Height)
+        : m_s32Width(s32Width), m_s32Height(s32Height), m_vec(static_cast<std::size_t>(s32Width * s32Height * 3 / 2))
+    {
+    }
+    const SCENE_FRAME_S draw(int s32Number)
+    {
+        for (int y = 0; y < m_s32Height * 3 / 2; ++y)
+            for (int x = 0; x < m_s32Width; ++x)
+                m_vec[static_cast<std::size_t>(y * m_s32Width + x)] =
+                    static_cast<BU_U8>(y < m_s32Height      ? 40 + (x + y + 2 * s32Number) % 128
+                                       : x < m_s32Width / 2 ? 90
+                                                            : 160);
+        return {m_vec.data(), m_vec.data() + m_s32Width * m_s32Height, m_s32Width, m_s32Width, m_s32Width, m_s32Height};
+    }
+    /// Mean difference of the luma. @param bFull  the decoded picture has the full range
+    double error(const tagDECODED_S &st, bool bFull) const
+    {
+        double d = 0;
+        for (std::size_t i = 0; i < st.vecY.size(); ++i)
+            d += std::abs(st.vecY[i] - (bFull ? (m_vec[i] - 16) * 255 / 219 : m_vec[i]));
+        return d / static_cast<double>(st.vecY.size());
+    }
+
+private:
+    const int m_s32Width, m_s32Height;
+    std::vector<BU_U8> m_vec;
+};
+
+class Encoders : public testing::TestWithParam<MPP_VENC_PARAM_S>
+{
+};
+
+TEST_P(Encoders, EachPictureIsAPacketThatDecodes)
+{
+    const MPP_VENC_PARAM_S &stParam = GetParam();
+    const auto pstEncoder = VideoEncoder::open(stParam, FrameRate{30, 1});
+    ASSERT_TRUE(pstEncoder);
+    auto pstDecoder = std::make_unique<Decoder>(media::streamType(stParam.enType));
+    TestPicture picture(static_cast<int>(stParam.u32Width), static_cast<int>(stParam.u32Height));
+    for (int i = 0; i < 12; ++i) {
+        const BU_U64 u64Time = 1'000'000'000 + static_cast<BU_U64>(i) * 33'333;
+        const auto pst = pstEncoder->encode(picture.draw(i), u64Time, i % 8 == 0);
+        ASSERT_TRUE(pst) << i;
+        EXPECT_EQ(pst->u64Timestamp, u64Time);
+        EXPECT_EQ(pst->s32EncodeType, media::streamType(stParam.enType));
+        EXPECT_EQ(pst->bKeyFrame != 0, stParam.enType == MPP_VENC_FORMAT_E_MJPEG || i % 8 == 0) << i;
+        if (i == 8)
+            pstDecoder = std::make_unique<Decoder>(pst->s32EncodeType); // a viewer who starts at the second key frame
+        const auto st = pstDecoder->decode(pst->pu8Data, pst->u32Length);
+        EXPECT_EQ(st.s32Width, static_cast<int>(stParam.u32Width));
+        EXPECT_EQ(st.s32Height, static_cast<int>(stParam.u32Height));
+        EXPECT_LT(picture.error(st, stParam.enType == MPP_VENC_FORMAT_E_MJPEG), 8) << i;
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Formats, Encoders,
+                         testing::Values(paramOf(MPP_VENC_FORMAT_E_H264), paramOf(MPP_VENC_FORMAT_E_H264, 322, 182),
+                                         paramOf(MPP_VENC_FORMAT_E_H265), paramOf(MPP_VENC_FORMAT_E_MJPEG)));
+
+TEST(EncoderProfiles, AreInTheStream)
+{
+    constexpr BU_U8 PROFILES[] = {66, 77, 100};
+    for (BU_U32 i = 0; i < 3; ++i) {
+        MPP_VENC_PARAM_S stParam = paramOf(MPP_VENC_FORMAT_E_H264);
+        stParam.u32Profile = i;
+        const auto pst = VideoEncoder::open(stParam, FrameRate{30, 1})->encode(TestPicture(160, 90).draw(0), 0, true);
+        const std::vector<BU_U8> vec(pst->pu8Data, pst->pu8Data + pst->u32Length);
+        constexpr BU_U8 SPS[] = {0, 0, 0, 1, 0x67};
+        const auto it = std::search(vec.begin(), vec.end(), std::begin(SPS), std::end(SPS));
+        ASSERT_LT(it + 5, vec.end());
+        EXPECT_EQ(it[5], PROFILES[i]);
+    }
+}
+
+TEST(EncoderChanges, WhatNeedsANewEncoder)
+{
+    const struct {
+        BU_U32 MPP_VENC_PARAM_S::*pu32Field;
+        BU_U32 u32Value;
+        bool bH264, bH265;
+    } astCases[] = {
+        {&MPP_VENC_PARAM_S::u32GOP, 10, true, true},      {&MPP_VENC_PARAM_S::u32BitRate, 100, true, false},
+        {&MPP_VENC_PARAM_S::u32Width, 320, false, false}, {&MPP_VENC_PARAM_S::u32FrmRate, 15, false, false},
+        {&MPP_VENC_PARAM_S::u32Profile, 2, false, false}, {&MPP_VENC_PARAM_S::u32QpMaxP, 40, false, false},
+    };
+    for (const auto enType : {MPP_VENC_FORMAT_E_H264, MPP_VENC_FORMAT_E_H265})
+        for (const auto &st : astCases) {
+            MPP_VENC_PARAM_S stParam = paramOf(enType);
+            const auto pstEncoder = VideoEncoder::open(stParam, FrameRate{30, 1});
+            stParam.*st.pu32Field = st.u32Value;
+            EXPECT_EQ(pstEncoder->change(stParam), enType == MPP_VENC_FORMAT_E_H264 ? st.bH264 : st.bH265)
+                << &st - astCases;
+        }
+}
+
+TEST(EncoderChanges, BitRateFollowsWhileItRuns)
+{
+    MPP_VENC_PARAM_S stParam = paramOf(MPP_VENC_FORMAT_E_H264, 320, 180);
+    stParam.u32BitRate = 2000;
+    const auto pstEncoder = VideoEncoder::open(stParam, FrameRate{30, 1});
+    TestPicture picture(320, 180);
+    int s32Number = 0;
+    const auto second = [&] {
+        BU_U32 u32Bytes = 0;
+        for (int i = 0; i < 30; ++i, ++s32Number)
+            u32Bytes += pstEncoder
+                            ->encode(picture.draw(s32Number * s32Number), static_cast<BU_U64>(s32Number) * 33'333,
+                                     s32Number == 0)
+                            ->u32Length;
+        return u32Bytes * 8 / 1000;
+    };
+    second();
+    const BU_U32 u32Before = second();
+    stParam.u32BitRate = 200;
+    ASSERT_TRUE(pstEncoder->change(stParam));
+    second();
+    EXPECT_LT(second(), u32Before / 2);
+}
+
+TEST(EncoderParameters, Refused)
+{
+    const struct {
+        BU_U32 MPP_VENC_PARAM_S::*pu32Field;
+        BU_U32 u32Value;
+    } astCases[] = {
+        {&MPP_VENC_PARAM_S::u32Width, 62},           {&MPP_VENC_PARAM_S::u32Width, 161},
+        {&MPP_VENC_PARAM_S::u32Width, 4098},         {&MPP_VENC_PARAM_S::u32Height, 0},
+        {&MPP_VENC_PARAM_S::u32Height, 91},          {&MPP_VENC_PARAM_S::u32FrmRate, 0},
+        {&MPP_VENC_PARAM_S::u32FrmRate, 61},         {&MPP_VENC_PARAM_S::u32BitRate, 15},
+        {&MPP_VENC_PARAM_S::u32BitRate, UINT32_MAX}, {&MPP_VENC_PARAM_S::u32GOP, 3601},
+        {&MPP_VENC_PARAM_S::u32Profile, 3},          {&MPP_VENC_PARAM_S::u32QpMinI, 52},
+    };
+    for (const auto &st : astCases) {
+        MPP_VENC_PARAM_S stParam = paramOf(MPP_VENC_FORMAT_E_H264);
+        stParam.*st.pu32Field = st.u32Value;
+        EXPECT_FALSE(VideoEncoder::open(stParam, FrameRate{30, 1})) << st.u32Value;
+    }
+    EXPECT_FALSE(VideoEncoder::open(paramOf(static_cast<MPP_VENC_FORMAT_E>(3)), FrameRate{30, 1}));
+}
+} // namespace

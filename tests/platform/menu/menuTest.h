@@ -1,0 +1,54 @@
+/// The menu with a service that applies values to their settings and notes what it is asked for.
+#pragma once
+
+#include "camera/menuLibrary.h"
+#include "camera/settingEvent.h"
+#include "support/platformTest.h"
+
+#include <fstream>
+#include <sstream>
+
+/// "Brightness=8", "Flip=On", "Restart" ...: what was confirmed, in order.
+inline std::vector<std::string> g_listConfirmed;
+inline bool g_bAccept = true; ///< the service applies what it is given
+
+namespace menu_test
+{
+inline BU_S32 setParam(ITEM_NODE_S *pst)
+{
+    const TXT_VALUE_S &stText = pst->unVal.stTxtVal;
+    std::string strConfirmed = pst->acItemIndex;
+    BU_S32 s32Value = INT32_MIN;
+    if (pst->enValType == VALUE_TYPE_E_INT32)
+        strConfirmed += "=" + std::to_string(s32Value = pst->unVal.stIntVal.s32ValSaveCur);
+    if (pst->enValType == VALUE_TYPE_E_OPT_TXT) {
+        strConfirmed += std::string("=") + stText.acValIndex[stText.s32ValSaveCur];
+        s32Value = stText.s32ValSaveCur; // of the lists used here the index is the value
+    }
+    if (pst->enValType == VALUE_TYPE_E_EDIT_TXT) strConfirmed += std::string("=") + pst->unVal.stEditableVal.acCurVal;
+    g_listConfirmed.push_back(std::move(strConfirmed));
+    if (g_bAccept && s32Value != INT32_MIN) CFG_SETTING_Set(pst->acItemIndex, 0, s32Value, BU_TRUE, BU_TRUE);
+    return 0;
+}
+
+inline const BU_CHAR *dataZone(const BU_CHAR *pcZone)
+{
+    return std::string(pcZone) == "NETWORK" ? "NetCard0" : "Image0";
+}
+
+inline std::string shippedDescription()
+{
+    std::ifstream file(CAMERA_SOURCE_DIR "/platform/menu/menu.json");
+    return (std::stringstream() << file.rdbuf()).str();
+}
+} // namespace menu_test
+
+class MenuTest : public PlatformTest
+{
+protected:
+    MenuTest()
+    {
+        g_listConfirmed.clear();
+        g_bAccept = true;
+    }
+};

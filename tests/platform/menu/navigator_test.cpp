@@ -1,0 +1,283 @@
+// Walks through the menu as it is shipped: keys on one side, what is shown and what is confirmed on the other.
+#include "camera/system.h"
+#include "config/store.h"
+#include "menuTest.h"
+#include "navigator.h"
+#include "painter.h"
+
+#include <map>
+
+using menu::Key;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace
+{
+std::string g_strShutterKey;
+
+void getInfo(void *, OSD_MENU_GET_EVENT_E enEvent, OSD_MENU_CONTROL_PARAM_S *pst)
+{
+    const std::string strText = enEvent == OSD_MENU_GET_DEV_E_VIDEO_INFO  ? "1080P60"
+                                : enEvent == OSD_MENU_GET_SHUTTER_E_SPEED ? g_strShutterKey
+                                                                          : "";
+    pst->acVersion[strText.copy(pst->acVersion, sizeof(pst->acVersion) - 1)] = 0;
+}
+
+/// u d l r: the arrows; e: enter; b: back; < > a held left and right; . its end. A number repeats the key behind it.
+class MenuWalk : public MenuTest
+{
+protected:
+    bool walk(const std::string &strKeys)
+    {
+        static const std::map<char, Key> KEYS = {{'u', Key::UP},        {'d', Key::DOWN},       {'l', Key::LEFT},
+                                                 {'r', Key::RIGHT},     {'e', Key::ENTER},      {'b', Key::BACK},
+                                                 {'<', Key::HOLD_LEFT}, {'>', Key::HOLD_RIGHT}, {'.', Key::HOLD_END}};
+        bool bOpen = true;
+        int s32Times = 0;
+        for (const char c : strKeys)
+            if (c >= '0' && c <= '9')
+                s32Times = s32Times * 10 + c - '0';
+            else if (c != ' ')
+                for (s32Times = std::max(s32Times, 1); s32Times > 0; --s32Times) bOpen = m_navigator.press(KEYS.at(c));
+        return bOpen;
+    }
+    menu::View view() { return m_navigator.view(menu::PAGE_ROWS); }
+    /// "Image | Brightness | 7"
+    std::string shown()
+    {
+        const menu::View shownView = view();
+        for (const menu::Row &row : shownView.listRows)
+            if (row.bSelected)
+                return shownView.strTitle + " | " + row.strLabel + (row.strValue.empty() ? "" : " | " + row.strValue) +
+                       (row.bPending ? " ?" : "");
+        return shownView.strTitle + " | nothing";
+    }
+    std::vector<std::string> labels()
+    {
+        std::vector<std::string> list;
+        for (const menu::Row &row : m_navigator.view(100).listRows) list.push_back(row.strLabel);
+        return list;
+    }
+
+    menu::Description m_description = menu::readDescription(menu_test::shippedDescription());
+    menu::Service m_service{menu_test::setParam, menu_test::dataZone, getInfo, nullptr};
+    menu::Navigator m_navigator{m_description, m_service, true, [](const std::string &) { return false; }};
+};
+
+TEST_F(MenuWalk, KeysLeadWhereTheyShould)
+{
+    struct {
+        const char *pcKeys, *pcShown;
+        std::vector<std::string> confirmed;
+    } const rows[] = {
+        {"", "Menu | Image", {}},
+        {"d", "Menu | Exposure", {}},
+        {"u", "Menu | Exit", {}}, // round the end; the advanced page is not there
+        {"l", "Menu | Image", {}},
+        {"e", "Image | Lens | Close-up", {}},
+        {"r u", "Image | Back", {}},
+        {"e u e", "Menu | Image", {}}, // the page remembers where it was left
+        {"ed r", "Image | Brightness | 8", {"Brightness=8"}},
+        {"ed 3l", "Image | Brightness | 4", {"Brightness=6", "Brightness=5", "Brightness=4"}},
+        {"ed 9r",
+         "Image | Brightness | 14",
+         {"Brightness=8", "Brightness=9", "Brightness=10", "Brightness=11", "Brightness=12", "Brightness=13",
+          "Brightness=14"}}, // the end of the range confirms nothing more
+        {"ed e", "Image | Brightness | 7", {}},
+        {"ed r>>>.", "Image | Brightness | 11", {"Brightness=8", "Brightness=11"}}, // held: applied once, at its end
+        {"ed r>>>", "Image | Brightness | 11", {"Brightness=8"}},
+        {"ed r>>>b", "Menu | Image", {"Brightness=8"}},
+        {"ed r>>>d u", "Image | Brightness | 8", {"Brightness=8"}}, // without its end the stepped value is forgotten
+        {"ed .", "Image | Brightness | 7", {}},
+        {"ed >>.<<<<<<<<<<<.", "Image | Brightness | 0", {"Brightness=9", "Brightness=0"}},
+        {"4d e r>>>>>.", "Pan/Tilt | Pan speed | 18", {"PanSpeed=13", "PanSpeed=18"}},
+        {"e 8d e", "Image | Wide dynamic range | On", {"WdrSwi=On"}}, // enter goes on to the next option,
+        {"e 8d 3e", "Image | Wide dynamic range | On", {"WdrSwi=On", "WdrSwi=Off", "WdrSwi=On"}}, // round the end
+        {"e 8d 3r", "Image | Wide dynamic range | On", {"WdrSwi=On"}},                            // right does not
+        {"e 8d r d", "Image | WDR strength | 0", {"WdrSwi=On"}}, // there only while it means something
+        {"e 8d d", "Image | 2D noise reduction | 2", {}},
+        {"9d e 2d e", "Restart | No", {}},
+        {"9d e 2d e e", "System | Restart", {}},
+        {"9d e 2d e b", "System | Restart", {}},
+        {"9d e 2d e l", "System | Restart", {}},
+        {"9d e 2d e d e", "System | Restart", {"Restart"}},
+        {"9d e 2d r d r", "System | Restart", {"Restart"}}, // without an enter key
+        {"6d e 2r", "Video and audio | Output format | 1080p 50 ?", {}},
+        {"6d e 2r d u", "Video and audio | Output format | 1080p 60", {}},
+        {"6d e 2r >.", "Video and audio | Output format | 1080p 30 ?", {}}, // waits for enter, however it was stepped
+        {"6d e e", "Video and audio | Output format | 1080p 60", {}},
+        {"6d e 2r e", "Output format | No", {}},
+        {"6d e 2r e e", "Video and audio | Output format | 1080p 60", {}},
+        {"6d e 2r e d e", "Video and audio | Output format | 1080p 60", {"VideoFormat=1080P50"}}, // not applied here
+        {"2d e d 2d r", "White balance | Red offset | 129", {"RStrength=129"}},
+        {"2d e 3d >>>>>>>.", "White balance | Red offset | 147", {"RStrength=147"}}, // 4 steps, then 3 of five
+        {"2d e d 5r d",
+         "White balance | Measure now",
+         {"WbMode=ManualMode", "WbMode=InDoor", "WbMode=OutDoor", "WbMode=StaticWb", "WbMode=OnePushWb"}},
+        {"2d e d 5r d e",
+         "White balance | Measure now",
+         {"WbMode=ManualMode", "WbMode=InDoor", "WbMode=OutDoor", "WbMode=StaticWb", "WbMode=OnePushWb", "OnePush=On"}},
+        {"10d e 2d r", "Information | Serial no. | MX24060001", {}},
+        {"10d e 2d l", "Menu | Information", {}},
+    };
+    for (const auto &row : rows) {
+        CFG_STORE_Open(nullptr);
+        CFG_SETTING_Reload();
+        g_listConfirmed.clear();
+        m_navigator.open(false);
+        EXPECT_TRUE(walk(row.pcKeys)) << row.pcKeys;
+        EXPECT_EQ(shown(), row.pcShown) << row.pcKeys;
+        EXPECT_EQ(g_listConfirmed, row.confirmed) << row.pcKeys;
+    }
+}
+
+TEST_F(MenuWalk, BackFromTheFirstPageLeavesTheMenu)
+{
+    EXPECT_FALSE(walk("b"));
+    m_navigator.open(false);
+    EXPECT_TRUE(walk("e d b"));
+    EXPECT_FALSE(walk("b"));
+}
+
+TEST_F(MenuWalk, TheAdvancedMenuHasItsPages)
+{
+    m_navigator.open(true);
+    EXPECT_TRUE(walk("2u"));
+    EXPECT_EQ(shown(), "Menu | Advanced");
+    walk("e");
+    EXPECT_THAT(labels(), ElementsAre("HDMI format", "HDMI rate", "Exit", "Back"));
+    m_navigator.open(false);
+    walk("2u");
+    EXPECT_EQ(shown(), "Menu | Information");
+}
+
+TEST_F(MenuWalk, OneLensNeedsNoChoiceOfLens)
+{
+    menu::Navigator single(m_description, m_service, false, [](const std::string &) { return true; });
+    single.press(Key::ENTER);
+    EXPECT_EQ(single.view(1).listRows.at(0).strLabel, "Brightness");
+}
+
+TEST_F(MenuWalk, AFirstPageWithoutItemsCanBeLeft)
+{
+    const auto empty = menu::readDescription(R"({"timeoutSeconds": 1, "words": {"Lens": {"table": "LENS", "labels":
+        {"CloseUp": "c"}}}, "pages": [{"name": "M", "label": "M", "items": [
+        {"option": "LensImage", "label": "L", "words": "Lens", "twoLenses": true}]}]})");
+    menu::Navigator single(empty, m_service, false, [](const std::string &) { return true; });
+    EXPECT_THAT(single.view(8).listRows, IsEmpty());
+    for (const Key enKey : {Key::UP, Key::DOWN, Key::HOLD_LEFT, Key::HOLD_END}) EXPECT_TRUE(single.press(enKey));
+    for (const Key enKey : {Key::LEFT, Key::RIGHT, Key::ENTER, Key::BACK}) EXPECT_FALSE(single.press(enKey));
+}
+
+TEST_F(MenuWalk, TheShutterIsThatOfThePresentRate)
+{
+    CFG_SETTING_Set("ExposureMode", 0, 4, BU_FALSE, BU_FALSE);
+    for (const char *pcRate : {"60", "50", "30", "25", "24"}) {
+        g_strShutterKey = std::string("ShutterSpeedFps") + pcRate;
+        g_listConfirmed.clear();
+        m_navigator.open(false);
+        walk("de 4d");
+        EXPECT_EQ(shown(), std::string("Exposure | Shutter | 1/") + pcRate);
+        walk("r");
+        EXPECT_EQ(g_listConfirmed.size(), 1U);
+        walk("d");
+        EXPECT_EQ(shown(), "Exposure | Gain | 0");
+    }
+}
+
+TEST_F(MenuWalk, ValuesThatDoNotComeAboutAreTold)
+{
+    g_bAccept = false;
+    walk("ed r");
+    EXPECT_EQ(shown(), "Image | Brightness | 7");
+    EXPECT_EQ(view().strFoot, "Not accepted");
+    walk("d");
+    EXPECT_EQ(view().strFoot, "◄ ► change");
+    m_service.pfnSetParam = [](ITEM_NODE_S *) { return -1; };
+    walk("b 9d e 2d e d e");
+    EXPECT_EQ(view().strFoot, "Not accepted");
+}
+
+/// Mirror and flip run from the next start on: the stored value is the one to show.
+TEST_F(MenuWalk, StoredValuesAreShownWhereTheyRunLater)
+{
+    walk("e 11d");
+    EXPECT_EQ(shown(), "Image | Mirror | Off");
+    EXPECT_EQ(view().strFoot, "Runs from the next start on");
+    SYS_API_SetMirror(BU_TRUE, BU_TRUE, BU_FALSE);
+    EXPECT_EQ(shown(), "Image | Mirror | On");
+}
+
+TEST_F(MenuWalk, AddressesAreEditedInTheirRow)
+{
+    CFG_STORE_SetInt("Network/NetCard0/IpMode", 1);
+    walk("7d e d");
+    EXPECT_EQ(shown(), "Network | Address | 192.168.100.100");
+    walk("e 2l u");
+    EXPECT_EQ(shown(), "Network | Address | 192.168.100.110");
+    walk("b");
+    EXPECT_EQ(shown(), "Network | Address | 192.168.100.100");
+    EXPECT_THAT(g_listConfirmed, IsEmpty());
+    walk("e l d e");
+    EXPECT_THAT(g_listConfirmed, ElementsAre("IpAddr=192.168.100.109"));
+}
+
+TEST(MenuAddress, PartsStayBelow256)
+{
+    struct {
+        const char *pcFrom, *pcKeys, *pcText, *pcAddress;
+    } const rows[] = {
+        {"192.168.1.20", "", "192.168.001.020", "192.168.1.20"},
+        {"192.168.1.20", "+", "092.168.001.020", "92.168.1.20"}, // 292 and more are passed over
+        {"192.168.1.20", "-", "092.168.001.020", "92.168.1.20"},
+        {"192.168.1.20", ">>>>+", "192.178.001.020", "192.178.1.20"}, // over the dot
+        {"192.168.1.20", "<+", "192.168.001.021", "192.168.1.21"},    // round the end
+        {"192.168.1.20", "<-", "192.168.001.029", "192.168.1.29"},
+        {"250.0.0.0", "><<>>+", "200.000.000.000", "200.0.0.0"},
+        {"255.255.255.255", ">>+", "250.255.255.255", "250.255.255.255"},
+        {"", "", "000.000.000.000", ""},
+        {"1.2.3", "", "000.000.000.000", ""},
+        {"1.2.3.4x", "", "000.000.000.000", ""},
+    };
+    for (const auto &row : rows) {
+        menu::AddressEditor editor(row.pcFrom);
+        for (const char c : std::string(row.pcKeys))
+            c == '>' || c == '<' ? editor.move(c - '=') : editor.change(',' - c);
+        EXPECT_EQ(editor.text(), row.pcText) << row.pcFrom << row.pcKeys;
+        EXPECT_EQ(editor.address(), row.pcAddress) << row.pcFrom << row.pcKeys;
+    }
+}
+
+TEST_F(MenuWalk, LongPagesScroll)
+{
+    walk("e 7d");
+    menu::View scrolled = view();
+    EXPECT_EQ(scrolled.s32First, 0);
+    EXPECT_EQ(scrolled.listRows.back().strLabel, "Black and white");
+    walk("d");
+    scrolled = view();
+    EXPECT_EQ(scrolled.s32First, 1);
+    EXPECT_TRUE(scrolled.listRows.back().bSelected);
+    walk("8d"); // round the end
+    EXPECT_EQ(view().s32First, 0);
+}
+
+TEST_F(MenuWalk, SubPagesAreAnnounced)
+{
+    EXPECT_TRUE(m_navigator.hasSubPage()); // a page
+    walk("ed");
+    EXPECT_FALSE(m_navigator.hasSubPage()); // a value
+    walk("b 9d e 2d");
+    EXPECT_TRUE(m_navigator.hasSubPage()); // an action that asks first
+    walk("e");
+    EXPECT_FALSE(m_navigator.hasSubPage()); // its answer
+}
+
+TEST_F(MenuWalk, TheLanguageNeedsItsCharacters)
+{
+    CFG_SETTING_Set("Language", 0, 0, BU_FALSE, BU_FALSE);
+    EXPECT_EQ(view().strTitle, "Menu");
+    menu::Navigator chinese(m_description, m_service, true, [](const std::string &) { return true; });
+    EXPECT_EQ(chinese.view(8).strTitle, "菜单");
+}
+} // namespace

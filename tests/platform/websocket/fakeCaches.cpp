@@ -1,0 +1,88 @@
+#include "fakeCaches.h"
+#include "streamCache.h"
+
+#include <array>
+
+namespace
+{
+struct tagCACHE_S {
+    BU_S32 s32Id;
+    STREAM_PACKET_METADATA_S stMetadata;
+    std::atomic<BU_U32> u32KeyRequests{0};
+    std::mutex lock{}; // guards nothing but the wait
+    std::condition_variable demand{};
+    BU_U64 u64Written = 0;
+    STREAM_CACHE_S cache{{[this] {
+                              const std::lock_guard guard(lock);
+                              demand.notify_all();
+                          },
+                          [this] {
+                              ++u32KeyRequests;
+                              return 0;
+                          },
+                          [] { return 600; }}};
+};
+std::array<tagCACHE_S, 3> &caches()
+{
+    static auto &list = *new std::array<tagCACHE_S, 3>{tagCACHE_S{2, {STREAM_TYPE_H264, 640, 360, 30, 1, 0, 0, 0}},
+                                                       tagCACHE_S{4, {STREAM_TYPE_H265, 320, 180, 15, 1, 0, 0, 0}},
+                                                       tagCACHE_S{6, {STREAM_TYPE_AAC, 0, 0, 0, 0, 48000, 2, 1024}}};
+    return list;
+}
+tagCACHE_S &at(BU_S32 s32Id)
+{
+    return *std::find_if(caches().begin(), caches().end(), [&](const auto &st) { return st.s32Id == s32Id; });
+}
+struct tagBYTES_S {
+    std::string strBytes;
+    STREAM_PACKET_S stPacket;
+};
+} // namespace
+
+void FakeCaches::reset()
+{
+    for (tagCACHE_S &st : caches()) {
+        st.cache.clear();
+        st.cache.introduce(st.stMetadata);
+        st.u32KeyRequests = 0;
+    }
+}
+
+BU_U64 FakeCaches::write(BU_S32 s32Id, const std::string &strBytes, bool bKeyFrame)
+{
+    tagCACHE_S &st = at(s32Id);
+    const auto pst = std::make_shared<tagBYTES_S>();
+    pst->strBytes = strBytes;
+    const BU_U64 u64Timestamp = 0x0102030405060000 + ++st.u64Written;
+    pst->stPacket = {reinterpret_cast<const BU_U8 *>(pst->strBytes.data()), static_cast<BU_U32>(strBytes.size()),
+                     u64Timestamp, bKeyFrame, st.stMetadata.s32EncodeType};
+    st.cache.write({pst, &pst->stPacket});
+    return u64Timestamp;
+}
+
+BU_U32 FakeCaches::keyRequests(BU_S32 s32Id) { return at(s32Id).u32KeyRequests; }
+
+bool FakeCaches::waitForConsumers(BU_S32 s32Id, bool bAny)
+{
+    tagCACHE_S &st = at(s32Id);
+    std::unique_lock guard(st.lock);
+    return st.demand.wait_for(guard, std::chrono::seconds(20), [&] { return st.cache.isWanted() == bAny; });
+}
+
+STREAM_CACHE_S *STREAM_getStreamCacheById(BU_S32 s32Id)
+{
+    for (tagCACHE_S &st : caches())
+        if (st.s32Id == s32Id) return &st.cache;
+    return nullptr;
+}
+STREAM_PACKET_METADATA_S STREAM_getStreamCacheMetadata(STREAM_CACHE_S *pstCache) { return pstCache->metadata(); }
+BU_S32 STREAM_registerPacketSink(STREAM_CACHE_S *pstCache, const BU_CHAR *pcName, FN_STREAM_PACKET fnCb)
+{
+    pstCache->addSink(pcName, std::move(fnCb));
+    return 0;
+}
+BU_S32 STREAM_unregisterPacketSink(STREAM_CACHE_S *pstCache, const BU_CHAR *pcName)
+{
+    return pstCache->removeSink(pcName) ? 0 : -1;
+}
+BU_S32 STREAM_requestKeyFrame(STREAM_CACHE_S *pstCache) { return pstCache->requestKeyFrame(); }

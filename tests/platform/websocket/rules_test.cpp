@@ -1,0 +1,144 @@
+#include "admission.h"
+#include "inbox.h"
+#include "playback.h"
+#include "viewerQueue.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+namespace
+{
+using namespace preview;
+using namespace std::string_literals;
+
+TEST(Origin, IsAllowedFromThisMachineAndFromTheHostItself)
+{
+    struct tagROW_S {
+        const char *pcOrigin, *pcHost;
+        bool bAllowed;
+    };
+    constexpr tagROW_S ROWS[] = {
+        {"http://localhost", "camera", true},
+        {"http://LOCALHOST:8080", "", true},
+        {"https://127.0.0.1:8443", "10.0.0.5:12345", true},
+        {"http://127.8.9.10", "camera", true},
+        {"http://[::1]:8080", "camera", true},
+        {"http://camera.local:8080", "Camera.Local:12345", true},
+        {"https://[fe80::1]", "[FE80::1]:12345", true},
+        {"", "camera", false},
+        {"null", "camera", false},
+        {"camera", "camera", false},
+        {"file://", "", false},
+        {"ftp://localhost", "localhost", false},
+        {"http://", "", false},
+        {"http://127.0.0.1.evil.example", "127.0.0.1", false},
+        {"http://localhost.evil.example", "localhost", false},
+        {"http://evil.example", "camera", false},
+        {"http://evil.example#localhost", "camera", false},
+        {"http://localhost@evil.example", "camera", false},
+        {"http://localhost:80@evil.example", "camera", false},
+        {"http://localhost,http://evil.example", "camera", false},
+        {"http://[::1", "camera", false},
+        {"http://cam", "camera", false},
+        {"http://camera", "cam", false},
+    };
+    for (const auto &[pcOrigin, pcHost, bAllowed] : ROWS)
+        EXPECT_EQ(isOriginAllowed(pcOrigin, pcHost), bAllowed) << pcOrigin << " to " << pcHost;
+}
+
+TEST(Admission, OneMachineCannotTakeAllConnections)
+{
+    Admission admission;
+    for (int i = 0; i < 16; ++i) {
+        ASSERT_TRUE(admission.mayConnect("192.0.2.1"));
+        admission.enter("192.0.2.1");
+    }
+    EXPECT_FALSE(admission.mayConnect("192.0.2.1"));
+    EXPECT_TRUE(admission.mayConnect("192.0.2.2"));
+    admission.leave("192.0.2.1");
+    EXPECT_TRUE(admission.mayConnect("192.0.2.1"));
+    for (int i = 15; i < 128; ++i) {
+        ASSERT_TRUE(admission.mayConnect("127.0.0.1"));
+        admission.enter("127.0.0.1");
+    }
+    EXPECT_FALSE(admission.mayConnect("127.0.0.1"));
+}
+
+TEST(Recording, TellsKeyFramesAndTypes)
+{
+    struct tagROW_S {
+        const char *pcName;
+        std::string strPacket;
+        BU_S32 s32EncodeType;
+        bool bKeyFrame;
+    };
+    const tagROW_S ROWS[] = {
+        {"H.264 delimiter, parameter sets, IDR", "\0\0\0\1\x09\xF0\0\0\0\1\x67\x42\0\0\1\x68\0\0\1\x65"s, 17, true},
+        {"H.264 IDR alone", "\0\0\1\x25\x88"s, 17, true},
+        {"H.264 PPS and slice", "\0\0\1\x28\xEE\0\0\0\1\x41\x9A"s, 0, false},
+        {"H.264 SEI and slice", "\0\0\1\x06\x05\0\0\1\x01\x9A"s, 0, false},
+        {"H.265 delimiter and parameter sets", "\0\0\0\1\x46\1\0\0\0\1\x40\1\0\0\0\1\x42\1"s, 18, true},
+        {"H.265 IDR alone", "\0\0\1\x26\1"s, 18, true},
+        {"H.265 slice", "\0\0\0\1\x02\1\xD0"s, 0, false},
+        {"start code cut off", "\0\0\0\1\x41\0\0\1"s, 0, false},
+        {"length-prefixed", "\0\0\0\x09\x65\x88\x84\0\0\1\x41\0\0"s, 0, true},
+        {"one byte", "x", 0, true},
+    };
+    for (const auto &[pcName, str, s32EncodeType, bKeyFrame] : ROWS) {
+        const auto st = pictureOf({reinterpret_cast<const BU_U8 *>(str.data()), str.size()});
+        EXPECT_EQ(st.s32EncodeType, s32EncodeType) << pcName;
+        EXPECT_EQ(st.bKeyFrame, bKeyFrame) << pcName;
+    }
+}
+
+MessageRef message(BU_S32 s32Codec, bool bKeyFrame, std::size_t size)
+{
+    tagHEADER_S stHeader;
+    stHeader.u8Codec = static_cast<BU_U8>(s32Codec);
+    stHeader.u8Flags = bKeyFrame ? tagHEADER_S::KEY_FRAME : 0;
+    return std::make_shared<Message>(stHeader, std::vector<BU_U8>(size));
+}
+
+TEST(ViewerQueue, LosesEverythingWhenFullUpToTheNextKeyFrame)
+{
+    struct tagROW_S {
+        const char *pcName;
+        std::size_t size, fits;
+    };
+    for (const auto &[pcName, size, fits] : {tagROW_S{"by number", 100, 90}, tagROW_S{"by bytes", 100'000, 20}}) {
+        ViewerQueue queue;
+        EXPECT_FALSE(queue.offer(message(34, true, 10))) << "sound is no start";
+        EXPECT_TRUE(queue.offer(message(17, true, size)));
+        for (std::size_t i = 1; i < fits; ++i) ASSERT_TRUE(queue.offer(message(17, false, size))) << pcName << i;
+        EXPECT_FALSE(queue.offer(message(17, false, size))) << pcName;
+        EXPECT_TRUE(queue.isEmpty()) << pcName;
+        EXPECT_FALSE(queue.offer(message(34, true, 10))) << pcName;
+        EXPECT_TRUE(queue.offer(message(17, true, 5'000'000))) << "one message of any size";
+        EXPECT_FALSE(queue.awaitsKeyFrame());
+        EXPECT_TRUE(queue.offer(message(17, true, size))) << "a key frame takes the place of what is lost";
+        EXPECT_EQ(queue.take()->size(), size + 32);
+        EXPECT_EQ(queue.take(), nullptr);
+    }
+}
+
+TEST(Inbox, KeepsWithinItsLimitsWhenNobodyLooksIn)
+{
+    struct tagROW_S {
+        BU_U32 u32Length, u32Count;
+    };
+    for (const auto &[u32Length, u32Count] : {tagROW_S{10, 1000}, tagROW_S{1 << 20, 40}}) {
+        BU_U32 u32Woken = 0;
+        Inbox inbox([&] { ++u32Woken; });
+        const std::string strBytes(u32Length, 'x');
+        for (BU_U32 i = 0; i < u32Count; ++i)
+            inbox.put({0, recordedPacket({reinterpret_cast<const BU_U8 *>(strBytes.data()), u32Length}), {}});
+        const auto stBatch = inbox.take();
+        EXPECT_TRUE(stBatch.bLost);
+        EXPECT_LE(stBatch.arrivals.size(), 256U);
+        EXPECT_LE(stBatch.arrivals.size() * u32Length, std::size_t{18} << 20);
+        EXPECT_LE(u32Woken, 5U) << "one wake-up for all that waits";
+        EXPECT_FALSE(inbox.take().bLost);
+    }
+}
+} // namespace

@@ -1,0 +1,358 @@
+#include "fakeCaches.h"
+#include "live/websocket.h"
+#include "server.h"
+#include "util/file.h"
+#include "util/time.h"
+#include "viewer.h"
+
+#include <gmock/gmock.h>
+
+#include <arpa/inet.h>
+#include <atomic>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <thread>
+
+namespace
+{
+using namespace std::string_literals;
+
+class Preview : public testing::Test
+{
+protected:
+    Preview()
+    {
+        char acFolder[] = "/tmp/camera-test-XXXXXX";
+        m_strRoot = mkdtemp(acFolder);
+        UTIL_ROOT_Set(m_strRoot.c_str());
+        FakeCaches::reset();
+        WEBSOCKET_InitService();
+        WEBSOCKET_RegisterChannelMap(2, "ch1");
+        WEBSOCKET_RegisterChannelMap(4, "ch2");
+        WEBSOCKET_RegisterChannelMap(5, "ch5");
+        EXPECT_EQ(WEBSOCKET_StartService(0), 0);
+    }
+    ~Preview() override
+    {
+        EXPECT_EQ(WEBSOCKET_StopService(), 0);
+        std::filesystem::remove_all(m_strRoot);
+    }
+    static int port() { return preview::servicePort(); }
+    /// A viewer that the service sends to.
+    static Viewer watch(const std::string &strPath, int s32ReceiveBuffer = 0)
+    {
+        Viewer viewer(port(), strPath, "", s32ReceiveBuffer);
+        EXPECT_EQ(viewer.status(), 101);
+        EXPECT_TRUE(viewer.settle());
+        return viewer;
+    }
+    util::ManualClock clock;
+
+private:
+    std::string m_strRoot;
+};
+
+TEST_F(Preview, StartsAtAKeyFrameWithItsHeader)
+{
+    Viewer viewer = watch("/ch1");
+    EXPECT_EQ(FakeCaches::keyRequests(2), 1U);
+    FakeCaches::write(2, "delta", false);
+    const BU_U64 u64Key = FakeCaches::write(2, "key frame", true);
+    const auto st = viewer.readMessage();
+    EXPECT_EQ(st.strPacket, "key frame");
+    EXPECT_EQ(st.s32Codec, 17);
+    EXPECT_TRUE(st.bKeyFrame);
+    EXPECT_EQ(st.u64Timestamp, u64Key);
+    EXPECT_EQ(st.u32Width, 640U);
+    EXPECT_EQ(st.u32Height, 360U);
+    FakeCaches::write(2, "next", false);
+    const auto stNext = viewer.readMessage();
+    EXPECT_EQ(stNext.strPacket, "next");
+    EXPECT_FALSE(stNext.bKeyFrame);
+    EXPECT_EQ(stNext.u32Sequence, st.u32Sequence + 1);
+
+    Viewer late = watch("/ch1"); // joins within a group of pictures
+    EXPECT_EQ(FakeCaches::keyRequests(2), 2U);
+    late.sendText("key");
+    EXPECT_TRUE(late.settle());
+    EXPECT_EQ(FakeCaches::keyRequests(2), 3U);
+    FakeCaches::write(2, "not for the late one", false);
+    FakeCaches::write(2, std::string(70000, 'k'), true);
+    EXPECT_EQ(viewer.readMessage().strPacket, "not for the late one");
+    EXPECT_EQ(viewer.readMessage().strPacket.size(), 70000U);
+    EXPECT_EQ(late.readMessage().strPacket.size(), 70000U);
+}
+
+TEST_F(Preview, EncodersRunOnlyForViewers)
+{
+    EXPECT_TRUE(FakeCaches::waitForConsumers(2, false));
+    {
+        const Viewer first = watch("/ch1");
+        {
+            const Viewer second = watch("/ch1?audio=1");
+            EXPECT_TRUE(FakeCaches::waitForConsumers(2, true));
+            EXPECT_TRUE(FakeCaches::waitForConsumers(6, true));
+            EXPECT_TRUE(FakeCaches::waitForConsumers(4, false)) << "nobody watches the other channel";
+        }
+        EXPECT_TRUE(FakeCaches::waitForConsumers(6, false));
+        EXPECT_TRUE(FakeCaches::waitForConsumers(2, true));
+        WEBSOCKET_RegisterChannelMap(4, "ch1");
+        EXPECT_TRUE(FakeCaches::waitForConsumers(4, true)) << "viewers follow their channel to its new cache";
+        EXPECT_TRUE(FakeCaches::waitForConsumers(2, false));
+        WEBSOCKET_RegisterChannelMap(2, "ch1");
+        EXPECT_TRUE(FakeCaches::waitForConsumers(2, true));
+    }
+    EXPECT_TRUE(FakeCaches::waitForConsumers(2, false));
+    EXPECT_TRUE(FakeCaches::waitForConsumers(4, false));
+}
+
+TEST_F(Preview, SoundForThoseWhoWantItBehindTheFirstPicture)
+{
+    Viewer silent = watch("/ch2"), listener = watch("/ch2?audio=1");
+    FakeCaches::write(6, "too early", true);
+    ASSERT_TRUE(listener.settle()); // the sound has passed
+    FakeCaches::write(4, "picture", true);
+    EXPECT_EQ(listener.readMessage().strPacket, "picture");
+    FakeCaches::write(6, "sound", true);
+    const auto st = listener.readMessage();
+    EXPECT_EQ(st.strPacket, "sound");
+    EXPECT_EQ(st.s32Codec, 34);
+    EXPECT_EQ(st.u32SampleRate, 48000U);
+    EXPECT_EQ(st.u32Channels, 2U);
+    FakeCaches::write(4, "second", false);
+    EXPECT_EQ(silent.readMessage().s32Codec, 18);
+    EXPECT_EQ(silent.readMessage().strPacket, "second");
+}
+
+TEST_F(Preview, SlowViewerGoesOnAtAKeyFrameAndHoldsNobodyUp)
+{
+    Viewer slow = watch("/ch1", 16 << 10), fast = watch("/ch1");
+    constexpr BU_U32 COUNT = 200;
+    const std::string strPicture(50000, 'p');
+    for (BU_U32 i = 0; i < COUNT; ++i) {
+        FakeCaches::write(2, strPicture, i % 40 == 0);
+        ASSERT_EQ(fast.readMessage().u32Sequence, i) << "lost by a viewer that reads";
+    }
+    auto stLast = slow.readMessage();
+    EXPECT_EQ(stLast.u32Sequence, 0U);
+    FakeCaches::write(2, "end", true);
+    BU_U32 u32Gaps = 0;
+    while (stLast.s32Codec && stLast.strPacket != "end") {
+        const auto st = slow.readMessage();
+        ASSERT_GT(st.u32Sequence, stLast.u32Sequence);
+        if (st.u32Sequence != stLast.u32Sequence + 1) {
+            ++u32Gaps;
+            EXPECT_TRUE(st.bKeyFrame) << "a gap that does not end at a key frame, at " << st.u32Sequence;
+        }
+        stLast = st;
+    }
+    EXPECT_EQ(stLast.strPacket, "end");
+    EXPECT_GE(u32Gaps, 1U);
+}
+
+TEST_F(Preview, ARecordingReachesTheViewersOfItsChannel)
+{
+    const auto push = [](const char *pcChannel, const std::string &str) {
+        return WEBSOCKET_SendRecodPlayPack(pcChannel, reinterpret_cast<const BU_U8 *>(str.data()),
+                                           static_cast<BU_U32>(str.size()));
+    };
+    const std::string strKey = "\0\0\0\x01\x67..."s, strDelta = "\0\0\0\x01\x41..."s;
+    EXPECT_EQ(push("ch5", strKey), 0);
+    EXPECT_EQ(push("ch9", strKey), -1);
+    EXPECT_EQ(push(nullptr, strKey), -1);
+    EXPECT_EQ(WEBSOCKET_SendRecodPlayPack("ch5", nullptr, 3), -1);
+    Viewer viewer = watch("/ch5"), other = watch("/ch1");
+    for (const auto &str : {strDelta, strKey, strDelta}) EXPECT_EQ(push("ch5", str), 0);
+    const auto stKey = viewer.readMessage(), stDelta = viewer.readMessage();
+    EXPECT_EQ(stKey.strPacket, strKey);
+    EXPECT_TRUE(stKey.bKeyFrame);
+    EXPECT_EQ(stDelta.strPacket, strDelta);
+    EXPECT_EQ(stDelta.s32Codec, 17);
+    FakeCaches::write(2, "live", true);
+    EXPECT_EQ(other.readMessage().strPacket, "live") << "the recording is for its channel only";
+}
+
+/// What a viewer may not say, and what it is told, 0: the service ends the connection without a word.
+struct tagVIOLATION_S {
+    const char *pcName;
+    std::string strBytes;
+    int s32Code;
+};
+const tagVIOLATION_S VIOLATIONS[] = {
+    {"unmasked", "\x81\x05hello", 1008},
+    {"unknown opcode", Viewer::masked(0x83, ""), 1002},
+    {"reserved bit", Viewer::masked(0xC1, "key"), 1002},
+    {"fragmented ping", Viewer::masked(0x09, "x"), 1002},
+    {"continuation of nothing", Viewer::masked(0x80, "x"), 1002},
+    {"17 bytes", Viewer::masked(0x81, "seventeen letters"), 1009},
+    {"a gigabyte", "\x82\xFF\0\0\0\0\x3F\xFF\xFF\xFF\1\2\3\4"s + std::string(64, 'x'), 1009},
+    {"no such message", Viewer::masked(0x81, "hello"), 1008},
+    {"half a message", Viewer::masked(0x01, "ke"), 1008},
+    {"garbage", std::string(20, '\xFF'), 1002},
+};
+
+TEST_F(Preview, ViolationsEndTheirConnectionOnly)
+{
+    Viewer witness = watch("/ch1");
+    for (const auto &[pcName, strBytes, s32Code] : VIOLATIONS) {
+        Viewer viewer = watch("/ch1");
+        viewer.send(strBytes);
+        EXPECT_EQ(viewer.readCloseCode(), s32Code) << pcName;
+    }
+    Viewer eager = watch("/ch1");
+    for (int i = 0; i < 21; ++i) eager.sendText("key");
+    EXPECT_EQ(eager.readCloseCode(), 1008) << "more than 20 messages in a second";
+    FakeCaches::write(2, "still here", true);
+    EXPECT_EQ(witness.readMessage().strPacket, "still here");
+}
+
+/// Requests that do not become viewers.
+struct tagREQUEST_S {
+    const char *pcName, *pcPath, *pcHeaders;
+    int s32Status;
+};
+constexpr tagREQUEST_S REQUESTS[] = {
+    {"no browser", "/ch1", "", 101},
+    {"page of this machine", "/ch1", "Origin: http://127.0.0.1:8080\r\n", 101},
+    {"page of the camera", "/ch1", "Origin: https://CAMERA\r\n", 101},
+    {"foreign page", "/ch1", "Origin: http://elsewhere.example\r\n", 403},
+    {"foreign page, unknown channel", "/ch9", "Origin: null\r\n", 403},
+    {"unknown channel", "/ch9", "", 404},
+    {"no channel", "/", "", 404},
+    {"longer name", "/ch1/x", "", 404},
+};
+
+TEST_F(Preview, WhoMayWatch)
+{
+    for (const auto &[pcName, pcPath, pcHeaders, s32Status] : REQUESTS) {
+        Viewer viewer(port(), pcPath, pcHeaders);
+        EXPECT_EQ(viewer.status(), s32Status) << pcName;
+        EXPECT_TRUE(s32Status == 101 || viewer.isEnded()) << pcName;
+    }
+    const std::pair<std::string, int> PLAIN[] = {
+        {"GET / HTTP/1.1\r\nHost: camera\r\n\r\n", 404},
+        {"GET /../../etc/passwd HTTP/1.1\r\nHost: camera\r\n\r\n", 404},
+        {"POST /ch1 HTTP/1.1\r\nHost: camera\r\nContent-Length: 3\r\n\r\nabc", 404},
+        {"GET /ch1 HTTP/1.1\r\nHost: camera\r\nUpgrade: h2c\r\nConnection: Upgrade\r\n\r\n", 400},
+    };
+    for (const auto &[strRequest, s32Status] : PLAIN) {
+        Viewer viewer(port());
+        viewer.send(strRequest);
+        EXPECT_EQ(viewer.readStatus(), s32Status) << strRequest;
+        EXPECT_TRUE(viewer.isEnded()) << strRequest;
+    }
+    for (const std::string &strBytes : {"\x16\x03\x01\x02\0\x01"s + std::string(512, 'x'), "\r\n\r\n\r\n"s,
+                                        "GET /ch1 HTTP/1.1\r\nX: "s + std::string(100000, 'x')}) {
+        Viewer viewer(port());
+        viewer.send(strBytes);
+        EXPECT_NE(viewer.readStatus(), 101);
+        EXPECT_TRUE(viewer.isEnded()) << strBytes.substr(0, 20);
+    }
+}
+
+TEST_F(Preview, SilentConnectionsEndAtTheirDeadline)
+{
+    Viewer silent(port()), half(port());
+    for (Viewer *pViewer : {&silent, &half}) pViewer->limitWaits(5); // the WebSocket library would end them after ten
+    half.send("GET /ch1 HT");
+    Viewer witness = watch("/ch1"); // connected later, so the two were accepted
+    clock.advance(preview::HANDSHAKE_MS);
+    EXPECT_TRUE(silent.isEnded());
+    EXPECT_TRUE(half.isEnded());
+    EXPECT_TRUE(witness.settle());
+}
+
+TEST_F(Preview, LimitsOfViewersAndConnections)
+{
+    std::deque<Viewer> viewers;
+    for (int i = 0; i < 64; ++i) viewers.push_back(watch(i % 2 ? "/ch1" : "/ch2"));
+    EXPECT_EQ(Viewer(port(), "/ch1").status(), 503);
+    viewers.pop_front();
+    int s32Status = 503; // until the service has seen that one left
+    for (int i = 0; i < 2000 && s32Status == 503; ++i) s32Status = Viewer(port(), "/ch1").status();
+    EXPECT_EQ(s32Status, 101);
+
+    std::deque<Viewer> silent;
+    for (int i = 0; i < 200; ++i) silent.emplace_back(port());
+    EXPECT_TRUE(silent.back().isEnded()) << "more than it takes are turned away at once";
+    FakeCaches::write(2, "to all", true);
+    EXPECT_EQ(viewers.front().readMessage().strPacket, "to all");
+    clock.advance(preview::HANDSHAKE_MS);
+    EXPECT_TRUE(silent.front().isEnded());
+    EXPECT_EQ(Viewer(port(), "/ch9").status(), 404) << "and there is room again";
+}
+
+TEST_F(Preview, StopsWithViewersAndStartsAgain)
+{
+    EXPECT_EQ(WEBSOCKET_StartService(0), 0) << "runs already";
+    for (int i = 0; i < 3; ++i) {
+        Viewer viewer = watch("/ch1"), stuck = watch("/ch1", 16 << 10), silent(port());
+        for (int k = 0; k < 80; ++k) FakeCaches::write(2, std::string(20000, 'p'), k == 0);
+        EXPECT_EQ(viewer.readMessage().strPacket.size(), 20000U);
+        EXPECT_EQ(WEBSOCKET_StopService(), 0);
+        EXPECT_EQ(WEBSOCKET_isServiceRunning(), 0);
+        EXPECT_EQ(WEBSOCKET_HasInitd(), 1);
+        EXPECT_TRUE(FakeCaches::waitForConsumers(2, false));
+        for (Viewer *pViewer : {&viewer, &stuck, &silent}) EXPECT_TRUE(pViewer->isEnded());
+        const BU_U8 u8Packet = 1;
+        EXPECT_EQ(WEBSOCKET_SendRecodPlayPack("ch5", &u8Packet, 1), 0);
+        EXPECT_EQ(WEBSOCKET_StartService(0), 0);
+    }
+}
+
+TEST_F(Preview, OccupiedPortIsRefused)
+{
+    const int s32Taken = port();
+    WEBSOCKET_StopService();
+    {
+        const util::FileDescriptor fd(socket(AF_INET, SOCK_STREAM, 0));
+        const int s32On = 1;
+        setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &s32On, sizeof(s32On));
+        sockaddr_in stAddress{};
+        stAddress.sin_family = AF_INET;
+        stAddress.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        stAddress.sin_port = htons(static_cast<BU_U16>(s32Taken));
+        ASSERT_EQ(bind(fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof(stAddress)), 0);
+        ASSERT_EQ(listen(fd, 1), 0);
+        EXPECT_EQ(WEBSOCKET_StartService(s32Taken), -1);
+        EXPECT_EQ(WEBSOCKET_isServiceRunning(), 0);
+    }
+    for (const BU_S32 s32Port : {-1, 65536}) EXPECT_EQ(WEBSOCKET_StartService(s32Port), -1);
+    EXPECT_EQ(WEBSOCKET_StartService(s32Taken), 0) << "free again";
+    EXPECT_EQ(port(), s32Taken);
+}
+
+/// Writers, playback, viewers that come and go, and a service that is stopped and started, all at once.
+TEST_F(Preview, EverythingAtOnce)
+{
+    std::atomic<bool> bEnd = false;
+    const auto repeat = [&](auto fn) {
+        return std::jthread([&bEnd, fn] {
+            for (unsigned i = 0; !bEnd; ++i, std::this_thread::yield()) fn(i);
+        });
+    };
+    const BU_U8 au8Key[] = {0, 0, 1, 0x65, 1};
+    {
+        const std::jthread threads[] = {
+            repeat([](unsigned i) { FakeCaches::write(2, std::string(3000, 'a'), i % 8 == 0); }),
+            repeat([](unsigned i) { FakeCaches::write(4, std::string(300, 'b'), i % 8 == 0); }),
+            repeat([](unsigned) { FakeCaches::write(6, "c", true); }),
+            repeat([&](unsigned) { WEBSOCKET_SendRecodPlayPack("ch5", au8Key, sizeof(au8Key)); }),
+        };
+        for (int i = 0; i < 60; ++i) {
+            Viewer one(port(), "/ch1?audio=1"), two(port(), "/ch2"), three(port(), "/ch5");
+            EXPECT_TRUE(one.readMessage().bKeyFrame);
+            EXPECT_EQ(two.readMessage().s32Codec, 18);
+            EXPECT_EQ(three.readMessage().strPacket.size(), sizeof(au8Key));
+            if (i % 20 == 19) {
+                WEBSOCKET_StopService();
+                EXPECT_EQ(WEBSOCKET_StartService(0), 0);
+            }
+        }
+        bEnd = true;
+    }
+}
+} // namespace

@@ -1,0 +1,132 @@
+#include "viewer.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+
+namespace
+{
+BU_U64 number(const std::string &str, std::size_t offset, std::size_t length)
+{
+    BU_U64 u64 = 0;
+    for (std::size_t i = 0; i < length; ++i) u64 = u64 << 8 | static_cast<BU_U8>(str.at(offset + i));
+    return u64;
+}
+} // namespace
+
+Viewer::Viewer(int s32Port, int s32ReceiveBuffer) : m_fd(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+{
+    limitWaits(20);
+    if (s32ReceiveBuffer) setsockopt(m_fd, SOL_SOCKET, SO_RCVBUF, &s32ReceiveBuffer, sizeof(s32ReceiveBuffer));
+    sockaddr_in stAddress{};
+    stAddress.sin_family = AF_INET;
+    stAddress.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    stAddress.sin_port = htons(static_cast<BU_U16>(s32Port));
+    connect(m_fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof(stAddress));
+}
+
+Viewer::Viewer(int s32Port, const std::string &strPath, const std::string &strHeaders, int s32ReceiveBuffer)
+    : Viewer(s32Port, s32ReceiveBuffer)
+{
+    send("GET " + strPath +
+         " HTTP/1.1\r\nHost: camera:12345\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+         "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n" +
+         strHeaders + "\r\n");
+    readStatus();
+}
+
+void Viewer::limitWaits(int s32Seconds)
+{
+    const timeval stLimit{s32Seconds, 0};
+    setsockopt(m_fd, SOL_SOCKET, SO_RCVTIMEO, &stLimit, sizeof(stLimit));
+    setsockopt(m_fd, SOL_SOCKET, SO_SNDTIMEO, &stLimit, sizeof(stLimit));
+}
+
+bool Viewer::settle()
+{
+    send(masked(0x89, "?"));
+    const std::string strPong = read(3);
+    return strPong == "\x8A\x01?";
+}
+
+void Viewer::send(const std::string &strBytes) { ::send(m_fd, strBytes.data(), strBytes.size(), MSG_NOSIGNAL); }
+
+std::string Viewer::read(std::size_t length)
+{
+    std::string str(length, 0);
+    std::size_t done = 0;
+    while (done < length) {
+        const ssize_t got = recv(m_fd, str.data() + done, length - done, 0);
+        if (got <= 0) break;
+        done += static_cast<std::size_t>(got);
+    }
+    str.resize(done);
+    return str;
+}
+
+int Viewer::readStatus()
+{
+    std::string strHead;
+    while (!strHead.ends_with("\r\n\r\n")) {
+        const std::string strByte = read(1);
+        if (strByte.empty()) return 0;
+        strHead += strByte;
+    }
+    return m_s32Status = strHead.starts_with("HTTP/1.") ? std::stoi(strHead.substr(9, 3)) : 0;
+}
+
+tagFRAME_S Viewer::readFrame()
+{
+    for (;;) {
+        const std::string strHead = read(2);
+        if (strHead.size() < 2) return {};
+        std::size_t length = number(strHead, 1, 1);
+        if (length >= 126) length = number(read(length == 126 ? 2 : 8), 0, length == 126 ? 2 : 8);
+        tagFRAME_S stFrame{static_cast<int>(number(strHead, 0, 1) & 0x0F), read(length)};
+        if (stFrame.strPayload.size() < length) return {};
+        if (stFrame.s32Opcode != 9 && stFrame.s32Opcode != 10) return stFrame;
+    }
+}
+
+tagPICTURE_MESSAGE_S Viewer::readMessage()
+{
+    const auto [s32Opcode, str] = readFrame();
+    if (s32Opcode != 2 || str.size() < 32 || str.substr(0, 4) != "PTZ\x01" || number(str, 6, 2) != 32) return {};
+    return {static_cast<int>(number(str, 4, 1)),
+            number(str, 5, 1) == 1,
+            static_cast<BU_U32>(number(str, 8, 4)),
+            static_cast<BU_U32>(number(str, 12, 2)),
+            static_cast<BU_U32>(number(str, 14, 2)),
+            static_cast<BU_U32>(number(str, 24, 4)),
+            static_cast<BU_U32>(number(str, 28, 1)),
+            number(str, 16, 8),
+            str.substr(32)};
+}
+
+bool Viewer::isEnded()
+{
+    char acBytes[4096];
+    ssize_t got = 0;
+    do got = recv(m_fd, acBytes, sizeof(acBytes), 0);
+    while (got > 0);
+    return got == 0 || errno == ECONNRESET;
+}
+
+int Viewer::readCloseCode()
+{
+    for (;;) {
+        const auto [s32Opcode, str] = readFrame();
+        if (s32Opcode < 0) return 0;
+        if (s32Opcode == 8) return str.size() < 2 ? 0 : static_cast<int>(number(str, 0, 2));
+    }
+}
+
+std::string Viewer::masked(int s32FirstByte, const std::string &strText)
+{
+    constexpr char MASK[] = {0x11, 0x22, 0x33, 0x44};
+    std::string str{static_cast<char>(s32FirstByte), static_cast<char>(0x80 | strText.size())};
+    str.append(MASK, sizeof(MASK));
+    for (std::size_t i = 0; i < strText.size(); ++i) str += static_cast<char>(strText[i] ^ MASK[i % 4]);
+    return str;
+}
