@@ -27,7 +27,7 @@ std::vector<std::string> effects();
 /// Lets the next s32Times calls of a function (effect or question) return s32Result without being carried out.
 void inject(const BU_CHAR *pcFunction, BU_S32 s32Result, BU_S32 s32Times = 1);
 
-std::optional<BU_S32> record(const BU_CHAR *pcFunction, std::string strArgs, bool bEffect);
+std::optional<BU_S32> record(const BU_CHAR *pcFunction, const std::string &strArgs, bool bEffect);
 
 // The text of an argument. A record type gets its own form by an overload `std::string journalText(const Record &)` in
 // the record's namespace.
@@ -58,7 +58,7 @@ template <class... A> std::optional<BU_S32> pass(const BU_CHAR *pcFunction, bool
     if (!g_bOn.load(std::memory_order_relaxed)) return std::nullopt;
     std::string strArgs;
     ((strArgs += strArgs.empty() ? argument(args) : ", " + argument(args)), ...);
-    return record(pcFunction, std::move(strArgs), bEffect);
+    return record(pcFunction, strArgs, bEffect);
 }
 
 /// First line of a platform function that changes something:

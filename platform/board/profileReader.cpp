@@ -274,7 +274,7 @@ void collectValues(const Json &json, const std::string &strPath, tagPROFILE_S &s
 {
     if (json.is_structured()) {
         for (const auto &[strKey, value] : json.items())
-            collectValues(value, strPath.empty() ? strKey : strPath + "/" + strKey, stProfile);
+            collectValues(value, strPath.empty() ? strKey : std::string(strPath).append("/").append(strKey), stProfile);
     } else if (json.is_string())
         stProfile.values[strPath] = json.get<std::string>();
     else if (json.is_boolean())

@@ -57,9 +57,8 @@ std::unique_ptr<PseudoTerminal> PseudoTerminal::open(const std::string &strLink,
     if (clTerminal < 0 || clStop < 0 || !makeRaw(clTerminal) || !linkTo(acTerminal.data(), strLink)) return nullptr;
     std::unique_ptr<PseudoTerminal> port(
         new PseudoTerminal(strLink, std::move(clMaster), std::move(clTerminal), std::move(clStop)));
-    port->m_thread = util::Thread(pcThread, [port = port.get(), receiver = std::move(receiver)](std::stop_token stop) {
-        port->receive(stop, receiver);
-    });
+    port->m_thread = util::Thread(pcThread, [port = port.get(), receiver = std::move(receiver)](
+                                                const std::stop_token &stop) { port->receive(stop, receiver); });
     return port;
 }
 
@@ -70,7 +69,7 @@ PseudoTerminal::PseudoTerminal(std::string strLink, util::FileDescriptor clMaste
 {
 }
 
-void PseudoTerminal::receive(std::stop_token stop, const Receiver &receiver)
+void PseudoTerminal::receive(const std::stop_token &stop, const Receiver &receiver)
 {
     const std::stop_callback wake(stop, [this] { eventfd_write(m_clStop, 1); });
     std::array<BU_U8, 1024> au8Bytes;

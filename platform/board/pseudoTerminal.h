@@ -29,7 +29,7 @@ public:
 private:
     PseudoTerminal(std::string strLink, util::FileDescriptor clMaster, util::FileDescriptor clTerminal,
                    util::FileDescriptor clStop);
-    void receive(std::stop_token stop, const Receiver &receiver);
+    void receive(const std::stop_token &stop, const Receiver &receiver);
 
     std::string m_strLink;
     util::FileDescriptor m_clMaster;

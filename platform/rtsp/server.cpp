@@ -132,10 +132,10 @@ void Inbox::runEvents()
     runPosted();
 }
 
-Server::Server() : m_thread("rtsp", [this](std::stop_token stop) { run(stop); }) {}
+Server::Server() : m_thread("rtsp", [this](const std::stop_token &stop) { run(stop); }) {}
 Server::~Server() = default;
 
-void Server::run(std::stop_token stop)
+void Server::run(const std::stop_token &stop)
 {
     const std::stop_callback wake(stop, [this] { m_pstInbox->post([] {}); });
     g_main_context_push_thread_default(m_pstInbox->context());

@@ -61,7 +61,7 @@ public:
     void greet(GstRTSPClient *pstClient); ///< a client that is being made; thread: server
 
 private:
-    void run(std::stop_token stop);
+    void run(const std::stop_token &stop);
     void setUp();
     void tearDown();
     void acceptFrom(int fdListener);

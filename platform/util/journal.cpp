@@ -88,7 +88,7 @@ void inject(const BU_CHAR *pcFunction, BU_S32 s32Result, BU_S32 s32Times)
     state().injections[pcFunction] = {s32Result, s32Times};
 }
 
-std::optional<BU_S32> record(const BU_CHAR *pcFunction, std::string strArgs, bool bEffect)
+std::optional<BU_S32> record(const BU_CHAR *pcFunction, const std::string &strArgs, bool bEffect)
 {
     const std::lock_guard guard(state().lock);
     if (bEffect) {

@@ -93,6 +93,7 @@ BU_S32 restart(void *)
 {
     std::vector<std::string> arguments = ownArguments();
     std::vector<BU_CHAR *> argv;
+    argv.reserve(arguments.size() + 1);
     for (std::string &strArgument : arguments) argv.push_back(strArgument.data());
     argv.push_back(nullptr);
     std::fflush(nullptr);

@@ -83,7 +83,7 @@ struct util::TimerQueue::Impl {
     {
         if (thread || isManual()) return;
         try {
-            thread.emplace(pcName, [this](std::stop_token) { loop(); });
+            thread.emplace(pcName, [this](const std::stop_token &) { loop(); });
         } catch (const std::exception &error) {
             LOG_ERROR("timer thread %s: %s", pcName, error.what());
         }
