@@ -65,19 +65,20 @@ GstElement *makePayloader(const Codec &stCodec, std::size_t index)
     GstElement *pstPay = gst_element_factory_make(stCodec.pcPayloader, ("pay" + std::to_string(index)).c_str());
     if (!pstPay) return nullptr;
     g_object_set(pstPay, "pt", stCodec.u32PayloadType, "ssrc", g_random_int(), nullptr);
-    if (stCodec.s32EncodeType != STREAM_TYPE_AAC) {
-        g_object_set(pstPay, "config-interval", -1, nullptr);
+    // A key frame of a cache carries its parameter sets. Left to add them, the payloader does so for each slice.
+    if (stCodec.s32EncodeType != STREAM_TYPE_AAC)
         gst_util_set_object_arg(G_OBJECT(pstPay), "aggregate-mode", "zero-latency");
-    }
     return pstPay;
 }
+
+void giveBack(gpointer pvRef) { delete static_cast<STREAM_PACKET_REF *>(pvRef); }
 
 /// The packet as a buffer without a copy; the reference keeps it alive.
 GstBuffer *wrap(const STREAM_PACKET_REF &pstPacket)
 {
     return gst_buffer_new_wrapped_full(GST_MEMORY_FLAG_READONLY, const_cast<BU_U8 *>(pstPacket->pu8Data),
                                        pstPacket->u32Length, 0, pstPacket->u32Length, new STREAM_PACKET_REF(pstPacket),
-                                       [](gpointer pvRef) { delete static_cast<STREAM_PACKET_REF *>(pvRef); });
+                                       giveBack);
 }
 } // namespace
 

@@ -2,13 +2,11 @@
 #pragma once
 
 #include "connection.h"
+#include "inbox.h"
 #include "listener.h"
 #include "mount.h"
 #include "util/thread.h"
 
-#include <functional>
-
-typedef struct _GMainContext GMainContext;
 typedef struct _GSource GSource;
 typedef struct _GstRTSPClient GstRTSPClient;
 
@@ -16,27 +14,6 @@ namespace rtsp
 {
 struct Credential {
     std::string strUser, strPassword;
-};
-
-/// Work for the server's thread. Outlives the server for those who still have something to say.
-class Inbox
-{
-public:
-    Inbox();
-    ~Inbox();
-    Inbox(const Inbox &) = delete;
-    Inbox &operator=(const Inbox &) = delete;
-    void post(std::function<void()> fn); ///< thread: any
-    void waitAndRun();                   ///< waits for work or events, and does them
-    void runEvents();                    ///< does the events that are there
-    GMainContext *context() const { return m_pstContext; }
-
-private:
-    void runPosted();
-
-    GMainContext *m_pstContext;
-    std::mutex m_lock; ///< guards the one below
-    std::vector<std::function<void()>> m_listPosted;
 };
 
 class Server

@@ -14,16 +14,18 @@ TEST_P(Transport, StartsAtAKeyFrameThatIsAskedForAtOnce)
 {
     start();
     RtspClient first = viewer(GetParam());
+    ASSERT_TRUE(m_audio.waitKeyRequests(1));
     m_video.write(false, 1'000'000);
     m_video.write(true, 1'040'000, 7);
     m_audio.write(true, 1'050'000, 9);
     tagRTP_S picture = first.rtp(), sound = first.rtp();
     if (picture.s32Stream != 0) std::swap(picture, sound);
-    EXPECT_EQ(picture.u8Type, 96);
+    ASSERT_EQ(picture.u8Type, 96);
     EXPECT_EQ(picture.payload.front() & 0x1F, 24) << "parameter sets and picture in one packet";
+    EXPECT_EQ(picture.payload.size(), 1U + (2 + 10) + (2 + 4) + (2 + 4)) << "each of them once";
     EXPECT_EQ(picture.payload.back(), 7);
     EXPECT_TRUE(picture.bMarker) << "the end of the picture is told with it";
-    EXPECT_EQ(sound.u8Type, 97);
+    ASSERT_EQ(sound.u8Type, 97);
     EXPECT_EQ(sound.payload.back(), 9);
 
     RtspClient second = viewer(GetParam());
@@ -36,6 +38,7 @@ TEST_F(RtspTest, PacketsKeepTheDistancesOfTheirTimestamps)
 {
     start();
     RtspClient one = viewer();
+    ASSERT_TRUE(m_audio.waitKeyRequests(1));
     const auto timeOfNext = [&](FakeEncoder &encoder, BU_S64 s64AtUs) {
         encoder.write(true, s64AtUs);
         return one.rtp().u32Time;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <arpa/inet.h>
+#include <chrono>
 #include <cstdlib>
 #include <glib.h>
 #include <poll.h>
@@ -206,7 +207,8 @@ tagRTP_S RtspClient::rtp()
         int s32Stream = 0;
         return receiveUdp(strPacket, s32Stream) ? parseRtp(s32Stream, strPacket) : tagRTP_S{};
     }
-    while (const auto packet = interleaved())
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(PATIENCE_S);
+    for (std::optional<std::string> packet; std::chrono::steady_clock::now() < until && (packet = interleaved());)
         if (packet->front() % 2 == 0) return parseRtp(packet->front() / 2, std::string_view(*packet).substr(1));
     return {};
 }
