@@ -1,10 +1,13 @@
 #include "overlayPlanes.h"
 
+#include <libyuv/convert_argb.h>
 #include <libyuv/planar_functions.h>
 #include <libyuv/scale_argb.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <span>
 
 using namespace media::overlay;
 
@@ -21,7 +24,6 @@ BU_U32 from1555(BU_U32 u, const OSD_MENU_CANVAS_S &st)
 {
     return argb((u & 0x8000) != 0 ? st.fgAlpha : st.bgAlpha, fromBits(u, 10, 5), fromBits(u, 5, 5), fromBits(u, 0, 5));
 }
-BU_U32 from4444(BU_U32 u) { return argb(fromBits(u, 12, 4), fromBits(u, 8, 4), fromBits(u, 4, 4), fromBits(u, 0, 4)); }
 
 /// BT.709, limited range.
 struct tagYUV_S {
@@ -35,11 +37,41 @@ tagYUV_S toYuv(BU_U32 u32Argb)
 }
 BU_U8 byte(float f) { return static_cast<BU_U8>(f + 0.5F); }
 
+/// Two by two pixels. Chroma is the mean by alpha, so that transparent neighbours do not colour an edge.
+struct Quad {
+    std::array<BU_U32, 4> au32Argb{};
+    std::array<BU_U8, 4> au8Y{16, 16, 16, 16}, au8Alpha{};
+    BU_U8 u8U = 128, u8V = 128, u8Alpha = 0;
+
+    void convert(const std::array<BU_U32, 4> &au32)
+    {
+        au32Argb = au32;
+        float fAlpha = 0, fU = 0, fV = 0;
+        for (std::size_t i = 0; i < 4; ++i) {
+            au8Alpha[i] = static_cast<BU_U8>(au32[i] >> 24);
+            const auto f = static_cast<float>(au8Alpha[i]);
+            const tagYUV_S st = toYuv(au32[i]);
+            au8Y[i] = byte(st.y);
+            fAlpha += f;
+            fU += st.u * f;
+            fV += st.v * f;
+        }
+        u8U = fAlpha == 0 ? 128 : byte(fU / fAlpha);
+        u8V = fAlpha == 0 ? 128 : byte(fV / fAlpha);
+        u8Alpha = byte(fAlpha / 4);
+    }
+};
+
+void put(BU_U8 *pu8, BU_U8 u8First, BU_U8 u8Second)
+{
+    pu8[0] = u8First;
+    pu8[1] = u8Second;
+}
+
 /// Scales with the colours multiplied by alpha, so that what is transparent does not shine through at the edges.
 std::vector<BU_U32> scaled(const Image &image, BU_S32 w, BU_S32 h)
 {
     const int s32FromW = image.stRect.w, s32FromH = image.stRect.h;
-    if (w == s32FromW && h == s32FromH) return image.vecArgb;
     std::vector<BU_U32> vecFrom(image.vecArgb.size()), vec(static_cast<std::size_t>(w) * static_cast<std::size_t>(h));
     auto *pu8From = reinterpret_cast<BU_U8 *>(vecFrom.data()), *pu8 = reinterpret_cast<BU_U8 *>(vec.data());
     libyuv::ARGBAttenuate(reinterpret_cast<const BU_U8 *>(image.vecArgb.data()), s32FromW * 4, pu8From, s32FromW * 4,
@@ -78,34 +110,33 @@ Image::Image(const OSD_MENU_CANVAS_S &stCanvas) : stRect(stCanvas.stMenuRect), s
     if (stCanvas.enFormat == OSD_FORMAT_E_ARGB8888)
         std::copy_n(static_cast<const BU_U32 *>(pv), vecArgb.size(), vecArgb.begin());
     else if (stCanvas.enFormat == OSD_FORMAT_E_ARGB4444)
-        std::transform(pu16, pu16 + vecArgb.size(), vecArgb.begin(), from4444);
+        libyuv::ARGB4444ToARGB(static_cast<const BU_U8 *>(pv), stRect.w * 2, reinterpret_cast<BU_U8 *>(vecArgb.data()),
+                               stRect.w * 4, stRect.w, stRect.h);
     else
         std::transform(pu16, pu16 + vecArgb.size(), vecArgb.begin(),
                        [&](BU_U16 u16) { return from1555(u16, stCanvas); });
 }
 
-/// Two by two pixels; chroma is the mean by alpha, so that transparent neighbours do not colour an edge.
-void Planes::convertPair(const BU_U32 *pu32, BU_S32 s32Stride, BU_S32 x, BU_S32 y)
+/// Most neighbours in a drawing are alike: what is like the quad before it is not worked out again.
+void Planes::convert(const BU_U32 *pu32, BU_S32 s32Stride)
 {
-    const auto w = static_cast<std::size_t>(m_stRect.w), ux = static_cast<std::size_t>(x),
-               uy = static_cast<std::size_t>(y);
-    float fAlpha = 0, fU = 0, fV = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
-        const BU_U32 u32 = pu32[(i / 2) * static_cast<std::size_t>(s32Stride) + i % 2];
-        const BU_U8 u8Alpha = static_cast<BU_U8>(u32 >> 24);
-        const tagYUV_S st = toYuv(u32);
-        const std::size_t at = (uy + i / 2) * w + ux + i % 2;
-        m_vecY[at] = byte(st.y);
-        m_vecAlpha[at] = u8Alpha;
-        fAlpha += u8Alpha;
-        fU += st.u * u8Alpha;
-        fV += st.v * u8Alpha;
+    const auto w = static_cast<std::size_t>(m_stRect.w), stride = static_cast<std::size_t>(s32Stride);
+    Quad quad;
+    for (std::size_t y = 0; y < static_cast<std::size_t>(m_stRect.h); y += 2, pu32 += 2 * stride) {
+        const std::span<BU_U8> y0(m_vecY.data() + y * w, w), y1(y0.data() + w, w), alpha0(m_vecAlpha.data() + y * w, w),
+            alpha1(alpha0.data() + w, w), uv(m_vecUv.data() + y / 2 * w, w),
+            uvAlpha(m_vecUvAlpha.data() + y / 2 * w, w);
+        for (std::size_t x = 0; x < w; x += 2) {
+            const std::array au32{pu32[x], pu32[x + 1], pu32[stride + x], pu32[stride + x + 1]};
+            if (au32 != quad.au32Argb) quad.convert(au32);
+            put(&y0[x], quad.au8Y[0], quad.au8Y[1]);
+            put(&y1[x], quad.au8Y[2], quad.au8Y[3]);
+            put(&alpha0[x], quad.au8Alpha[0], quad.au8Alpha[1]);
+            put(&alpha1[x], quad.au8Alpha[2], quad.au8Alpha[3]);
+            put(&uv[x], quad.u8U, quad.u8V);
+            put(&uvAlpha[x], quad.u8Alpha, quad.u8Alpha);
+        }
     }
-    if (fAlpha == 0) return;
-    const std::size_t at = uy / 2 * w + ux;
-    m_vecUv[at] = byte(fU / fAlpha);
-    m_vecUv[at + 1] = byte(fV / fAlpha);
-    m_vecUvAlpha[at] = m_vecUvAlpha[at + 1] = byte(fAlpha / 4);
 }
 
 void Planes::make(const Image &image, BU_S32 s32Width, BU_S32 s32Height)
@@ -117,20 +148,20 @@ void Planes::make(const Image &image, BU_S32 s32Width, BU_S32 s32Height)
                  s32Top = even(static_cast<float>(image.stRect.y) * fY);
     const BU_S32 w = std::max(even(static_cast<float>(image.stRect.w) * fX), 2),
                  h = std::max(even(static_cast<float>(image.stRect.h) * fY), 2);
-    const std::vector<BU_U32> vec = scaled(image, w, h);
+    const bool bAsIs = w == image.stRect.w && h == image.stRect.h;
+    const std::vector<BU_U32> vecScaled = bAsIs ? std::vector<BU_U32>() : scaled(image, w, h);
+    const std::vector<BU_U32> &vec = bAsIs ? image.vecArgb : vecScaled;
     const SDL_Rect stUsed = usedPart(vec, w, h);
     const BU_S32 x0 = std::max({stUsed.x & ~1, -s32Left, 0}), y0 = std::max({stUsed.y & ~1, -s32Top, 0});
     const BU_S32 x1 = std::min((stUsed.x + stUsed.w + 1) & ~1, s32Width - s32Left),
                  y1 = std::min((stUsed.y + stUsed.h + 1) & ~1, s32Height - s32Top);
     m_stRect = x1 > x0 && y1 > y0 ? SDL_Rect{s32Left + x0, s32Top + y0, x1 - x0, y1 - y0} : SDL_Rect{};
     const auto area = static_cast<std::size_t>(m_stRect.w) * static_cast<std::size_t>(m_stRect.h);
-    m_vecY.assign(area, 0);
-    m_vecAlpha.assign(area, 0);
-    m_vecUv.assign(area / 2, 128);
-    m_vecUvAlpha.assign(area / 2, 0);
-    for (BU_S32 y = 0; y < m_stRect.h; y += 2)
-        for (BU_S32 x = 0; x < m_stRect.w; x += 2)
-            convertPair(vec.data() + static_cast<std::ptrdiff_t>(y0 + y) * w + x0 + x, w, x, y);
+    m_vecY.resize(area);
+    m_vecAlpha.resize(area);
+    m_vecUv.resize(area / 2);
+    m_vecUvAlpha.resize(area / 2);
+    convert(vec.data() + static_cast<std::ptrdiff_t>(y0) * w + x0, w);
 }
 
 void Planes::blend(const SCENE_FRAME_S &stFrame) const

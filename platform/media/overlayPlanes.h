@@ -23,7 +23,7 @@ public:
     void blend(const SCENE_FRAME_S &stFrame) const;
 
 private:
-    void convertPair(const BU_U32 *pu32, BU_S32 s32Stride, BU_S32 x, BU_S32 y);
+    void convert(const BU_U32 *pu32, BU_S32 s32Stride);
 
     SDL_Rect m_stRect{};                                          // even, inside the picture
     std::vector<BU_U8> m_vecY, m_vecAlpha, m_vecUv, m_vecUvAlpha; // of a chroma pair both bytes have the alpha

@@ -31,19 +31,21 @@ void Picture::release()
 
 Pipe::~Pipe() { m_thread.reset(); }
 
-void Pipe::start()
+void Pipe::start(std::function<void()> fnPrepared)
 {
     const std::lock_guard guard(m_lock);
     if (m_thread) return;
-    m_thread.emplace(m_s32Pipe == PIPE_CLOSE_UP ? "CloseUp" : "Panorama", [this](const std::stop_token &stop) {
-        m_id = std::this_thread::get_id();
-        {
-            const std::lock_guard started(m_lock);
-            m_bWaiting = false;
-        }
-        m_source.prepare();
-        loop(stop);
-    });
+    m_thread.emplace(m_s32Pipe == PIPE_CLOSE_UP ? "CloseUp" : "Panorama",
+                     [this, fnPrepared](const std::stop_token &stop) {
+                         m_id = std::this_thread::get_id();
+                         {
+                             const std::lock_guard started(m_lock);
+                             m_bWaiting = false;
+                         }
+                         m_source.prepare();
+                         fnPrepared();
+                         loop(stop);
+                     });
 }
 
 void Pipe::setRate(FrameRate stRate)
@@ -252,7 +254,11 @@ Pipe *media::pipeOf(BU_S32 s32Usage)
 
 void media::setPipeCount(BU_S32 s32Count) { pipes().s32Count = s32Count; }
 
+/// One after the other: whoever waits for the camera waits for the close-up, and the start-up needs a processor, too.
 void media::startPipes()
 {
-    for (BU_S32 i = 0; auto *pstPipe = pipeAt(i); ++i) pstPipe->start();
+    if (auto *pstCloseUp = pipeAt(PIPE_CLOSE_UP))
+        pstCloseUp->start([] {
+            if (auto *pstPanorama = pipeAt(PIPE_PANORAMA)) pstPanorama->start();
+        });
 }

@@ -58,8 +58,8 @@ public:
     explicit Pipe(BU_S32 s32Pipe) : m_s32Pipe(s32Pipe), m_source(s32Pipe) {}
     ~Pipe();
 
-    /// Makes the thread, once.
-    void start();
+    /// Makes the thread, once. @param fnPrepared  called there when it is ready for its first picture
+    void start(std::function<void()> fnPrepared = [] {});
     void setRate(FrameRate stRate);
     FrameRate rate() const;
     void add(std::shared_ptr<PictureTaker> pstTaker);

@@ -6,6 +6,7 @@
 #include "util/journal.h"
 #include "util/log.h"
 #include "vencChannel.h"
+#include "vencConsole.h"
 
 #include <algorithm>
 #include <array>
@@ -142,6 +143,7 @@ BU_S32 MPP_InitStream()
     media::startChannels();
     media::startPipes();
     media::startAudio();
+    media::openVencConsole();
     return 0;
 }
 

@@ -1,11 +1,17 @@
 #include "vencChannel.h"
 
 #include "util/log.h"
+#include "util/time.h"
 
 #include <utility>
 
 using media::FrameRate;
 using media::VencChannel;
+
+namespace
+{
+constexpr BU_U64 KEY_FORCED_US = 500'000; // from one key frame on request to the next
+}
 
 bool VencChannel::status(MPP_VENC_PARAM_S &stParam) const
 {
@@ -73,7 +79,8 @@ BU_S32 VencChannel::requestKeyFrame()
 {
     MPP_VENC_PARAM_S stParam;
     if (!status(stParam)) return -1;
-    m_bKeyWanted = true;
+    if (!m_bKeyWanted.exchange(true))
+        if (Pipe *pstPipe = pipe()) pstPipe->wake();
     return 0;
 }
 
@@ -130,6 +137,7 @@ std::optional<media::PictureTaker::Wish> VencChannel::wish(FrameRate stOutput)
     m_stOutput = stOutput;
     return Wish{.stSize = {static_cast<BU_S32>(stParam.u32Width), static_cast<BU_S32>(stParam.u32Height)},
                 .stRate = FrameRate::ofCode(stParam.u32FrmRate)->from(stOutput),
+                .bOnce = isKeyUrgent(stOutput),
                 .s32Target = pipeOf(s32Usage) == pipeAt(PIPE_CLOSE_UP) ? m_s32Chn : -1};
 }
 
@@ -158,14 +166,19 @@ bool VencChannel::open(FrameRate stOutput)
     return false;
 }
 
+/// Somebody waits for a key frame and may have one: any of the output's frames does, also between the stream's own.
+bool VencChannel::isKeyUrgent(FrameRate stOutput) const
+{
+    return m_bKeyWanted && static_cast<BU_U64>(UTIL_TIME_NowUs() - stOutput.dueUs(1)) >= m_u64ForcedUs + KEY_FORCED_US;
+}
+
 /// The group of pictures is over, or somebody asked for a key frame and the last that was forced is long enough ago.
 bool VencChannel::isKeyDue(BU_U64 u64TimeUs)
 {
-    constexpr BU_U64 FORCED_US = 500'000;
     const BU_U64 u64Group =
         m_stRunning.u32GOP ? m_stRunning.u32GOP : 2U * m_stEncoderRate.s32Num / m_stEncoderRate.s32Den;
     if (m_u32SinceKey >= u64Group) return true;
-    if (!m_bKeyWanted || u64TimeUs - m_u64ForcedUs < FORCED_US) return false;
+    if (!m_bKeyWanted || u64TimeUs - m_u64ForcedUs < KEY_FORCED_US) return false;
     m_u64ForcedUs = u64TimeUs;
     return true;
 }

@@ -45,6 +45,7 @@ private:
     Pipe *pipe() const { return pipeOf(source()); }
     STREAM_PACKET_METADATA_S metadata() const;
     bool open(FrameRate stOutput);
+    bool isKeyUrgent(FrameRate stOutput) const;
     bool isKeyDue(BU_U64 u64TimeUs);
     void deliver(const STREAM_PACKET_REF &pstPacket);
     void call(tagFRAME_FUNCTION_S &stFunction, const STREAM_PACKET_S &stPacket);

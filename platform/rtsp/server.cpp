@@ -27,9 +27,35 @@ constexpr guint PATIENCE_MS = 2000;              // with clients that are sent a
 constexpr const BU_CHAR *OWNER = "camera-owner"; // name of object data
 constexpr guint SESSIONS_OF_CLIENT_MAX = 4;
 
+/// The library looks at credentials once it has found the session: its 404 would tell which names there are.
+gboolean checkAccess(GstRTSPAuth *pstAuth, GstRTSPContext *pstContext, const gchar *pcCheck)
+{
+    constexpr int NAMING = GST_RTSP_DESCRIBE | GST_RTSP_SETUP | GST_RTSP_ANNOUNCE | GST_RTSP_RECORD;
+    GstRTSPAuthClass *pstClass = GST_RTSP_AUTH_GET_CLASS(pstAuth);
+    if (g_str_equal(pcCheck, GST_RTSP_AUTH_CHECK_URL) && (pstContext->method & NAMING) != 0 && !pstContext->token &&
+        (!pstClass->authenticate(pstAuth, pstContext) || !pstContext->token)) {
+        constexpr GstRTSPStatusCode enStatus = GST_RTSP_STS_UNAUTHORIZED;
+        gst_rtsp_message_init_response(pstContext->response, enStatus, gst_rtsp_status_as_text(enStatus),
+                                       pstContext->request);
+        pstClass->generate_authenticate_header(pstAuth, pstContext);
+        gst_rtsp_client_send_message(pstContext->client, pstContext->session, pstContext->response);
+        return FALSE;
+    }
+    return static_cast<GstRTSPAuthClass *>(g_type_class_peek_parent(pstClass))->check(pstAuth, pstContext, pcCheck);
+}
+
+GType authType()
+{
+    static const GType type = g_type_register_static_simple(
+        GST_TYPE_RTSP_AUTH, "CameraRtspAuth", sizeof(GstRTSPAuthClass),
+        [](gpointer pvClass, gpointer) { static_cast<GstRTSPAuthClass *>(pvClass)->check = checkAccess; },
+        sizeof(GstRTSPAuth), nullptr, GTypeFlags{});
+    return type;
+}
+
 GstRTSPAuth *newAuth(const std::vector<Credential> &listCredentials)
 {
-    GstRTSPAuth *pstAuth = gst_rtsp_auth_new();
+    auto *pstAuth = static_cast<GstRTSPAuth *>(g_object_new(authType(), nullptr));
     gst_rtsp_auth_set_supported_methods(pstAuth,
                                         static_cast<GstRTSPAuthMethod>(GST_RTSP_AUTH_BASIC | GST_RTSP_AUTH_DIGEST));
     gst_rtsp_auth_set_realm(pstAuth, "camera");

@@ -89,10 +89,10 @@ Gains whiteBalanceFor(const PICTURE_SETTINGS_S &st)
         stGains = {st.afGain[0], st.afGain[1], st.afGain[2]};
         break;
     case WB_MODE_E_INDOOR:
-        kelvin(3200);
+        kelvin(INDOOR_KELVIN);
         break;
     case WB_MODE_E_OUTDOOR:
-        kelvin(5800);
+        kelvin(OUTDOOR_KELVIN);
         break;
     case WB_MODE_E_STATIC:
         kelvin(st.fColourTemp);

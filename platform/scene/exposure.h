@@ -17,6 +17,8 @@ Exposure exposureFor(const PICTURE_SETTINGS_S &st, float fMean);
 /// Average of the part of a picture that is metered, 0 to 1.
 float meter(const SCENE_FRAME_S &stFrame, tagAE_METER_MODE_E enMeter);
 
+constexpr float INDOOR_KELVIN = 3200, OUTDOOR_KELVIN = 5800;
+
 struct Gains {
     float r, g, b;
 };

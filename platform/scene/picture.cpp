@@ -169,6 +169,25 @@ SCENE_FRAME_S upsideDown(SCENE_FRAME_S st)
     return st;
 }
 
+/// A shutter that is open for long smears what moves past. @return the view, with how far the head turns meanwhile
+SCENE_VIEW_S smeared(SCENE_VIEW_S stView, const PICTURE_SETTINGS_S &stSettings, PICTURE_STATE_S &stState,
+                     BU_S64 s64TimeUs)
+{
+    constexpr BU_FLOAT LONG_S = 0.0167F;    // shorter ones leave the picture as it is
+    constexpr BU_S64 TOGETHER_US = 200'000; // pictures further apart do not tell how fast it turns
+    const bool bByHand = stSettings.enAeMode == AE_MODE_E_MANUAL || stSettings.enAeMode == AE_MODE_E_SHUTTER;
+    const BU_S64 s64Between = s64TimeUs - stState.s64LastUs;
+    if (bByHand && stSettings.fShutterS > LONG_S && stState.s64LastUs >= 0 && s64Between > 0 &&
+        s64Between <= TOGETHER_US) {
+        const BU_FLOAT fOpen = stSettings.fShutterS * 1e6F / static_cast<BU_FLOAT>(s64Between);
+        stView.fSmearPan = std::remainder(stView.fPan - stState.fPan, 360.0F) * fOpen;
+        stView.fSmearTilt = (stView.fTilt - stState.fTilt) * fOpen;
+    }
+    stState.fPan = stView.fPan;
+    stState.fTilt = stView.fTilt;
+    return stView;
+}
+
 void copy(const SCENE_FRAME_S &stIn, const SCENE_FRAME_S &stOut)
 {
     libyuv::CopyPlane(stIn.pu8Y, stIn.s32StrideY, stOut.pu8Y, stOut.s32StrideY, stIn.s32Width, stIn.s32Height);
@@ -200,8 +219,9 @@ BU_S32 PICTURE_Render(SCENE_S *pstScene, const SCENE_VIEW_S *pstView, const PICT
     }
     const SCENE_FRAME_S stWay = stSettings.bMirror ? frameIn(stState.vecWork, stOut) : stOut;
     const SCENE_FRAME_S stInto = stSettings.bFlip ? upsideDown(stWay) : stWay;
-    const BU_S32 s32Ret = pstView ? SCENE_RenderCloseUp(pstScene, *pstView, s64TimeUs, stInto)
-                                  : SCENE_RenderPanorama(pstScene, s64TimeUs, stInto);
+    const BU_S32 s32Ret =
+        pstView ? SCENE_RenderCloseUp(pstScene, smeared(*pstView, stSettings, stState, s64TimeUs), s64TimeUs, stInto)
+                : SCENE_RenderPanorama(pstScene, s64TimeUs, stInto);
     if (s32Ret != 0) return s32Ret;
     if (stSettings.bMirror)
         libyuv::NV12Mirror(stWay.pu8Y, stWay.s32StrideY, stWay.pu8Uv, stWay.s32StrideUv, stOut.pu8Y, stOut.s32StrideY,

@@ -3,10 +3,12 @@
 
 #include "board/profile.h"
 #include "camera/focus.h"
+#include "camera/lensCurve.h"
 #include "camera/motion.h"
 #include "camera/system.h"
 #include "camera/zoom.h"
 #include "config/config.h"
+#include "exposure.h"
 #include "vocabulary/tables.h"
 
 #include <algorithm>
@@ -135,21 +137,22 @@ void readWhiteBalance(BU_S32 s32Pipe, PICTURE_SETTINGS_S &st)
     constexpr BU_FLOAT ONE = 128;
     st.enWbMode = static_cast<tagWB_MODE_E>(valueOf(ISP_API_GetWbMode, s32Pipe));
     st.enAwbSensitivity = static_cast<tagAWB_SENSITIVITY_E>(valueOf(ISP_API_GetAwbSensitivity, s32Pipe));
-    st.fColourTemp = static_cast<BU_FLOAT>(std::max(valueOf(ISP_API_GetStWbMode, s32Pipe), 1000));
+    const auto fOwn = static_cast<BU_FLOAT>(std::max(valueOf(ISP_API_GetStWbMode, s32Pipe), 1000));
+    st.fColourTemp = pick({fOwn, scene::INDOOR_KELVIN, scene::OUTDOOR_KELVIN}, valueOf(ISP_API_GetStaticMode, s32Pipe));
     for (int i = 0; i < 3; ++i) {
         st.afGain[i] = static_cast<BU_FLOAT>(valueOf(GAINS[i], s32Pipe)) / ONE;
         st.afStrength[i] = static_cast<BU_FLOAT>(valueOf(STRENGTHS[i], s32Pipe)) / ONE;
     }
 }
 
-/// Distance that the lens is set to [1/m]: the lens curve of docs/positions.md read backwards.
-BU_FLOAT focusDioptres(BU_S32 s32FocusPos, BU_S32 s32ZoomPos)
+/// What else brings the picture closer: only the middle of the sensor is read, or the edges that the lens bends are cut
+/// off.
+BU_FLOAT enlargement()
 {
-    constexpr BU_FLOAT FAR_END = 175, NEAR_END = 7095, AT_INFINITY = 1500, WIDE_SHARE = 0.3F, TELE_END = 16384,
-                       CLOSEST_M = 0.3F;
-    const BU_FLOAT fTele = std::clamp(static_cast<BU_FLOAT>(s32ZoomPos) / TELE_END, 0.0F, 1.0F);
-    const BU_FLOAT fPull = (NEAR_END - FAR_END - AT_INFINITY) * (WIDE_SHARE + (1 - WIDE_SHARE) * fTele);
-    return (static_cast<BU_FLOAT>(s32FocusPos) - FAR_END - AT_INFINITY * fTele) / fPull / CLOSEST_M;
+    constexpr BU_FLOAT TELE_MODE = 2, CORRECTED = 1.04F;
+    BU_BOOL bCorrected = BU_FALSE;
+    AF_API_GetDistortionCorrection(&bCorrected, BU_FALSE);
+    return (valueOf(SYS_API_GetSensorCrop) ? TELE_MODE : 1) * (bCorrected ? CORRECTED : 1);
 }
 } // namespace
 
@@ -188,11 +191,12 @@ BU_S32 PICTURE_ReadView(SCENE_VIEW_S *pstView)
     } else
         s32Ret = -1;
     if (PTZ_API_GetZoomTime(0, &st.fMagnification) != 0) s32Ret = -1;
+    st.fMagnification *= enlargement();
     AF_API_GetFaceAF(0, &s32FaceFirst); // then the lens focuses on faces at any distance: taken as sharp
     if (AF_API_GetFocusPos(0, &s32Focus) != 0 || PTZ_API_GetZoomPos(0, &s32Zoom) != 0)
         s32Ret = -1;
     else if (!s32FaceFirst)
-        st.fDefocus = focusDioptres(s32Focus, s32Zoom) - 1 / s_fSceneM;
+        st.fDefocus = static_cast<BU_FLOAT>(lens_curve::dioptres(s32Zoom, s32Focus)) - 1 / s_fSceneM;
     if (std::abs(st.fDefocus) < 0.01F) st.fDefocus = 0; // what rounding of the positions leaves
     *pstView = st;
     return s32Ret;

@@ -51,14 +51,14 @@ void scale(const SCENE_FRAME_S &stIn, const SCENE_FRAME_S &stOut)
     libyuv::MergeUVPlane(apu8Out[0], s32OutW, apu8Out[1], s32OutW, stOut.pu8Uv, stOut.s32StrideUv, s32OutW, s32OutH);
 }
 
-/// Softens a picture by a radius in pixels: made smaller and larger again.
-void defocus(SCENE_S &stScene, float fRadius, const SCENE_FRAME_S &st)
+/// Softens a picture by a radius in pixels, across and down: made smaller and larger again.
+void soften(SCENE_S &stScene, Point stRadius, const SCENE_FRAME_S &st)
 {
-    const float fShrink = 1 + 0.6F * std::min(fRadius, BLUR_LIMIT);
-    const auto size = [fShrink](BU_S32 s32) {
+    const auto size = [](BU_S32 s32, float fRadius) {
+        const float fShrink = 1 + 0.6F * std::min(fRadius, BLUR_LIMIT);
         return std::max(static_cast<BU_S32>(static_cast<float>(s32) / fShrink) & ~1, 8);
     };
-    const BU_S32 s32Width = size(st.s32Width), s32Height = size(st.s32Height);
+    const BU_S32 s32Width = size(st.s32Width, stRadius.x), s32Height = size(st.s32Height, stRadius.y);
     stScene.vecSmall.resize(static_cast<std::size_t>(s32Width) * static_cast<std::size_t>(s32Height) * 3 / 2);
     const SCENE_FRAME_S stSmall{stScene.vecSmall.data(),
                                 stScene.vecSmall.data() + s32Width * s32Height,
@@ -128,8 +128,10 @@ BU_S32 SCENE_RenderCloseUp(SCENE_S *pstScene, const SCENE_VIEW_S &stView, BU_S64
     const float fFov = std::clamp(stView.fFov, 1.0F, 170.0F) / std::clamp(stView.fMagnification, 1.0F, 512.0F);
     const Projection st(std::remainder(stView.fPan, 360.0F), std::clamp(stView.fTilt, -90.0F, 90.0F), fFov, stOut);
     if (render(*pstScene, st, s64TimeUs, stOut) != 0) return -1;
-    if (const float fRadius = blurRadius(stView, st.fPixelsPerDegree); fRadius > 0.6F)
-        defocus(*pstScene, fRadius, stOut);
+    const float fOfFocus = blurRadius(stView, st.fPixelsPerDegree);
+    const Point stRadius{fOfFocus + std::abs(stView.fSmearPan) * st.fPixelsPerDegree / 2,
+                         fOfFocus + std::abs(stView.fSmearTilt) * st.fPixelsPerDegree / 2};
+    if (std::max(stRadius.x, stRadius.y) > 0.6F) soften(*pstScene, stRadius, stOut);
     return 0;
 }
 

@@ -60,6 +60,7 @@ TEST_F(RtspTest, EveryCredentialLetsInAndNothingElse)
         EXPECT_EQ(statusWith(digest(one, pcUser, pcPassword)), s32Status) << pcUser << " " << pcPassword;
     }
     EXPECT_EQ(client().play("live/main").s32Status, 401);
+    EXPECT_EQ(client().play("unknown").s32Status, 401) << "which names there are is told to no stranger";
     EXPECT_EQ(client(Way::Http).play("live/main").s32Status, 401);
     EXPECT_FALSE(m_video.cache().isWanted());
 }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "live/rtsp.h"
-#include "rtspClient.h"
 #include "streamCache.h"
 #include "support/platformTest.h"
+#include "support/rtspClient.h"
 
 #include <chrono>
 

@@ -12,44 +12,56 @@ namespace
 using namespace preview;
 using namespace std::string_literals;
 
-TEST(Origin, IsAllowedFromThisMachineAndFromTheHostItself)
+TEST(Origin, IsAllowedFromTheHostItselfAndFromTheCamera)
 {
     struct tagROW_S {
-        const char *pcOrigin, *pcHost;
+        const char *pcOwn, *pcOrigin, *pcHost;
         bool bAllowed;
     };
     constexpr tagROW_S ROWS[] = {
-        {"http://localhost", "camera", true},
-        {"http://LOCALHOST:8080", "", true},
-        {"https://127.0.0.1:8443", "10.0.0.5:12345", true},
-        {"http://127.8.9.10", "camera", true},
-        {"http://[::1]:8080", "camera", true},
-        {"http://camera.local:8080", "Camera.Local:12345", true},
-        {"https://[fe80::1]", "[FE80::1]:12345", true},
-        {"", "camera", false},
-        {"null", "camera", false},
-        {"camera", "camera", false},
-        {"file://", "", false},
-        {"ftp://localhost", "localhost", false},
-        {"http://", "", false},
-        {"http://127.0.0.1.evil.example", "127.0.0.1", false},
-        {"http://localhost.evil.example", "localhost", false},
-        {"http://evil.example", "camera", false},
-        {"http://evil.example#localhost", "camera", false},
-        {"http://localhost@evil.example", "camera", false},
-        {"http://localhost:80@evil.example", "camera", false},
-        {"http://localhost,http://evil.example", "camera", false},
-        {"http://[::1", "camera", false},
-        {"http://cam", "camera", false},
-        {"http://camera", "cam", false},
+        {"127.0.0.1", "http://localhost", "127.0.0.1:12345", true},
+        {"127.0.0.1", "https://127.0.0.1:8443", "localhost:12345", true},
+        {"127.0.0.1", "http://[::1]:8080", "localhost", true},
+        {"127.0.0.9", "http://127.0.0.9", "127.0.0.9:12345", true},
+        {"127.0.0.9", "http://localhost", "127.0.0.9:12345", false},
+        {"127.0.0.9", "http://127.0.0.1:3000", "127.0.0.9:12345", false},
+        {"10.0.0.5", "http://10.0.0.5:8080", "10.0.0.5:12345", true},
+        {"10.0.0.5", "http://10.0.0.6", "10.0.0.5:12345", false},
+        {"10.0.0.5", "http://10.0.0.5", "studio:12345", true},
+        {"0.0.0.0", "http://LOCALHOST:8080", "10.0.0.5:12345", true},
+        {"0.0.0.0", "http://studio.local:8080", "Studio.Local:12345", true},
+        {"0.0.0.0", "http://STUDIO", "studio", true},
+        {"0.0.0.0", "https://[fe80::1]", "[FE80::1]:12345", true},
+        {"127.0.0.1", "http://camera", "camera:12345", false}, // a name that leads here, but is not ours
+        {"127.0.0.1", "http://evil.example:12345", "evil.example:12345", false},
+        {"127.0.0.1", "http://localhost", "evil.example", false},
+        {"127.0.0.1", "http://studio", "studio.evil.example", false},
+        {"127.0.0.1", "http://localhost", "", false},
+        {"127.0.0.1", "http://0.0.0.0", "127.0.0.1", false},
+        {"127.0.0.1", "", "127.0.0.1", false},
+        {"127.0.0.1", "null", "127.0.0.1", false},
+        {"127.0.0.1", "localhost", "127.0.0.1", false},
+        {"127.0.0.1", "file://", "127.0.0.1", false},
+        {"127.0.0.1", "ftp://localhost", "localhost", false},
+        {"127.0.0.1", "http://", "", false},
+        {"127.0.0.1", "http://127.0.0.1.evil.example", "127.0.0.1", false},
+        {"127.0.0.1", "http://localhost.evil.example", "localhost", false},
+        {"127.0.0.1", "http://evil.example", "127.0.0.1", false},
+        {"127.0.0.1", "http://evil.example#localhost", "127.0.0.1", false},
+        {"127.0.0.1", "http://localhost@evil.example", "127.0.0.1", false},
+        {"127.0.0.1", "http://localhost:80@evil.example", "127.0.0.1", false},
+        {"127.0.0.1", "http://localhost,http://evil.example", "127.0.0.1", false},
+        {"127.0.0.1", "http://[::1", "127.0.0.1", false},
     };
-    for (const auto &[pcOrigin, pcHost, bAllowed] : ROWS)
-        EXPECT_EQ(isOriginAllowed(pcOrigin, pcHost), bAllowed) << pcOrigin << " to " << pcHost;
+    for (const auto &[pcOwn, pcOrigin, pcHost, bAllowed] : ROWS)
+        EXPECT_EQ(OriginRule(pcOwn, "Studio").allows(pcOrigin, pcHost), bAllowed)
+            << pcOwn << ": " << pcOrigin << " to " << pcHost;
+    EXPECT_FALSE(OriginRule("127.0.0.1", "").allows("http://.local", ".local")) << "a machine without a name";
 }
 
 TEST(Admission, OneMachineCannotTakeAllConnections)
 {
-    Admission admission;
+    Admission admission("192.0.2.9");
     for (int i = 0; i < 16; ++i) {
         ASSERT_TRUE(admission.mayConnect("192.0.2.1"));
         admission.enter("192.0.2.1");
@@ -59,8 +71,9 @@ TEST(Admission, OneMachineCannotTakeAllConnections)
     admission.leave("192.0.2.1");
     EXPECT_TRUE(admission.mayConnect("192.0.2.1"));
     for (int i = 15; i < 128; ++i) {
-        ASSERT_TRUE(admission.mayConnect("127.0.0.1"));
-        admission.enter("127.0.0.1");
+        const char *pcHere = i % 2 ? "127.0.0.1" : "192.0.2.9";
+        ASSERT_TRUE(admission.mayConnect(pcHere)) << i;
+        admission.enter(pcHere);
     }
     EXPECT_FALSE(admission.mayConnect("127.0.0.1"));
 }

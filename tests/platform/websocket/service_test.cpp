@@ -1,9 +1,9 @@
 #include "fakeCaches.h"
 #include "live/websocket.h"
 #include "server.h"
+#include "support/viewer.h"
 #include "util/file.h"
 #include "util/time.h"
-#include "viewer.h"
 
 #include <gmock/gmock.h>
 
@@ -217,7 +217,7 @@ struct tagREQUEST_S {
 constexpr tagREQUEST_S REQUESTS[] = {
     {"no browser", "/ch1", "", 101},
     {"page of this machine", "/ch1", "Origin: http://127.0.0.1:8080\r\n", 101},
-    {"page of the camera", "/ch1", "Origin: https://CAMERA\r\n", 101},
+    {"page of the host itself", "/ch1", "Origin: https://LOCALHOST\r\n", 101},
     {"foreign page", "/ch1", "Origin: http://elsewhere.example\r\n", 403},
     {"foreign page, unknown channel", "/ch9", "Origin: null\r\n", 403},
     {"unknown channel", "/ch9", "", 404},

@@ -30,7 +30,7 @@ Viewer::Viewer(int s32Port, const std::string &strPath, const std::string &strHe
     : Viewer(s32Port, s32ReceiveBuffer)
 {
     send("GET " + strPath +
-         " HTTP/1.1\r\nHost: camera:12345\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+         " HTTP/1.1\r\nHost: localhost:12345\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
          "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n" +
          strHeaders + "\r\n");
     readStatus();
