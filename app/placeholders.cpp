@@ -18,7 +18,6 @@
 #include "pelco/pelco.h"
 #include "sdi_12g/sdi12g.h"
 #include "util/log.h"
-#include "web/web.h"
 #include "webcam/webcam.h"
 
 namespace
@@ -37,7 +36,6 @@ BU_S32 PELCO_InitProcess() { return notBuilt("Pelco"); }
 BU_S32 FREED_InitProcess() { return notBuilt("FreeD"); }
 BU_S32 DVIP_InitProcess() { return notBuilt("DVIP"); }
 BU_S32 ONVIF_InitProcess() { return notBuilt("ONVIF"); }
-BU_S32 BSP_StartHttpService() { return notBuilt("web service"); }
 BU_S32 BSP_StartUsbSrv() { return notBuilt("USB webcam"); }
 BU_S32 MEDIA_RECORD_Init() { return notBuilt("recording"); }
 BU_S32 ALG_Init() { return notBuilt("tracking engine"); }

@@ -1,4 +1,5 @@
-// From a key event to the motion command it causes, against a bare pipe between two threads.
+// From a key event to the motion command it causes, against a bare pipe between two threads; and what of it is the
+// kernel's pseudo-terminal, which a remote is, and what the handler's.
 #include "board/input.h"
 #include "config/store.h"
 #include "input/keys.h"
@@ -8,11 +9,13 @@
 #include <array>
 #include <atomic>
 #include <benchmark/benchmark.h>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <linux/input.h>
 #include <string>
+#include <termios.h>
 #include <unistd.h>
 
 namespace
@@ -52,21 +55,40 @@ void sendKeys(benchmark::State &state, int fd)
     }
 }
 
+/// Both ends are closed at the end, the writer's first, which ends the reader.
+void sendBare(benchmark::State &state, int s32Reader, int s32Writer)
+{
+    {
+        const util::Thread reader("reader", [s32Reader](const std::stop_token &) {
+            input_event stEvent;
+            while (read(s32Reader, &stEvent, sizeof(stEvent)) == sizeof(stEvent)) done();
+        });
+        sendKeys(state, s32Writer);
+        close(s32Writer);
+    }
+    close(s32Reader);
+}
+
 void BM_Pipe(benchmark::State &state)
 {
     std::array<int, 2> fds;
     if (pipe2(fds.data(), O_CLOEXEC) != 0) return state.SkipWithError("pipe");
-    {
-        const util::Thread reader("reader", [fd = fds[0]](const std::stop_token &) {
-            input_event stEvent;
-            while (read(fd, &stEvent, sizeof(stEvent)) == sizeof(stEvent)) done();
-        });
-        sendKeys(state, fds[1]);
-        close(fds[1]);
-    }
-    close(fds[0]);
+    sendBare(state, fds[0], fds[1]);
 }
 BENCHMARK(BM_Pipe)->UseRealTime();
+
+void BM_Terminal(benchmark::State &state)
+{
+    const int s32Master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (s32Master < 0 || unlockpt(s32Master) != 0) return state.SkipWithError("terminal");
+    const int s32Terminal = open(ptsname(s32Master), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    termios stMode;
+    tcgetattr(s32Terminal, &stMode);
+    cfmakeraw(&stMode);
+    tcsetattr(s32Terminal, TCSANOW, &stMode);
+    sendBare(state, s32Master, s32Terminal);
+}
+BENCHMARK(BM_Terminal)->UseRealTime();
 
 void BM_KeyToMotion(benchmark::State &state)
 {
@@ -83,6 +105,17 @@ void BM_KeyToMotion(benchmark::State &state)
     BSP_INPUT_StopMonitorEvent(&stInput);
 }
 BENCHMARK(BM_KeyToMotion)->UseRealTime();
+
+/// Decoding, filters and the motion command alone.
+void BM_Handler(benchmark::State &state)
+{
+    BU_U32 u32Sent = 0;
+    for (auto _ : state) {
+        const input_event stEvent = key(u32Sent++ % 2 == 0);
+        BR_COMMON_InputEventCb(&stEvent);
+    }
+}
+BENCHMARK(BM_Handler);
 } // namespace
 
 int main(int argc, char **argv)

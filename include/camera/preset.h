@@ -57,6 +57,13 @@ BU_S32 PRESET_API_QuerySpecialById(BU_S32 s32Preset);
 /// @return 0, or -1: an empty handler or a number outside 0...999
 BU_S32 PRESET_API_RegisterIdInterrupt(BU_S32 s32Preset, const BU_CHAR *pcName, FN_PRESET_INTERRUPT_CALL fnHandler,
                                       void *pvUser);
+
+/// Registers who hears of each preset that was stored or deleted, also by a factory restore. @return its id, > 0; -1
+/// for an empty one Thread: any. The listener runs on the thread of whoever changes the preset and must return soon.
+BU_S32 PRESET_API_Listen(std::function<void(BU_S32 s32Preset)> fnListener);
+/// Takes a listener away. A call that runs right now may still reach it. @return 0, or -1: no such id
+BU_S32 PRESET_API_Unlisten(BU_S32 s32Id);
+
 BU_SETTING_DEV(PRESET_API_, PresetSpeed) ///< 1...24, in equal steps up to the head's greatest speed
 
 /// Applies a picture preset to the close-up pipeline; the settings it sets are saved. Returns when done.

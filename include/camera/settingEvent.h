@@ -3,8 +3,10 @@
 #pragma once
 
 #include "base/types.h"
+#include "util/words.h"
 
 #include <functional>
+#include <span>
 #include <vector>
 
 /// A setting has changed and the change was announced (bUpdate).
@@ -35,6 +37,8 @@ struct CFG_SETTING_INFO_S {
     BU_S32 s32Pipes;          ///< values it has: 2 of the pipelines, else 1
 };
 std::vector<CFG_SETTING_INFO_S> CFG_SETTING_List();
+/// The words of a setting's values, in the order in which a user sees them; none: its values are numbers.
+std::span<const STR2ENUM_MAP_S> CFG_SETTING_Words(const BU_CHAR *pcKey);
 
 /// Reads every setting from the store again, as at a start: running and stored values become the same, listeners hear
 /// nothing. For a store that was opened anew.

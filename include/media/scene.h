@@ -21,10 +21,11 @@ struct SCENE_FRAME_S {
 
 /// Where the close-up lens looks.
 struct SCENE_VIEW_S {
-    BU_FLOAT fPan = 0, fTilt = 0; ///< optical axis [degrees], any pan, tilt -90 to 90
-    BU_FLOAT fMagnification = 1;  ///< optical times digital, 1 to 512
-    BU_FLOAT fFov = 60;           ///< horizontal field of view at magnification 1 [degrees]
-    BU_FLOAT fDefocus = 0;        ///< how far the focus is off [dioptres, 1/m]; 0: sharp
+    BU_FLOAT fPan = 0, fTilt = 0;           ///< optical axis [degrees], any pan, tilt -90 to 90
+    BU_FLOAT fMagnification = 1;            ///< of lens, sensor and digital zoom together, 1 to 512
+    BU_FLOAT fFov = 60;                     ///< horizontal field of view at magnification 1 [degrees]
+    BU_FLOAT fDefocus = 0;                  ///< how far the focus is off [dioptres, 1/m]; 0: sharp
+    BU_FLOAT fSmearPan = 0, fSmearTilt = 0; ///< how far it turns while the shutter is open [degrees]
     bool operator==(const SCENE_VIEW_S &) const = default;
 };
 
@@ -96,6 +97,7 @@ struct PICTURE_SETTINGS_S {
 /// What a pipeline keeps from picture to picture. A fresh one starts settled; owned by the caller.
 struct PICTURE_STATE_S {
     BU_S64 s64LastUs = -1;        ///< time of the last picture, -1: none
+    BU_FLOAT fPan = 0, fTilt = 0; ///< of the last picture
     BU_FLOAT fStops = 0;          ///< exposure correction in force
     BU_FLOAT afWb[3] = {1, 1, 1}; ///< white-balance gains in force
     std::vector<BU_U8> vecFrozen; ///< the frozen picture; empty: none

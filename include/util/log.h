@@ -17,6 +17,10 @@ enum UTIL_LOG_LEVEL_E : BU_S32 {
 void UTIL_LOG_Print(BU_S32 s32Level, const BU_CHAR *pcPrefix, const BU_CHAR *pcFormat, ...)
     __attribute__((format(printf, 3, 4)));
 
+/// The log file's name below /var/log; without it camera.log. For a process of its own, before its first line.
+/// @param pcName  lives as long as the process
+void UTIL_LOG_SetFile(const BU_CHAR *pcName);
+
 /// Whether lines of the level are written: levels up to CAMERA_LOG (3, 4, 6 or 7; default 6).
 BU_BOOL UTIL_LOG_IsOn(BU_S32 s32Level);
 

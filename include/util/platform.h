@@ -6,7 +6,7 @@
 #include <string>
 
 /// Tells the platform of one way to reach the camera ("udp://127.0.0.1:52381 VISCA over IP"); printed after
-/// "camera ready". Thread: any; a module calls it when its port is open.
+/// "camera ready", later ones at once. Thread: any; a module calls it when its port is open.
 void PLATFORM_AddEndpoint(const std::string &strEndpoint);
 
 /// Start-up is over: prints "camera ready" and the endpoints, one a line, on standard output, and notifies systemd when

@@ -35,6 +35,23 @@ Row colorRow(const Row (&aenRows)[6], BU_S32 s32Color)
     return s32Color >= 1 && s32Color <= 6 ? aenRows[s32Color - 1] : settings::ROW_COUNT;
 }
 
+BU_S32 getColor(const BU_CHAR *pcFunction, const Row (&aenRows)[6], BU_S32 s32Pipe, BU_S32 s32Color, BU_S32 *ps32Value,
+                BU_BOOL bReread)
+{
+    if (const auto injected = journal::ask(pcFunction, s32Pipe, s32Color)) return *injected;
+    const Row enRow = colorRow(aenRows, s32Color);
+    return enRow == settings::ROW_COUNT ? -1 : settings::get(enRow, s32Pipe, ps32Value, bReread);
+}
+
+BU_S32 setColor(const BU_CHAR *pcFunction, const Row (&aenRows)[6], BU_S32 s32Pipe, BU_S32 s32Color, BU_S32 s32Value,
+                BU_BOOL bSaveCfg, BU_BOOL bUpdate)
+{
+    if (const auto injected = journal::call(pcFunction, s32Pipe, s32Color, s32Value, bSaveCfg, bUpdate))
+        return *injected;
+    const Row enRow = colorRow(aenRows, s32Color);
+    return enRow == settings::ROW_COUNT ? -1 : settings::set(enRow, s32Pipe, s32Value, bSaveCfg, bUpdate);
+}
+
 /// The shutter is stored per whole frame rate; the rates just below one share its rows, and 60 serves all others.
 struct tagSHUTTER_ROWS_S {
     HDMI_FPS_E enFps;
@@ -141,30 +158,22 @@ const BU_CHAR *ISP_API_GetShutterValueConfigNameByHdmiFps(HDMI_FPS_E enFps)
 
 BU_S32 ISP_API_GetColorHue(BU_S32 s32Pipe, BU_S32 s32Color, BU_S32 *ps32Value, BU_BOOL bReread)
 {
-    if (const auto injected = journal::ask(__func__, s32Pipe, s32Color)) return *injected;
-    const Row enRow = colorRow(COLOR_HUE, s32Color);
-    return enRow == settings::ROW_COUNT ? -1 : settings::get(enRow, s32Pipe, ps32Value, bReread);
+    return getColor(__func__, COLOR_HUE, s32Pipe, s32Color, ps32Value, bReread);
 }
 
 BU_S32 ISP_API_SetColorHue(BU_S32 s32Pipe, BU_S32 s32Color, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
 {
-    if (const auto injected = journal::call(__func__, s32Pipe, s32Color, s32Value, bSaveCfg, bUpdate)) return *injected;
-    const Row enRow = colorRow(COLOR_HUE, s32Color);
-    return enRow == settings::ROW_COUNT ? -1 : settings::set(enRow, s32Pipe, s32Value, bSaveCfg, bUpdate);
+    return setColor(__func__, COLOR_HUE, s32Pipe, s32Color, s32Value, bSaveCfg, bUpdate);
 }
 
 BU_S32 ISP_API_GetColorSat(BU_S32 s32Pipe, BU_S32 s32Color, BU_S32 *ps32Value, BU_BOOL bReread)
 {
-    if (const auto injected = journal::ask(__func__, s32Pipe, s32Color)) return *injected;
-    const Row enRow = colorRow(COLOR_SAT, s32Color);
-    return enRow == settings::ROW_COUNT ? -1 : settings::get(enRow, s32Pipe, ps32Value, bReread);
+    return getColor(__func__, COLOR_SAT, s32Pipe, s32Color, ps32Value, bReread);
 }
 
 BU_S32 ISP_API_SetColorSat(BU_S32 s32Pipe, BU_S32 s32Color, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
 {
-    if (const auto injected = journal::call(__func__, s32Pipe, s32Color, s32Value, bSaveCfg, bUpdate)) return *injected;
-    const Row enRow = colorRow(COLOR_SAT, s32Color);
-    return enRow == settings::ROW_COUNT ? -1 : settings::set(enRow, s32Pipe, s32Value, bSaveCfg, bUpdate);
+    return setColor(__func__, COLOR_SAT, s32Pipe, s32Color, s32Value, bSaveCfg, bUpdate);
 }
 
 BU_S32 ISP_API_SetIrisDefLevel(BU_S32 s32Pipe, BU_BOOL bSaveCfg, BU_BOOL bUpdate)

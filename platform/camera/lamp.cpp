@@ -24,17 +24,20 @@ constexpr std::size_t OLED_CHARACTERS = 32;
 
 bool isLamp(const BU_CHAR *pcName) { return pcName && pcName == LAMP; }
 
-BU_S32 getOf(const BU_CHAR *pcName, Row enRow, BU_S32 *ps32Value, BU_BOOL bReread)
+BU_S32 getOf(const BU_CHAR *pcFunction, const BU_CHAR *pcName, Row enRow, BU_S32 *ps32Value, BU_BOOL bReread)
 {
+    if (const auto injected = journal::ask(pcFunction, pcName)) return *injected;
     return isLamp(pcName) ? settings::get(enRow, 0, ps32Value, bReread) : -1;
 }
 
 /// What a lamp setting changes is seen at once; bUpdate lets the manager ask for what follows from it.
-BU_S32 setOf(const BU_CHAR *pcName, Row enRow, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate,
+template <class T>
+BU_S32 setOf(const BU_CHAR *pcFunction, const BU_CHAR *pcName, Row enRow, T value, BU_BOOL bSaveCfg, BU_BOOL bUpdate,
              LED_EVENT_FROM_E enFrom)
 {
+    if (const auto injected = journal::call(pcFunction, pcName, value, bSaveCfg, bUpdate)) return *injected;
     if (!isLamp(pcName)) return -1;
-    const BU_S32 s32Ret = settings::set(enRow, 0, s32Value, bSaveCfg, bUpdate);
+    const BU_S32 s32Ret = settings::set(enRow, 0, static_cast<BU_S32>(value), bSaveCfg, bUpdate);
     lamp::refresh();
     if (bUpdate) lamp::triggerUpdate(enFrom);
     return s32Ret;
@@ -84,42 +87,36 @@ LED_TALLY_STATE_S lamp::restState()
 
 BU_S32 LED_API_GetTallyOnBoard(const BU_CHAR *pcName, BU_BOOL *pbOn, BU_BOOL bReread)
 {
-    if (const auto injected = journal::ask(__func__, pcName)) return *injected;
-    return getOf(pcName, settings::LED_API_TallyOnBoard, pbOn, bReread);
+    return getOf(__func__, pcName, settings::LED_API_TallyOnBoard, pbOn, bReread);
 }
 
 BU_S32 LED_API_SetTallyOnBoard(const BU_CHAR *pcName, BU_BOOL bOn, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
 {
-    if (const auto injected = journal::call(__func__, pcName, bOn, bSaveCfg, bUpdate)) return *injected;
-    return setOf(pcName, settings::LED_API_TallyOnBoard, bOn, bSaveCfg, bUpdate, LED_EVENT_FROM_E_NDI);
+    return setOf(__func__, pcName, settings::LED_API_TallyOnBoard, bOn, bSaveCfg, bUpdate, LED_EVENT_FROM_E_NDI);
 }
 
 BU_S32 LED_API_GetTallyMode(const BU_CHAR *pcName, BU_S32 *ps32Mode, BU_BOOL bReread)
 {
-    if (const auto injected = journal::ask(__func__, pcName)) return *injected;
-    return getOf(pcName, settings::LED_API_TallyMode, ps32Mode, bReread);
+    return getOf(__func__, pcName, settings::LED_API_TallyMode, ps32Mode, bReread);
 }
 
 BU_S32 LED_API_SetTallyMode(const BU_CHAR *pcName, BU_S32 s32Mode, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
 {
-    if (const auto injected = journal::call(__func__, pcName, s32Mode, bSaveCfg, bUpdate)) return *injected;
-    return setOf(pcName, settings::LED_API_TallyMode, s32Mode, bSaveCfg, bUpdate, LED_EVENT_FROM_E_CFG);
+    return setOf(__func__, pcName, settings::LED_API_TallyMode, s32Mode, bSaveCfg, bUpdate, LED_EVENT_FROM_E_CFG);
 }
 
 BU_S32 LED_API_GetTallyCustomColor(const BU_CHAR *pcName, BU_U32 *pu32Rgb, BU_BOOL bReread)
 {
-    if (const auto injected = journal::ask(__func__, pcName)) return *injected;
+    if (!pu32Rgb) return -1;
     BU_S32 s32Rgb = 0;
-    if (!pu32Rgb || getOf(pcName, settings::LED_API_TallyCustomColor, &s32Rgb, bReread) != 0) return -1;
-    *pu32Rgb = static_cast<BU_U32>(s32Rgb);
-    return 0;
+    const BU_S32 s32Ret = getOf(__func__, pcName, settings::LED_API_TallyCustomColor, &s32Rgb, bReread);
+    if (s32Ret == 0) *pu32Rgb = static_cast<BU_U32>(s32Rgb);
+    return s32Ret;
 }
 
 BU_S32 LED_API_SetTallyCustomColor(const BU_CHAR *pcName, BU_U32 u32Rgb, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
 {
-    if (const auto injected = journal::call(__func__, pcName, u32Rgb, bSaveCfg, bUpdate)) return *injected;
-    return setOf(pcName, settings::LED_API_TallyCustomColor, static_cast<BU_S32>(u32Rgb), bSaveCfg, bUpdate,
-                 LED_EVENT_FROM_E_CFG);
+    return setOf(__func__, pcName, settings::LED_API_TallyCustomColor, u32Rgb, bSaveCfg, bUpdate, LED_EVENT_FROM_E_CFG);
 }
 
 BU_S32 EINK_API_RefreshScreen()

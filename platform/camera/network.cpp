@@ -72,13 +72,17 @@ BU_S32 refuse(const BU_CHAR *pcKey, const BU_CHAR *pcText)
     return -1;
 }
 
-BU_S32 keepText(const BU_CHAR *pcCard, const BU_CHAR *pcKey, const BU_CHAR *pcText, bool (*pfnIsGood)(const BU_CHAR *))
+/// A setter of a text: noted as the call of that function, checked, kept.
+BU_S32 setText(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, const BU_CHAR *pcText,
+               bool (*pfnIsGood)(const BU_CHAR *))
 {
+    if (const auto injected = journal::call(pcFunction, pcCard, pcText)) return *injected;
     return pfnIsGood(pcText) ? keep(pcCard, pcKey, pcText) : refuse(pcKey, pcText);
 }
 
-BU_S32 keepNumber(const BU_CHAR *pcCard, const BU_CHAR *pcKey, BU_S32 s32Value, BU_S32 s32Max)
+BU_S32 setNumber(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, BU_S32 s32Value, BU_S32 s32Max)
 {
+    if (const auto injected = journal::call(pcFunction, pcCard, s32Value)) return *injected;
     return s32Value >= 0 && s32Value <= s32Max ? keep(pcCard, pcKey, std::to_string(s32Value)) : -1;
 }
 } // namespace
@@ -110,50 +114,42 @@ BU_S32 NET_API_GetAllParamCur(const BU_CHAR *pcCard, tagNETWORK_CFG_S *pstCfg)
 
 BU_S32 NET_API_SetIpMode(const BU_CHAR *pcCard, IP_MODE_E enMode)
 {
-    if (const auto injected = journal::call(__func__, pcCard, enMode)) return *injected;
-    return keepNumber(pcCard, "IpMode", enMode, IP_MODE_E_STATIC);
+    return setNumber(__func__, pcCard, "IpMode", enMode, IP_MODE_E_STATIC);
 }
 
 BU_S32 NET_API_SetDnsMode(const BU_CHAR *pcCard, DNS_MODE_E enMode)
 {
-    if (const auto injected = journal::call(__func__, pcCard, enMode)) return *injected;
-    return keepNumber(pcCard, "DnsMode", enMode, DNS_MODE_E_MANUAL);
+    return setNumber(__func__, pcCard, "DnsMode", enMode, DNS_MODE_E_MANUAL);
 }
 
 BU_S32 NET_API_SetNetMode(const BU_CHAR *pcCard, BU_BOOL bEnable)
 {
-    if (const auto injected = journal::call(__func__, pcCard, bEnable)) return *injected;
-    return keepNumber(pcCard, "Enable", bEnable, BU_TRUE);
+    return setNumber(__func__, pcCard, "Enable", bEnable, BU_TRUE);
 }
 
 BU_S32 NET_API_SetIpAddr(const BU_CHAR *pcCard, const BU_CHAR *pcIp)
 {
-    if (const auto injected = journal::call(__func__, pcCard, pcIp)) return *injected;
-    return keepText(pcCard, "IpAddr", pcIp, isMachine);
+    return setText(__func__, pcCard, "IpAddr", pcIp, isMachine);
 }
 
 BU_S32 NET_API_SetNetMask(const BU_CHAR *pcCard, const BU_CHAR *pcMask)
 {
-    if (const auto injected = journal::call(__func__, pcCard, pcMask)) return *injected;
-    return keepText(pcCard, "NetMask", pcMask, isMaskOrEmpty);
+    return setText(__func__, pcCard, "NetMask", pcMask, isMaskOrEmpty);
 }
 
 BU_S32 NET_API_SetGateWay(const BU_CHAR *pcCard, const BU_CHAR *pcGateway)
 {
-    if (const auto injected = journal::call(__func__, pcCard, pcGateway)) return *injected;
-    return keepText(pcCard, "GateWay", pcGateway, isMachineOrEmpty);
+    return setText(__func__, pcCard, "GateWay", pcGateway, isMachineOrEmpty);
 }
 
 BU_S32 NET_API_SetDns1(const BU_CHAR *pcCard, const BU_CHAR *pcDns)
 {
-    if (const auto injected = journal::call(__func__, pcCard, pcDns)) return *injected;
-    return keepText(pcCard, "Dns1", pcDns, isMachineOrEmpty);
+    return setText(__func__, pcCard, "Dns1", pcDns, isMachineOrEmpty);
 }
 
 BU_S32 NET_API_SetDns2(const BU_CHAR *pcCard, const BU_CHAR *pcDns)
 {
-    if (const auto injected = journal::call(__func__, pcCard, pcDns)) return *injected;
-    return keepText(pcCard, "Dns2", pcDns, isMachineOrEmpty);
+    return setText(__func__, pcCard, "Dns2", pcDns, isMachineOrEmpty);
 }
 
 BU_S32 NET_API_SetDhcpTimeout(const BU_CHAR *pcCard, IP_MODE_E enMode, BU_U32 u32Timeout)

@@ -37,9 +37,6 @@ constexpr std::array<BU_S32, 16> ZOOM_ENDS = {16384, 19248, 22113, 24978, 26410,
                                               29705, 30135, 30421, 30708, 30912, 31117, 31270, 31424};
 static_assert(ZOOM_ENDS.front() == ZOOM_OPTICAL_END);
 
-// The lens curve: at infinity the sharp position rises with the zoom; a near scene pulls it towards the near end, the
-// more the longer the focal length. The closest sharp scene is at 30 cm.
-constexpr double CURVE_AT_INFINITY = 1500, CLOSEST_CM = 30, WIDE_SHARE = 0.3;
 constexpr double FACE_HEIGHT_CM = 24, PICTURE_HEIGHT_PER_CM = 1.15; // of a scene, without zoom, per cm of distance
 } // namespace
 
@@ -109,16 +106,13 @@ BU_S32 zoomPosOf(double dMagnification)
 
 double sharpFocus(double dZoomPos, BU_S32 s32DistanceCm)
 {
-    const double dTele = std::clamp(dZoomPos / ZOOM_OPTICAL_END, 0.0, 1.0);
-    const double dNear = std::clamp(CLOSEST_CM / std::max(1, s32DistanceCm), 0.0, 1.0);
-    const double dPull = FOCUS_NEAR_END - FOCUS_FAR_END - CURVE_AT_INFINITY;
-    return FOCUS_FAR_END + CURVE_AT_INFINITY * dTele + dPull * dNear * (WIDE_SHARE + (1 - WIDE_SHARE) * dTele);
+    return lens_curve::focusPos(dZoomPos, 100.0 / std::max(1, s32DistanceCm));
 }
 
 BU_S32 faceDistanceCm(double dHeight, double dMagnification)
 {
     const double dCm = FACE_HEIGHT_CM * dMagnification / (PICTURE_HEIGHT_PER_CM * std::max(dHeight, 0.001));
-    return static_cast<BU_S32>(std::clamp(dCm, CLOSEST_CM, 100000.0));
+    return static_cast<BU_S32>(std::clamp(dCm, 100 * lens_curve::CLOSEST_M, 100000.0));
 }
 
 namespace

@@ -2,7 +2,7 @@
 /// and focus positions stands here. docs/positions.md has the tables.
 #pragma once
 
-#include "base/types.h"
+#include "camera/lensCurve.h"
 
 namespace motion
 {
@@ -25,15 +25,15 @@ BU_S32 motorFromVisca(BU_S32 s32Visca);
 BU_S32 centiDegreesFromMotor(BU_S32 s32Motor);
 BU_S32 motorFromCentiDegrees(BU_S32 s32CentiDegrees);
 
-constexpr BU_S32 ZOOM_OPTICAL_END = 16384;
+constexpr BU_S32 ZOOM_OPTICAL_END = lens_curve::TELE_END;
 /// Greatest zoom position of a digital-zoom limit (1...16; anything else counts as 1).
 BU_S32 zoomEnd(BU_S32 s32DigitalLimit);
 double magnificationOf(BU_S32 s32ZoomPos);
 /// The position closest to a magnification, 0 up to the digital end; below 1 and not a number: 0.
 BU_S32 zoomPosOf(double dMagnification);
 
-constexpr BU_S32 FOCUS_FAR_END = 175;
-constexpr BU_S32 FOCUS_NEAR_END = 7095;
+constexpr BU_S32 FOCUS_FAR_END = lens_curve::FAR_END;
+constexpr BU_S32 FOCUS_NEAR_END = lens_curve::NEAR_END;
 /// Where the focus stands when the picture is sharp: the lens curve of a scene at that distance.
 double sharpFocus(double dZoomPos, BU_S32 s32DistanceCm);
 /// Distance of a face that fills the fraction dHeight of the picture height.

@@ -2,6 +2,7 @@
 
 #include "config/store.h"
 #include "motionService.h"
+#include "presetListeners.h"
 #include "util/journal.h"
 
 #include <algorithm>
@@ -108,14 +109,18 @@ BU_S32 PRESET_API_SetCur(BU_S32 s32Preset, const BU_CHAR *pcName)
     if (const auto injected = journal::call(__func__, s32Preset, pcName)) return *injected;
     if (!isNumber(s32Preset) || special(s32Preset)) return -1;
     const tagPOSITION_S st = currentPosition();
-    return CFG_STORE_SetPreset({s32Preset, nameFor(s32Preset, pcName), st.stHead.s32Pan, st.stHead.s32Tilt, st.s32Zoom,
-                                st.focus.value_or(FOCUS_FAR_END)});
+    const BU_S32 s32Ret = CFG_STORE_SetPreset({s32Preset, nameFor(s32Preset, pcName), st.stHead.s32Pan,
+                                               st.stHead.s32Tilt, st.s32Zoom, st.focus.value_or(FOCUS_FAR_END)});
+    if (s32Ret == 0) presets::announce(s32Preset);
+    return s32Ret;
 }
 
 BU_S32 PRESET_API_DeleteById(BU_S32 s32Preset)
 {
     if (const auto injected = journal::call(__func__, s32Preset)) return *injected;
-    return isNumber(s32Preset) ? CFG_STORE_DeletePreset(s32Preset) : -1;
+    if (!isNumber(s32Preset) || CFG_STORE_DeletePreset(s32Preset) != 0) return -1;
+    presets::announce(s32Preset);
+    return 0;
 }
 
 BU_S32 PRESET_API_QueryById(BU_S32 s32Preset, PRESET_INFO_S *pstInfo)

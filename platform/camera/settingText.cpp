@@ -1,6 +1,7 @@
 // Settings by key as texts: the words of the vocabulary, numbers for the rest, and the few settings that are free
 // texts.
 #include "board/device.h"
+#include "camera/settingEvent.h"
 #include "config/config.h"
 #include "config/store.h"
 #include "settings.h"
@@ -171,6 +172,12 @@ BU_S32 setText(const BU_CHAR *pcSection, const BU_CHAR *pcKey, const BU_CHAR *pc
     return settings::set(enRow, s32Instance, s32Value, bSaveCfg, BU_TRUE);
 }
 } // namespace
+
+std::span<const STR2ENUM_MAP_S> CFG_SETTING_Words(const BU_CHAR *pcKey)
+{
+    const settings::Row enRow = settings::find(pcKey);
+    return enRow == settings::ROW_COUNT ? std::span<const STR2ENUM_MAP_S>() : wordsOf(enRow);
+}
 
 BU_S32 CFG_COM_GetTxtParams(const BU_CHAR *pcKey, CFG_VALUE_TXT_S *pstValue)
 {

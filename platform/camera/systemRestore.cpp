@@ -1,5 +1,6 @@
 #include "camera/systemService.h"
 #include "config/store.h"
+#include "presetListeners.h"
 #include "settings.h"
 #include "util/journal.h"
 #include "util/log.h"
@@ -38,6 +39,14 @@ constexpr tagPREFIX_BIT_S g_astPrefixes[] = {
     {SYSTEM_RESTORE_E_NETWORK, "Http/"},        {SYSTEM_RESTORE_E_PRESET, "ImagePreset"},
 };
 constexpr BU_S32 SETTINGS_ONLY = SYSTEM_RESTORE_E_ALL & ~(SYSTEM_RESTORE_E_NETWORK | SYSTEM_RESTORE_E_PRESET);
+
+bool deletePresets()
+{
+    const auto listPresets = CFG_STORE_ListPresets();
+    if (CFG_STORE_DeleteAllPresets() != 0) return false;
+    for (const CFG_PRESET_S &stPreset : listPresets) presets::announce(stPreset.s32Id);
+    return true;
+}
 } // namespace
 
 BU_S32 SYSTEM_API_FactoryRestoreConfiguration(BU_S32 s32Bitmap)
@@ -51,6 +60,6 @@ BU_S32 SYSTEM_API_FactoryRestoreConfiguration(BU_S32 s32Bitmap)
         if (s32Bits & st.enBit) bOk &= CFG_STORE_Erase(st.pcPrefix) == 0;
     for (const auto &st : g_astSections)
         if (s32Bits & st.enBit) bOk &= settings::restore(st.enSection) == 0;
-    if (s32Bits & SYSTEM_RESTORE_E_PRESET) bOk &= CFG_STORE_DeleteAllPresets() == 0;
+    if (s32Bits & SYSTEM_RESTORE_E_PRESET) bOk &= deletePresets();
     return bOk ? 0 : -1;
 }

@@ -1,4 +1,4 @@
-// Start of the running state, stand-by, language, clock, web port.
+// Start of the running state, stand-by, language, clock.
 #include "camera/systemService.h"
 
 #include "board/profile.h"
@@ -20,7 +20,6 @@ namespace
 {
 constexpr const BU_CHAR *ASLEEP_KEY = "Standby/Asleep";
 constexpr const BU_CHAR *POWER_OFF_RECORD = "/var/ViscaCtrlPowerOff";
-constexpr BU_S32 PORT_MAX = 65535;
 
 typedef std::vector<std::function<void(BU_BOOL)>> HOOKS;
 
@@ -117,18 +116,4 @@ BU_S32 SYSTEM_API_SetEnableNTP(BU_BOOL bOn, BU_BOOL bSaveCfg)
 {
     if (const auto injected = journal::call(__func__, bOn, bSaveCfg)) return *injected;
     return settings::set(settings::SYSTEM_API_NTPEnabled, 0, bOn, bSaveCfg, BU_TRUE);
-}
-
-BU_S32 SYSTEM_API_SetHttpPort(BU_S32 s32Http, BU_S32 s32Https)
-{
-    if (const auto injected = journal::call(__func__, s32Http, s32Https)) return *injected;
-    const auto isPort = [](BU_S32 s32Port) { return s32Port >= 1 && s32Port <= PORT_MAX; };
-    if (!isPort(s32Http) || !isPort(s32Https)) return -1;
-    return CFG_STORE_SetTexts({{"Http/Port", std::to_string(s32Http)}, {"Http/SecurePort", std::to_string(s32Https)}});
-}
-
-BU_S32 SYSTEM_API_StopHttpDaemon()
-{
-    if (const auto injected = journal::call(__func__)) return *injected;
-    return 0;
 }

@@ -6,11 +6,16 @@
 #include "util/log.h"
 #include "util/platform.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <linux/input.h>
 #include <map>
 #include <mutex>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
 
 namespace
 {
@@ -69,4 +74,24 @@ BU_S32 BSP_INPUT_StopMonitorEvent(BSP_INPUT_THREAD_S *pstInput)
     pstInput->s32Pid = 0;
     pstInput->bStart = BU_FALSE;
     return 0;
+}
+
+BU_S32 BSP_INPUT_GetDeviceName(BU_S32 s32Fd, BU_CHAR *pcName, BU_S32 s32Size)
+{
+    if (const auto injected = journal::ask(__func__, s32Fd)) return *injected;
+    if (!pcName || s32Size <= 0) return -1;
+    const BU_S32 s32Room = std::min(s32Size, 256); // what the number of the kernel's call can say is limited
+    if (ioctl(s32Fd, EVIOCGNAME(s32Room), pcName) >= 0) {
+        pcName[s32Room - 1] = '\0';
+        return 0;
+    }
+    struct stat stStatus;
+    if (fstat(s32Fd, &stStatus) != 0 || !S_ISCHR(stStatus.st_mode)) return -1;
+    const std::lock_guard guard(monitors().lock);
+    for (const auto &[pstInput, monitor] : monitors().running)
+        if (monitor->terminal() == stStatus.st_rdev) {
+            std::snprintf(pcName, static_cast<std::size_t>(s32Size), "%s", monitor->name().c_str());
+            return 0;
+        }
+    return -1;
 }

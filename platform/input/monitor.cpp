@@ -61,6 +61,7 @@ bool Monitor::prepare()
     if (*m_wake < 0 || m_clFolders < 0) return false;
     m_terminal = Terminal::open(m_strLink);
     if (!m_terminal) return false;
+    m_terminalNumber = m_terminal->number();
     watchFolders();
     m_kernel = KernelDevice::find(m_strFolder, m_strName);
     return true;

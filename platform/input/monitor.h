@@ -20,7 +20,9 @@ public:
                                           BSP_INPUT_EventCallBack pfEventCb);
 
     pid_t thread() const { return m_s32Thread; }
+    const std::string &name() const { return m_strName; }
     const std::string &link() const { return m_strLink; }
+    dev_t terminal() const { return m_terminalNumber; }
 
 private:
     Monitor() = default;
@@ -43,6 +45,7 @@ private:
     std::string m_strName, m_strFolder, m_strLink;
     BSP_INPUT_EventCallBack m_pfEventCb = nullptr;
     std::unique_ptr<Terminal> m_terminal;
+    dev_t m_terminalNumber = 0;
     std::unique_ptr<KernelDevice> m_kernel; // none: the machine has no such device now
     EventReader m_reader;                   // of the terminal
     HeldKeys m_heldTerminal, m_heldKernel;

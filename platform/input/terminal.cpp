@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <termios.h>
 
 namespace
@@ -44,6 +45,13 @@ BU_S32 Terminal::read(std::span<BU_U8> bytes)
     const ssize_t size = ::read(m_clMaster, bytes.data(), bytes.size());
     if (size > 0) return static_cast<BU_S32>(size);
     return size < 0 && (errno == EAGAIN || errno == EINTR) ? 0 : -1;
+}
+
+dev_t Terminal::number() const
+{
+    struct stat stStatus {
+    };
+    return fstat(m_clTerminal, &stStatus) == 0 ? stStatus.st_rdev : 0;
 }
 
 bool Terminal::isLinked() const

@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <sys/types.h>
 
 /// A device as a pseudo-terminal: remotes write event records into the terminal that the link leads to.
 class Terminal
@@ -16,6 +17,8 @@ public:
     ~Terminal();
 
     int fd() const { return m_clMaster; }
+    /// The number of the device that remotes open.
+    dev_t number() const;
     /// @return bytes read; 0: none there now; negative: the terminal has ended
     BU_S32 read(std::span<BU_U8> bytes);
 

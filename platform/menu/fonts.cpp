@@ -75,13 +75,12 @@ Uint32 nextCharacter(const std::string &str, std::size_t &at)
     return s32More ? u32 : 0xFFFD;
 }
 
-bool hasAll(TTF_Font *pstFont, const std::string &strText)
+bool has(TTF_Font *pstFont, Uint32 u32Character) { return pstFont && TTF_GlyphIsProvided32(pstFont, u32Character); }
+
+/// Lock held. The Chinese font; null: none is installed, or it cannot be opened.
+TTF_Font *chinese(int s32Pixels)
 {
-    if (!pstFont) return false;
-    std::size_t at = 0;
-    while (const Uint32 u32 = nextCharacter(strText, at))
-        if (!TTF_GlyphIsProvided32(pstFont, u32)) return false;
-    return true;
+    return fonts().strChinese.empty() ? nullptr : opened(fonts().strChinese, s32Pixels);
 }
 } // namespace
 
@@ -95,34 +94,56 @@ bool canShow(const std::string &strText)
 {
     const std::lock_guard guard(fonts().lock);
     if (!load()) return false;
-    if (hasAll(opened(LATIN[0], ANY_SIZE), strText)) return true;
-    return !fonts().strChinese.empty() && hasAll(opened(fonts().strChinese, ANY_SIZE), strText);
+    std::size_t at = 0;
+    while (const Uint32 u32 = nextCharacter(strText, at))
+        if (!has(opened(LATIN[0], ANY_SIZE), u32) && !has(chinese(ANY_SIZE), u32)) return false;
+    return true;
 }
 
-TTF_Font *fontFor(Face enFace, int s32Pixels, const std::string &strText)
+std::vector<Run> runsOf(Font font, const std::string &strText)
 {
     const std::lock_guard guard(fonts().lock);
-    if (!load()) return nullptr;
-    TTF_Font *pstFont = opened(LATIN[enFace == Face::BOLD], s32Pixels);
-    if (hasAll(pstFont, strText) || fonts().strChinese.empty()) return pstFont;
-    return opened(fonts().strChinese, s32Pixels);
+    std::vector<Run> runs;
+    TTF_Font *pstFace = load() ? opened(LATIN[font.enFace == Face::BOLD], font.s32Pixels) : nullptr;
+    if (!pstFace) return runs;
+    std::size_t at = 0, from = 0;
+    while (const Uint32 u32 = nextCharacter(strText, at)) {
+        TTF_Font *pstOther = has(pstFace, u32) ? nullptr : chinese(font.s32Pixels);
+        TTF_Font *pstFont = has(pstOther, u32) ? pstOther : pstFace;
+        if (runs.empty() || runs.back().pstFont != pstFont) runs.push_back({pstFont, "", 0, 0});
+        runs.back().strText.append(strText, from, at - from);
+        from = at;
+    }
+    for (Run &run : runs) {
+        TTF_SizeUTF8(run.pstFont, run.strText.c_str(), &run.s32Width, nullptr);
+        run.s32Rise = TTF_FontAscent(run.pstFont) - TTF_FontAscent(pstFace);
+    }
+    return runs;
 }
 
-int widthOf(TTF_Font *pstFont, const std::string &strText)
+int heightOf(Font font)
+{
+    const auto runs = runsOf(font, " ");
+    return runs.empty() ? 0 : TTF_FontHeight(runs.front().pstFont);
+}
+
+int widthOf(Font font, const std::string &strText)
 {
     int w = 0;
-    TTF_SizeUTF8(pstFont, strText.c_str(), &w, nullptr);
+    for (const Run &run : runsOf(font, strText)) w += run.s32Width;
     return w;
 }
 
-std::string fitted(TTF_Font *pstFont, const std::string &strText, int s32Width)
+std::string fitted(Font font, const std::string &strText, int s32Width)
 {
-    if (widthOf(pstFont, strText) <= s32Width) return strText;
-    int s32Fits = 0, s32Count = 0;
+    if (widthOf(font, strText) <= s32Width) return strText;
     const std::string strEllipsis = "…";
-    TTF_MeasureUTF8(pstFont, strText.c_str(), s32Width - widthOf(pstFont, strEllipsis), &s32Fits, &s32Count);
-    std::size_t end = 0;
-    for (int i = 0; i < s32Count; ++i) nextCharacter(strText, end);
-    return strText.substr(0, end) + strEllipsis;
+    std::string strCut = strEllipsis;
+    for (std::size_t at = 0; nextCharacter(strText, at) != 0;) {
+        const std::string strMore = strText.substr(0, at) + strEllipsis;
+        if (widthOf(font, strMore) > s32Width) break;
+        strCut = strMore;
+    }
+    return strCut;
 }
 } // namespace menu

@@ -1,18 +1,32 @@
-/// The fonts by their size, opened when they are first needed. One thread at a time but for loadFonts and canShow.
+/// Texts in the menu's fonts, which are opened by their size when they are first needed. A character that the face
+/// lacks comes from the Chinese font, in the middle of a line as well. One thread at a time but for loadFonts and
+/// canShow.
 #pragma once
 
 #include <SDL2/SDL_ttf.h>
 
 #include <string>
+#include <vector>
 
 namespace menu
 {
 enum class Face { REGULAR, BOLD };
+struct Font {
+    Face enFace;
+    int s32Pixels;
+};
 
-/// A font in which that text can be drawn. @return null: it cannot be opened
-TTF_Font *fontFor(Face enFace, int s32Pixels, const std::string &strText);
+/// A part of a line in one font.
+struct Run {
+    TTF_Font *pstFont;
+    std::string strText;
+    int s32Width, s32Rise; ///< how far its top is above that of a line of the face, so that all stand on one base line
+};
+/// None: the text is empty, or the fonts cannot be opened.
+std::vector<Run> runsOf(Font font, const std::string &strText);
 
+int heightOf(Font font);
+int widthOf(Font font, const std::string &strText);
 /// The text, cut with an ellipsis where it is wider than that.
-std::string fitted(TTF_Font *pstFont, const std::string &strText, int s32Width);
-int widthOf(TTF_Font *pstFont, const std::string &strText);
+std::string fitted(Font font, const std::string &strText, int s32Width);
 } // namespace menu

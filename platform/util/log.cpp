@@ -19,6 +19,7 @@ constexpr std::size_t LINE_SIZE = 1024;
 constexpr std::size_t FILE_SIZE = 2 * 1024 * 1024;
 constexpr std::size_t FILE_COUNT = 3;
 constexpr BU_U32 NO_GENERATION = ~0U;
+std::atomic<const BU_CHAR *> g_pcFile{"camera.log"};
 
 spdlog::level::level_enum levelOf(BU_S32 s32Level)
 {
@@ -75,7 +76,7 @@ private:
         thread_local bool bOpening = false;
         if (bOpening || m_u32Generation == utilRootGeneration()) return;
         bOpening = true;
-        const std::string strPath = UTIL_ROOT_Path("/var/log/camera.log");
+        const std::string strPath = UTIL_ROOT_Path((std::string("/var/log/") + g_pcFile.load()).c_str());
         FileSink sink;
         try {
             sink = std::make_shared<FileSink::element_type>(strPath, FILE_SIZE, FILE_COUNT - 1);
@@ -99,6 +100,8 @@ private:
     std::shared_ptr<spdlog::sinks::stderr_sink_mt> m_clConsole = std::make_shared<spdlog::sinks::stderr_sink_mt>();
 };
 } // namespace
+
+void UTIL_LOG_SetFile(const BU_CHAR *pcName) { g_pcFile = pcName; }
 
 void UTIL_LOG_Print(BU_S32 s32Level, const BU_CHAR *pcPrefix, const BU_CHAR *pcFormat, ...)
 {

@@ -1,6 +1,7 @@
 #include "process.h"
 
 #include "journalStream.h"
+#include "root.h"
 #include "util/debug.h"
 #include "util/log.h"
 #include "util/platform.h"
@@ -32,6 +33,7 @@ constexpr BU_S32 PORT_MAX = 65535;
 struct tagPROCESS_S {
     std::mutex lock; // guards all members
     std::vector<std::string> endpoints;
+    bool bReady = false;
     BU_TIMER_DATA_S stRestartTimer{};
 };
 tagPROCESS_S &process()
@@ -104,6 +106,12 @@ BU_S32 restart(void *)
     return -1;
 }
 
+void printNow(const std::string &strText)
+{
+    std::fwrite(strText.data(), 1, strText.size(), stdout);
+    std::fflush(stdout);
+}
+
 /// The notification protocol of systemd: one datagram to the socket it names; a leading '@' stands for an abstract one.
 void notifyServiceManager(std::string_view text)
 {
@@ -126,6 +134,7 @@ void processStartUp()
 {
     static std::once_flag once;
     std::call_once(once, [] {
+        utilRootLock();
         takeQuitSignals();
         UTIL_DebugRegister(
             "/var/debug/app/platform/journal",
@@ -147,8 +156,9 @@ void processRestartSoon()
 void PLATFORM_AddEndpoint(const std::string &strEndpoint)
 {
     const std::lock_guard guard(process().lock);
-    if (std::ranges::find(process().endpoints, strEndpoint) == process().endpoints.end())
-        process().endpoints.push_back(strEndpoint);
+    if (std::ranges::find(process().endpoints, strEndpoint) != process().endpoints.end()) return;
+    process().endpoints.push_back(strEndpoint);
+    if (process().bReady) printNow(strEndpoint + "\n");
 }
 
 void PLATFORM_Ready()
@@ -157,9 +167,9 @@ void PLATFORM_Ready()
     {
         const std::lock_guard guard(process().lock);
         for (const std::string &strEndpoint : process().endpoints) strText += strEndpoint + "\n";
+        process().bReady = true;
+        printNow(strText);
     }
-    std::fwrite(strText.data(), 1, strText.size(), stdout);
-    std::fflush(stdout);
     notifyServiceManager("READY=1");
 }
 

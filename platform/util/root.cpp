@@ -3,13 +3,19 @@
 #include "util/file.h"
 #include "util/log.h"
 
+#include <array>
 #include <atomic>
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <mutex>
 #include <optional>
 #include <pwd.h>
 #include <string_view>
+#include <sys/file.h>
 #include <unistd.h>
 #include <vector>
 
@@ -82,6 +88,16 @@ std::string stepsInside(std::string_view path)
     for (const auto step : steps) strInside.append("/").append(step);
     return strInside;
 }
+
+constexpr int EXIT_IN_USE = 75;
+
+[[noreturn]] void refuseStart(int s32Lock)
+{
+    std::array<BU_CHAR, 16> acOwner{};
+    if (pread(s32Lock, acOwner.data(), acOwner.size() - 1, 0) <= 0) acOwner = {"?"};
+    LOG_ERROR("device root %s is in use by process %s", UTIL_ROOT_Path("").c_str(), acOwner.data());
+    std::exit(EXIT_IN_USE);
+}
 } // namespace
 
 BU_U32 utilRootGeneration() { return root().u32Generation.load(std::memory_order_relaxed); }
@@ -110,4 +126,17 @@ BU_S32 UTIL_ROOT_Set(const BU_CHAR *pcFolder)
         return -1;
     }
     return 0;
+}
+
+void utilRootLock()
+{
+    const std::string strPath = UTIL_ROOT_Path("/var/camera.lock"), strSelf = std::to_string(getpid());
+    const int s32Lock = open(strPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644); // open until the process ends
+    if (s32Lock >= 0 && flock(s32Lock, LOCK_EX | LOCK_NB) == 0) {
+        if (ftruncate(s32Lock, 0) != 0 || pwrite(s32Lock, strSelf.data(), strSelf.size(), 0) < 0)
+            LOG_WARN("%s: %s", strPath.c_str(), std::strerror(errno));
+        return;
+    }
+    if (errno == EWOULDBLOCK) refuseStart(s32Lock);
+    LOG_WARN("%s: %s", strPath.c_str(), std::strerror(errno));
 }

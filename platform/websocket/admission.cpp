@@ -31,28 +31,56 @@ std::string hostOf(std::string_view text)
 bool isLoopback(const std::string &strHost)
 {
     in_addr stAddress{};
-    if (inet_pton(AF_INET, strHost.c_str(), &stAddress) == 1) return ntohl(stAddress.s_addr) >> 24 == 127;
-    return strHost == "localhost" || strHost == "[::1]" || strHost == "::1";
+    return inet_pton(AF_INET, strHost.c_str(), &stAddress) == 1 && ntohl(stAddress.s_addr) >> 24 == 127;
+}
+
+/// The three ways to say where a browser on the same machine finds it.
+bool isThisMachine(const std::string &strHost)
+{
+    return strHost == "localhost" || strHost == "127.0.0.1" || strHost == "[::1]";
+}
+
+bool isAddress(const std::string &strHost)
+{
+    in_addr stAddress{};
+    return strHost.starts_with('[') || inet_pton(AF_INET, strHost.c_str(), &stAddress) == 1;
 }
 } // namespace
 
 namespace preview
 {
-bool isOriginAllowed(std::string_view origin, std::string_view host)
+OriginRule::OriginRule(std::string strOwnAddress, std::string_view strMachine)
+    : m_strOwn(std::move(strOwnAddress)), m_strMachine(lowered(strMachine))
+{
+}
+
+bool OriginRule::allows(std::string_view origin, std::string_view host) const
 {
     constexpr std::array<std::string_view, 2> SCHEMES{"http://", "https://"};
     const std::string strOrigin = lowered(origin);
     const auto pScheme = std::ranges::find_if(SCHEMES, [&](auto scheme) { return strOrigin.starts_with(scheme); });
     if (pScheme == SCHEMES.end()) return false;
-    const std::string strFrom = hostOf(std::string_view(strOrigin).substr(pScheme->size()));
-    return !strFrom.empty() && (isLoopback(strFrom) || strFrom == hostOf(host));
+    const std::string strFrom = hostOf(std::string_view(strOrigin).substr(pScheme->size())), strTo = hostOf(host);
+    return !strFrom.empty() && isOwnName(strTo) && (strFrom == strTo || isCamera(strFrom));
+}
+
+bool OriginRule::isOwnName(const std::string &strHost) const
+{
+    return isAddress(strHost) || strHost == "localhost" ||
+           (!m_strMachine.empty() && (strHost == m_strMachine || strHost == m_strMachine + ".local"));
+}
+
+bool OriginRule::isCamera(const std::string &strHost) const
+{
+    return strHost == m_strOwn || (isThisMachine(strHost) && (isThisMachine(m_strOwn) || m_strOwn == "0.0.0.0"));
 }
 
 bool Admission::mayConnect(const std::string &strAddress) const
 {
     if (m_count >= CONNECTIONS_MAX) return false;
     const auto it = m_connections.find(strAddress);
-    return it == m_connections.end() || it->second < PER_ADDRESS_MAX || isLoopback(strAddress);
+    return it == m_connections.end() || it->second < PER_ADDRESS_MAX || isLoopback(strAddress) ||
+           strAddress == m_strOwn;
 }
 
 void Admission::enter(const std::string &strAddress)

@@ -9,14 +9,29 @@
 
 namespace preview
 {
-/// The rule for browsers: a page may watch when it comes from this machine or from the host it connects to.
-/// @param origin  the Origin header. @param host  the Host header, with or without port
-bool isOriginAllowed(std::string_view origin, std::string_view host);
+/// The rule for browsers: a page may watch when it comes from the host it connects to, or from the address of the
+/// camera. The host must be an address, "localhost" or this machine's name: a page whose own name was made to lead here
+/// (DNS rebinding) calls by that name.
+class OriginRule
+{
+public:
+    /// @param strOwnAddress  where the camera listens, "0.0.0.0" for everywhere. @param strMachine  its host name
+    OriginRule(std::string strOwnAddress, std::string_view strMachine);
+    /// @param origin  the Origin header. @param host  the Host header, with or without port
+    bool allows(std::string_view origin, std::string_view host) const;
+
+private:
+    bool isOwnName(const std::string &strHost) const;
+    bool isCamera(const std::string &strHost) const;
+    const std::string m_strOwn, m_strMachine;
+};
 
 /// Counts connections; one machine alone cannot use them up, except this one.
 class Admission
 {
 public:
+    explicit Admission(std::string strOwnAddress) : m_strOwn(std::move(strOwnAddress)) {}
+
     static constexpr std::size_t VIEWERS_MAX = 64;
     static constexpr std::size_t CONNECTIONS_MAX = 2 * VIEWERS_MAX; ///< viewers and those that have not said what for
     static constexpr std::size_t PER_ADDRESS_MAX = 16;              ///< of a remote address
@@ -26,6 +41,7 @@ public:
     void leave(const std::string &strAddress);
 
 private:
+    const std::string m_strOwn;                       // who comes from there is on this machine
     std::map<std::string, std::size_t> m_connections; // by address
     std::size_t m_count = 0;
 };

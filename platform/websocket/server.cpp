@@ -13,6 +13,7 @@
 #include <map>
 #include <optional>
 #include <sys/socket.h>
+#include <unistd.h>
 
 static_assert(preview::Message::HEADROOM >= LWS_PRE);
 
@@ -34,11 +35,20 @@ struct tagCONNECTION_S {
 };
 typedef std::unique_ptr<lws_context, decltype(&lws_context_destroy)> Context;
 
+std::string machineName()
+{
+    char acName[256]{};
+    return gethostname(acName, sizeof(acName) - 1) == 0 ? acName : "";
+}
+
 /// Everything but the inbox belongs to the service thread while it runs.
 class LwsServer final : public Server
 {
 public:
-    LwsServer() : m_context(nullptr, lws_context_destroy) {}
+    explicit LwsServer(const std::string &strAddress)
+        : m_admission(strAddress), m_originRule(strAddress, machineName()), m_context(nullptr, lws_context_destroy)
+    {
+    }
     ~LwsServer() override;
     bool listen(const std::string &strAddress, BU_S32 s32Port);
     BU_S32 port() const override { return m_s32Port; }
@@ -60,6 +70,7 @@ private:
     std::shared_ptr<Inbox> m_pstInbox;
     std::map<lws *, std::unique_ptr<tagCONNECTION_S>> m_connections;
     Admission m_admission;
+    const OriginRule m_originRule;
     std::optional<Broadcast> m_broadcast;
     BU_S32 m_s32Port = 0;
     BU_S64 m_s64NextMs = 0; // when the deadlines are looked at next
@@ -213,7 +224,7 @@ int LwsServer::admit(lws *pstWsi, std::string_view protocol)
     const auto channel = strPath.starts_with('/') ? registry().find(strPath.substr(1)) : std::nullopt;
     tagCONNECTION_S *pst = connectionOf(pstWsi);
     if (!pst || protocol != "websocket") return http::answer(pstWsi, 400, "The preview speaks WebSocket only\n");
-    if (strOrigin && !isOriginAllowed(*strOrigin, strHost.value_or(""))) {
+    if (strOrigin && !m_originRule.allows(*strOrigin, strHost.value_or(""))) {
         LOG_WARN("preview: a page of %s may not watch\n", strOrigin->c_str());
         return http::answer(pstWsi, 403, "Pages of this origin may not watch\n");
     }
@@ -288,7 +299,7 @@ namespace preview
 {
 std::unique_ptr<Server> Server::open(const std::string &strAddress, BU_S32 s32Port)
 {
-    auto pstServer = std::make_unique<LwsServer>();
+    auto pstServer = std::make_unique<LwsServer>(strAddress);
     if (!pstServer->listen(strAddress, s32Port)) return nullptr;
     return pstServer;
 }

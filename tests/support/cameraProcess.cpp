@@ -1,5 +1,6 @@
 #include "cameraProcess.h"
 
+#include <algorithm>
 #include <arpa/inet.h>
 #include <csignal>
 #include <cstdio>
@@ -28,13 +29,13 @@ bool isFree(int s32Type, int s32Port)
     return bFree;
 }
 
-/// An offset at which the VISCA ports are free; the highest, 52381, must stay below 65536.
+/// An offset at which the ports of VISCA and RTSP are free; the highest, 52381, must stay below 65536.
 int freeOffset()
 {
     for (int i = 0; i < 500; ++i) {
         const int s32Offset = 2000 + (getpid() * 7 + i * 13) % 10000;
         if (isFree(SOCK_DGRAM, 52381 + s32Offset) && isFree(SOCK_DGRAM, 1259 + s32Offset) &&
-            isFree(SOCK_STREAM, 5678 + s32Offset))
+            isFree(SOCK_STREAM, 5678 + s32Offset) && isFree(SOCK_STREAM, 554 + s32Offset))
             return s32Offset;
     }
     throw std::runtime_error("no free ports");

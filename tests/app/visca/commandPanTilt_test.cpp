@@ -15,13 +15,7 @@ using testing::IsEmpty;
 
 std::function<void(Info &)> drive(BU_S32 s32Type, BU_U8 u8Pan = 5, BU_U8 u8Tilt = 7)
 {
-    return [=](Info &st) {
-        st.stPTCtlr.enPanTiltType = static_cast<VISCA_CTRL_PT_E>(s32Type);
-        st.stPTCtlr.u8PanSpeed = u8Pan;
-        st.stPTCtlr.u8TiltSpeed = u8Tilt;
-        st.stPTCtlr.u16PanPos = 0x0123;
-        st.stPTCtlr.u16TiltPos = 0xFF00;
-    };
+    return with<&Info::stPTCtlr>(s32Type, u8Pan, u8Tilt, 0x0123, 0xFF00, 0, 0, 0);
 }
 
 class CommandPanTilt : public CommandTest
@@ -62,16 +56,10 @@ protected:
         return "BSP_PTCtrlMotion(1, " + journal::argument(&st) + ", &)";
     }
 
-    static tagCOMMAND_CASE_S row(const char *pcName, std::function<void(Info &)> fill, Effects effects,
-                                 BU_S32 s32Result = 0)
-    {
-        return {pcName, viscaCtrlPanTilt, std::move(fill), std::move(effects), s32Result, "BSP_PTCtrlMotion"};
-    }
-
     /// A direction while the menu is shown. @return what the camera is asked to do
     static Effects press(BU_S32 s32Type)
     {
-        EXPECT_EQ(run(row("", drive(s32Type), {})), 0);
+        EXPECT_EQ(run(viscaCtrlPanTilt, {drive(s32Type), {}}), 0);
         return journal::effects();
     }
 };
@@ -85,28 +73,32 @@ TEST_F(CommandPanTilt, DirectionsDriveAtTheirLevels)
     ASSERT_NE(moves(PT_MOTION_E_UP, 5, 7), moves(PT_MOTION_E_UP, 9, 11)) << "speeds must show in the journal";
     for (BU_S32 i = 0; i < 8; ++i) {
         SCOPED_TRACE(i);
-        check({row("plain", drive(i), {moves(DIRECTIONS[i], 5, 7)}),
-               row("configured", drive(i, 0, 0), {moves(DIRECTIONS[i], 9, 11)}),
-               row("precise", drive(13 + i, 200, 7), {moves(DIRECTIONS[i], 200, 7, true)}),
-               row("configured precise", drive(13 + i, 0, 0), {moves(DIRECTIONS[i], 90, 110, true)})});
+        passes(viscaCtrlPanTilt, {{drive(i), {moves(DIRECTIONS[i], 5, 7)}},
+                                  {drive(i, 0, 0), {moves(DIRECTIONS[i], 9, 11)}}, // as configured
+                                  {drive(13 + i, 200, 7), {moves(DIRECTIONS[i], 200, 7, true)}},
+                                  {drive(13 + i, 0, 0), {moves(DIRECTIONS[i], 90, 110, true)}}});
     }
-    check({row("one level of two", drive(VISCA_MSG_E_PT_LEFT, 0, 7), {moves(PT_MOTION_E_LEFT, 9, 7)}),
-           row("stop", drive(VISCA_MSG_E_PT_STOP), {moves(PT_MOTION_E_STOP, 5, 7)})});
+    passes(viscaCtrlPanTilt, {{drive(VISCA_MSG_E_PT_LEFT, 0, 7), {moves(PT_MOTION_E_LEFT, 9, 7)}},
+                              {drive(VISCA_MSG_E_PT_STOP), {moves(PT_MOTION_E_STOP, 5, 7)}}});
+    SYS_API_SetMountMode(0, BU_FALSE, BU_TRUE); // directions turn round under the ceiling
+    passes(viscaCtrlPanTilt, {{drive(VISCA_MSG_E_PT_UP), {moves(PT_MOTION_E_DOWN, 5, 7)}},
+                              {drive(VISCA_MSG_E_PT_RIGHT), {moves(PT_MOTION_E_LEFT, 5, 7)}}});
 }
 
-TEST_F(CommandPanTilt, DirectionsTurnRoundUnderTheCeiling)
-{
-    SYS_API_SetMountMode(0, BU_FALSE, BU_TRUE);
-    check({row("up", drive(VISCA_MSG_E_PT_UP), {moves(PT_MOTION_E_DOWN, 5, 7)}),
-           row("right", drive(VISCA_MSG_E_PT_RIGHT), {moves(PT_MOTION_E_LEFT, 5, 7)})});
-}
-
+/// Also while the menu is shown. A relative move goes to the given position.
 TEST_F(CommandPanTilt, MovesWithATargetReportTheirEndLater)
 {
-    check({row("absolute", drive(VISCA_MSG_E_PT_ABS_POS), {moves(PT_MOTION_E_ABS_POS, 5, 7)}, 1),
-           row("relative moves to the given position", drive(VISCA_MSG_E_PT_REL_POS),
-               {moves(PT_MOTION_E_ABS_POS, 5, 7)}, 1),
-           row("reset", drive(VISCA_MSG_E_PT_RESET), {moves(PT_MOTION_E_RESET, 5, 7)}, 1)});
+    for (int i = 0; i < 2; ++i) {
+        passes(viscaCtrlPanTilt, {{drive(VISCA_MSG_E_PT_ABS_POS), {moves(PT_MOTION_E_ABS_POS, 5, 7)}, 1},
+                                  {drive(VISCA_MSG_E_PT_REL_POS), {moves(PT_MOTION_E_ABS_POS, 5, 7)}, 1},
+                                  {drive(VISCA_MSG_E_PT_RESET), {moves(PT_MOTION_E_RESET, 5, 7)}, 1},
+                                  {drive(VISCA_MSG_E_PT_STOP), {moves(PT_MOTION_E_STOP, 5, 7)}}});
+        EXPECT_EQ(run(viscaCtrlPanTilt, {drive(VISCA_MSG_E_PT_HOME), {}}), 1);
+        EXPECT_EQ(journal::effects().size(), 2U);
+        CMD_MENU_OnlyOpenMenu();
+    }
+    BSP_PROFILE_Load("minimal"); // a model without menu
+    passes(viscaCtrlPanTilt, {{drive(VISCA_MSG_E_PT_UP), {moves(PT_MOTION_E_UP, 5, 7)}}});
 }
 
 TEST_F(CommandPanTilt, HomeMovesHeadAndLensAndReportsTheLens)
@@ -119,12 +111,11 @@ TEST_F(CommandPanTilt, HomeMovesHeadAndLensAndReportsTheLens)
         stZoom.bUseZoomTime = BU_TRUE;
         stZoom.fZoomTime = 1.0F;
         stZoom.bTriggerFocusAfterZoom = !bAuto;
-        auto stHome =
-            row("home", drive(VISCA_MSG_E_PT_HOME), {moves(PT_MOTION_E_HOME, 5, 7), lensMotion(stZoom, "NULL")}, 1);
-        stHome.pcPassedThrough = "BSP_ZFCtrlMotion";
-        check({stHome});
+        tagCOMMAND_CASE_S stHome{
+            drive(VISCA_MSG_E_PT_HOME), {moves(PT_MOTION_E_HOME, 5, 7), lensMotion(stZoom, "NULL")}, 1};
+        passes(viscaCtrlPanTilt, {stHome}, "BSP_ZFCtrlMotion");
         stHome.setUp = [] { journal::inject("BSP_PTCtrlMotion", -1); };
-        EXPECT_EQ(run(stHome), 1) << "the lens decides";
+        EXPECT_EQ(run(viscaCtrlPanTilt, stHome), 1) << "the lens decides";
     }
 }
 
@@ -174,72 +165,31 @@ TEST_F(CommandPanTilt, MenuKeysComeAgainAfterAPauseOf500Ms)
     EXPECT_THAT(press(VISCA_MSG_E_PT_DOWN), ElementsAre("CMD_MENU_HandeDownBtn()"));
 }
 
-TEST_F(CommandPanTilt, OtherMotionsAndOtherModelsIgnoreTheMenu)
-{
-    CMD_MENU_OnlyOpenMenu();
-    check({row("stop", drive(VISCA_MSG_E_PT_STOP), {moves(PT_MOTION_E_STOP, 5, 7)}),
-           row("absolute", drive(VISCA_MSG_E_PT_ABS_POS), {moves(PT_MOTION_E_ABS_POS, 5, 7)}, 1),
-           row("relative", drive(VISCA_MSG_E_PT_REL_POS), {moves(PT_MOTION_E_ABS_POS, 5, 7)}, 1),
-           row("reset", drive(VISCA_MSG_E_PT_RESET), {moves(PT_MOTION_E_RESET, 5, 7)}, 1)});
-    EXPECT_EQ(run(row("home", drive(VISCA_MSG_E_PT_HOME), {})), 1);
-    EXPECT_EQ(journal::effects().size(), 2U);
-    BSP_PROFILE_Load("minimal");
-    check({row("another model", drive(VISCA_MSG_E_PT_UP), {moves(PT_MOTION_E_UP, 5, 7)})});
-}
+constexpr auto memory = with<&Info::stMemoryCtrl, VISCA_CTRL_MEMORY_E, BU_S32>;
 
-TEST_F(CommandPanTilt, SpeedSettings)
+TEST_F(CommandPanTilt, SpeedAndPresetSettings)
 {
-    const auto speed = [](VISCA_CTRL_PTSPEED_E enType, BU_U32 u32Param) {
-        return [=](Info &st) { st.stPTSpeedCtrl = {enType, u32Param}; };
-    };
-    const auto S = viscaCtrlPTSpeed;
-    const auto ACCURACY = VISCA_MSG_E_PTSPEED_ACCURACY;
-    const char *pcMatch = "PT_API_SetPtSpeedMatch", *pcAccuracy = "PT_API_SetSpeedAccuracy";
-    check({{"match", S, speed(VISCA_MSG_E_PTSPEED_MATCH_ON, 0), {"PT_API_SetPtSpeedMatch(0, 1, 1, 1)"}, 0, pcMatch},
-           {"no match", S, speed(VISCA_MSG_E_PTSPEED_MATCH_OFF, 0), {"PT_API_SetPtSpeedMatch(0, 0, 1, 1)"}, 0, pcMatch},
-           {"pan", S, speed(VISCA_MSG_E_PAN_SPEED, 8), {"PT_API_SetPanSpeed(0, 8, 1, 1)"}, 0, "PT_API_SetPanSpeed"},
-           {"tilt", S, speed(VISCA_MSG_E_Tilt_SPEED, 8), {"PT_API_SetTileSpeed(0, 8, 1, 1)"}, 0, "PT_API_SetTileSpeed"},
-           {"accuracy 0", S, speed(ACCURACY, 0), {"PT_API_SetSpeedAccuracy(0, 1, 1)"}, 0, pcAccuracy},
-           {"accuracy 1", S, speed(ACCURACY, 1), {"PT_API_SetSpeedAccuracy(0, 10, 1)"}, 0, pcAccuracy},
-           {"accuracy 2", S, speed(ACCURACY, 2), {"PT_API_SetSpeedAccuracy(0, 100, 1)"}, 0, pcAccuracy},
-           {"accuracy 3", S, speed(ACCURACY, 3), {}, REFUSED},
-           {"pan and tilt", S, speed(VISCA_MSG_E_PanTilt_SPEED, 8), {}, REFUSED}});
-}
-
-std::function<void(Info &)> memory(VISCA_CTRL_MEMORY_E enType, BU_U8 u8Val)
-{
-    return [=](Info &st) { st.stMemoryCtrl = {enType, u8Val}; };
-}
-
-TEST_F(CommandPanTilt, PresetSettings)
-{
-    const auto M = viscaCtrlMemory;
-    const char *pcPowerUp = "PT_API_SetPowerUpPtzPos", *pcMode = "SYS_API_SetPresetMode";
-    check(
-        {{"store", M, memory(VISCA_MSG_E_MEMORY_SET, 5), {"PRESET_API_SetCur(5, \"ByVisca\")"}, 0, "PRESET_API_SetCur"},
-         {"delete", M, memory(VISCA_MSG_E_MEMORY_RESET, 5), {"PRESET_API_DeleteById(5)"}, 0, "PRESET_API_DeleteById"},
-         {"speed",
-          M,
-          memory(VISCA_MSG_E_MEMORY_SPEED, 9),
-          {"PRESET_API_SetPresetSpeed(0, 9, 1, 1)"},
-          0,
-          "PRESET_API_SetPresetSpeed"},
-         {"power up at 0 is nowhere",
-          M,
-          memory(VISCA_MSG_E_MEMORY_POWERUP, 0),
-          {"PT_API_SetPowerUpPtzPos(0, -1, 1, 1)"},
-          0,
-          pcPowerUp},
-         {"power up at 1",
-          M,
-          memory(VISCA_MSG_E_MEMORY_POWERUP, 1),
-          {"PT_API_SetPowerUpPtzPos(0, 1, 1, 1)"},
-          0,
-          pcPowerUp},
-         {"mode on", M, memory(VISCA_MSG_E_MEMORY_MODE, 2), {"SYS_API_SetPresetMode(1, 1, 1)"}, 0, pcMode},
-         {"mode off", M, memory(VISCA_MSG_E_MEMORY_MODE, 3), {"SYS_API_SetPresetMode(0, 1, 1)"}, 0, pcMode},
-         {"mode 1", M, memory(VISCA_MSG_E_MEMORY_MODE, 1), {}, REFUSED},
-         {"mode 4", M, memory(VISCA_MSG_E_MEMORY_MODE, 4), {}, REFUSED}});
+    const auto speed = with<&Info::stPTSpeedCtrl, VISCA_CTRL_PTSPEED_E, BU_S32>;
+    // clang-format off
+    passes(viscaCtrlPTSpeed, {{speed(VISCA_MSG_E_PTSPEED_MATCH_ON, 0),  {"PT_API_SetPtSpeedMatch(0, 1, 1, 1)"}},
+                              {speed(VISCA_MSG_E_PTSPEED_MATCH_OFF, 0), {"PT_API_SetPtSpeedMatch(0, 0, 1, 1)"}},
+                              {speed(VISCA_MSG_E_PAN_SPEED, 8),         {"PT_API_SetPanSpeed(0, 8, 1, 1)"}},
+                              {speed(VISCA_MSG_E_Tilt_SPEED, 8),        {"PT_API_SetTileSpeed(0, 8, 1, 1)"}},
+                              {speed(VISCA_MSG_E_PTSPEED_ACCURACY, 0),  {"PT_API_SetSpeedAccuracy(0, 1, 1)"}},
+                              {speed(VISCA_MSG_E_PTSPEED_ACCURACY, 1),  {"PT_API_SetSpeedAccuracy(0, 10, 1)"}},
+                              {speed(VISCA_MSG_E_PTSPEED_ACCURACY, 2),  {"PT_API_SetSpeedAccuracy(0, 100, 1)"}},
+                              {speed(VISCA_MSG_E_PTSPEED_ACCURACY, 3),  {}, REFUSED},
+                              {speed(VISCA_MSG_E_PanTilt_SPEED, 8),     {}, REFUSED}});
+    passes(viscaCtrlMemory, {{memory(VISCA_MSG_E_MEMORY_SET, 5),     {"PRESET_API_SetCur(5, \"ByVisca\")"}},
+                             {memory(VISCA_MSG_E_MEMORY_RESET, 5),   {"PRESET_API_DeleteById(5)"}},
+                             {memory(VISCA_MSG_E_MEMORY_SPEED, 9),   {"PRESET_API_SetPresetSpeed(0, 9, 1, 1)"}},
+                             {memory(VISCA_MSG_E_MEMORY_POWERUP, 0), {"PT_API_SetPowerUpPtzPos(0, -1, 1, 1)"}}, // nowhere
+                             {memory(VISCA_MSG_E_MEMORY_POWERUP, 1), {"PT_API_SetPowerUpPtzPos(0, 1, 1, 1)"}},
+                             {memory(VISCA_MSG_E_MEMORY_MODE, 2),    {"SYS_API_SetPresetMode(1, 1, 1)"}},
+                             {memory(VISCA_MSG_E_MEMORY_MODE, 3),    {"SYS_API_SetPresetMode(0, 1, 1)"}},
+                             {memory(VISCA_MSG_E_MEMORY_MODE, 1),    {}, REFUSED},
+                             {memory(VISCA_MSG_E_MEMORY_MODE, 4),    {}, REFUSED}});
+    // clang-format on
 }
 
 TEST_F(CommandPanTilt, OnlyARecallThatMovesWaitsForTwoEnds)
@@ -253,7 +203,7 @@ TEST_F(CommandPanTilt, OnlyARecallThatMovesWaitsForTwoEnds)
                       {false, true, 0, OTHERS, {"PRESET_API_GotoById(5, 1, &)"}},
                       {true, true, 0, OTHERS, {"PRESET_API_GotoById(5, 1, &)"}},
                       {false, false, REFUSED, OTHERS, {}}};
-    tagCOMMAND_CASE_S stRecall{"", viscaCtrlMemory, memory(VISCA_MSG_E_MEMORY_RECALL, 5), {}};
+    tagCOMMAND_CASE_S stRecall{memory(VISCA_MSG_E_MEMORY_RECALL, 5), {}};
     for (const auto &row : rows) {
         stRecall.setUp = [&row] {
             gs_s32PresetFlag = OTHERS;
@@ -261,10 +211,10 @@ TEST_F(CommandPanTilt, OnlyARecallThatMovesWaitsForTwoEnds)
             journal::inject("PRESET_API_QuerySpecialById", row.bSpecial ? 0 : -1);
             if (row.s32Result != REFUSED) journal::inject("PRESET_API_GotoById", row.s32Result);
         };
-        EXPECT_EQ(run(stRecall), row.s32Result);
+        EXPECT_EQ(run(viscaCtrlMemory, stRecall), row.s32Result);
         EXPECT_EQ(journal::effects(), row.effects);
         EXPECT_EQ(gs_s32PresetFlag, row.s32Ends);
     }
-    EXPECT_THAT(traceOf(stRecall), HasSubstr("] can't find preset 5\n"));
+    EXPECT_THAT(traceOf(viscaCtrlMemory, stRecall), HasSubstr("] can't find preset 5\n"));
 }
 } // namespace

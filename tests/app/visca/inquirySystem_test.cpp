@@ -5,65 +5,46 @@
 #include "board/lamp.h"
 #include "camera/menu.h"
 #include "camera/network.h"
-#include "camera/serial.h"
-#include "camera/system.h"
 #include "camera/systemService.h"
 #include "media/audio.h"
 
-namespace
-{
-void output(const char *pcFormat, const char *pcFps) { SYSTEM_API_SetHdmiCfg(pcFormat, pcFps, HDMI_CS_E_YUV422, RAM); }
-} // namespace
+#include <array>
 
 TEST_F(ViscaInquiry, System)
 {
-    const auto ir = [](VISCA_CTRL_IR_E enType) {
-        return [=](INFO &st) {
-            IR_API_SetSwitch("Off", RAM);
-            IR_API_SetAddr(4, RAM, IRADDR_SWITCH_E_SOFT);
-            st.stIrCtrl.enIrType = enType;
-        };
+    const auto ir = [](BU_S32 s32) {
+        return [=](INFO &st) { st.stIrCtrl.enIrType = static_cast<VISCA_CTRL_IR_E>(s32); };
     };
-    // The stored tally mode is asked for.
-    const auto tally = [](BU_S32 s32Mode) {
-        return [=](INFO &) { LED_API_SetTallyMode("TallyLed", s32Mode, BU_TRUE, 0); };
+    const auto delivered = [](INFO &st) { st.stTKVtTally.enledmode = VISCA_MSG_TKV_NDI_TALLY_PREVIEW; };
+    const auto volume = [](INFO &) {
+        AI_ATTR_S stAttr{};
+        AUDIO_AI_GetAttr(AUDIO_AI_GetFirstEnabledId(), &stAttr);
+        stAttr.s32Volume = 0x4D;
+        AUDIO_AI_SetAttr(AUDIO_AI_GetFirstEnabledId(), &stAttr, RAM);
     };
+    // clang-format off
     check({
-        {"power", VISCA_INQ_E_POWER, [](INFO &st) { st.enPowerCtrl = VISCA_MSG_E_POWER_OFF; }, "02"},
-        {"infrared on", VISCA_INQ_E_IR_RECV, [](INFO &) { IR_API_SetSwitch("On", RAM); }, "02"},
-        {"infrared off", VISCA_INQ_E_IR_RECV, [](INFO &) { IR_API_SetSwitch("Off", RAM); }, "03"},
-        {"infrared mode", VISCA_INQ_E_IR_INFO, ir(VISCA_MSG_E_IR_MODE), "03"},
-        {"infrared address", VISCA_INQ_E_IR_INFO, ir(VISCA_MSG_E_IR_ADDR), "04"},
-        {"infrared something", VISCA_INQ_E_IR_INFO, ir(static_cast<VISCA_CTRL_IR_E>(2)), "refused"},
-        {"menu", VISCA_INQ_E_MENU, [](INFO &) { CMD_MENU_OnlyOpenMenu(); }, "02"},
-        {"no menu", VISCA_INQ_E_MENU, [](INFO &) { CMD_MENU_OnlyCloseMenu(); }, "03"},
-        {"tally off", VISCA_INQ_E_TALLY_MODE, tally(LED_TALLY_MODE_E_CLOSE), "0A"},
-        {"tally white", VISCA_INQ_E_TALLY_MODE, tally(LED_TALLY_MODE_E_COLOR_W), "0B"},
-        {"tally custom", VISCA_INQ_E_TALLY_MODE, tally(LED_TALLY_MODE_E_COLOR_CUSTOM), "0C"},
-        {"tally colours", VISCA_INQ_E_TALLY_MODE, tally(LED_TALLY_MODE_E_COLOR_RGB_CIRCLE), "0D"},
-        {"tally red has no number", VISCA_INQ_E_TALLY_MODE,
-         [](INFO &st) {
-             LED_API_SetTallyMode("TallyLed", LED_TALLY_MODE_E_COLOR_R, BU_TRUE, 0);
-             st.stTKVtTally.enledmode = VISCA_MSG_TKV_NDI_TALLY_PREVIEW;
-         },
-         "02"},
-        {"tally on board", VISCA_INQ_E_NDI_TALLY_MODE, [](INFO &) { LED_API_SetTallyOnBoard("TallyLed", 1, RAM, 0); },
-         "02"},
-        {"no tally on board", VISCA_INQ_E_NDI_TALLY_MODE,
-         [](INFO &) { LED_API_SetTallyOnBoard("TallyLed", 0, RAM, 0); }, "03"},
-        {"tally colour", VISCA_INQ_E_CUSTOM_TALLY,
-         [](INFO &) { LED_API_SetTallyCustomColor("TallyLed", 0x12ABEF, RAM, 0); }, "01 02 0A 0B 0E 0F"},
-        {"muted", VISCA_INQ_E_TKV_AUDIO, [](INFO &) { SYS_API_SetAudioMute(1, RAM, NOW); }, "03"},
-        {"not muted", VISCA_INQ_E_TKV_AUDIO, [](INFO &) { SYS_API_SetAudioMute(0, RAM, NOW); }, "02"},
-        {"volume", VISCA_INQ_E_AUDIO_VOLUME,
-         [](INFO &) {
-             AI_ATTR_S stAttr{};
-             AUDIO_AI_GetAttr(AUDIO_AI_GetFirstEnabledId(), &stAttr);
-             stAttr.s32Volume = 0x4D;
-             AUDIO_AI_SetAttr(AUDIO_AI_GetFirstEnabledId(), &stAttr, RAM);
-         },
-         "04 0D"},
+        {VISCA_INQ_E_POWER,          {}, "02", [](INFO &st) { st.enPowerCtrl = VISCA_MSG_E_POWER_OFF; }},
+        {VISCA_INQ_E_IR_RECV,        {{"IrSwitch", 1}},    "02"},
+        {VISCA_INQ_E_IR_RECV,        {{"IrSwitch", 0}},    "03"},
+        {VISCA_INQ_E_IR_INFO,        {{"IrSwitch", 0}, {"IrAddr", 4}}, "03", ir(VISCA_MSG_E_IR_MODE)},
+        {VISCA_INQ_E_IR_INFO,        {},                   "04", ir(VISCA_MSG_E_IR_ADDR)},
+        {VISCA_INQ_E_IR_INFO,        {},                   "refused", ir(2)},
+        {VISCA_INQ_E_MENU,           {}, "02", [](INFO &) { CMD_MENU_OnlyOpenMenu(); }},
+        {VISCA_INQ_E_MENU,           {}, "03", [](INFO &) { CMD_MENU_OnlyCloseMenu(); }},
+        {VISCA_INQ_E_TALLY_MODE,     {{"!TallyMode", LED_TALLY_MODE_E_CLOSE}},            "0A"}, // the stored one is asked for
+        {VISCA_INQ_E_TALLY_MODE,     {{"!TallyMode", LED_TALLY_MODE_E_COLOR_W}},          "0B"},
+        {VISCA_INQ_E_TALLY_MODE,     {{"!TallyMode", LED_TALLY_MODE_E_COLOR_CUSTOM}},     "0C"},
+        {VISCA_INQ_E_TALLY_MODE,     {{"!TallyMode", LED_TALLY_MODE_E_COLOR_RGB_CIRCLE}}, "0D"},
+        {VISCA_INQ_E_TALLY_MODE,     {{"!TallyMode", LED_TALLY_MODE_E_COLOR_R}}, "02", delivered}, // red has no number
+        {VISCA_INQ_E_NDI_TALLY_MODE, {{"TallyOnBoard", 1}}, "02"},
+        {VISCA_INQ_E_NDI_TALLY_MODE, {{"TallyOnBoard", 0}}, "03"},
+        {VISCA_INQ_E_CUSTOM_TALLY,   {{"TallyCustomColor", 0x12ABEF}}, "01 02 0A 0B 0E 0F"},
+        {VISCA_INQ_E_TKV_AUDIO,      {{"AudioMute", 1}},   "03"},
+        {VISCA_INQ_E_TKV_AUDIO,      {{"AudioMute", 0}},   "02"},
+        {VISCA_INQ_E_AUDIO_VOLUME,   {},                   "04 0D", volume},
     });
+    // clang-format on
 
     INFO stInfo{};
     VISCA_API_SetAddr(6, BU_TRUE);
@@ -89,13 +70,13 @@ TEST_F(ViscaInquiry, Network)
         return [=](INFO &st) { st.stIpCtrl.enIpType = static_cast<VISCA_CTRL_IP_E>(s32Type); };
     };
     check({
-        {"address", VISCA_INQ_E_IP, ip(VISCA_MSG_E_IP_ADDRESS), "0C 00 0A 08 00 01 00 0A"},
-        {"mask", VISCA_INQ_E_IP, ip(VISCA_MSG_E_IP_MASK), "0F 0F 0F 0F 0F 0F 00 00"},
-        {"gateway", VISCA_INQ_E_IP, ip(VISCA_MSG_E_IP_GATEWAY), "0C 00 0A 08 00 01 0F 0E"},
-        {"apply", VISCA_INQ_E_IP, ip(VISCA_MSG_E_IP_APPLYA), "refused"},
-        {"nothing", VISCA_INQ_E_IP, ip(0), "refused"},
-        {"static", VISCA_INQ_E_IP_DHCP_MODE, ip(0), "03"},
-        {"dynamic", VISCA_INQ_E_IP_DHCP_MODE, [](INFO &) { NET_API_SetIpMode("NetCard0", IP_MODE_E_DHCP); }, "02"},
+        {VISCA_INQ_E_IP, {}, "0C 00 0A 08 00 01 00 0A", ip(VISCA_MSG_E_IP_ADDRESS)},
+        {VISCA_INQ_E_IP, {}, "0F 0F 0F 0F 0F 0F 00 00", ip(VISCA_MSG_E_IP_MASK)},
+        {VISCA_INQ_E_IP, {}, "0C 00 0A 08 00 01 0F 0E", ip(VISCA_MSG_E_IP_GATEWAY)},
+        {VISCA_INQ_E_IP, {}, "refused", ip(VISCA_MSG_E_IP_APPLYA)},
+        {VISCA_INQ_E_IP, {}, "refused", ip(0)},
+        {VISCA_INQ_E_IP_DHCP_MODE, {}, "03"},
+        {VISCA_INQ_E_IP_DHCP_MODE, {}, "02", [](INFO &) { NET_API_SetIpMode("NetCard0", IP_MODE_E_DHCP); }},
     });
 
     NET_API_SetIpMode("NetCard0", IP_MODE_E_STATIC);
@@ -117,41 +98,27 @@ TEST_F(ViscaInquiry, Network)
 
 TEST_F(ViscaInquiry, VideoFormat)
 {
-    struct tagFORMAT_S {
-        const char *pcFormat, *pcFps, *pcPayload, *pcBlockCode;
+    // Rates of each format: the code of the inquiry ("": refused) and the one in the block answer.
+    struct {
+        HDMI_FORMAT_E enFormat;
+        std::vector<std::array<const char *, 2>> codes; // in the order of HDMI_FPS_E
+    } const rows[] = {
+        // clang-format off
+        {HDMI_FORMAT_E_4K,    {{"06", "38"}, {"", "37"},   {"0E", "36"}, {"07", "35"}, {"", "34"},   {"0F", "33"}, {"", "38"}}},
+        {HDMI_FORMAT_E_1080P, {{"00", "08"}, {"10", "07"}, {"08", "06"}, {"01", "05"}, {"11", "04"}, {"09", "03"}, {"", "38"}, {"", "38"}}},
+        {HDMI_FORMAT_E_1080I, {{"02", "15"}, {"10", "14"}, {"08", "13"}, {},           {},           {"0A", "38"}}},
+        {HDMI_FORMAT_E_720P,  {{"03", "28"}, {"12", "38"}, {"0B", "26"}, {"04", "38"}, {"", "38"},   {"0C", "38"}}},
+        // clang-format on
     };
-    // The code of the inquiry and the one in the block answer.
-    for (const auto &[pcFormat, pcFps, pcPayload, pcBlockCode] : {
-             tagFORMAT_S{"Format-4K", "Fps60", "06", "38"},
-             tagFORMAT_S{"Format-4K", "Fps59p94", "refused", "37"},
-             tagFORMAT_S{"Format-4K", "Fps50", "0E", "36"},
-             tagFORMAT_S{"Format-4K", "Fps30", "07", "35"},
-             tagFORMAT_S{"Format-4K", "Fps29p97", "refused", "34"},
-             tagFORMAT_S{"Format-4K", "Fps25", "0F", "33"},
-             tagFORMAT_S{"Format-4K", "Fps24", "refused", "38"},
-             tagFORMAT_S{"Format-1080P", "Fps60", "00", "08"},
-             tagFORMAT_S{"Format-1080P", "Fps59p94", "10", "07"},
-             tagFORMAT_S{"Format-1080P", "Fps50", "08", "06"},
-             tagFORMAT_S{"Format-1080P", "Fps30", "01", "05"},
-             tagFORMAT_S{"Format-1080P", "Fps29p97", "11", "04"},
-             tagFORMAT_S{"Format-1080P", "Fps25", "09", "03"},
-             tagFORMAT_S{"Format-1080P", "Fps24", "refused", "38"},
-             tagFORMAT_S{"Format-1080P", "Fps23p98", "refused", "38"},
-             tagFORMAT_S{"Format-1080I", "Fps60", "02", "15"},
-             tagFORMAT_S{"Format-1080I", "Fps59p94", "10", "14"},
-             tagFORMAT_S{"Format-1080I", "Fps50", "08", "13"},
-             tagFORMAT_S{"Format-1080I", "Fps25", "0A", "38"},
-             tagFORMAT_S{"Format-720P", "Fps60", "03", "28"},
-             tagFORMAT_S{"Format-720P", "Fps59p94", "12", "38"},
-             tagFORMAT_S{"Format-720P", "Fps50", "0B", "26"},
-             tagFORMAT_S{"Format-720P", "Fps30", "04", "38"},
-             tagFORMAT_S{"Format-720P", "Fps29p97", "refused", "38"},
-             tagFORMAT_S{"Format-720P", "Fps25", "0C", "38"},
-         }) {
-        output(pcFormat, pcFps);
-        EXPECT_EQ(answer(VISCA_INQ_E_VIDEO_RESOLUTION), pcPayload) << pcFormat << " " << pcFps;
-        EXPECT_EQ(answer(VISCA_INQ_E_TKV_BLOCK_DATA).substr(85 * 3, 2), pcBlockCode) << pcFormat << " " << pcFps;
-    }
+    for (const auto &row : rows)
+        for (std::size_t fps = 0; fps < row.codes.size(); ++fps) {
+            const auto [pcCode, pcBlockCode] = row.codes[fps];
+            if (!pcCode) continue;
+            CFG_SETTING_Set("Format", 0, row.enFormat, RAM, NOW);
+            CFG_SETTING_Set("Fps", 0, static_cast<BU_S32>(fps), RAM, NOW);
+            EXPECT_EQ(answer(VISCA_INQ_E_VIDEO_RESOLUTION), *pcCode ? pcCode : "refused") << row.enFormat << ' ' << fps;
+            EXPECT_EQ(answer(VISCA_INQ_E_TKV_BLOCK_DATA).substr(85 * 3, 2), pcBlockCode) << row.enFormat << ' ' << fps;
+        }
     journal::inject("MPP_GetVoutCfg", -3);
     EXPECT_EQ(answer(VISCA_INQ_E_VIDEO_RESOLUTION), "silent");
 }

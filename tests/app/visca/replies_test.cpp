@@ -44,52 +44,25 @@ namespace
 /// Values that are all different where the answer has room for it, so that two exchanged fields show.
 void setEverything()
 {
-    ISP_API_SetAeMode(0, AE_MODE_E_BRIGHT, RAM, NOW);
-    ISP_API_SetGainLimit(0, 14, RAM, NOW);
-    ISP_API_SetGain(0, 27, RAM, NOW);
-    ISP_API_SetExpCompSwi(0, 1, RAM, NOW);
-    ISP_API_SetExpCompLevel(0, 5, RAM, NOW);
-    ISP_API_SetIrisLevel(0, 11, RAM, NOW);
-    SYSTEM_API_SetHdmiCfg("Format-1080P", "Fps50", HDMI_CS_E_YUV422, RAM);
-    ISP_API_SetShutter(0, SHUTTER_TIME_10000, RAM, NOW);
-    ISP_API_SetExpBrightness(0, 22, RAM, NOW);
-    ISP_API_SetWbMode(0, WB_MODE_E_STATIC, RAM, NOW);
-    ISP_API_SetRGain(0, 0xA1, RAM, NOW);
-    ISP_API_SetBGain(0, 0xB2, RAM, NOW);
-    ISP_API_SetStWbMode(0, 5600, RAM, NOW);
-    ISP_API_SetBrightness(0, 13, RAM, NOW);
-    ISP_API_SetSharpness(0, 15, RAM, NOW);
-    SYS_API_SetFlip(1, RAM, NOW);
-    SYS_API_SetMirror(0, RAM, NOW);
-    ISP_API_SetDrcSwi(0, 1, RAM, NOW);
-    ISP_API_SetContrast(0, 9, RAM, NOW);
-    ISP_API_SetAntiFlicker(0, FREQ_MODE_E_60HZ, RAM, NOW);
-    ISP_API_Set2DNR(0, 4, RAM, NOW);
-    ISP_API_Set3DNR(0, 7, RAM, NOW);
-    ISP_API_SetBackLight(0, 1, RAM, NOW);
-    ISP_API_SetGamma(0, 1, RAM, NOW);
-    ISP_API_SetSaturation(0, 6, RAM, NOW);
-    ISP_API_SetHue(0, 14, RAM, NOW);
+    const std::pair<const char *, BU_S32> SETTINGS[] = {
+        // clang-format off
+        {"ExposureMode", AE_MODE_E_BRIGHT}, {"GainLimit", 14}, {"Gain", 27}, {"ExposureCompensation", 1}, {"ExposureCompLevel", 5},
+        {"IrisLevel", 11}, {"Format", HDMI_FORMAT_E_1080P}, {"Fps", HDMI_FPS_E_FPS50}, {"ShutterSpeedFps50", SHUTTER_TIME_10000},
+        {"ExposureBrightness", 22}, {"WbMode", WB_MODE_E_STATIC}, {"RGain", 0xA1}, {"BGain", 0xB2}, {"ColorTemp", 5600},
+        {"Brightness", 13}, {"Sharpness", 15}, {"Flip", 1}, {"Mirror", 0}, {"WdrSwi", 1}, {"Contrast", 9},
+        {"AntiFlicker", FREQ_MODE_E_60HZ}, {"Nr2d", 4}, {"Nr3d", 7}, {"BacklightCompensation", 1}, {"Gamma", 1},
+        {"Saturation", 6}, {"Hue", 14}, {"TrackMode", TRACK_MODE_E_STAGE_TRACKING}, {"TrackEnabled", 1}, {"TrackDebug", 0},
+        {"TallyIndicator", 1}, {"AutoZoom", 1}, {"AutoTilt", 0}, {"AutoPan", 1}, {"LostTime", 2}, {"BodySize", 1},
+        {"BodySizeCustom", 0x123}, {"StartPos", -2}, {"PeoplePos", TRACK_PEOPLE_POS_RIGHT}, {"FocusAuto", 0},
+        {"AudioMute", 1}, {"TallyMode", LED_TALLY_MODE_E_COLOR_CUSTOM},
+        // clang-format on
+    };
+    for (const auto &[pcKey, s32Value] : SETTINGS) EXPECT_EQ(CFG_SETTING_Set(pcKey, 0, s32Value, RAM, NOW), 0) << pcKey;
+    SYS_API_SetImageFreeze(1, STORED, NOW);
     for (BU_S32 s32Colour = 1; s32Colour <= 6; ++s32Colour) {
         ISP_API_SetColorHue(0, s32Colour, s32Colour, STORED, NOW); // 11...16 above the least, -10
         ISP_API_SetColorSat(0, s32Colour, 0x40 + s32Colour, STORED, NOW);
     }
-    ALG_API_SetTrackMode(TRACK_MODE_E_STAGE_TRACKING, RAM, NOW);
-    ALG_API_SetEnable(1, RAM, NOW);
-    ALG_API_SetDebug(0, RAM, NOW);
-    ALG_API_SetTallyIndicator(1, RAM, NOW);
-    ALG_API_SetAutoZoom(1, RAM, NOW);
-    ALG_API_SetAutoTilt(0, RAM, NOW);
-    ALG_API_SetAutoPan(1, RAM, NOW);
-    ALG_API_SetLostTime(2, RAM, NOW);
-    ALG_API_SetBodySize(1, RAM, NOW);
-    ALG_API_SetBodySizeCustom(0x123, RAM, NOW);
-    ALG_API_SetStartPos(-2, RAM, NOW);
-    ALG_API_SetPeoplePos(TRACK_PEOPLE_POS_RIGHT, RAM, NOW);
-    AF_API_SetFocusAuto(0, 0, RAM, NOW);
-    SYS_API_SetImageFreeze(1, STORED, NOW);
-    SYS_API_SetAudioMute(1, RAM, NOW);
-    LED_API_SetTallyMode("TallyLed", LED_TALLY_MODE_E_COLOR_CUSTOM, RAM, 0);
     CMD_MENU_OnlyCloseMenu();
 }
 } // namespace

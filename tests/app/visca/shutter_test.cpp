@@ -8,127 +8,104 @@
 
 namespace
 {
-constexpr HDMI_FPS_E NO_FPS = HDMI_FPS_E_BUTT;
+constexpr auto F60 = HDMI_FPS_E_FPS60, F59 = HDMI_FPS_E_FPS59P94, F50 = HDMI_FPS_E_FPS50, F30 = HDMI_FPS_E_FPS30,
+               F29 = HDMI_FPS_E_FPS29P97, F25 = HDMI_FPS_E_FPS25, F24 = HDMI_FPS_E_FPS24, F23 = HDMI_FPS_E_FPS23P98,
+               NO_FPS = HDMI_FPS_E_BUTT;
 
-/// Denominators of the steps of a frame rate.
+/// Shutters stand here by the denominator of their time; 0 is none.
+int denominator(SHUTTER_TIME_E enShutter)
+{
+    return enShutter == SHUTTER_TIME_BUTT ? 0 : std::stoi(std::string(MAP_SHUTTER_TIME[enShutter].text).substr(2));
+}
+SHUTTER_TIME_E shutter(int iDenominator)
+{
+    int i = 0;
+    while (i < SHUTTER_TIME_BUTT && denominator(static_cast<SHUTTER_TIME_E>(i)) != iDenominator) ++i;
+    return static_cast<SHUTTER_TIME_E>(i);
+}
+
 std::vector<int> steps(HDMI_FPS_E enFps)
 {
     SHUTTER_TIME_E *penList = nullptr;
     int iCount = 0;
     getAvailableShutterValuesByFps(enFps, &penList, &iCount);
     std::vector<int> listSteps;
-    for (int i = 0; i < iCount; ++i)
-        listSteps.push_back(std::stoi(std::string(MAP_SHUTTER_TIME[penList[i]].text).substr(2)));
+    for (int i = 0; i < iCount; ++i) listSteps.push_back(denominator(penList[i]));
     return listSteps;
 }
-const std::vector<int> STEPS_24{24,  48,   96,   100,  125,  180,  250,  350,  500,
-                                725, 1000, 1500, 2000, 3000, 4000, 6000, 10000};
-const std::vector<int> STEPS_25{25, 50, 75, 100, 120, 150, 215, 425, 600, 1000, 1250, 1750, 2500, 3500, 6000, 10000};
-const std::vector<int> STEPS_30{30,  60,   90,   100,  125,  180,  250,  350,  500,
-                                725, 1000, 1500, 2000, 3000, 4000, 6000, 10000};
-const std::vector<int> STEPS_50{50, 75, 100, 120, 150, 215, 300, 425, 600, 1000, 1250, 1750, 2500, 3500, 6000, 10000};
-const std::vector<int> STEPS_60{60, 90, 100, 125, 180, 250, 350, 500, 725, 1000, 1500, 2000, 3000, 4000, 6000, 10000};
+// clang-format off
+const std::vector<int>
+    STEPS_24{24, 48, 96, 100, 125, 180, 250, 350, 500, 725, 1000, 1500, 2000, 3000, 4000, 6000, 10000},
+    STEPS_25{25, 50, 75, 100, 120, 150, 215, 425, 600, 1000, 1250, 1750, 2500, 3500, 6000, 10000},
+    STEPS_30{30, 60, 90, 100, 125, 180, 250, 350, 500, 725, 1000, 1500, 2000, 3000, 4000, 6000, 10000},
+    STEPS_50{50, 75, 100, 120, 150, 215, 300, 425, 600, 1000, 1250, 1750, 2500, 3500, 6000, 10000},
+    STEPS_60{60, 90, 100, 125, 180, 250, 350, 500, 725, 1000, 1500, 2000, 3000, 4000, 6000, 10000};
+// clang-format on
 } // namespace
 
 TEST(ViscaShutter, StepsFollowTheFrameRate)
 {
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS60), STEPS_60);
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS59P94), STEPS_60);
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS50), STEPS_50);
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS30), STEPS_30);
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS29P97), STEPS_30);
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS25), STEPS_25);
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS24), STEPS_24);
-    EXPECT_EQ(steps(HDMI_FPS_E_FPS23P98), STEPS_24);
-    EXPECT_EQ(steps(NO_FPS), STEPS_60);
-    EXPECT_EQ(steps(static_cast<HDMI_FPS_E>(-1)), STEPS_60);
+    for (const auto enFps : {F60, F59, NO_FPS, static_cast<HDMI_FPS_E>(-1)}) EXPECT_EQ(steps(enFps), STEPS_60);
+    for (const auto enFps : {F30, F29}) EXPECT_EQ(steps(enFps), STEPS_30);
+    for (const auto enFps : {F24, F23}) EXPECT_EQ(steps(enFps), STEPS_24);
+    EXPECT_EQ(steps(F50), STEPS_50);
+    EXPECT_EQ(steps(F25), STEPS_25);
 }
 
 TEST(ViscaShutter, UpAndDownWrapAndFindTheirWayBackFromOutside)
 {
-    struct tagSTEP_S {
+    struct {
         HDMI_FPS_E enFps;
-        SHUTTER_TIME_E enFrom, enUp, enDown;
-    };
-    for (const auto &[enFps, enFrom, enUp, enDown] : {
-             tagSTEP_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_90, SHUTTER_TIME_100, SHUTTER_TIME_60},
-             tagSTEP_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_10000, SHUTTER_TIME_60, SHUTTER_TIME_6000},
-             tagSTEP_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_60, SHUTTER_TIME_90, SHUTTER_TIME_10000},
-             tagSTEP_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_50, SHUTTER_TIME_60, SHUTTER_TIME_10000}, // not in the list
-             tagSTEP_S{HDMI_FPS_E_FPS25, SHUTTER_TIME_215, SHUTTER_TIME_425, SHUTTER_TIME_150},
-             tagSTEP_S{HDMI_FPS_E_FPS25, SHUTTER_TIME_300, SHUTTER_TIME_25, SHUTTER_TIME_10000}, // not in the list
-             tagSTEP_S{HDMI_FPS_E_FPS50, SHUTTER_TIME_215, SHUTTER_TIME_300, SHUTTER_TIME_150},
-             tagSTEP_S{HDMI_FPS_E_FPS24, SHUTTER_TIME_10000, SHUTTER_TIME_24, SHUTTER_TIME_6000},
-             tagSTEP_S{HDMI_FPS_E_FPS30, SHUTTER_TIME_30, SHUTTER_TIME_60, SHUTTER_TIME_10000},
-         }) {
-        EXPECT_EQ(getNextShutterTime(enFps, enFrom), enUp) << enFps << " " << enFrom;
-        EXPECT_EQ(getPreviousShutterTime(enFps, enFrom), enDown) << enFps << " " << enFrom;
+        int iFrom, iUp, iDown;
+    } const rows[] = {{F60, 90, 100, 60},   {F60, 10000, 60, 6000}, {F60, 60, 90, 10000},
+                      {F25, 215, 425, 150}, {F50, 215, 300, 150},   {F24, 10000, 24, 6000},
+                      {F30, 30, 60, 10000}, {F60, 50, 60, 10000},   {F25, 300, 25, 10000}}; // last two: not in the list
+    for (const auto &row : rows) {
+        EXPECT_EQ(denominator(getNextShutterTime(row.enFps, shutter(row.iFrom))), row.iUp) << row.enFps << row.iFrom;
+        EXPECT_EQ(denominator(getPreviousShutterTime(row.enFps, shutter(row.iFrom))), row.iDown) << row.enFps;
     }
 }
 
+struct tagPOSITIONS_S {
+    HDMI_FPS_E enFps;
+    std::vector<std::pair<int, int>> positions; // and the shutter
+};
+
 TEST(ViscaShutter, PositionsToSpeeds)
 {
-    struct tagPOSITION_S {
-        HDMI_FPS_E enFps;
-        BU_U8 u8Position;
-        SHUTTER_TIME_E enShutter;
+    const tagPOSITIONS_S rows[] = {
+        {F60, {{5, 0}, {6, 60}}},
+        {F59, {{7, 90}, {21, 10000}, {22, 0}}},
+        {F50, {{5, 0}, {6, 50}, {21, 10000}}},
+        {F30, {{4, 0}, {5, 30}}},
+        {F29, {{6, 60}, {21, 10000}}},
+        {F25, {{5, 25}, {12, 300}, {21, 10000}, {22, 0}}}, // 300, though it is no step of this rate
+        {F24, {{5, 24}, {0, 0}}},
+        {F23, {{7, 96}, {255, 0}}},
+        {NO_FPS, {{6, 0}, {21, 0}}},
     };
-    for (const auto &[enFps, u8Position, enShutter] : {
-             tagPOSITION_S{HDMI_FPS_E_FPS60, 5, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{HDMI_FPS_E_FPS60, 6, SHUTTER_TIME_60},
-             tagPOSITION_S{HDMI_FPS_E_FPS59P94, 7, SHUTTER_TIME_90},
-             tagPOSITION_S{HDMI_FPS_E_FPS59P94, 21, SHUTTER_TIME_10000},
-             tagPOSITION_S{HDMI_FPS_E_FPS59P94, 22, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{HDMI_FPS_E_FPS50, 5, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{HDMI_FPS_E_FPS50, 6, SHUTTER_TIME_50},
-             tagPOSITION_S{HDMI_FPS_E_FPS50, 21, SHUTTER_TIME_10000},
-             tagPOSITION_S{HDMI_FPS_E_FPS30, 4, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{HDMI_FPS_E_FPS30, 5, SHUTTER_TIME_30},
-             tagPOSITION_S{HDMI_FPS_E_FPS29P97, 6, SHUTTER_TIME_60},
-             tagPOSITION_S{HDMI_FPS_E_FPS29P97, 21, SHUTTER_TIME_10000},
-             tagPOSITION_S{HDMI_FPS_E_FPS25, 5, SHUTTER_TIME_25},
-             tagPOSITION_S{HDMI_FPS_E_FPS25, 12, SHUTTER_TIME_300}, // though it is no step of this rate
-             tagPOSITION_S{HDMI_FPS_E_FPS25, 21, SHUTTER_TIME_10000},
-             tagPOSITION_S{HDMI_FPS_E_FPS25, 22, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{HDMI_FPS_E_FPS24, 5, SHUTTER_TIME_24},
-             tagPOSITION_S{HDMI_FPS_E_FPS23P98, 7, SHUTTER_TIME_96},
-             tagPOSITION_S{HDMI_FPS_E_FPS23P98, 255, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{HDMI_FPS_E_FPS24, 0, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{NO_FPS, 6, SHUTTER_TIME_BUTT},
-             tagPOSITION_S{NO_FPS, 21, SHUTTER_TIME_BUTT},
-         })
-        EXPECT_EQ(convertViscaValueToShutterTime(enFps, u8Position), enShutter) << enFps << " " << int(u8Position);
+    for (const auto &[enFps, positions] : rows)
+        for (const auto &[iPosition, iShutter] : positions)
+            EXPECT_EQ(denominator(convertViscaValueToShutterTime(enFps, static_cast<BU_U8>(iPosition))), iShutter)
+                << enFps << " " << iPosition;
 }
 
 TEST(ViscaShutter, SpeedsToPositions)
 {
-    struct tagPOSITION_S {
-        HDMI_FPS_E enFps;
-        SHUTTER_TIME_E enShutter;
-        BU_S32 s32Position;
+    const tagPOSITIONS_S rows[] = {
+        {F60, {{5, 30}, {6, 60}, {6, 50}, {6, 0}}}, // 50 has no position of its own
+        {F30, {{6, 24}}},
+        {F29, {{7, 90}}},
+        {F59, {{21, 10000}}},
+        {F50, {{5, 25}, {6, 50}}},
+        {F25, {{12, 300}, {6, 60}}},
+        {F24, {{5, 24}, {6, 48}}},
+        {F23, {{5, 60}, {21, 10000}}},
+        {NO_FPS, {{5, 60}, {5, 30}, {6, 90}, {20, 10000}}},
     };
-    for (const auto &[enFps, enShutter, s32Position] : {
-             tagPOSITION_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_30, 5},
-             tagPOSITION_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_60, 6},
-             tagPOSITION_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_50, 6}, // no position of its own
-             tagPOSITION_S{HDMI_FPS_E_FPS30, SHUTTER_TIME_24, 6},
-             tagPOSITION_S{HDMI_FPS_E_FPS29P97, SHUTTER_TIME_90, 7},
-             tagPOSITION_S{HDMI_FPS_E_FPS59P94, SHUTTER_TIME_10000, 21},
-             tagPOSITION_S{HDMI_FPS_E_FPS50, SHUTTER_TIME_25, 5},
-             tagPOSITION_S{HDMI_FPS_E_FPS50, SHUTTER_TIME_50, 6},
-             tagPOSITION_S{HDMI_FPS_E_FPS25, SHUTTER_TIME_300, 12},
-             tagPOSITION_S{HDMI_FPS_E_FPS25, SHUTTER_TIME_60, 6},
-             tagPOSITION_S{HDMI_FPS_E_FPS24, SHUTTER_TIME_24, 5},
-             tagPOSITION_S{HDMI_FPS_E_FPS24, SHUTTER_TIME_48, 6},
-             tagPOSITION_S{HDMI_FPS_E_FPS23P98, SHUTTER_TIME_60, 5},
-             tagPOSITION_S{HDMI_FPS_E_FPS23P98, SHUTTER_TIME_10000, 21},
-             tagPOSITION_S{NO_FPS, SHUTTER_TIME_60, 5},
-             tagPOSITION_S{NO_FPS, SHUTTER_TIME_30, 5},
-             tagPOSITION_S{NO_FPS, SHUTTER_TIME_90, 6},
-             tagPOSITION_S{NO_FPS, SHUTTER_TIME_10000, 20},
-             tagPOSITION_S{HDMI_FPS_E_FPS60, SHUTTER_TIME_BUTT, 6},
-         })
-        EXPECT_EQ(convertShutterTimeToViscaValue(enFps, enShutter), s32Position) << enFps << " " << enShutter;
+    for (const auto &[enFps, positions] : rows)
+        for (const auto &[iPosition, iShutter] : positions)
+            EXPECT_EQ(convertShutterTimeToViscaValue(enFps, shutter(iShutter)), iPosition) << enFps << " " << iShutter;
 }
 
 // What a controller sets by position it must read back.

@@ -69,12 +69,12 @@ protected:
 /// Flags of the setters: not stored, told to listeners.
 constexpr BU_BOOL RAM = BU_FALSE, NOW = BU_TRUE;
 
-/// A state of the camera, an inquiry, and the payload worked out by hand.
+/// Settings of the camera, an inquiry, and the payload worked out by hand.
 struct tagINQUIRY_CASE_S {
-    const char *pcName;
     tagVISCA_CMD_INQ_TYPE_E enType;
-    std::function<void(INFO &)> setUp;
+    std::vector<std::pair<std::string, BU_S32>> settings; ///< by their keys; "!key" is stored as well
     const char *pcPayload;
+    std::function<void(INFO &)> fill{}; ///< of the record
 };
 
 class ViscaInquiry : public ViscaTest
@@ -82,10 +82,16 @@ class ViscaInquiry : public ViscaTest
 protected:
     static void check(const std::vector<tagINQUIRY_CASE_S> &listCases)
     {
-        for (const auto &[pcName, enType, setUp, pcPayload] : listCases) {
+        for (const auto &[enType, settings, pcPayload, fill] : listCases) {
+            std::string strCase = "type " + std::to_string(enType);
             INFO stInfo{};
-            setUp(stInfo);
-            EXPECT_EQ(answer(enType, stInfo), pcPayload) << pcName;
+            for (const auto &[strKey, s32Value] : settings) {
+                const bool bStored = strKey[0] == '!';
+                EXPECT_EQ(CFG_SETTING_Set(strKey.c_str() + bStored, 0, s32Value, bStored, NOW), 0) << strKey;
+                strCase += ", " + strKey + ' ' + std::to_string(s32Value);
+            }
+            if (fill) fill(stInfo);
+            EXPECT_EQ(answer(enType, stInfo), pcPayload) << strCase;
         }
     }
 };

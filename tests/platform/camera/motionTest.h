@@ -9,6 +9,8 @@
 #include "camera/zoom.h"
 
 #include <cmath>
+#include <map>
+#include <sstream>
 
 /// What reached the callbacks, as "pt 7 done", "zf 7 left", "superseded 7": unit, the data given, how it ended.
 inline std::vector<std::string> &reports()
@@ -69,6 +71,22 @@ protected:
     static BU_S32 command(const ZF_MOTION_CTRL_S &st) { return BSP_ZFCtrlMotion(ZF_FROM, &st, nullptr); }
     static BU_S32 command(const ZF_MOTION_CTRL_S &st, int iData) { return BSP_ZFCtrlMotion(ZF_FROM, &st, &iData); }
 
+    /// A script of moves in turn: "move#1=1 stop" moves with the data 1, must answer 1, then stops. "wait1260" lets so
+    /// many milliseconds pass.
+    void run(const std::string &strScript)
+    {
+        std::istringstream in(strScript);
+        for (std::string strWord; in >> strWord;) {
+            const auto end = strWord.find('='), mark = strWord.find('#');
+            const std::string strName = strWord.substr(0, std::min(mark, end));
+            int iData = mark == strWord.npos ? 0 : std::stoi(strWord.substr(mark + 1));
+            const BU_S32 s32Result = runStep(strName, mark == strWord.npos ? nullptr : &iData);
+            if (end != strWord.npos) {
+                EXPECT_EQ(s32Result, std::stoi(strWord.substr(end + 1))) << strWord;
+            }
+        }
+    }
+
     static PT_POS_S head()
     {
         PT_POS_S st{};
@@ -91,6 +109,33 @@ protected:
     }
 
 private:
+    BU_S32 runStep(const std::string &strName, int *piData)
+    {
+        static const std::map<std::string, PT_MOTION_CTRL_S> HEAD = {{"move", moveTo(90, 0)},
+                                                                     {"back", moveTo(-90, 0)},
+                                                                     {"here", moveTo(0, 0)},
+                                                                     {"aside", moveTo(-20, 0)},
+                                                                     {"right", drive(PT_MOTION_E_RIGHT, 60)},
+                                                                     {"left", drive(PT_MOTION_E_LEFT, 60)},
+                                                                     {"stop", drive(PT_MOTION_E_STOP, 0)},
+                                                                     {"home", drive(PT_MOTION_E_HOME, 0)},
+                                                                     {"reset", drive(PT_MOTION_E_RESET, 0)}};
+        static const std::map<std::string, ZF_MOTION_CTRL_S> LENS = {{"zoom", lens(ZF_E_ZOOM_DIRECT_POS, 16384)},
+                                                                     {"focus", lens(ZF_E_FOCUS_DIRECT_POS, 5000)},
+                                                                     {"both", lens(ZF_E_ZOOM_FOCUS_DIRECT_POS, 6000)},
+                                                                     {"tele", lens(ZF_E_ZOOM_TELE)},
+                                                                     {"wide", lens(ZF_E_ZOOM_WIDE)},
+                                                                     {"near", lens(ZF_E_FOCUS_NEAR)},
+                                                                     {"zoomstop", lens(ZF_E_ZOOM_STOP)},
+                                                                     {"focusstop", lens(ZF_E_FOCUS_STOP)}};
+        if (HEAD.contains(strName)) return BSP_PTCtrlMotion(FROM, &HEAD.at(strName), piData);
+        if (LENS.contains(strName)) return BSP_ZFCtrlMotion(ZF_FROM, &LENS.at(strName), piData);
+        if (strName.starts_with("recall")) return PRESET_API_GotoById(std::stoi(strName.substr(6)), FROM, piData);
+        if (strName == "autofocus") return AF_API_SetFocusAuto(0, BU_TRUE, BU_FALSE, BU_TRUE);
+        if (strName == "fast") return PRESET_API_SetPresetSpeed(0, 24, BU_FALSE, BU_FALSE);
+        return clock().advance(std::stoi(strName.substr(4))), 0; // "wait"
+    }
+
     template <char UNIT> static BU_S32 report(void *pvPrivate, BU_BOOL bResult)
     {
         reports().push_back((UNIT == 'p' ? "pt " : "zf ") + std::to_string(*static_cast<int *>(pvPrivate)) +

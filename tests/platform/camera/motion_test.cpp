@@ -2,8 +2,6 @@
 
 #include "camera/system.h"
 
-#include <functional>
-
 namespace
 {
 using testing::ElementsAre;
@@ -47,48 +45,31 @@ TEST_P(Trajectory, FollowsTheArithmetic)
 }
 const auto RIGHT_60 = Trajectory::drive(PT_MOTION_E_RIGHT, 60), LEFT_60 = Trajectory::drive(PT_MOTION_E_LEFT, 60),
            STOP = Trajectory::drive(PT_MOTION_E_STOP, 0);
-INSTANTIATE_TEST_SUITE_P(
-    Head, Trajectory,
-    testing::ValuesIn<tagTRAJECTORY_S>({
-        {"trapezoid",
-         {{0, Trajectory::moveTo(90, 0)}},
-         {{250, 7.5}, {1000, 52.5}, {1500, 82.5}, {1750, 90}, {9000, 90}}},
-        {"triangle, never at full speed", {{0, Trajectory::moveTo(2.4, 0)}}, {{100, 1.2}, {150, 2.1}, {200, 2.4}}},
-        {"backwards", {{0, Trajectory::moveTo(-90, 0)}}, {{1000, -52.5}, {1750, -90}}},
-        {"turns round smoothly",
-         {{0, RIGHT_60}, {1000, LEFT_60}},
-         {{1000, 52.5}, {1100, 57.3}, {1250, 60}, {1400, 57.3}, {1500, 52.5}, {2500, -7.5}}},
-        {"a target behind while driving",
-         {{0, RIGHT_60}, {1000, Trajectory::moveTo(52.5, 0)}},
-         // 60 degrees is the turning point; then a triangle of 7.5 degrees with 42.426 degrees per second at its peak
-         {{1250, 60}, {1250 + 177, 56.241}, {1250 + 354, 52.5}}},
-        {"a nearer target on the way",
-         {{0, RIGHT_60}, {1000, Trajectory::moveTo(60, 0)}},
-         {{1100, 57.3}, {1250, 60}, {3000, 60}}},
-        {"stop brakes", {{0, RIGHT_60}, {1000, STOP}}, {{1000, 52.5}, {1125, 56.25}, {5000, 56.25}}},
-        {"slower while driving",
-         {{0, RIGHT_60}, {1000, Trajectory::drive(PT_MOTION_E_RIGHT, 12)}},
-         {{1200, 59.7}, {2200, 71.7}}},
-        {"faster while driving",
-         {{0, RIGHT_60}, {1000, Trajectory::drive(PT_MOTION_E_RIGHT, 120)}},
-         {{1250, 75}, {1350, 87}}},
-        {"into the end of travel",
-         {{0, Trajectory::drive(PT_MOTION_E_RIGHT, 120)}},
-         {{500, 30}, {1917, 170}, {9000, 170}}},
-        {"out of the end of travel",
-         {{0, Trajectory::drive(PT_MOTION_E_LEFT, 120)}, {5000, RIGHT_60}},
-         {{5000, -170}, {6000, -117.5}}},
-        {"a target beyond the end", {{0, Trajectory::moveTo(-200, 0, 120)}}, {{9000, -170}}},
-        {"no speed is full speed", {{0, Trajectory::moveTo(90, 0, 0, 0)}}, {{500, 30}, {1250, 90}}},
-        {"a drive without speed stays", {{0, Trajectory::drive(PT_MOTION_E_RIGHT, 0)}}, {{2000, 0}}},
-        {"never above the limit", {{0, Trajectory::drive(PT_MOTION_E_RIGHT, 600)}}, {{1000, 90}}},
-        {"home, at full speed",
-         {{0, Trajectory::moveTo(90, 0)}, {3000, Trajectory::drive(PT_MOTION_E_HOME, 1, 1)}},
-         {{3500, 60}, {4250, 0}}},
-        {"reset runs to both ends, then home",
-         {{0, Trajectory::drive(PT_MOTION_E_RESET, 1, 1)}},
-         {{1917, -170}, {1917 + 3334, 170}, {7167, 0}}},
-    }));
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Head, Trajectory, testing::ValuesIn<tagTRAJECTORY_S>({
+    {"trapezoid", {{0, Trajectory::moveTo(90, 0)}}, {{250, 7.5}, {1000, 52.5}, {1500, 82.5}, {1750, 90}, {9000, 90}}},
+    {"triangle, never at full speed", {{0, Trajectory::moveTo(2.4, 0)}}, {{100, 1.2}, {150, 2.1}, {200, 2.4}}},
+    {"backwards", {{0, Trajectory::moveTo(-90, 0)}}, {{1000, -52.5}, {1750, -90}}},
+    {"turns round smoothly", {{0, RIGHT_60}, {1000, LEFT_60}},
+        {{1000, 52.5}, {1100, 57.3}, {1250, 60}, {1400, 57.3}, {1500, 52.5}, {2500, -7.5}}},
+    // 60 degrees is the turning point; then a triangle of 7.5 degrees with 42.426 degrees per second at its peak
+    {"a target behind while driving", {{0, RIGHT_60}, {1000, Trajectory::moveTo(52.5, 0)}},
+        {{1250, 60}, {1250 + 177, 56.241}, {1250 + 354, 52.5}}},
+    {"a nearer target on the way", {{0, RIGHT_60}, {1000, Trajectory::moveTo(60, 0)}}, {{1100, 57.3}, {1250, 60}, {3000, 60}}},
+    {"stop brakes", {{0, RIGHT_60}, {1000, STOP}}, {{1000, 52.5}, {1125, 56.25}, {5000, 56.25}}},
+    {"slower while driving", {{0, RIGHT_60}, {1000, Trajectory::drive(PT_MOTION_E_RIGHT, 12)}}, {{1200, 59.7}, {2200, 71.7}}},
+    {"faster while driving", {{0, RIGHT_60}, {1000, Trajectory::drive(PT_MOTION_E_RIGHT, 120)}}, {{1250, 75}, {1350, 87}}},
+    {"into the end of travel", {{0, Trajectory::drive(PT_MOTION_E_RIGHT, 120)}}, {{500, 30}, {1917, 170}, {9000, 170}}},
+    {"out of the end of travel", {{0, Trajectory::drive(PT_MOTION_E_LEFT, 120)}, {5000, RIGHT_60}}, {{5000, -170}, {6000, -117.5}}},
+    {"a target beyond the end", {{0, Trajectory::moveTo(-200, 0, 120)}}, {{9000, -170}}},
+    {"no speed is full speed", {{0, Trajectory::moveTo(90, 0, 0, 0)}}, {{500, 30}, {1250, 90}}},
+    {"a drive without speed stays", {{0, Trajectory::drive(PT_MOTION_E_RIGHT, 0)}}, {{2000, 0}}},
+    {"never above the limit", {{0, Trajectory::drive(PT_MOTION_E_RIGHT, 600)}}, {{1000, 90}}},
+    {"home, at full speed", {{0, Trajectory::moveTo(90, 0)}, {3000, Trajectory::drive(PT_MOTION_E_HOME, 1, 1)}}, {{3500, 60}, {4250, 0}}},
+    {"reset runs to both ends, then home", {{0, Trajectory::drive(PT_MOTION_E_RESET, 1, 1)}},
+        {{1917, -170}, {1917 + 3334, 170}, {7167, 0}}},
+}));
+// clang-format on
 
 TEST_F(MotionTest, PositionsRunInBothAxesWhileSomebodyAsks)
 {
@@ -156,106 +137,68 @@ TEST_F(MotionTest, SpeedMatchBringsPanAndTiltToTheTargetTogether)
     }
 }
 
-// What a command answers, what is reported after it and after all is over.
+/// What is reported after the moves of a script, and after all is over.
 struct tagREPORT_CASE_S {
-    const char *pcName;
-    std::function<void()> run;
+    const char *pcScript;
     std::vector<std::string> atOnce, later;
 };
-std::ostream &operator<<(std::ostream &out, const tagREPORT_CASE_S &st) { return out << st.pcName; }
+std::ostream &operator<<(std::ostream &out, const tagREPORT_CASE_S &st) { return out << st.pcScript; }
 
 class Reports : public MotionTest, public testing::WithParamInterface<tagREPORT_CASE_S>
 {
-public:
-    using MotionTest::command;
-    using MotionTest::drive;
-    using MotionTest::lens;
-    using MotionTest::moveTo;
 };
 TEST_P(Reports, ExactlyOneForEachMoveWithTargetAndData)
 {
-    GetParam().run();
+    run(GetParam().pcScript);
     EXPECT_THAT(reports(), IsEmpty()) << "a report inside the call";
     clock().advance(1);
     EXPECT_EQ(reports(), GetParam().atOnce);
     clock().advance(60000);
     EXPECT_EQ(reports(), GetParam().later);
 }
-template <class... A> void expectResult(BU_S32 s32Result, A... args)
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Motion, Reports, testing::ValuesIn<tagREPORT_CASE_S>({
+    {"move#1=1",            {}, {"pt 1 done"}},
+    {"here#1=1",            {"pt 1 done"}, {"pt 1 done"}},
+    {"home#1=1",            {"pt 1 done"}, {"pt 1 done"}},
+    {"reset#1=1",           {}, {"pt 1 done"}},
+    {"move=1",              {}, {}}, // without data
+    {"right#1=0",           {}, {}},
+    {"stop#1=0",            {}, {}},
+    {"tele#1=0",            {}, {}},
+    {"zoom#1=1",            {}, {"zf 1 done"}},
+    {"focus#1=1",           {}, {"zf 1 done"}},
+    {"both#1=1",            {}, {"zf 1 done"}}, // zoom and focus end once
+    {"move#1 back#2",       {"pt 1 left"}, {"pt 1 left", "pt 2 done"}},
+    {"move#1 left",         {"pt 1 left"}, {"pt 1 left"}},
+    {"move#1 stop",         {"pt 1 left"}, {"pt 1 left"}},
+    {"zoom#1 focus#2 move#3 stop", {"pt 3 left"}, {"pt 3 left", "zf 2 done", "zf 1 done"}}, // the head leaves the lens alone
+    {"both#1 focus#2 zoomstop",    {"zf 1 left"}, {"zf 1 left", "zf 2 done"}},              // and the zoom the focus
+    {"both#1 zoomstop",     {"zf 1 left"}, {"zf 1 left"}},
+    {"move#0 back#1 move#2 back#3", {"pt 0 left", "pt 1 left", "pt 2 left"}, {"pt 0 left", "pt 1 left", "pt 2 left", "pt 3 done"}},
+}));
+// clang-format on
+
+const auto FAR_AWAY = Trajectory::moveTo(90, 0);
+
+TEST_F(MotionTest, OtherSourcesMoveTooAndHaveNoReports)
 {
-    EXPECT_EQ(Reports::command(args...), s32Result);
+    int iData = 1;
+    const auto stZoom = lens(ZF_E_ZOOM_DIRECT_POS, 16384);
+    EXPECT_EQ(BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &FAR_AWAY, &iData), 1);
+    EXPECT_EQ(BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_OTHER, &stZoom, &iData), 1);
+    clock().advance(60000);
+    EXPECT_THAT(reports(), IsEmpty());
+    run("back#1 wide wait60000 zoom#2");
+    BSP_PTCtrlMotion(PT_CTRL_E_FROM_REMOTE, &LEFT_60, nullptr);
+    PTZ_API_SetZoomAct(0, ZOOM_ACTION_E_WIDE, 3);
+    clock().advance(60000);
+    EXPECT_THAT(reports(), ElementsAre("pt 1 done", "zf 2 left"));
+    run("move#3");
+    BSP_PTCtrlMotion(PT_CTRL_E_FROM_REMOTE, &LEFT_60, nullptr);
+    clock().advance(1);
+    EXPECT_EQ(reports().back(), "pt 3 left");
 }
-const auto FAR_AWAY = Reports::moveTo(90, 0);
-const auto TELE = Reports::lens(ZF_E_ZOOM_TELE), ZOOM_IN = Reports::lens(ZF_E_ZOOM_DIRECT_POS, 16384),
-           FOCUS_NEAR = Reports::lens(ZF_E_FOCUS_DIRECT_POS, 5000),
-           BOTH = Reports::lens(ZF_E_ZOOM_FOCUS_DIRECT_POS, 6000);
-INSTANTIATE_TEST_SUITE_P(
-    Motion, Reports,
-    testing::ValuesIn<tagREPORT_CASE_S>({
-        {"a move", [] { expectResult(1, FAR_AWAY, 1); }, {}, {"pt 1 done"}},
-        {"at its target already", [] { expectResult(1, Reports::moveTo(0, 0), 1); }, {"pt 1 done"}, {"pt 1 done"}},
-        {"home", [] { expectResult(1, Reports::drive(PT_MOTION_E_HOME, 0), 1); }, {"pt 1 done"}, {"pt 1 done"}},
-        {"reset", [] { expectResult(1, Reports::drive(PT_MOTION_E_RESET, 0), 1); }, {}, {"pt 1 done"}},
-        {"without data", [] { expectResult(1, FAR_AWAY); }, {}, {}},
-        {"a drive", [] { expectResult(0, RIGHT_60, 1); }, {}, {}},
-        {"a stop", [] { expectResult(0, STOP, 1); }, {}, {}},
-        {"a zoom drive", [] { expectResult(0, TELE, 1); }, {}, {}},
-        {"zoom", [] { expectResult(1, ZOOM_IN, 1); }, {}, {"zf 1 done"}},
-        {"focus", [] { expectResult(1, FOCUS_NEAR, 1); }, {}, {"zf 1 done"}},
-        {"zoom and focus end once", [] { expectResult(1, BOTH, 1); }, {}, {"zf 1 done"}},
-        {"a source nobody registered",
-         [] {
-             int iData = 1;
-             EXPECT_EQ(BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &FAR_AWAY, &iData), 1);
-             EXPECT_EQ(BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_OTHER, &ZOOM_IN, &iData), 1);
-         },
-         {},
-         {}},
-        {"a move after a move",
-         [] { Reports::command(FAR_AWAY, 1), Reports::command(Reports::moveTo(-90, 0), 2); },
-         {"pt 1 left"},
-         {"pt 1 left", "pt 2 done"}},
-        {"a drive after a move",
-         [] { Reports::command(FAR_AWAY, 1), Reports::command(LEFT_60); },
-         {"pt 1 left"},
-         {"pt 1 left"}},
-        {"a stop after a move",
-         [] { Reports::command(FAR_AWAY, 1), Reports::command(STOP); },
-         {"pt 1 left"},
-         {"pt 1 left"}},
-        {"a drive of another source after a move",
-         [] { Reports::command(FAR_AWAY, 1), BSP_PTCtrlMotion(PT_CTRL_E_FROM_REMOTE, &LEFT_60, nullptr); },
-         {"pt 1 left"},
-         {"pt 1 left"}},
-        {"the head leaves zoom and focus alone",
-         [] {
-             Reports::command(ZOOM_IN, 1), Reports::command(FOCUS_NEAR, 2), Reports::command(FAR_AWAY, 3),
-                 Reports::command(STOP);
-         },
-         {"pt 3 left"},
-         {"pt 3 left", "zf 2 done", "zf 1 done"}},
-        {"zoom stop leaves the focus alone",
-         [] {
-             Reports::command(BOTH, 1), Reports::command(FOCUS_NEAR, 2),
-                 Reports::command(Reports::lens(ZF_E_ZOOM_STOP));
-         },
-         {"zf 1 left"},
-         {"zf 1 left", "zf 2 done"}},
-        {"zoom stop ends the common move",
-         [] { Reports::command(BOTH, 1), Reports::command(Reports::lens(ZF_E_ZOOM_STOP)); },
-         {"zf 1 left"},
-         {"zf 1 left"}},
-        {"a drive of the zoom action",
-         [] { Reports::command(ZOOM_IN, 1), PTZ_API_SetZoomAct(0, ZOOM_ACTION_E_WIDE, 3); },
-         {"zf 1 left"},
-         {"zf 1 left"}},
-        {"a flood of moves",
-         [] {
-             for (int i = 0; i < 4; ++i) Reports::command(Reports::moveTo(i % 2 ? 50 : -50, 0), i);
-         },
-         {"pt 0 left", "pt 1 left", "pt 2 left"},
-         {"pt 0 left", "pt 1 left", "pt 2 left", "pt 3 done"}},
-    }));
 
 TEST_F(MotionTest, ReportComesAtTheEndAndMayCommandAgain)
 {
@@ -281,7 +224,7 @@ TEST_F(MotionTest, RefusesWithoutAnyEffect)
     for (const auto &st : {stOtherDevice, stNoType, stWrong}) EXPECT_EQ(command(st, 2), -1);
     EXPECT_EQ(BSP_PTCtrlMotion(FROM, nullptr, nullptr), -1);
     EXPECT_EQ(BSP_PTCtrlMotion(PT_CTRL_E_FROM_BUTT, &STOP, nullptr), -1);
-    ZF_MOTION_CTRL_S stNoLens = TELE, stNoZoom = lens(static_cast<ZF_MOTION_TYPE_E>(9));
+    ZF_MOTION_CTRL_S stNoLens = lens(ZF_E_ZOOM_TELE), stNoZoom = lens(static_cast<ZF_MOTION_TYPE_E>(9));
     stNoLens.u32ZfDev = 1;
     for (const auto &st : {stNoLens, stNoZoom}) EXPECT_EQ(command(st, 2), -1);
     clock().advance(1750);
@@ -294,14 +237,14 @@ TEST_F(MotionTest, JournalNamesTheMotion)
     journal::effects();
     int iData = 1;
     const PT_MOTION_CTRL_S stUp = drive(PT_MOTION_E_UP, 33, 25);
-    ZF_MOTION_CTRL_S stHome = lens(ZF_E_ZOOM_DIRECT_POS);
+    ZF_MOTION_CTRL_S stHome = lens(ZF_E_ZOOM_DIRECT_POS), stBoth = lens(ZF_E_ZOOM_FOCUS_DIRECT_POS, 6000);
     stHome.bUseZoomTime = stHome.bTriggerFocusAfterZoom = BU_TRUE;
     stHome.fZoomTime = 1;
     BSP_PTCtrlMotion(FROM, &stUp, &iData);
     BSP_PTCtrlMotion(FROM, &FAR_AWAY, nullptr);
     BSP_PTCtrlMotion(FROM, &STOP, nullptr);
     BSP_ZFCtrlMotion(ZF_FROM, &stHome, nullptr);
-    BSP_ZFCtrlMotion(ZF_FROM, &BOTH, nullptr);
+    BSP_ZFCtrlMotion(ZF_FROM, &stBoth, nullptr);
     EXPECT_THAT(journal::effects(),
                 ElementsAre("BSP_PTCtrlMotion(1, {UP, pan 3300, tilt 2500}, &)",
                             "BSP_PTCtrlMotion(1, {ABS_POS 675000 540000, pan 6000, tilt 6000}, NULL)",

@@ -3,8 +3,6 @@
 #include "camera/image.h"
 #include "config/config.h"
 
-#include <functional>
-
 namespace
 {
 using testing::ElementsAre;
@@ -14,12 +12,6 @@ constexpr double CLOSE = 0.001; // degrees
 
 class PresetTest : public MotionTest
 {
-public:
-    using MotionTest::command;
-    using MotionTest::drive;
-    using MotionTest::lens;
-    using MotionTest::moveTo;
-
 protected:
     PresetTest()
     {
@@ -87,99 +79,55 @@ TEST_F(PresetTest, StoresThePositionOfThisMomentUnderAName)
 }
 
 struct tagRECALL_CASE_S {
-    const char *pcName;
-    std::function<void(util::ManualClock &)> run;
+    const char *pcScript;
     std::vector<std::string> reports;
 };
-std::ostream &operator<<(std::ostream &out, const tagRECALL_CASE_S &st) { return out << st.pcName; }
+std::ostream &operator<<(std::ostream &out, const tagRECALL_CASE_S &st) { return out << st.pcScript; }
 
 class Recalls : public PresetTest, public testing::WithParamInterface<tagRECALL_CASE_S>
 {
-public:
-    static BU_S32 recall(BU_S32 s32Preset, int iData) { return PRESET_API_GotoById(s32Preset, FROM, &iData); }
 };
 TEST_P(Recalls, HaveTwoEndsOrWereSuperseded)
 {
-    GetParam().run(clock());
+    run(GetParam().pcScript);
     clock().advance(60000);
     EXPECT_THAT(reports(), testing::UnorderedElementsAreArray(GetParam().reports));
 }
-INSTANTIATE_TEST_SUITE_P(
-    Preset, Recalls,
-    testing::ValuesIn<tagRECALL_CASE_S>({
-        {"a recall", [](auto &) { EXPECT_EQ(Recalls::recall(5, 1), 1); }, {"pt 1 done", "zf 1 done"}},
-        {"at the position already",
-         [](auto &stClock) {
-             Recalls::recall(5, 1);
-             stClock.advance(10000);
-             reports().clear();
-             EXPECT_EQ(Recalls::recall(5, 2), 1);
-             EXPECT_THAT(reports(), IsEmpty());
-             stClock.advance(1);
-             EXPECT_THAT(reports(), UnorderedElementsAre("pt 2 done", "zf 2 done"));
-         },
-         {"pt 2 done", "zf 2 done"}},
-        {"without data", [](auto &) { EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_VISCA, nullptr), 0); }, {}},
-        {"a source nobody registered",
-         [](auto &) {
-             int iData = 1;
-             EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_OTHER, &iData), 0);
-             EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_TKV_SUPERFINE, &iData), 0); // has no lens source
-         },
-         {}},
-        {"another recall",
-         [](auto &) { Recalls::recall(5, 1), Recalls::recall(6, 2); },
-         {"superseded 1", "pt 2 done", "zf 2 done"}},
-        {"a drive of the head",
-         [](auto &) { Recalls::recall(5, 1), Recalls::command(Recalls::drive(PT_MOTION_E_LEFT, 10)); },
-         {"superseded 1"}},
-        {"a stop of the head",
-         [](auto &) { Recalls::recall(5, 1), Recalls::command(Recalls::drive(PT_MOTION_E_STOP, 0)); },
-         {"superseded 1"}},
-        {"stops of everything",
-         [](auto &) {
-             Recalls::recall(5, 1), Recalls::command(Recalls::drive(PT_MOTION_E_STOP, 0));
-             Recalls::command(Recalls::lens(ZF_E_ZOOM_STOP)), Recalls::command(Recalls::lens(ZF_E_FOCUS_STOP));
-         },
-         {"superseded 1"}},
-        {"a zoom drive after the head has arrived",
-         [](auto &stClock) {
-             PRESET_API_SetPresetSpeed(0, 24, BU_FALSE, BU_FALSE);
-             Recalls::recall(5, 1);
-             stClock.advance(1260); // pan 90 degrees at 120: 1.25 s; zoom 8000 at 6554 a second: 1.42 s
-             Recalls::command(Recalls::lens(ZF_E_ZOOM_WIDE));
-         },
-         {"pt 1 done", "superseded 1"}},
-        {"a stop of the head after it has arrived",
-         [](auto &stClock) {
-             PRESET_API_SetPresetSpeed(0, 24, BU_FALSE, BU_FALSE);
-             Recalls::recall(5, 1);
-             stClock.advance(1260);
-             Recalls::command(Recalls::drive(PT_MOTION_E_STOP, 0));
-         },
-         {"pt 1 done", "zf 1 done"}},
-        {"a move after a recall",
-         [](auto &) { Recalls::recall(5, 1), Recalls::command(Recalls::moveTo(0, 0), 2); },
-         {"superseded 1", "pt 2 done"}},
-        {"a recall after a move",
-         [](auto &) { Recalls::command(Recalls::moveTo(-20, 0), 1), Recalls::recall(5, 2); },
-         {"pt 1 left", "pt 2 done", "zf 2 done"}},
-        {"automatic focus: a focus command is not part of it",
-         [](auto &) {
-             AF_API_SetFocusAuto(0, BU_TRUE, BU_FALSE, BU_TRUE);
-             Recalls::recall(5, 1), Recalls::command(Recalls::lens(ZF_E_FOCUS_NEAR));
-         },
-         {"pt 1 done", "zf 1 done"}},
-        {"automatic focus: a focus command before it is over",
-         [](auto &) {
-             AF_API_SetFocusAuto(0, BU_TRUE, BU_FALSE, BU_TRUE);
-             Recalls::command(Recalls::lens(ZF_E_FOCUS_DIRECT_POS, 5000), 1), Recalls::recall(5, 2);
-         },
-         {"zf 1 left", "pt 2 done", "zf 2 done"}},
-        {"nothing stored", [](auto &) { EXPECT_EQ(Recalls::recall(9, 1), -1); }, {}},
-        {"unknown source", [](auto &) { EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_BUTT, nullptr), -1); }, {}},
-        {"home", [](auto &) { EXPECT_EQ(Recalls::recall(-1, 1), 1); }, {"pt 1 done", "zf 1 done"}},
-    }));
+// clang-format off
+// At the greatest speed the head arrives before the zoom: pan 90 degrees at 120: 1.25 s; zoom 8000 at 6554 a second: 1.42 s.
+INSTANTIATE_TEST_SUITE_P(Preset, Recalls, testing::ValuesIn<tagRECALL_CASE_S>({
+    {"recall5#1=1",                     {"pt 1 done", "zf 1 done"}},
+    {"recall5=0",                       {}},
+    {"recall9#1=-1",                    {}}, // nothing stored
+    {"recall-1#1=1",                    {"pt 1 done", "zf 1 done"}}, // home
+    {"recall5#1 recall6#2",             {"superseded 1", "pt 2 done", "zf 2 done"}},
+    {"recall5#1 left",                  {"superseded 1"}},
+    {"recall5#1 stop",                  {"superseded 1"}},
+    {"recall5#1 stop zoomstop focusstop", {"superseded 1"}},
+    {"recall5#1 here#2",                {"superseded 1", "pt 2 done"}},
+    {"aside#1 recall5#2",               {"pt 1 left", "pt 2 done", "zf 2 done"}},
+    {"fast recall5#1 wait1260 wide",    {"pt 1 done", "superseded 1"}},
+    {"fast recall5#1 wait1260 stop",    {"pt 1 done", "zf 1 done"}},
+    {"autofocus recall5#1 near",        {"pt 1 done", "zf 1 done"}}, // a focus command is not part of it
+    {"autofocus focus#1 recall5#2",     {"zf 1 left", "pt 2 done", "zf 2 done"}},
+}));
+// clang-format on
+
+TEST_F(PresetTest, RecallsAtTheirPositionAndOfOtherSources)
+{
+    run("recall5#1 wait10000");
+    reports().clear();
+    run("recall5#2=1");
+    EXPECT_THAT(reports(), IsEmpty());
+    clock().advance(1);
+    EXPECT_THAT(reports(), UnorderedElementsAre("pt 2 done", "zf 2 done"));
+    int iData = 1;
+    EXPECT_EQ(PRESET_API_GotoById(6, PT_CTRL_E_FROM_OTHER, &iData), 0);
+    EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_TKV_SUPERFINE, &iData), 0); // has no lens source
+    EXPECT_EQ(PRESET_API_GotoById(5, PT_CTRL_E_FROM_BUTT, nullptr), -1);
+    clock().advance(60000);
+    EXPECT_EQ(reports().size(), 2u);
+}
 
 TEST_F(PresetTest, SpecialNumbersRunTheirHandlerInsteadOfAMove)
 {

@@ -3,25 +3,14 @@
 #include "camera/image.h"
 #include "camera/motion.h"
 #include "camera/preset.h"
-#include "camera/settingEvent.h"
 #include "camera/system.h"
 #include "camera/systemService.h"
 #include "camera/tracking.h"
 #include "camera/zoom.h"
-#include "support/platformTest.h"
+#include "settingsTest.h"
 #include "vocabulary/wordSetters.h"
 
 using testing::ElementsAre;
-
-namespace
-{
-BU_S32 running(const BU_CHAR *pcKey, BU_S32 s32Pipe = 0)
-{
-    BU_S32 s32Value = INT32_MIN;
-    CFG_SETTING_Get(pcKey, s32Pipe, &s32Value, BU_FALSE);
-    return s32Value;
-}
-} // namespace
 
 class ImageSettings : public PlatformTest
 {

@@ -2,70 +2,51 @@
 #include "camera/image.h"
 #include "camera/menu.h"
 #include "camera/serial.h"
-#include "camera/settingEvent.h"
 #include "camera/system.h"
 #include "camera/systemService.h"
 #include "camera/tracking.h"
 #include "media/audio.h"
 #include "media/pipeline.h"
-#include "support/platformTest.h"
+#include "settingsTest.h"
 #include "vocabulary/wordSetters.h"
+
+#include <tuple>
 
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-namespace
-{
-BU_S32 running(const BU_CHAR *pcKey)
-{
-    BU_S32 s32Value = INT32_MIN;
-    CFG_SETTING_Get(pcKey, 0, &s32Value, BU_FALSE);
-    return s32Value;
-}
-} // namespace
-
 class SystemSettings : public PlatformTest
 {
 };
 
-struct tagFORMAT_CASE_S {
-    const BU_CHAR *pcFormat, *pcFps;
-    BU_U32 u32Width, u32Height;
-    BU_S32 s32Fps;
-    BU_BOOL bInterlaced;
-};
-class OutputFormat : public PlatformTest, public testing::WithParamInterface<tagFORMAT_CASE_S>
+TEST_F(SystemSettings, AFormatReachesItsOutput)
 {
-};
-TEST_P(OutputFormat, ReachesTheOutput)
-{
-    const tagFORMAT_CASE_S &st = GetParam();
-    ASSERT_EQ(SYSTEM_API_SetHdmiCfg(st.pcFormat, st.pcFps, HDMI_CS_E_YUV420, BU_FALSE), 0);
-    ASSERT_EQ(SYSTEM_API_SetSdiCfg("Format-720P", "Fps50", HDMI_CS_E_RGB, BU_FALSE), 0);
-    MPP_VOUT_CFG_S stCfg{};
-    ASSERT_EQ(MPP_GetVoutCfg(MPP_VOUT_ID_2, &stCfg), 0);
-    EXPECT_EQ(stCfg.stResolution.u32Width, st.u32Width);
-    EXPECT_EQ(stCfg.stResolution.u32Height, st.u32Height);
-    EXPECT_EQ(stCfg.s32Fps, st.s32Fps);
-    EXPECT_EQ(stCfg.bInterlaced, st.bInterlaced);
-    EXPECT_EQ(stCfg.s32OutputCs, HDMI_CS_E_YUV420);
-    BU_S32 s32Stored = -1;
-    SYSTEM_API_GetHdmiFormat(&s32Stored, BU_TRUE);
-    EXPECT_EQ(s32Stored, HDMI_FORMAT_E_1080P); // nothing was stored
+    struct {
+        const BU_CHAR *pcFormat, *pcFps;
+        BU_U32 u32Width, u32Height;
+        BU_S32 s32Fps;
+        BU_BOOL bInterlaced;
+    } const rows[] = {{"Format-4K", "Fps60", 3840, 2160, 60, BU_FALSE},
+                      {"Format-4K", "Fps59p94", 3840, 2160, 59940, BU_FALSE},
+                      {"Format-1080P", "Fps50", 1920, 1080, 50, BU_FALSE},
+                      {"Format-1080P", "Fps30", 1920, 1080, 30, BU_FALSE},
+                      {"Format-1080P", "Fps29p97", 1920, 1080, 29970, BU_FALSE},
+                      {"Format-1080I", "Fps25", 1920, 1080, 25, BU_TRUE},
+                      {"Format-720P", "Fps24", 1280, 720, 24, BU_FALSE},
+                      {"Format-720P", "Fps23p98", 1280, 720, 23980, BU_FALSE}};
+    for (const auto &row : rows) {
+        ASSERT_EQ(SYSTEM_API_SetHdmiCfg(row.pcFormat, row.pcFps, HDMI_CS_E_YUV420, BU_FALSE), 0);
+        ASSERT_EQ(SYSTEM_API_SetSdiCfg("Format-720P", "Fps50", HDMI_CS_E_RGB, BU_FALSE), 0);
+        MPP_VOUT_CFG_S st{};
+        ASSERT_EQ(MPP_GetVoutCfg(MPP_VOUT_ID_2, &st), 0);
+        EXPECT_EQ(std::tuple(st.stResolution.u32Width, st.stResolution.u32Height, st.s32Fps, st.bInterlaced),
+                  std::tuple(row.u32Width, row.u32Height, row.s32Fps, row.bInterlaced));
+        EXPECT_EQ(st.s32OutputCs, HDMI_CS_E_YUV420);
+        EXPECT_EQ(stored("Format"), HDMI_FORMAT_E_1080P); // nothing was stored
+    }
 }
-INSTANTIATE_TEST_SUITE_P(Settings, OutputFormat,
-                         testing::ValuesIn<tagFORMAT_CASE_S>({
-                             {"Format-4K", "Fps60", 3840, 2160, 60, BU_FALSE},
-                             {"Format-4K", "Fps59p94", 3840, 2160, 59940, BU_FALSE},
-                             {"Format-1080P", "Fps50", 1920, 1080, 50, BU_FALSE},
-                             {"Format-1080P", "Fps30", 1920, 1080, 30, BU_FALSE},
-                             {"Format-1080P", "Fps29p97", 1920, 1080, 29970, BU_FALSE},
-                             {"Format-1080I", "Fps25", 1920, 1080, 25, BU_TRUE},
-                             {"Format-720P", "Fps24", 1280, 720, 24, BU_FALSE},
-                             {"Format-720P", "Fps23p98", 1280, 720, 23980, BU_FALSE},
-                         }));
 
 TEST_F(SystemSettings, AFormatIsTakenWholeOrNotAtAll)
 {
@@ -83,9 +64,7 @@ TEST_F(SystemSettings, AFormatIsTakenWholeOrNotAtAll)
     journal::inject("CFG_STORE_SetTexts", -1);
     EXPECT_EQ(SYSTEM_API_SetHdmiCfg("Format-4K", "Fps50", 0, BU_TRUE), -1);
     EXPECT_EQ(running("Format"), HDMI_FORMAT_E_4K); // runs, although it is not stored
-    BU_S32 s32Stored = -1;
-    SYSTEM_API_GetHdmiFormat(&s32Stored, BU_TRUE);
-    EXPECT_EQ(s32Stored, HDMI_FORMAT_E_1080P);
+    EXPECT_EQ(stored("Format"), HDMI_FORMAT_E_1080P);
 
     EXPECT_EQ(SYSTEM_API_SetVideoFormat("720P59.94", BU_TRUE), 0);
     EXPECT_EQ(running("Format"), HDMI_FORMAT_E_720P);

@@ -1,9 +1,8 @@
 // Properties that hold for every setting, whatever its row says.
 #include "camera/image.h"
-#include "camera/settingEvent.h"
 #include "camera/system.h"
 #include "config/config.h"
-#include "support/platformTest.h"
+#include "settingsTest.h"
 
 #include <climits>
 #include <thread>
@@ -13,19 +12,6 @@ using testing::ElementsAre;
 namespace
 {
 constexpr const BU_CHAR *STORE = "/cfg0/settings.db";
-
-BU_S32 running(const BU_CHAR *pcKey, BU_S32 s32Pipe = 0)
-{
-    BU_S32 s32Value = INT_MIN;
-    CFG_SETTING_Get(pcKey, s32Pipe, &s32Value, BU_FALSE);
-    return s32Value;
-}
-BU_S32 stored(const BU_CHAR *pcKey, BU_S32 s32Pipe = 0)
-{
-    BU_S32 s32Value = INT_MIN;
-    CFG_SETTING_Get(pcKey, s32Pipe, &s32Value, BU_TRUE);
-    return s32Value;
-}
 
 /// What the listeners hear, as "key/pipe=value".
 class Heard

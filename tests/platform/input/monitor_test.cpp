@@ -301,6 +301,26 @@ protected:
 };
 TEST_F(EventFile, PresentAtTheStart) { cycle(true); }
 TEST_F(EventFile, ComesLater) { cycle(false); }
+
+TEST_F(EventFile, NamesAreThoseOfTheDevice)
+{
+    BU_CHAR acName[8] = "before";
+    start(1);
+    const auto clTerminal = openDevice(root() + "/dev/input/BigOne");
+    EXPECT_EQ(BSP_INPUT_GetDeviceName(clTerminal, acName, sizeof(acName)), 0);
+    EXPECT_STREQ(acName, "BigOne");
+    EXPECT_EQ(BSP_INPUT_GetDeviceName(clTerminal, acName, 4), 0);
+    EXPECT_STREQ(acName, "Big");
+    const util::FileDescriptor clEvents(open(plugIn().c_str(), O_RDWR | O_CLOEXEC));
+    EXPECT_EQ(BSP_INPUT_GetDeviceName(clEvents, acName, sizeof(acName)), 0);
+    EXPECT_STREQ(acName, "NecSr");
+    BSP_INPUT_StopMonitorEvent(&m_astInput[1]); // nobody stands behind the terminal any more
+    const util::FileDescriptor clNull(open("/dev/null", O_RDWR | O_CLOEXEC));
+    for (const int s32Fd : {int{clTerminal}, int{clNull}, -1})
+        EXPECT_EQ(BSP_INPUT_GetDeviceName(s32Fd, acName, sizeof(acName)), -1);
+    EXPECT_EQ(BSP_INPUT_GetDeviceName(clEvents, acName, 0), -1);
+    EXPECT_STREQ(acName, "NecSr");
+}
 } // namespace
 
 /// Event devices cannot be made here: a FIFO answers the questions of one, everything else goes to the kernel.

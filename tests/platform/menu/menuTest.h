@@ -5,12 +5,41 @@
 #include "camera/settingEvent.h"
 #include "support/platformTest.h"
 
+#include <atomic>
 #include <fstream>
+#include <mutex>
 #include <sstream>
 
-/// "Brightness=8", "Flip=On", "Restart" ...: what was confirmed, in order.
-inline std::vector<std::string> g_listConfirmed;
-inline bool g_bAccept = true; ///< the service applies what it is given
+/// "Brightness=8", "Flip=On", "Restart" ...: what was confirmed, in order. Noted on the menu's thread.
+class Confirmed
+{
+public:
+    void note(std::string strConfirmed)
+    {
+        const std::lock_guard guard(m_lock);
+        m_list.push_back(std::move(strConfirmed));
+    }
+    void clear()
+    {
+        const std::lock_guard guard(m_lock);
+        m_list.clear();
+    }
+    std::vector<std::string> list() const
+    {
+        const std::lock_guard guard(m_lock);
+        return m_list;
+    }
+
+private:
+    mutable std::mutex m_lock; // guards m_list
+    std::vector<std::string> m_list;
+};
+inline Confirmed &confirmed()
+{
+    static auto *pst = new Confirmed; // the menu's thread lives to the end of the process
+    return *pst;
+}
+inline std::atomic<bool> g_bAccept = true; ///< the service applies what it is given
 
 namespace menu_test
 {
@@ -26,7 +55,7 @@ inline BU_S32 setParam(ITEM_NODE_S *pst)
         s32Value = stText.s32ValSaveCur; // of the lists used here the index is the value
     }
     if (pst->enValType == VALUE_TYPE_E_EDIT_TXT) strConfirmed += std::string("=") + pst->unVal.stEditableVal.acCurVal;
-    g_listConfirmed.push_back(std::move(strConfirmed));
+    confirmed().note(std::move(strConfirmed));
     if (g_bAccept && s32Value != INT32_MIN) CFG_SETTING_Set(pst->acItemIndex, 0, s32Value, BU_TRUE, BU_TRUE);
     return 0;
 }
@@ -48,7 +77,7 @@ class MenuTest : public PlatformTest
 protected:
     MenuTest()
     {
-        g_listConfirmed.clear();
+        confirmed().clear();
         g_bAccept = true;
     }
 };

@@ -82,7 +82,7 @@ TEST_F(Menu, ABurstOfKeysAndChangesDrawsInOrder)
     for (int i = 0; i < 3; ++i) CMD_MENU_HandeRightBtn();
     for (int i = 0; i < 1000; ++i) ISP_API_SetContrast(0, i % 15, BU_FALSE, BU_TRUE);
     run();
-    EXPECT_THAT(g_listConfirmed, ElementsAre("Brightness=8", "Brightness=9", "Brightness=10"));
+    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=8", "Brightness=9", "Brightness=10"));
     EXPECT_LE(shown().size(), 8U);
 }
 
@@ -131,7 +131,7 @@ TEST_F(Menu, DiagonalsCountAsUpAndDown)
     press({CMD_MENU_OnlyOpenMenu, CMD_MENU_HandeHomeBtn});
     EXPECT_EQ(press({CMD_MENU_HandeDownLeftBtn, CMD_MENU_HandeDownRightBtn, CMD_MENU_HandeUpRightBtn}), "111");
     EXPECT_EQ(press({CMD_MENU_HandeRightBtn}), "1");
-    EXPECT_THAT(g_listConfirmed, ElementsAre("Brightness=8"));
+    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=8"));
     EXPECT_EQ(press({CMD_MENU_HandeUpLeftBtn, CMD_MENU_HandeUpBtn}), "11");
 }
 
@@ -140,9 +140,9 @@ TEST_F(Menu, AHeldKeyAppliesOnce)
 {
     press({CMD_MENU_OnlyOpenMenu, CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn, CMD_MENU_HandeLeftBtn,
            CMD_MENU_HandeLeftUpdateParam, CMD_MENU_HandeLeftUpdateParam, CMD_MENU_HandeLeftUpdateParam});
-    EXPECT_THAT(g_listConfirmed, ElementsAre("Brightness=6"));
+    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=6"));
     press({CMD_MENU_HandeSetParam, CMD_MENU_HandeSetParam});
-    EXPECT_THAT(g_listConfirmed, ElementsAre("Brightness=6", "Brightness=3"));
+    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=6", "Brightness=3"));
 }
 
 TEST_F(Menu, FollowsTheOutputFormat)

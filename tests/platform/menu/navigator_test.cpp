@@ -123,11 +123,11 @@ TEST_F(MenuWalk, KeysLeadWhereTheyShould)
     for (const auto &row : rows) {
         CFG_STORE_Open(nullptr);
         CFG_SETTING_Reload();
-        g_listConfirmed.clear();
+        confirmed().clear();
         m_navigator.open(false);
         EXPECT_TRUE(walk(row.pcKeys)) << row.pcKeys;
         EXPECT_EQ(shown(), row.pcShown) << row.pcKeys;
-        EXPECT_EQ(g_listConfirmed, row.confirmed) << row.pcKeys;
+        EXPECT_EQ(confirmed().list(), row.confirmed) << row.pcKeys;
     }
 }
 
@@ -174,12 +174,12 @@ TEST_F(MenuWalk, TheShutterIsThatOfThePresentRate)
     CFG_SETTING_Set("ExposureMode", 0, 4, BU_FALSE, BU_FALSE);
     for (const char *pcRate : {"60", "50", "30", "25", "24"}) {
         g_strShutterKey = std::string("ShutterSpeedFps") + pcRate;
-        g_listConfirmed.clear();
+        confirmed().clear();
         m_navigator.open(false);
         walk("de 4d");
         EXPECT_EQ(shown(), std::string("Exposure | Shutter | 1/") + pcRate);
         walk("r");
-        EXPECT_EQ(g_listConfirmed.size(), 1U);
+        EXPECT_EQ(confirmed().list().size(), 1U);
         walk("d");
         EXPECT_EQ(shown(), "Exposure | Gain | 0");
     }
@@ -217,9 +217,9 @@ TEST_F(MenuWalk, AddressesAreEditedInTheirRow)
     EXPECT_EQ(shown(), "Network | Address | 192.168.100.110");
     walk("b");
     EXPECT_EQ(shown(), "Network | Address | 192.168.100.100");
-    EXPECT_THAT(g_listConfirmed, IsEmpty());
+    EXPECT_THAT(confirmed().list(), IsEmpty());
     walk("e l d e");
-    EXPECT_THAT(g_listConfirmed, ElementsAre("IpAddr=192.168.100.109"));
+    EXPECT_THAT(confirmed().list(), ElementsAre("IpAddr=192.168.100.109"));
 }
 
 TEST(MenuAddress, PartsStayBelow256)

@@ -62,17 +62,32 @@ TEST(MenuPainter, TheSelectedRowIsObvious)
     }
 }
 
+constexpr menu::Font FONT{menu::Face::REGULAR, 20};
+
 TEST(MenuPainter, CutTextsKeepWholeCharacters)
 {
-    TTF_Font *pstFont = menu::fontFor(menu::Face::REGULAR, 20, "");
-    ASSERT_NE(pstFont, nullptr);
-    EXPECT_EQ(menu::fitted(pstFont, "Brightness", 1000), "Brightness");
+    EXPECT_EQ(menu::fitted(FONT, "Brightness", 1000), "Brightness");
     for (int s32Width = 30; s32Width < 200; s32Width += 7) {
-        const std::string strCut = menu::fitted(pstFont, "äöüäöüäöüäöüäöüäöüäöü", s32Width);
+        const std::string strCut = menu::fitted(FONT, "äöüäöüäöüäöüäöüäöüäöü", s32Width);
         EXPECT_THAT(strCut, EndsWith("…"));
         EXPECT_EQ(strCut.size() % 2, 1U) << strCut; // two bytes each, and the three of the ellipsis
-        EXPECT_LE(menu::widthOf(pstFont, strCut), s32Width);
+        EXPECT_LE(menu::widthOf(FONT, strCut), s32Width);
     }
+}
+
+/// The Chinese font has no arrows, the Latin one no Chinese: a line takes each from where it is.
+TEST(MenuPainter, ALineMixesFonts)
+{
+    if (!menu::canShow("更")) GTEST_SKIP() << "no Chinese font is installed";
+    EXPECT_TRUE(menu::canShow("◄ ► 更改"));
+    EXPECT_FALSE(menu::canShow("\U000F0000"));
+    const auto runs = menu::runsOf(FONT, "◄ ► 更改 2D");
+    ASSERT_EQ(runs.size(), 3U);
+    EXPECT_EQ(runs[0].pstFont, runs[2].pstFont);
+    EXPECT_EQ(runs[1].strText, "更改");
+    int s32Width = 0;
+    for (const menu::Run &run : runs) s32Width += run.s32Width;
+    EXPECT_EQ(menu::widthOf(FONT, "◄ ► 更改 2D"), s32Width);
 }
 
 TEST(MenuPainter, FourBitsAChannelKeepColourAndAlpha)
@@ -95,7 +110,7 @@ TEST(MenuPainter, ALineHasRoomForItsText)
 {
     constexpr BU_S32 HEIGHT = 34, PAD = HEIGHT / 2;
     for (std::string strText = "2"; strText.size() < 60; strText += "i.x") {
-        const int s32Text = menu::widthOf(menu::fontFor(menu::Face::REGULAR, HEIGHT * 6 / 10, strText), strText);
+        const int s32Text = menu::widthOf({menu::Face::REGULAR, HEIGHT * 6 / 10}, strText);
         const auto surface = menu::paintLine(strText, HEIGHT, 4000);
         EXPECT_GE(surface->w, s32Text + 2 * PAD) << strText;
         EXPECT_LE(menu::paintLine(strText, HEIGHT, 100)->w, 100) << strText;

@@ -52,13 +52,16 @@ TEST_F(ProcessDeathTest, StoppedWatchdogTellsReadinessOnce)
             PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
             UTIL_WDT_SW_StopTimeout();
             UTIL_WDT_SW_StopTimeout();
+            PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
+            PLATFORM_AddEndpoint("http://127.0.0.1:8080/ web page"); // of a process that was late
             clock.advance(1000000);
             std::printf("end\n");
             std::fflush(stdout);
             _exit(0);
         },
         testing::ExitedWithCode(0),
-        "\ncamera ready\nudp://127.0.0.1:52381 VISCA over IP\nserial:/dev/ttyS_RS232 VISCA\nend\n");
+        "\ncamera ready\nudp://127.0.0.1:52381 VISCA over IP\nserial:/dev/ttyS_RS232 VISCA\n"
+        "http://127.0.0.1:8080/ web page\nend\n");
 }
 
 TEST_F(ProcessDeathTest, QuitSignalsRunTheServicesHandlerWhateverTheMainThreadDoes)

@@ -1,0 +1,18 @@
+// Packets on the socket of the web calls: what is taken for a message points into the packet and says what it said.
+#include "message.h"
+
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pu8Data, size_t size)
+{
+    const std::string_view packet(reinterpret_cast<const char *>(pu8Data), size);
+    const auto message = web_rpc::decode(packet);
+    if (!message) return 0;
+    if (message->stHead.enKind == web_rpc::Kind::QUESTION) {
+        const std::string strAgain = web_rpc::encodeQuestion(message->stHead.u32Id, message->name, message->bytes);
+        const auto again = web_rpc::decode(strAgain);
+        if (!again || again->name != message->name || again->bytes != message->bytes) std::abort();
+    } else if (message->bytes.data() != packet.data() + sizeof(web_rpc::tagHEAD_S) || !message->name.empty())
+        std::abort();
+    return 0;
+}

@@ -1,0 +1,163 @@
+#include "daemon.h"
+
+#include "util/log.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace web_rpc
+{
+namespace
+{
+constexpr std::size_t LINE_MAX_SIZE = 256;
+
+/// The child, up to the program: what may be called between fork and exec, nothing else.
+[[noreturn]] void become(const char *pcProgram, char *const *ppcArguments, int s32Report, pid_t parent)
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) _exit(EXIT_FAILURE); // it was quicker than the line above
+    sigset_t stNone;
+    sigemptyset(&stNone);
+    pthread_sigmask(SIG_SETMASK, &stNone, nullptr); // the threads of this process block some
+    dup2(STDERR_FILENO, STDOUT_FILENO);
+    close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+    fcntl(s32Report, F_SETFD, 0);
+    execv(pcProgram, ppcArguments);
+    _exit(127);
+}
+} // namespace
+
+Daemon::Daemon(std::string strProgram, std::vector<std::string> arguments,
+               std::function<void(std::string_view)> fnReport)
+    : m_strProgram(std::move(strProgram)), m_arguments(std::move(arguments)), m_fnReport(std::move(fnReport)),
+      m_wake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_thread("webDaemon", [this](const std::stop_token &) { work(); })
+{
+}
+
+Daemon::~Daemon()
+{
+    m_bStop = true;
+    eventfd_write(m_wake, 1);
+}
+
+void Daemon::waitForReport(BU_S64 s64Ms)
+{
+    std::unique_lock guard(m_lock);
+    m_reported.wait_for(guard, std::chrono::milliseconds(s64Ms), [this] { return m_bReported; });
+}
+
+Daemon::tagCHILD_S Daemon::start()
+{
+    int as32Pipe[2];
+    if (pipe2(as32Pipe, O_CLOEXEC) != 0) return {};
+    tagCHILD_S stChild{-1, {}, util::FileDescriptor(as32Pipe[0])};
+    const util::FileDescriptor theirs(as32Pipe[1]);
+    fcntl(stChild.report, F_SETFL, O_NONBLOCK);
+    std::vector<std::string> arguments{m_strProgram};
+    arguments.insert(arguments.end(), m_arguments.begin(), m_arguments.end());
+    arguments.insert(arguments.end(), {"--report-fd", std::to_string(theirs)});
+    std::vector<char *> argv;
+    argv.reserve(arguments.size() + 1);
+    for (std::string &str : arguments) argv.push_back(str.data());
+    argv.push_back(nullptr);
+    const pid_t parent = getpid();
+    stChild.pid = fork();
+    if (stChild.pid == 0) become(m_strProgram.c_str(), argv.data(), theirs, parent);
+    if (stChild.pid > 0)
+        stChild.handle = util::FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, stChild.pid, 0)));
+    return stChild;
+}
+
+void Daemon::work()
+{
+    for (BU_S64 s64Pause = RESTART_MS; !m_bStop; s64Pause = std::min(2 * s64Pause, RESTART_MAX_MS)) {
+        const BU_S64 s64Start = UTIL_TIME_NowMs();
+        tagCHILD_S stChild = start();
+        if (stChild.pid > 0) {
+            m_pid = stChild.pid;
+            watch(stChild);
+            m_pid = 0;
+        } else
+            LOG_ERROR("%s cannot be started: %s\n", m_strProgram.c_str(), std::strerror(errno));
+        if (m_bStop) return;
+        if (UTIL_TIME_NowMs() - s64Start >= STEADY_MS) s64Pause = RESTART_MS;
+        pause(s64Pause);
+    }
+}
+
+void Daemon::watch(tagCHILD_S &stChild)
+{
+    std::string strLine;
+    BU_S64 s64KillMs = 0;
+    for (;;) {
+        pollfd astWatch[]{{stChild.handle, POLLIN, 0}, {m_wake, POLLIN, 0}, {stChild.report, POLLIN, 0}};
+        if (poll(astWatch, std::size(astWatch), -1) < 0) continue;
+        if (astWatch[2].revents) readReport(stChild, strLine);
+        if (astWatch[0].revents) break;
+        if (!astWatch[1].revents) continue;
+        eventfd_t count = 0;
+        eventfd_read(m_wake, &count);
+        if (m_bStop && s64KillMs == 0) {
+            kill(stChild.pid, SIGTERM);
+            wakeAt(s64KillMs = UTIL_TIME_NowMs() + TERM_MS);
+        } else if (m_bStop && UTIL_TIME_NowMs() >= s64KillMs)
+            kill(stChild.pid, SIGKILL);
+    }
+    endReport(stChild);
+    int s32Status = 0;
+    waitpid(stChild.pid, &s32Status, 0);
+    const bool bExited = WIFEXITED(s32Status);
+    if (m_bStop) return;
+    LOG_WARN("%s ended by itself (%s %d)\n", m_strProgram.c_str(), bExited ? "status" : "signal",
+             bExited ? WEXITSTATUS(s32Status) : WTERMSIG(s32Status));
+}
+
+void Daemon::readReport(tagCHILD_S &stChild, std::string &strLine)
+{
+    std::array<char, LINE_MAX_SIZE> acBytes;
+    const ssize_t length = read(stChild.report, acBytes.data(), acBytes.size());
+    if (length < 0 && errno == EAGAIN) return;
+    if (length <= 0) return endReport(stChild);
+    for (const char c : std::string_view(acBytes.data(), static_cast<std::size_t>(length)))
+        if (c == '\n') {
+            m_fnReport(strLine);
+            strLine.clear();
+        } else if (strLine.size() < LINE_MAX_SIZE)
+            strLine += c;
+}
+
+void Daemon::endReport(tagCHILD_S &stChild)
+{
+    stChild.report = util::FileDescriptor();
+    const std::lock_guard guard(m_lock);
+    m_bReported = true;
+    m_reported.notify_all();
+}
+
+void Daemon::pause(BU_S64 s64Ms)
+{
+    const BU_S64 s64Due = UTIL_TIME_NowMs() + s64Ms;
+    wakeAt(s64Due);
+    while (!m_bStop && UTIL_TIME_NowMs() < s64Due) {
+        pollfd stWatch{m_wake, POLLIN, 0};
+        poll(&stWatch, 1, -1);
+        eventfd_t count = 0;
+        eventfd_read(m_wake, &count);
+    }
+}
+
+void Daemon::wakeAt(BU_S64 s64DueMs)
+{
+    m_queue.at(s64DueMs, [this] { eventfd_write(m_wake, 1); });
+}
+} // namespace web_rpc

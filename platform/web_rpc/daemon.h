@@ -1,0 +1,63 @@
+/// A helper process that runs as long as this one wants: started again when it ends, ended when this process ends,
+/// however it ends.
+#pragma once
+
+#include "util/fileDescriptor.h"
+#include "util/thread.h"
+#include "util/time.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+#include <vector>
+
+namespace web_rpc
+{
+class Daemon
+{
+public:
+    static constexpr BU_S64 RESTART_MS = 500, RESTART_MAX_MS = 30000; ///< after each end twice as long
+    static constexpr BU_S64 STEADY_MS = 10000;                        ///< who has run so long starts again soon
+    static constexpr BU_S64 TERM_MS = 3000;                           ///< from the request to end to the kill
+
+    /// Starts the program with the arguments and "--report-fd N": what it writes there comes to fnReport, line by line,
+    /// on the thread of the daemon.
+    Daemon(std::string strProgram, std::vector<std::string> arguments,
+           std::function<void(std::string_view line)> fnReport);
+    ~Daemon(); ///< asks it to end, kills it when it does not
+    Daemon(const Daemon &) = delete;
+    Daemon &operator=(const Daemon &) = delete;
+
+    /// Waits until the program has closed its report, or ended, or for that time.
+    void waitForReport(BU_S64 s64Ms);
+    pid_t pid() const { return m_pid; } ///< 0: it does not run now
+
+private:
+    struct tagCHILD_S {
+        pid_t pid = -1;
+        util::FileDescriptor handle, report;
+    };
+    tagCHILD_S start();
+    void work();
+    void watch(tagCHILD_S &stChild);
+    void readReport(tagCHILD_S &stChild, std::string &strLine);
+    void endReport(tagCHILD_S &stChild);
+    void pause(BU_S64 s64Ms);
+    void wakeAt(BU_S64 s64DueMs);
+
+    const std::string m_strProgram;
+    const std::vector<std::string> m_arguments;
+    const std::function<void(std::string_view)> m_fnReport;
+    const util::FileDescriptor m_wake;
+    std::atomic<bool> m_bStop{false};
+    std::atomic<pid_t> m_pid{0};
+    std::mutex m_lock; // guards m_bReported
+    std::condition_variable m_reported;
+    bool m_bReported = false;
+    util::TimerQueue m_queue{"webDaemonTimer"};
+    util::Thread m_thread; // last: ends first. The child dies with it, so it lives as long as the child may.
+};
+} // namespace web_rpc

@@ -1,0 +1,96 @@
+// The web server process: its ports, and that it runs.
+#include "camera/systemService.h"
+#include "config/store.h"
+#include "daemon.h"
+#include "util/file.h"
+#include "util/journal.h"
+#include "util/log.h"
+#include "util/platform.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <sys/wait.h>
+
+namespace
+{
+constexpr BU_S32 PORT_MAX = 65535;
+constexpr BU_S64 REPORT_MS = 300; // so long a start waits to hear the ports
+
+struct tagSERVER_S {
+    std::mutex lock; // guards the rest
+    std::vector<std::string> arguments;
+    std::unique_ptr<web_rpc::Daemon> pstDaemon;
+};
+tagSERVER_S &server()
+{
+    static auto *pstServer = new tagSERVER_S;
+    return *pstServer;
+}
+
+/// The program beside this one, or that of CAMERA_WEB_SERVER. @return empty: there is, or is to be, none
+std::string program()
+{
+    const BU_CHAR *pcProgram = std::getenv("CAMERA_WEB_SERVER");
+    if (pcProgram && !*pcProgram) return "";
+    std::error_code error;
+    const std::string strProgram =
+        pcProgram ? pcProgram
+                  : (std::filesystem::read_symlink("/proc/self/exe", error).parent_path() / "camera-web").string();
+    if (access(strProgram.c_str(), X_OK) == 0) return strProgram;
+    LOG_WARN("no web page: there is no program \"%s\"\n", strProgram.c_str());
+    return "";
+}
+
+/// A line of the report: "http 8080".
+void tellEndpoint(std::string_view line)
+{
+    std::array<BU_CHAR, 8> acScheme{};
+    int s32Port = 0;
+    const std::string strLine(line);
+    if (std::sscanf(strLine.c_str(), "%7s %d", acScheme.data(), &s32Port) != 2 || s32Port < 1 || s32Port > PORT_MAX) {
+        LOG_WARN("the web server reports \"%s\"\n", strLine.c_str());
+        return;
+    }
+    const std::string strBind = PLATFORM_BindAddress();
+    const std::string strUrl = std::string(acScheme.data()) + "://" + (strBind == "0.0.0.0" ? "127.0.0.1" : strBind) +
+                               ":" + std::to_string(s32Port) + "/";
+    LOG_INFO("web page at %s\n", strUrl.c_str());
+    PLATFORM_AddEndpoint(strUrl + " web page");
+}
+
+void run(tagSERVER_S &st, std::vector<std::string> arguments)
+{
+    if (st.pstDaemon && st.arguments == arguments) return;
+    st.pstDaemon.reset(); // the old one gives its ports away first
+    const std::string strProgram = program();
+    if (strProgram.empty()) return;
+    while (waitpid(-1, nullptr, WNOHANG) > 0) {} // the web server of before a restart in place
+    st.arguments = std::move(arguments);
+    st.pstDaemon = std::make_unique<web_rpc::Daemon>(strProgram, st.arguments, tellEndpoint);
+    st.pstDaemon->waitForReport(REPORT_MS);
+}
+} // namespace
+
+BU_S32 SYSTEM_API_SetHttpPort(BU_S32 s32Http, BU_S32 s32Https)
+{
+    if (const auto injected = journal::call(__func__, s32Http, s32Https)) return *injected;
+    const auto isPort = [](BU_S32 s32Port) { return s32Port >= 1 && s32Port <= PORT_MAX; };
+    if (!isPort(s32Http) || !isPort(s32Https)) return -1;
+    const BU_S32 s32Ret =
+        CFG_STORE_SetTexts({{"Http/Port", std::to_string(s32Http)}, {"Http/SecurePort", std::to_string(s32Https)}});
+    const std::lock_guard guard(server().lock);
+    run(server(), {"--root", UTIL_ROOT_Path("/"), "--bind", PLATFORM_BindAddress(), "--http",
+                   std::to_string(PLATFORM_Port(s32Http)), "--https", std::to_string(PLATFORM_Port(s32Https))});
+    return s32Ret;
+}
+
+BU_S32 SYSTEM_API_StopHttpDaemon()
+{
+    if (const auto injected = journal::call(__func__)) return *injected;
+    const std::lock_guard guard(server().lock);
+    server().pstDaemon.reset();
+    return 0;
+}

@@ -1,0 +1,206 @@
+#include "handlers.h"
+#include "util/log.h"
+
+namespace web
+{
+namespace
+{
+constexpr const char *DONE = "{}";
+constexpr const char *OUT_OF_MEMORY = "the camera is out of memory: try again";
+constexpr const char *LIST_DAMAGED =
+    "the list of users is damaged: nobody can log in until it is repaired; the camera's log says more";
+
+std::string sessionJson(const Desk &stDesk, const std::string &strUser, Role enRole)
+{
+    const bool bUser = enRole != Role::ANYONE;
+    return std::string("{\"setup\":") + (stDesk.users.isEmpty() ? "true" : "false") +
+           ",\"user\":" + (bUser ? quoted(strUser) : "null") +
+           ",\"role\":" + (bUser ? quoted(nameOf(enRole)) : "null") +
+           ",\"camera\":" + (stDesk.bCamera ? "true" : "false") + "}";
+}
+
+std::string cookie(std::string_view strToken, bool bTls)
+{
+    return std::string(SESSION_COOKIE) + "=" + std::string(strToken) + "; Path=/; HttpOnly; SameSite=Strict" +
+           (bTls ? "; Secure" : "");
+}
+
+/// What came of a change of the users.
+Reply outcomeOf(Change enChange)
+{
+    switch (enChange) {
+    case Change::DONE:
+        return answer(DONE);
+    case Change::NOT_FIRST:
+        return problem(409, "there is a user already");
+    case Change::NO_USER:
+        return problem(404, "there is no such user");
+    case Change::INCOMPLETE:
+        return problem(400, "a new user needs a password and a role");
+    case Change::LAST_ADMIN:
+        return problem(409, "the last admin must stay one");
+    case Change::TOO_MANY:
+        return problem(409, "there are too many users");
+    case Change::FAILED:
+        break;
+    }
+    return problem(500, "the users cannot be stored; the camera's log says why");
+}
+
+/// Who wants in, for the worker.
+struct Attempt {
+    std::string strUser, strPassword, strRemote;
+    bool bTls;
+    BU_S64 s64Unix;
+
+    Attempt(const Request &stRequest, const std::string &strName, const AccountBody &stBody)
+        : strUser(strName), strPassword(stBody.password), strRemote(stRequest.strRemote), bTls(stRequest.bTls),
+          s64Unix(stRequest.s64Unix)
+    {
+    }
+};
+
+/// The reply that makes a browser logged in.
+Reply welcome(Desk &stDesk, const Attempt &stAttempt, Role enRole)
+{
+    const auto &[strUser, strPassword, strRemote, bTls, s64Unix] = stAttempt;
+    LOG_INFO("%s has logged in from %s", strUser.c_str(), strRemote.c_str());
+    Reply stReply = answer(sessionJson(stDesk, strUser, enRole));
+    stReply.headers.emplace_back("Set-Cookie", cookie(stDesk.sessions.open(strUser, s64Unix), bTls));
+    return stReply;
+}
+
+Reply makeFirst(Desk &stDesk, const Attempt &stAttempt)
+{
+    if (!stDesk.users.isEmpty()) return outcomeOf(Change::NOT_FIRST);
+    std::string strHash = hashPassword(stAttempt.strPassword);
+    if (strHash.empty()) return problem(503, OUT_OF_MEMORY);
+    const Change enChange = stDesk.users.makeFirst(stAttempt.strUser, std::move(strHash));
+    if (enChange != Change::DONE) return outcomeOf(enChange);
+    stDesk.sessions.endAll(); // of users there were before
+    return welcome(stDesk, stAttempt, Role::ADMIN);
+}
+
+Reply verify(Desk &stDesk, const Attempt &stAttempt)
+{
+    if (!isPassword(stAttempt.strPassword, stDesk.users.hash(stAttempt.strUser))) {
+        LOG_WARN("%s could not log in from %s", stAttempt.strUser.c_str(), stAttempt.strRemote.c_str());
+        return problem(401, "the user or the password is not right");
+    }
+    stDesk.throttle.succeeded(stAttempt.strRemote, stAttempt.strUser);
+    return welcome(stDesk, stAttempt, stDesk.users.role(stAttempt.strUser));
+}
+
+/// What an admin has done. @return the reply
+Reply changed(Change enChange, const std::string &strAdmin, const char *pcWhat, const std::string &strUser)
+{
+    if (enChange == Change::DONE) LOG_INFO("%s has %s the user %s", strAdmin.c_str(), pcWhat, strUser.c_str());
+    return outcomeOf(enChange);
+}
+
+std::optional<Reply> refusedByThrottle(Desk &stDesk, const Request &stRequest, std::string_view strUser)
+{
+    const BU_S64 s64WaitMs = stDesk.throttle.begin(stRequest.strRemote, strUser, stRequest.s64NowMs);
+    if (s64WaitMs == 0) return std::nullopt;
+    Reply stReply = problem(429, "too many attempts: wait, then try again");
+    stReply.headers.emplace_back("Retry-After", std::to_string((s64WaitMs + 999) / 1000));
+    return stReply;
+}
+
+/// The name, the password's fault, or empty.
+std::string accountFault(std::string_view strUser, std::string_view strPassword, bool bPassword)
+{
+    if (!isUserName(strUser))
+        return "a user's name is 1 to 32 letters, digits, '.', '_' and '-', and begins with a letter or a digit";
+    return bPassword ? passwordFault(strPassword, strUser) : std::string();
+}
+} // namespace
+
+Outcome getSession(Desk &stDesk, const Visit &stVisit)
+{
+    return answer(sessionJson(stDesk, stVisit.strUser, stVisit.enRole));
+}
+
+Outcome setUp(Desk &stDesk, const Visit &stVisit, const AccountBody &stBody)
+{
+    if (stDesk.users.isDamaged()) return problem(503, LIST_DAMAGED);
+    if (!stDesk.users.isEmpty()) return outcomeOf(Change::NOT_FIRST);
+    if (const std::string strFault = accountFault(stBody.user, stBody.password, true); !strFault.empty())
+        return problem(400, strFault);
+    return Work{[&stDesk, stAttempt = Attempt(stVisit.stRequest, stBody.user, stBody)] {
+        return makeFirst(stDesk, stAttempt);
+    }};
+}
+
+Outcome logIn(Desk &stDesk, const Visit &stVisit, const AccountBody &stBody)
+{
+    const std::string strUser = isUserName(stBody.user) ? stBody.user : "?";
+    if (stDesk.users.isDamaged()) return problem(503, LIST_DAMAGED);
+    if (stDesk.users.isEmpty()) return problem(409, "there is no user yet: set up the camera first");
+    if (auto stRefusal = refusedByThrottle(stDesk, stVisit.stRequest, strUser)) return *stRefusal;
+    return Work{
+        [&stDesk, stAttempt = Attempt(stVisit.stRequest, strUser, stBody)] { return verify(stDesk, stAttempt); }};
+}
+
+Outcome logOut(Desk &stDesk, const Visit &stVisit)
+{
+    return Work{[&stDesk, strSession = stVisit.strSession, bTls = stVisit.stRequest.bTls]() -> Reply {
+        stDesk.sessions.end(strSession);
+        Reply stReply = answer(DONE);
+        stReply.headers.emplace_back("Set-Cookie", cookie("", bTls) + "; Max-Age=0");
+        return stReply;
+    }};
+}
+
+Outcome getUsers(Desk &stDesk, const Visit &)
+{
+    std::string strJson;
+    for (const User &stUser : stDesk.users.list())
+        strJson += (strJson.empty() ? "" : ",") + std::string("{\"user\":") + quoted(stUser.strName) +
+                   ",\"role\":" + quoted(nameOf(stUser.enRole)) + "}";
+    return answer("[" + strJson + "]");
+}
+
+Outcome putUser(Desk &stDesk, const Visit &stVisit, const UserBody &stBody)
+{
+    const std::string strUser = stBody.user, strPassword = stBody.password;
+    const Role enRole = roleOf(stBody.role);
+    if (const std::string strFault = accountFault(strUser, strPassword, !strPassword.empty()); !strFault.empty())
+        return problem(400, strFault);
+    if (stBody.role[0] && enRole == Role::ANYONE) return problem(400, "role must be viewer, operator or admin");
+    return Work{
+        [&stDesk, strUser, strPassword, enRole, strSelf = stVisit.strUser, strSession = stVisit.strSession]() -> Reply {
+            std::string strHash = strPassword.empty() ? std::string() : hashPassword(strPassword);
+            if (strHash.empty() && !strPassword.empty()) return problem(503, OUT_OF_MEMORY);
+            const Change enChange = stDesk.users.put(strUser, std::move(strHash), enRole);
+            if (enChange == Change::DONE && !strPassword.empty()) stDesk.sessions.endUser(strUser, strSession);
+            return changed(enChange, strSelf, "added or changed", strUser);
+        }};
+}
+
+Outcome removeUser(Desk &stDesk, const Visit &stVisit)
+{
+    return Work{[&stDesk, strUser = stVisit.strRest, strSelf = stVisit.strUser]() -> Reply {
+        const Change enChange = stDesk.users.remove(strUser);
+        if (enChange == Change::DONE) stDesk.sessions.endUser(strUser);
+        return changed(enChange, strSelf, "removed", strUser);
+    }};
+}
+
+Outcome changePassword(Desk &stDesk, const Visit &stVisit, const PasswordBody &stBody)
+{
+    const std::string strOld = stBody.acOld, strNew = stBody.acNew, strUser = stVisit.strUser;
+    if (const std::string strFault = passwordFault(strNew, strUser); !strFault.empty()) return problem(400, strFault);
+    if (auto stRefusal = refusedByThrottle(stDesk, stVisit.stRequest, strUser)) return *stRefusal;
+    return Work{[&stDesk, strOld, strNew, strUser, strSession = stVisit.strSession,
+                 strRemote = stVisit.stRequest.strRemote]() -> Reply {
+        if (!isPassword(strOld, stDesk.users.hash(strUser))) return problem(403, "the old password is not right");
+        stDesk.throttle.succeeded(strRemote, strUser);
+        std::string strHash = hashPassword(strNew);
+        if (strHash.empty()) return problem(503, OUT_OF_MEMORY);
+        const Change enChange = stDesk.users.setPassword(strUser, std::move(strHash));
+        if (enChange == Change::DONE) stDesk.sessions.endUser(strUser, strSession);
+        return outcomeOf(enChange);
+    }};
+}
+} // namespace web

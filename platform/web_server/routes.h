@@ -1,0 +1,56 @@
+/// All that can be asked of the web server, one table. What is not in it is denied.
+#pragma once
+
+#include "origin.h"
+#include "request.h"
+#include "sessions.h"
+#include "throttle.h"
+#include "users.h"
+#include "web/layout.h"
+
+#include <atomic>
+
+namespace web
+{
+/// What the handlers share.
+struct Desk {
+    Users users;
+    Sessions sessions;
+    Throttle throttle;
+    HostNames hosts;
+    std::atomic<bool> bCamera = false;
+};
+
+/// A request that may be handled, and whose it is.
+struct Visit {
+    const Request &stRequest;
+    std::string strRest; ///< what stands for the '*' of the route
+    std::string strUser; ///< empty: nobody is logged in
+    Role enRole = Role::ANYONE;
+    std::string strSession{}; ///< digest of its token
+};
+
+struct Route {
+    const char *pcMethod;
+    const char *pcPath; ///< a '*' at the end stands for one name, in "/*" for a path
+    Role enRole;
+    const char *pcWhat; ///< for the documentation
+    Outcome (*pfnHandle)(Desk &, const Visit &);
+    std::size_t bodyMax = 0;                     ///< 0: no body
+    const web_layout::Record *pstBody = nullptr; ///< its fields; nullptr: those of the event
+    bool bUpgrade = false;                       ///< for WebSockets only
+};
+
+constexpr const char *SESSION_COOKIE = "camera_session";
+
+std::span<const Route> routes();
+
+/// @param strAllow  the methods of the path, when only the method does not fit. @return nullptr: no such route
+const Route *findRoute(std::string_view strMethod, std::string_view strPath, std::string &strAllow,
+                       std::string &strRest);
+
+/// A good answer, not to be kept by caches.
+Reply answer(std::string strJson);
+/// What every WEB_CLIENT_RESULT_E but OK says to the browser.
+Reply failure(WEB_CLIENT_RESULT_E enResult, std::string_view strWhy);
+} // namespace web

@@ -1,0 +1,316 @@
+#include "server.h"
+
+#include "connection.h"
+#include "util/file.h"
+#include "util/log.h"
+#include "visitors.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <atomic>
+#include <libwebsockets.h>
+#include <map>
+#include <openssl/ssl.h>
+#include <sys/socket.h>
+
+namespace
+{
+using namespace web;
+
+constexpr std::size_t SPARE_DESCRIPTORS =
+    128;                                    // the library's own, connections to the preview, and some to turn away with
+constexpr unsigned READ_AT_ONCE = 32 << 10; // [bytes]
+constexpr int SEND_BUFFER = 256 << 10;      // [bytes] what a thousand slow readers hold is bounded
+constexpr unsigned TLS_HANDSHAKE_S = 10;
+typedef std::unique_ptr<lws_context, decltype(&lws_context_destroy)> Context;
+
+/// Everything but the inbox and the stop flag belongs to the thread that runs it.
+class LwsServer final : public Server
+{
+public:
+    LwsServer(const ServerConfig &stConfig, const Decisions &stDecisions)
+        : m_context(nullptr, lws_context_destroy), m_site(stConfig, stDecisions),
+          m_visitors(stConfig.strBind, stConfig.perAddressMax)
+    {
+    }
+    ~LwsServer() override;
+    bool create();
+    BU_S32 listen(bool bTls, BU_S32 s32Port) override;
+    bool stopOn(int s32Fd) override;
+    void run() override;
+    void stop() override;
+    void tell(std::string_view json) override;
+    void setCamera(bool bUp) override;
+
+    int onBrowser(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, std::string_view in);
+    int onPreview(lws *pstWsi, lws_callback_reasons enReason, std::string_view in);
+    int onWatched(lws_callback_reasons enReason);
+
+private:
+    bool enter(lws *pstWsi);
+    void leave(lws *pstWsi);
+    bool mayConnect(const void *pvUser);
+    void makeRoom();
+    void tellAll(const std::string &strJson);
+
+    Context m_context;
+    Site m_site;
+    Visitors m_visitors;
+    std::map<BU_U64, std::unique_ptr<Connection>> m_connections; // by number
+    BU_U64 m_u64Last = 0;
+    std::atomic<bool> m_bStop{false};
+};
+
+Connection *connectionOf(lws *pstWsi) { return static_cast<Connection *>(lws_get_opaque_user_data(pstWsi)); }
+PreviewLink *linkOf(lws *pstWsi) { return static_cast<PreviewLink *>(lws_get_opaque_user_data(pstWsi)); }
+
+/// What happens on a connection; nothing of it may end the server.
+template <auto Handle>
+int onEvent(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, void *pvIn, std::size_t length)
+{
+    auto *pstServer = static_cast<LwsServer *>(lws_context_user(lws_get_context(pstWsi)));
+    try {
+        const bool bBytes = enReason == LWS_CALLBACK_RAW_RX;
+        const std::string_view in(bBytes ? static_cast<const char *>(pvIn) : "", bBytes ? length : 0);
+        return pstServer ? Handle(*pstServer, pstWsi, enReason, pvUser, in) : 0;
+    } catch (const std::exception &error) {
+        LOG_ERROR("web: %s\n", error.what());
+        return -1;
+    }
+}
+constexpr auto BROWSER = [](LwsServer &server, lws *pstWsi, lws_callback_reasons enReason, void *pvUser,
+                            std::string_view in) { return server.onBrowser(pstWsi, enReason, pvUser, in); };
+constexpr auto PREVIEW = [](LwsServer &server, lws *pstWsi, lws_callback_reasons enReason, void *,
+                            std::string_view in) { return server.onPreview(pstWsi, enReason, in); };
+constexpr auto WATCHED = [](LwsServer &server, lws *, lws_callback_reasons enReason, void *, std::string_view) {
+    return server.onWatched(enReason);
+};
+
+// Without a size of its own, what is sent would be cut into pieces of the size of what is received.
+constexpr std::size_t WHOLE = 1 << 30;
+constexpr lws_protocols PROTOCOLS[] = {{"browser", onEvent<BROWSER>, 0, 0, 0, nullptr, WHOLE},
+                                       {"preview", onEvent<PREVIEW>, 0, 0, 0, nullptr, WHOLE},
+                                       {"watched", onEvent<WATCHED>, 0, 0, 0, nullptr, 0},
+                                       {}};
+
+/// What strangers send makes most of them.
+void onLibraryLog(int, const char *pcLine) { LOG_DEBUG("web: %s", pcLine); }
+
+bool LwsServer::create()
+{
+    lws_set_log_level(LLL_ERR, onLibraryLog);
+    lws_context_creation_info stInfo{};
+    stInfo.options =
+        LWS_SERVER_OPTION_EXPLICIT_VHOSTS | LWS_SERVER_OPTION_DISABLE_IPV6 | LWS_SERVER_OPTION_DO_SSL_GLOBAL_INIT;
+    stInfo.user = this;
+    stInfo.protocols = PROTOCOLS;
+    stInfo.fd_limit_per_thread = static_cast<unsigned>(m_site.stConfig.connectionsMax + SPARE_DESCRIPTORS);
+    stInfo.timeout_secs = TLS_HANDSHAKE_S;
+    stInfo.pt_serv_buf_size = READ_AT_ONCE;
+    m_context.reset(lws_create_context(&stInfo));
+    if (!m_context) return false;
+    m_site.pstInbox = std::make_shared<Inbox>(m_context.get());
+    m_site.fnAnswer = [this](BU_U64 u64Number, const Reply &stReply) {
+        const auto it = m_connections.find(u64Number);
+        if (it != m_connections.end()) it->second->answer(stReply);
+    };
+    stInfo.vhost_name = "client";
+    stInfo.port = CONTEXT_PORT_NO_LISTEN;
+    m_site.pstClientVhost = lws_create_vhost(m_context.get(), &stInfo);
+    return m_site.pstClientVhost != nullptr;
+}
+
+LwsServer::~LwsServer()
+{
+    if (m_site.pstInbox) m_site.pstInbox->close(); // the context must not be woken any more
+    m_context.reset();                             // takes leave of every connection
+}
+
+BU_S32 LwsServer::listen(bool bTls, BU_S32 s32Port)
+{
+    if (s32Port < 0 || s32Port > 65535) return 0;
+    const ServerConfig &st = m_site.stConfig;
+    lws_context_creation_info stInfo{};
+    stInfo.options = LWS_SERVER_OPTION_DISABLE_IPV6 | LWS_SERVER_OPTION_FAIL_UPON_UNABLE_TO_BIND |
+                     LWS_SERVER_OPTION_ADOPT_APPLY_LISTEN_ACCEPT_CONFIG;
+    stInfo.protocols = PROTOCOLS;
+    stInfo.vhost_name = bTls ? "https" : "http";
+    stInfo.listen_accept_role = "raw-skt";
+    stInfo.listen_accept_protocol = PROTOCOLS[0].name;
+    stInfo.iface = st.strBind.c_str();
+    stInfo.port = s32Port;
+    if (bTls) {
+        stInfo.options |= LWS_SERVER_OPTION_DO_SSL_GLOBAL_INIT;
+        stInfo.ssl_cert_filepath = st.strCertificate.c_str();
+        stInfo.ssl_private_key_filepath = st.strKey.c_str();
+        stInfo.ssl_options_set = SSL_OP_NO_TLSv1 | SSL_OP_NO_TLSv1_1 | SSL_OP_NO_RENEGOTIATION;
+        stInfo.alpn = ""; // HTTP/1.1, which needs no name; with one, the library would read the bytes itself
+    }
+    lws_vhost *pstVhost = lws_create_vhost(m_context.get(), &stInfo);
+    return pstVhost ? lws_get_vhost_listen_port(pstVhost) : 0;
+}
+
+bool LwsServer::stopOn(int s32Fd)
+{
+    lws_sock_file_fd_type unFd{};
+    unFd.filefd = s32Fd;
+    return lws_adopt_descriptor_vhost(m_site.pstClientVhost, LWS_ADOPT_RAW_FILE_DESC, unFd, "watched", nullptr);
+}
+
+void LwsServer::run()
+{
+    while (!m_bStop && lws_service(m_context.get(), 0) >= 0) {}
+}
+
+void LwsServer::stop()
+{
+    m_bStop = true;
+    lws_cancel_service(m_context.get());
+}
+
+void LwsServer::tell(std::string_view json)
+{
+    m_site.pstInbox->post([this, strJson = std::string(json)] { tellAll(strJson); });
+}
+
+void LwsServer::setCamera(bool bUp)
+{
+    m_site.pstInbox->post([this, bUp] {
+        m_site.bCamera = bUp;
+        tellAll(bUp ? R"({"camera":true})" : R"({"camera":false})");
+    });
+}
+
+void LwsServer::tellAll(const std::string &strJson)
+{
+    const auto pstEvent = std::make_shared<const std::string>("data: " + strJson + "\n\n");
+    for (Connection *pst : m_site.newsReaders) pst->tell(pstEvent);
+}
+
+int LwsServer::onBrowser(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, std::string_view in)
+{
+    Connection *const pst = enReason == LWS_CALLBACK_EVENT_WAIT_CANCELLED ? nullptr : connectionOf(pstWsi);
+    switch (enReason) {
+    case LWS_CALLBACK_FILTER_NETWORK_CONNECTION:
+        return mayConnect(pvUser) ? 0 : 1;
+    case LWS_CALLBACK_RAW_ADOPT:
+        return enter(pstWsi) ? 0 : -1;
+    case LWS_CALLBACK_RAW_RX:
+        return pst && pst->onBytes(in) ? 0 : -1;
+    case LWS_CALLBACK_RAW_WRITEABLE:
+        return pst && pst->onWritable() ? 0 : -1;
+    case LWS_CALLBACK_TIMER:
+        return pst && pst->onTimer() ? 0 : -1;
+    case LWS_CALLBACK_RAW_CLOSE:
+        leave(pstWsi);
+        return 0;
+    case LWS_CALLBACK_EVENT_WAIT_CANCELLED:
+        for (const auto &fn : m_site.pstInbox ? m_site.pstInbox->take() : std::vector<std::function<void()>>()) fn();
+        return 0;
+    default:
+        return 0;
+    }
+}
+
+int LwsServer::onPreview(lws *pstWsi, lws_callback_reasons enReason, std::string_view in)
+{
+    PreviewLink *const pst = enReason == LWS_CALLBACK_EVENT_WAIT_CANCELLED ? nullptr : linkOf(pstWsi);
+    switch (enReason) {
+    case LWS_CALLBACK_RAW_CONNECTED:
+        return pst && pst->onConnected(pstWsi) ? 0 : -1;
+    case LWS_CALLBACK_RAW_RX:
+        return pst && pst->onBytes(in) ? 0 : -1;
+    case LWS_CALLBACK_RAW_WRITEABLE:
+        return pst && pst->onWritable() ? 0 : -1;
+    case LWS_CALLBACK_CLIENT_CONNECTION_ERROR:
+    case LWS_CALLBACK_RAW_CLOSE:
+        if (pst) pst->onClosed();
+        return 0;
+    default:
+        return 0;
+    }
+}
+
+int LwsServer::onWatched(lws_callback_reasons enReason)
+{
+    if (enReason != LWS_CALLBACK_RAW_RX_FILE && enReason != LWS_CALLBACK_RAW_CLOSE_FILE) return 0;
+    m_bStop = true;
+    return -1;
+}
+
+bool LwsServer::enter(lws *pstWsi)
+{
+    setsockopt(lws_get_socket_fd(pstWsi), SOL_SOCKET, SO_SNDBUF, &SEND_BUFFER, sizeof(SEND_BUFFER));
+    char acAddress[INET6_ADDRSTRLEN]{};
+    lws_get_peer_simple(pstWsi, acAddress, sizeof(acAddress));
+    auto pst = std::make_unique<Connection>(m_site, pstWsi, ++m_u64Last, acAddress,
+                                            std::string_view(lws_get_vhost_name(lws_get_vhost(pstWsi))) == "https");
+    lws_set_opaque_user_data(pstWsi, pst.get());
+    m_visitors.enter(acAddress);
+    m_connections[m_u64Last] = std::move(pst);
+    return true;
+}
+
+void LwsServer::leave(lws *pstWsi)
+{
+    const Connection *const pst = connectionOf(pstWsi);
+    if (!pst) return;
+    lws_set_opaque_user_data(pstWsi, nullptr);
+    m_visitors.leave(pst->remote());
+    m_connections.erase(pst->number());
+}
+
+/// Before anything of it is read. @param pvUser  lws_filter_network_conn_args
+bool LwsServer::mayConnect(const void *pvUser)
+{
+    const auto &stAddress = static_cast<const lws_filter_network_conn_args *>(pvUser)->cli_addr;
+    char acAddress[INET_ADDRSTRLEN]{};
+    inet_ntop(AF_INET, &reinterpret_cast<const sockaddr_in &>(stAddress).sin_addr, acAddress, sizeof(acAddress));
+    if (!m_visitors.mayEnter(acAddress)) return false;
+    const std::size_t most = m_site.stConfig.connectionsMax;
+    if (m_connections.size() >= most) makeRoom();
+    return m_connections.size() < most;
+}
+
+/// Ends the connection that has been idle for the longest time.
+void LwsServer::makeRoom()
+{
+    Connection *pstOldest = nullptr;
+    for (const auto &[u64Number, pst] : m_connections)
+        if (pst->mayGiveWay() && (!pstOldest || pst->since() < pstOldest->since())) pstOldest = pst.get();
+    if (pstOldest) pstOldest->end();
+}
+} // namespace
+
+namespace web
+{
+std::string Site::deviceFolder() { return UTIL_ROOT_Path("/"); }
+
+void Inbox::post(std::function<void()> fn)
+{
+    const std::lock_guard guard(m_lock);
+    if (!m_pstContext) return;
+    m_waiting.push_back(std::move(fn));
+    if (m_waiting.size() == 1) lws_cancel_service(m_pstContext); // else the wake-up is on its way
+}
+
+void Inbox::close()
+{
+    const std::lock_guard guard(m_lock);
+    m_pstContext = nullptr;
+    m_waiting.clear();
+}
+
+std::vector<std::function<void()>> Inbox::take()
+{
+    const std::lock_guard guard(m_lock);
+    return std::exchange(m_waiting, {});
+}
+
+std::unique_ptr<Server> Server::make(const ServerConfig &stConfig, const Decisions &stDecisions)
+{
+    auto pst = std::make_unique<LwsServer>(stConfig, stDecisions);
+    if (!pst->create()) return nullptr;
+    return pst;
+}
+} // namespace web

@@ -1,0 +1,14 @@
+/// What settings hold: the running value, and the stored one.
+#pragma once
+
+#include "camera/settingEvent.h"
+#include "support/platformTest.h"
+
+inline BU_S32 settingOf(const BU_CHAR *pcKey, BU_S32 s32Pipe, BU_BOOL bReread)
+{
+    BU_S32 s32Value = INT32_MIN;
+    CFG_SETTING_Get(pcKey, s32Pipe, &s32Value, bReread);
+    return s32Value;
+}
+inline BU_S32 running(const BU_CHAR *pcKey, BU_S32 s32Pipe = 0) { return settingOf(pcKey, s32Pipe, BU_FALSE); }
+inline BU_S32 stored(const BU_CHAR *pcKey, BU_S32 s32Pipe = 0) { return settingOf(pcKey, s32Pipe, BU_TRUE); }

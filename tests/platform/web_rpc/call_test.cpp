@@ -1,0 +1,205 @@
+#include "socketFile.h"
+#include "webRpcTest.h"
+
+#include <sys/stat.h>
+#include <thread>
+
+namespace
+{
+using namespace std::string_literals;
+using testing::AllOf;
+using testing::HasSubstr;
+using web_rpc::Kind;
+
+TEST_F(WebRpcTest, RequestReachesTheHandlerAndTheGapsOfTheAnswerAreZero)
+{
+    const Peer peer;
+    peer.call(7, SUM, request(100));
+    const auto st = peer.answer();
+    EXPECT_EQ(st.u32Id, 7U);
+    EXPECT_EQ(st.s32Result, WEB_CLIENT_RESULT_E_OK);
+    EXPECT_EQ(st.strBytes, "\0\0\0\0\0\0\0\0"
+                           "\0\0\0\0\1\0\0\0"
+                           "\x73\0\0\0\0\0\0\0"
+                           "\x11\x22\x33\x44\x55\x66\x77\x88"s); // 100 + 1 + 2 + 3 + 4 + 5
+    peer.call(8, SILENT, request(1));
+    EXPECT_EQ(peer.answer().strBytes, std::string(32, '\0'));
+}
+
+TEST_F(WebRpcTest, WhatCannotBeHandledIsAnsweredAndReachesNoHandler)
+{
+    const std::string strImage = request(1);
+    const struct {
+        BU_U32 u32Event;
+        std::string strImage;
+        BU_S32 s32Result;
+        const char *pcText;
+    } ROWS[] = {
+        {0, strImage, WEB_CLIENT_RESULT_E_UNKNOWN, "event 0"},
+        {8, strImage, WEB_CLIENT_RESULT_E_UNKNOWN, "event 8"},
+        {HALF, strImage, WEB_CLIENT_RESULT_E_UNKNOWN, "event 4"},
+        {116, strImage, WEB_CLIENT_RESULT_E_UNKNOWN, "event 116"},
+        {0xFFFFFFFF, "", WEB_CLIENT_RESULT_E_UNKNOWN, "event 4294967295"},
+        {COUNT, "", WEB_CLIENT_RESULT_E_REFUSED, "32 bytes, not 0"},
+        {COUNT, strImage.substr(1), WEB_CLIENT_RESULT_E_REFUSED, "32 bytes, not 31"},
+        {COUNT, strImage + "x", WEB_CLIENT_RESULT_E_REFUSED, "32 bytes, not 33"},
+        {COUNT, std::string(16000, 'x'), WEB_CLIENT_RESULT_E_REFUSED, "32 bytes, not 16000"},
+    };
+    const Peer peer;
+    BU_U32 u32Id = 0;
+    for (const auto &[u32Event, strRow, s32Result, pcText] : ROWS) {
+        peer.call(++u32Id, u32Event, strRow);
+        const auto st = peer.answer();
+        EXPECT_EQ(st.u32Id, u32Id);
+        EXPECT_EQ(st.s32Result, s32Result) << pcText;
+        EXPECT_THAT(st.strBytes, HasSubstr(pcText));
+    }
+    peer.ask(90, "weather");
+    EXPECT_EQ(peer.answer().s32Result, WEB_CLIENT_RESULT_E_UNKNOWN);
+    peer.call(91, COUNT, strImage);
+    EXPECT_EQ(valueOf(peer.answer().strBytes), 1) << "the first call that a handler sees";
+}
+
+TEST_F(WebRpcTest, WhatIsNoMessageEndsThatConnectionAlone)
+{
+    const auto head = [](Kind enKind, BU_U32 u32Subject) {
+        const web_rpc::tagHEAD_S st{.enKind = enKind, .u32Subject = u32Subject};
+        return std::string(reinterpret_cast<const char *>(&st), sizeof(st));
+    };
+    std::string strOtherMagic = head(Kind::CALL, SUM), strOtherVersion = strOtherMagic;
+    strOtherMagic[0] = 'X';
+    strOtherVersion[3] = 2;
+    const Peer other;
+    for (const std::string &strPacket :
+         {"x"s, head(Kind::CALL, SUM).substr(0, 15), strOtherMagic, strOtherVersion, head(Kind::ANSWER, 0),
+          head(Kind::NEWS, 0), head(Kind{9}, 0), head(Kind::QUESTION, 5) + "name", head(Kind::QUESTION, 0xFFFFFFFF),
+          head(Kind::QUESTION, 65) + std::string(65, 'n'), head(Kind::CALL, SUM) + std::string(20000, 'x')}) {
+        const Peer peer;
+        peer.send(strPacket);
+        EXPECT_TRUE(peer.isEnded()) << testing::PrintToString(strPacket.substr(0, 20));
+    }
+    other.call(1, SUM, request(1));
+    EXPECT_EQ(valueOf(other.answer().strBytes), 16);
+}
+
+TEST_F(WebRpcTest, CallsOfOneEventKeepTheirOrderOthersPass)
+{
+    const Peer peer, second;
+    for (BU_S32 i = 1; i <= 40; ++i) peer.call(static_cast<BU_U32>(i), GATED, request(i));
+    gate().waitFor(1); // of the forty
+    peer.call(100, SUM, request(1));
+    EXPECT_EQ(peer.answer().u32Id, 100U) << "another event of the same web server";
+    second.call(200, COUNT, request(1));
+    EXPECT_EQ(second.answer().u32Id, 200U);
+    gate().open();
+    for (BU_S32 i = 1; i <= 40; ++i) {
+        const auto st = peer.answer();
+        EXPECT_EQ(st.u32Id, static_cast<BU_U32>(i));
+        EXPECT_EQ(valueOf(st.strBytes), i);
+    }
+}
+
+TEST_F(WebRpcTest, SlowHandlersLeaveAReaderThatSaysBusy)
+{
+    const Peer peer, second;
+    for (BU_U32 i = 0; i < 8; ++i) peer.call(i, GATED + i, request(1));
+    gate().waitFor(4); // as many as run at once
+    for (BU_U32 i = 8; i < 200; ++i) peer.call(i, GATED, request(1));
+    // 4 run, 64 of one web server wait
+    std::vector<BU_U32> busy;
+    for (BU_U32 i = 68; i < 200; ++i) {
+        const auto st = peer.answer();
+        ASSERT_EQ(st.s32Result, WEB_CLIENT_RESULT_E_BUSY);
+        busy.push_back(st.u32Id);
+    }
+    EXPECT_EQ(busy.front(), 68U);
+    second.call(1000, GATED, request(1)); // not kept out by the other
+    second.call(1001, SUM, request(1));
+    gate().open();
+    for (const BU_U32 u32Id : {1000U, 1001U}) {
+        const auto st = second.answer();
+        EXPECT_EQ(st.s32Result, WEB_CLIENT_RESULT_E_OK) << u32Id;
+    }
+    for (int i = 0; i < 68; ++i) EXPECT_EQ(peer.answer().s32Result, WEB_CLIENT_RESULT_E_OK);
+    peer.call(2000, SUM, request(1));
+    EXPECT_EQ(peer.answer().u32Id, 2000U);
+}
+
+TEST_F(WebRpcTest, WhoGoesOrDoesNotReadDelaysNobody)
+{
+    const Peer other;
+    {
+        const Peer gone;
+        for (BU_U32 i = 0; i < 8; ++i) gone.call(i, GATED + i, request(1));
+        gate().waitFor(4);
+        gone.call(8, COUNT, request(1));
+        gone.call(9, COUNT, request(1));
+    }
+    gate().open();
+    BU_S32 s32Own = 0, s32All = 0;
+    while (s32All < s32Own + 2) { // what it has asked for is done
+        ASSERT_LT(++s32Own, 100'000);
+        other.call(1, COUNT, request(1));
+        s32All = valueOf(other.answer().strBytes);
+    }
+
+    const Peer deaf;
+    for (BU_U32 i = 0; deaf.ask(i, "settings"); ++i) { // until it is cut off
+        ASSERT_LT(i, 100'000U);
+        if (i % 100) continue;
+        other.call(2, SUM, request(1));
+        EXPECT_EQ(other.answer().u32Id, 2U);
+    }
+    other.call(3, SUM, request(1));
+    EXPECT_EQ(other.answer().u32Id, 3U);
+}
+
+TEST_F(WebRpcTest, ManyWebServersAtOnce)
+{
+    std::vector<std::thread> listThreads;
+    for (int t = 0; t < 6; ++t)
+        listThreads.emplace_back([t] {
+            const Peer peer;
+            for (BU_S32 i = 0; i < 300; ++i) {
+                peer.call(static_cast<BU_U32>(i), i % 2 ? COUNT : SUM, request(1000 * t));
+                const auto st = peer.answer();
+                ASSERT_EQ(st.u32Id, static_cast<BU_U32>(i));
+                if (i % 2 == 0) {
+                    ASSERT_EQ(valueOf(st.strBytes), 1000 * t + 15);
+                }
+            }
+        });
+    for (std::thread &thread : listThreads) thread.join();
+}
+
+class DeepRootTest : public WebRpcTest
+{
+protected:
+    DeepRootTest() : WebRpcTest("/" + std::string(100, 'd') + "/" + std::string(100, 'e')) {}
+};
+
+TEST_F(DeepRootTest, SocketFileIsItsOwnersAlsoBelowALongPath)
+{
+    const std::string strFile = UTIL_ROOT_Path(web_rpc::SOCKET_PATH);
+    struct stat st {
+    };
+    ASSERT_EQ(stat(strFile.c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode, S_IFSOCK | 0600U);
+    const Peer peer;
+    peer.call(1, SUM, request(1));
+    EXPECT_EQ(peer.answer().u32Id, 1U);
+
+    EXPECT_LT(web_rpc::listenAt(web_rpc::SOCKET_PATH), 0) << "a second camera must not take its place";
+    EXPECT_EQ(WEB_RPC_RegisterMainHandler(WEB_RPC_EVENT_GROUP_E_GET_ISP, nullptr), -1);
+    EXPECT_EQ(WEB_RPC_UnInitForAppMain(BU_FALSE), 0);
+    EXPECT_TRUE(peer.isEnded());
+    EXPECT_LT(web_rpc::connectTo(web_rpc::SOCKET_PATH), 0);
+    {
+        const auto stale = web_rpc::listenAt(web_rpc::SOCKET_PATH);
+    } // leaves its file behind
+    EXPECT_EQ(WEB_RPC_InitForAppMain(), 0);
+    const Peer next;
+    next.call(2, SUM, request(1));
+    EXPECT_EQ(next.answer().u32Id, 2U);
+}
+} // namespace

@@ -1,0 +1,68 @@
+#include "peer.h"
+
+#include "socketFile.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+
+using namespace web_rpc;
+
+Peer::Peer() : m_fd(connectTo(SOCKET_PATH))
+{
+    EXPECT_GE(m_fd, 0) << "nobody listens";
+    fcntl(m_fd, F_SETFL, 0);
+    const timeval stLimit{20, 0};
+    setsockopt(m_fd, SOL_SOCKET, SO_RCVTIMEO, &stLimit, sizeof(stLimit));
+}
+
+bool Peer::send(const std::string &strPacket) const
+{
+    return ::send(m_fd, strPacket.data(), strPacket.size(), MSG_NOSIGNAL) >= 0;
+}
+
+void Peer::call(BU_U32 u32Id, BU_U32 u32Event, const std::string &strImage) const
+{
+    const tagHEAD_S stHead{.enKind = Kind::CALL, .u32Id = u32Id, .u32Subject = u32Event};
+    send(std::string(reinterpret_cast<const char *>(&stHead), sizeof(stHead)) + strImage);
+}
+
+bool Peer::ask(BU_U32 u32Id, const std::string &strQuestion, const std::string &strJson) const
+{
+    return send(encodeQuestion(u32Id, strQuestion, strJson));
+}
+
+Peer::tagPACKET_S Peer::receive() const
+{
+    thread_local std::string strBuffer(FROM_CAMERA_MAX, '\0');
+    const ssize_t length = recv(m_fd, strBuffer.data(), strBuffer.size(), 0);
+    EXPECT_FALSE(length < 0 && errno == EAGAIN) << "waited in vain";
+    const auto message = decode({strBuffer.data(), length > 0 ? static_cast<std::size_t>(length) : 0});
+    if (!message) return {};
+    return {message->stHead.enKind, message->stHead.s16Result, message->stHead.u32Id, std::string(message->bytes)};
+}
+
+Peer::tagPACKET_S Peer::receiveKind(Kind enKind) const
+{
+    tagPACKET_S st = receive();
+    while (st.enKind != enKind && st.enKind != Kind{}) st = receive();
+    EXPECT_EQ(st.enKind, enKind) << "the connection has ended";
+    return st;
+}
+
+Peer::tagPACKET_S Peer::answer() const { return receiveKind(Kind::ANSWER); }
+std::string Peer::news() const
+{
+    std::string strNews = receiveKind(Kind::NEWS).strBytes;
+    while (strNews.starts_with("{\"position")) strNews = receiveKind(Kind::NEWS).strBytes;
+    return strNews;
+}
+
+bool Peer::isEnded() const
+{
+    tagPACKET_S st = receive();
+    while (st.enKind != Kind{}) st = receive();
+    return true; // or the wait has failed the test
+}

@@ -1,0 +1,97 @@
+#include "webRpcTest.h"
+
+#include <atomic>
+#include <cstring>
+
+namespace
+{
+typedef tag_WEB_RPC_PANEL_REQ_PAYLOAD_S Request;
+typedef tag_WEB_RPC_PANEL_RES_PAYLOAD_S Response;
+
+std::atomic<BU_S32> g_s32Count{0};
+
+template <class T> WEB_RPC_PAYLOAD_S *create() { return new T(); }
+
+template <auto Handle> void handle(WEB_RPC_PAYLOAD_S *pstRequest, WEB_RPC_PAYLOAD_S *pstResponse)
+{
+    Handle(*static_cast<const Request *>(pstRequest), *static_cast<Response *>(pstResponse));
+}
+
+void registerEvent(BU_U32 u32Event, void (*pfnHandler)(WEB_RPC_PAYLOAD_S *, WEB_RPC_PAYLOAD_S *))
+{
+    const auto enEvent = static_cast<tag_WEB_RPC_EVENT_GROUP_E>(u32Event);
+    EXPECT_EQ(WEB_RPC_RegisterMainHandler(enEvent, pfnHandler), 0);
+    EXPECT_EQ(WEB_RPC_RegisterReqPayloadCreator(enEvent, create<Request>), 0);
+    EXPECT_EQ(WEB_RPC_RegisterResPayloadCreator(enEvent, create<Response>), 0);
+}
+
+void registerAll()
+{
+    g_s32Count = 0;
+    registerEvent(SUM, handle<[](const Request &st, Response &stResponse) {
+                      stResponse.bVisible = BU_TRUE;
+                      stResponse.s32Value =
+                          st.s32EventType + st.s32Id + st.s32Value0 + st.s32Value1 + st.s32Value2 + st.s32Value3;
+                      stResponse.s32SideEffectBitmap = 0x8877665544332211;
+                  }>);
+    registerEvent(COUNT, handle<[](const Request &, Response &stResponse) { stResponse.s32Value = ++g_s32Count; }>);
+    registerEvent(SILENT, handle<[](const Request &, Response &) {}>);
+    EXPECT_EQ(WEB_RPC_RegisterMainHandler(static_cast<tag_WEB_RPC_EVENT_GROUP_E>(HALF),
+                                          handle<[](const Request &, Response &) {}>),
+              0);
+}
+} // namespace
+
+Gate &WebRpcTest::gate()
+{
+    static Gate stGate;
+    return stGate;
+}
+
+WebRpcTest::WebRpcTest(const std::string &strFolder, Time enTime)
+{
+    if (enTime == Time::MANUAL) m_clock.emplace();
+    char acFolder[] = "/tmp/camera-test-XXXXXX";
+    m_strRoot = mkdtemp(acFolder);
+    UTIL_ROOT_Set((m_strRoot + strFolder).c_str());
+    CFG_STORE_Open(nullptr);
+    CFG_SETTING_Reload();
+    registerAll();
+    gate().open(false);
+    for (BU_U32 u32Event = GATED; u32Event <= GATED_LAST; ++u32Event)
+        registerEvent(u32Event, handle<[](const Request &st, Response &stResponse) {
+                          gate().pass();
+                          stResponse.s32Value = st.s32EventType;
+                      }>);
+    EXPECT_EQ(WEB_RPC_InitForAppMain(), 0);
+}
+
+WebRpcTest::~WebRpcTest()
+{
+    gate().open();
+    EXPECT_EQ(WEB_RPC_UnInitForAppMain(BU_FALSE), 0);
+    UTIL_THREAD_WaitAsync();
+    std::filesystem::remove_all(m_strRoot);
+}
+
+std::string WebRpcTest::request(BU_S32 s32Item)
+{
+    Request st;
+    st.s32EventType = s32Item;
+    st.s32Id = 1;
+    st.s32Value0 = 2;
+    st.s32Value1 = 3;
+    st.s32Value2 = 4;
+    st.s32Value3 = 5;
+    std::string strImage(st.getSize(), '\xEE'); // head and padding: anything
+    st.dumpBytes(strImage.data(), st.getSize());
+    return strImage;
+}
+
+BU_S32 WebRpcTest::valueOf(const std::string &strResponse)
+{
+    BU_S32 s32Value = 0;
+    EXPECT_EQ(strResponse.size(), 32U);
+    if (strResponse.size() == 32) std::memcpy(&s32Value, strResponse.data() + 16, sizeof(s32Value));
+    return s32Value;
+}

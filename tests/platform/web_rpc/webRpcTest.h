@@ -1,0 +1,76 @@
+/// Base of the tests of the running service: real time, a store in memory, a device root of its own, and handlers that
+/// the test holds up.
+#pragma once
+
+#include "camera/settingEvent.h"
+#include "config/store.h"
+#include "peer.h"
+#include "util/file.h"
+#include "util/thread.h"
+#include "util/time.h"
+#include "web/panelPayload.h"
+#include "web/webClient.h"
+#include "web/webRpc.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <condition_variable>
+#include <cstdlib>
+#include <filesystem>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+/// A door that handlers wait at.
+class Gate
+{
+public:
+    void open(bool bOpen = true)
+    {
+        const std::lock_guard guard(m_lock);
+        m_bOpen = bOpen;
+        m_changed.notify_all();
+    }
+    void pass()
+    {
+        std::unique_lock guard(m_lock);
+        ++m_s32Waiting;
+        m_changed.notify_all();
+        EXPECT_TRUE(m_changed.wait_for(guard, LIMIT, [this] { return m_bOpen; }));
+        --m_s32Waiting;
+    }
+    void waitFor(int s32Waiting)
+    {
+        std::unique_lock guard(m_lock);
+        EXPECT_TRUE(m_changed.wait_for(guard, LIMIT, [&] { return m_s32Waiting == s32Waiting; }));
+    }
+
+private:
+    static constexpr std::chrono::seconds LIMIT{20};
+    std::mutex m_lock;
+    std::condition_variable m_changed;
+    bool m_bOpen = false;
+    int m_s32Waiting = 0;
+};
+
+/// The events of the tests: SUM and COUNT answer at once, SILENT says nothing, from GATED on the handlers wait.
+enum : BU_U32 { SUM = 1, COUNT = 2, SILENT = 3, HALF = 4, GATED = 10, GATED_LAST = 17 };
+
+class WebRpcTest : public testing::Test
+{
+protected:
+    enum class Time { REAL, MANUAL };
+    explicit WebRpcTest(const std::string &strFolder = "", Time enTime = Time::REAL);
+    ~WebRpcTest() override;
+
+    util::ManualClock &clock() { return *m_clock; }
+    static Gate &gate();
+    /// A request whose items are 1, 2, ... but for the first.
+    static std::string request(BU_S32 s32Item);
+    static BU_S32 valueOf(const std::string &strResponse); ///< s32Value of a panel response
+
+private:
+    std::optional<util::ManualClock> m_clock;
+    std::string m_strRoot;
+};

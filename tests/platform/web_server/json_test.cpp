@@ -1,0 +1,188 @@
+#include "json.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+namespace
+{
+struct tagPOINT_S {
+    BU_S32 x, y;
+};
+struct tagSCREEN_S {
+    BU_U32 u32Width;
+    BU_CHAR acText[8];
+};
+union tagPART_U {
+    tagPOINT_S stPoint;
+    tagSCREEN_S stScreen;
+    BU_U8 u8Raw;
+};
+/// A record with everything that a list can name.
+struct tagALL_S {
+    BU_S32 s32;
+    BU_U32 u32;
+    BU_U64 u64;
+    BU_S64 s64;
+    BU_U16 u16;
+    BU_S8 s8;
+    bool bSmall;
+    BU_BOOL bLarge;
+    float fReal;
+    BU_CHAR acName[8];
+    BU_S32 as32[3];
+    tagPOINT_S astPoint[2];
+    BU_S32 enPart;
+    tagPART_U data;
+};
+} // namespace
+
+WEB_FIELDS(tagPOINT_S, WEB_FIELD(x, 0), WEB_FIELD(y, 4));
+WEB_FIELDS(tagSCREEN_S, WEB_FIELD(u32Width, 0), WEB_FIELD(acText, 4));
+WEB_MEMBERS(tagPART_U, enPart, WEB_MEMBER(1, stPoint), WEB_MEMBER(2, stScreen), WEB_MEMBER(-3, u8Raw));
+WEB_FIELDS(tagALL_S, WEB_FIELD(s32, 0), WEB_FIELD(u32, 0), WEB_FIELD(u64, 0), WEB_FIELD(s64, 0), WEB_FIELD(u16, 0),
+           WEB_FIELD(s8, 0), WEB_FIELD(bSmall, 0), WEB_SWITCH(bLarge, 0), WEB_FIELD(fReal, 0), WEB_FIELD(acName, 0),
+           WEB_FIELD(as32, 0), WEB_FIELD(astPoint, 0), WEB_FIELD(enPart, 0), WEB_FIELD(data, 0));
+
+namespace
+{
+using namespace web;
+using namespace std::string_literals;
+using testing::HasSubstr;
+
+std::string readAll(std::string_view json, tagALL_S &stAll)
+{
+    stAll = {};
+    return readRecord(web_layout::RECORD<tagALL_S>, json, reinterpret_cast<BU_CHAR *>(&stAll));
+}
+
+std::string writeAll(const tagALL_S &stAll)
+{
+    return writeRecord(web_layout::RECORD<tagALL_S>, reinterpret_cast<const BU_CHAR *>(&stAll));
+}
+
+TEST(Json, WritesWhatItReads)
+{
+    const std::string strJson =
+        R"({"s32":-2147483648,"u32":4294967295,"u64":18446744073709551615,"s64":-9223372036854775808,"u16":65535,)"
+        R"("s8":-128,"bSmall":true,"bLarge":true,"fReal":0.1,"acName":"Käm \"","as32":[1,-2,3],)"
+        R"("astPoint":[{"x":1,"y":2},{"x":3,"y":4}],"enPart":2,"data":{"stScreen":{"u32Width":7,"acText":"a"}}})";
+    tagALL_S stAll;
+    ASSERT_EQ(readAll(strJson, stAll), "");
+    EXPECT_EQ(stAll.u64, UINT64_MAX);
+    EXPECT_EQ(stAll.fReal, 0.1F);
+    EXPECT_STREQ(stAll.acName, "Käm \"");
+    EXPECT_EQ(stAll.astPoint[1].y, 4);
+    EXPECT_STREQ(stAll.data.stScreen.acText, "a");
+    EXPECT_EQ(writeAll(stAll), strJson);
+}
+
+TEST(Json, TakesWhatMeansTheSame)
+{
+    struct tagROW_S {
+        const char *pcJson, *pcPart; ///< of the answer
+    };
+    constexpr tagROW_S ROWS[] = {
+        {"{}", R"({"s32":0,"u32":0,)"},
+        {" {\n\"s32\" : 1e3 } ", R"("s32":1000)"},
+        {R"({"u64":5.0})", R"("u64":5,)"},
+        {R"({"bSmall":1,"bLarge":0})", R"("bSmall":true,"bLarge":false)"},
+        {R"({"fReal":3})", R"("fReal":3.0)"},
+        {R"({"as32":[5]})", R"("as32":[5,0,0])"},
+        {R"({"as32":[]})", R"("as32":[0,0,0])"},
+        {R"({"astPoint":[{},{"y":9}]})", R"("astPoint":[{"x":0,"y":0},{"x":0,"y":9}])"},
+        {R"({"data":{"stPoint":{"x":5}},"enPart":1})", R"("enPart":1,"data":{"stPoint":{"x":5,"y":0}})"}, // any order
+        {R"({"data":{"u8Raw":255},"enPart":-3})", R"("data":{"u8Raw":255})"},
+        {R"({"data":{},"enPart":1})", R"("data":{"stPoint":{"x":0,"y":0}})"},
+        {R"({"enPart":99})", R"("enPart":99,"data":{}})"},
+        {R"({"acName":"1234567"})", R"("acName":"1234567")"},
+        {R"({"acName":"\u00fc"})", R"("acName":"ü")"},
+    };
+    for (const auto &[pcJson, pcPart] : ROWS) {
+        tagALL_S stAll;
+        EXPECT_EQ(readAll(pcJson, stAll), "") << pcJson;
+        EXPECT_THAT(writeAll(stAll), HasSubstr(pcPart)) << pcJson;
+    }
+}
+
+TEST(Json, SaysWhatIsWrong)
+{
+    struct tagROW_S {
+        std::string strJson, strWhy;
+    };
+    const std::string strDeep = R"({"data":)" + std::string(100'000, '[');
+    const tagROW_S ROWS[] = {
+        {"", "this is no JSON"},
+        {"{", "this is no JSON"},
+        {"{} {}", "this is no JSON"},
+        {R"({"s32":1,})", "this is no JSON"},
+        {R"({"s32":NaN})", "this is no JSON"},
+        {R"({"s32":1e999})", "this is no JSON"},
+        {R"({"s32":01})", "this is no JSON"},
+        {R"({"acName":"\ud800"})", "this is no JSON"},
+        {"{\"acName\":\"\xFF\"}", "this is no JSON"},
+        {"{\"acName\":\"\xC0\xAF\"}", "this is no JSON"}, // a '/' in disguise
+        {"[]", "must be a JSON object"},
+        {"null", "must be a JSON object"},
+        {"7", "must be a JSON object"},
+        {strDeep, "nested too deeply"},
+        {R"({"s32":1,"s32":1})", "\"s32\" is there twice"},
+        {R"({"astPoint":[{"x":1,"x":1}]})", "\"x\" is there twice"},
+        {R"({"other":1})", "\"other\" is no field"},
+        {R"({"astPoint":[{"z":1}]})", "astPoint: \"z\" is no field"},
+        {R"({")" + std::string(5000, 'q') + R"(":1})", "\"qqq"},
+        {R"({"s32":"1"})", "s32 must be a whole number"},
+        {R"({"s32":null})", "s32 must be a whole number"},
+        {R"({"s32":true})", "s32 must be a whole number"},
+        {R"({"s32":1.5})", "s32 must be a whole number"},
+        {R"({"s32":2147483648})", "s32 must be a whole number, -2147483648 to 2147483647"},
+        {R"({"s32":-2147483649})", "s32 must"},
+        {R"({"u32":-1})", "u32 must be a whole number, 0 to 4294967295"},
+        {R"({"u32":4294967296})", "u32 must"},
+        {R"({"u64":-1})", "u64 must"},
+        {R"({"u64":18446744073709551616})", "u64 must"}, // the parser makes it a floating point number
+        {R"({"s64":9223372036854775808})", "s64 must"},
+        {R"({"s8":128})", "s8 must be a whole number, -128 to 127"},
+        {R"({"u16":65536})", "u16 must"},
+        {R"({"bSmall":2})", "bSmall must be true or false"},
+        {R"({"bLarge":"true"})", "bLarge must"},
+        {R"({"bLarge":1.0})", "bLarge must"},
+        {R"({"fReal":1e39})", "fReal must be a number"},
+        {R"({"fReal":"1"})", "fReal must be a number"},
+        {R"({"acName":"12345678"})", "acName must not be longer than 7 bytes"},
+        {R"({"acName":"1234üü"})", "acName must not be longer than 7 bytes"}, // characters are not bytes
+        {R"({"acName":"a\u0000"})", "acName must not contain NUL"},
+        {R"({"acName":5})", "acName must be a text"},
+        {R"({"as32":[1,2,3,4]})", "as32 must be an array of at most 3"},
+        {R"({"as32":1})", "as32 must be an array"},
+        {R"({"as32":[1,"2"]})", "as32 must be a whole number"},
+        {R"({"astPoint":{}})", "astPoint must be an array"},
+        {R"({"astPoint":[1]})", "astPoint must be an object"},
+        {R"({"data":1})", "data must be an object"},
+        {R"({"data":{"stPoint":{}}})", "data cannot hold \"stPoint\" while enPart is 0"},
+        {R"({"enPart":1,"data":{"stScreen":{}}})", "data cannot hold \"stScreen\" while enPart is 1"},
+        {R"({"enPart":1,"data":{"stPoint":{},"stScreen":{}}})", "data must be an object with one member"},
+        {R"({"enPart":2,"data":{"stScreen":{"acText":"123456789"}}})", "acText must not be longer"},
+    };
+    for (const auto &[strJson, strWhy] : ROWS) {
+        tagALL_S stAll;
+        const std::string strFault = readAll(strJson, stAll);
+        EXPECT_THAT(strFault, HasSubstr(strWhy)) << strJson.substr(0, 80);
+        EXPECT_LT(strFault.size(), 200U);
+    }
+}
+
+TEST(Json, AnswersWithWhateverARecordHolds)
+{
+    tagALL_S stAll{};
+    std::memset(&stAll, 0xFF, sizeof stAll); // no terminator, no UTF-8, a REAL that is no number, a switch of -1
+    stAll.bSmall = true;
+    stAll.enPart = -3;
+    const std::string strJson = writeAll(stAll);
+    EXPECT_THAT(strJson, HasSubstr(R"("fReal":null)"));
+    EXPECT_THAT(strJson, HasSubstr(R"("acName":")" + "\xEF\xBF\xBD"s));
+    EXPECT_THAT(strJson, HasSubstr(R"("bLarge":true)"));
+    EXPECT_THAT(strJson, HasSubstr(R"("data":{"u8Raw":255})"));
+    EXPECT_EQ(quoted("a\"\x01\xFF"), "\"a\\\"\\u0001\xEF\xBF\xBD\"");
+}
+} // namespace

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "password.h"
+#include "request.h"
+#include "routes.h"
+#include "webRoot.h"
+
+#include <ctime>
+
+/// The decisions with a user of each role, who is logged in.
+class LogicTest : public WebRootTest
+{
+protected:
+    typedef std::vector<std::pair<web::Role, std::string>> Tokens; // of ANYONE: empty
+
+    /// Makes the users' files; call it first where they are wanted.
+    void haveUsers()
+    {
+        std::string strUsers, strSessions;
+        for (const web::Role enRole : {web::Role::VIEWER, web::Role::OPERATOR, web::Role::ADMIN}) {
+            const std::string strName = web::nameOf(enRole), strComma = strUsers.empty() ? "" : ",";
+            tokens.emplace_back(enRole, web::makeToken());
+            strUsers += strComma + R"({"name":")" + strName + R"(","role":")" + strName + R"(","hash":"$no"})";
+            strSessions += strComma + R"({"key":")" + web::digest(tokens.back().second) + R"(","user":")" + strName +
+                           R"(","opened":)" + std::to_string(s64Now) + "}";
+        }
+        write(web::USERS_FILE, R"({"version":1,"users":[)" + strUsers + "]}");
+        write(web::SESSIONS_FILE, "[" + strSessions + "]");
+    }
+
+    /// A request as a browser sends it from the camera's own page.
+    web::Request request(const std::string &strMethod, const std::string &strPath, const std::string &strToken = {},
+                         const std::string &strBody = {}) const
+    {
+        web::Request stRequest;
+        stRequest.strMethod = strMethod;
+        stRequest.strPath = strPath;
+        stRequest.strHost = "127.0.0.1:8080";
+        stRequest.strOrigin = "http://127.0.0.1:8080";
+        stRequest.strRemote = "127.0.0.1";
+        stRequest.s64Unix = s64Now;
+        if (!strToken.empty()) stRequest.strCookie = "a=b; camera_session=" + strToken;
+        if (!strBody.empty()) {
+            stRequest.strContentType = "application/json";
+            stRequest.u64BodyBytes = strBody.size();
+            stRequest.strBody = strBody;
+        }
+        return stRequest;
+    }
+
+    const std::string &token(web::Role enRole) const
+    {
+        return std::find_if(tokens.begin(), tokens.end(), [&](const auto &p) { return p.first == enRole; })->second;
+    }
+
+    /// What a browser would get; 0: something that is not decided here (a call, a file).
+    static BU_U32 status(web::Outcome stOutcome) { return reply(std::move(stOutcome)).u32Status; }
+    static web::Reply reply(web::Outcome stOutcome)
+    {
+        if (auto *pstWork = std::get_if<web::Work>(&stOutcome)) return pstWork->fnRun();
+        if (auto *pstReply = std::get_if<web::Reply>(&stOutcome)) return *pstReply;
+        return {0, {}, {}, {}};
+    }
+    static std::string header(const web::Reply &stReply, const std::string &strName)
+    {
+        for (const auto &[strOther, strValue] : stReply.headers)
+            if (strOther == strName) return strValue;
+        return {};
+    }
+
+    const BU_S64 s64Now = std::time(nullptr);
+    Tokens tokens{{web::Role::ANYONE, ""}};
+};

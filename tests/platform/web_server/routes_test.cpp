@@ -1,0 +1,304 @@
+#include "describe.h"
+#include "eventApi.h"
+#include "logicTest.h"
+#include "web/events.h"
+
+namespace
+{
+using namespace web;
+using namespace testing;
+
+class RoutesTest : public LogicTest
+{
+protected:
+    RoutesTest() { haveUsers(); }
+
+    /// A request that the route's table row makes sense of.
+    Request fitting(const Route &stRoute, const std::string &strToken) const
+    {
+        std::string strPath = stRoute.pcPath;
+        for (const auto &[pcPattern, pcName] : {std::pair{"/api/*", "WEB_RPC_EVENT_GROUP_E_GET_PT"},
+                                                {"/presets/*", "1.jpg"},
+                                                {"/preview/*", "ch2"},
+                                                {"/*", "js/app.js"},
+                                                {"/users/*", "nobody"}})
+            if (strPath == pcPattern) strPath.replace(strPath.size() - 1, 1, pcName);
+        Request stRequest = request(stRoute.pcMethod, strPath, strToken, stRoute.bodyMax > 0 ? "{}" : "");
+        stRequest.bUpgrade = stRoute.bUpgrade;
+        return stRequest;
+    }
+};
+
+TEST_F(RoutesTest, NeedTheirRole)
+{
+    WebLogic logic("", "camera", "");
+    for (const Route &stRoute : routes())
+        for (const auto &[enRole, strToken] : tokens) {
+            SCOPED_TRACE(std::string(stRoute.pcMethod) + " " + stRoute.pcPath + " as " + nameOf(enRole));
+            const Request stRequest = fitting(stRoute, strToken);
+            const auto stRefusal = logic.admit(stRequest).stRefusal;
+            if (enRole < stRoute.enRole) {
+                const BU_U32 u32Wanted = enRole == Role::ANYONE ? 401 : 403;
+                ASSERT_TRUE(stRefusal); // before a body is read
+                EXPECT_EQ(stRefusal->u32Status, u32Wanted);
+                EXPECT_EQ(status(logic.handle(stRequest)), u32Wanted);
+            } else {
+                EXPECT_FALSE(stRefusal);
+                Outcome stOutcome = logic.handle(stRequest);
+                const auto *pstReply = std::get_if<Reply>(&stOutcome);
+                EXPECT_FALSE(pstReply && (pstReply->u32Status == 401 || pstReply->u32Status == 403));
+            }
+        }
+}
+
+TEST_F(RoutesTest, OpenToEverybodyAreTheLoginAndThePageAlone)
+{
+    std::string strOpen;
+    for (const Route &stRoute : routes())
+        if (stRoute.enRole == Role::ANYONE) strOpen += std::string(stRoute.pcMethod) + stRoute.pcPath + " ";
+    EXPECT_EQ(strOpen, "GET/session POST/setup POST/session GET/* ");
+}
+
+TEST_F(RoutesTest, WhatIsNotListedIsDenied)
+{
+    WebLogic logic("", "camera", "");
+    struct tagROW_S {
+        const char *pcMethod, *pcPath;
+        BU_U32 u32Status;
+        const char *pcAllow;
+    };
+    constexpr tagROW_S ROWS[] = {
+        {"PUT", "/session", 405, "GET, POST, DELETE"},
+        {"OPTIONS", "/session", 405, "GET, POST, DELETE"},
+        {"GET", "/api/WEB_RPC_EVENT_GROUP_E_GET_PT", 405, "POST"},
+        {"HEAD", "/api/x", 405, "POST"},
+        {"get", "/settings", 405, "GET"},
+        {"GET", "/setup", 405, "POST"},
+        {"POST", "/", 405, "GET"},
+        {"POST", "/presets/1.jpg", 405, "GET"},
+        {"POST", "/index.html", 404, ""},
+        {"TRACE", "/nothing", 404, ""},
+        {"POST", "/api/", 404, ""},
+        {"POST", "/api/WEB_RPC_EVENT_GROUP_E_GET_PT/x", 404, ""},
+        {"POST", "/api", 404, ""},
+        {"DELETE", "/users/", 404, ""},
+        {"GET", "/session/", 404, ""},
+        {"POST", "/API/WEB_RPC_EVENT_GROUP_E_GET_PT", 404, ""},
+        {"POST", "//session", 404, ""},
+        {"POST", "*", 404, ""},
+        {"GET", "http://evil.example/", 404, ""},
+        {"GET", "/js/../users.json", 404, ""},
+        {"GET", "/%2e%2e/users.json", 404, ""},
+    };
+    for (const auto &[pcMethod, pcPath, u32Status, pcAllow] : ROWS) {
+        const Reply stReply = reply(logic.handle(request(pcMethod, pcPath, token(Role::ADMIN))));
+        EXPECT_EQ(stReply.u32Status, u32Status) << pcMethod << " " << pcPath;
+        EXPECT_EQ(header(stReply, "Allow"), pcAllow) << pcMethod << " " << pcPath;
+        EXPECT_THAT(stReply.strBody, StartsWith("{\"error\":\"")) << pcPath;
+    }
+}
+
+TEST_F(RoutesTest, EventsNeedTheirRole)
+{
+    WebLogic logic("", "camera", "");
+    const std::vector<std::string> ADMIN{
+        "WEB_RPC_EVENT_GROUP_E_SYSTEM_FACTORY_RESET", "WEB_RPC_EVENT_GROUP_E_SET_ETH_CFG",
+        "WEB_RPC_EVENT_GROUP_E_SET_SYSTEM_INFO",      "WEB_RPC_EVENT_TKVMX_E_SET_ETH_CFG",
+        "WEB_RPC_EVENT_TKVMX_E_SET_NDI_NET_CFG",      "WEB_RPC_EVENT_TKVMX_E_SET_DANTE_CFG"};
+    const std::vector<std::string> SECRETS{"WEB_RPC_EVENT_GROUP_E_GET_MEDIA_PROTOCOL",
+                                           "WEB_RPC_EVENT_GROUP_E_GET_MEDIA_PROTOCOL_GLOBAL",
+                                           "WEB_RPC_EVENT_TKVMX_E_GET_ENCODER_SETTING_CFG"};
+    const auto isIn = [](const std::vector<std::string> &names, const std::string &strName) {
+        return std::count(names.begin(), names.end(), strName) > 0;
+    };
+    for (const WEB_EVENT_S &stEvent : WEB_EVENTS) {
+        const std::string strName = stEvent.pcName;
+        const bool bGet = strName.find("_GET_") != strName.npos && !isIn(SECRETS, strName);
+        const bool bAdmin = isIn(ADMIN, strName);
+        for (const auto &[enRole, strToken] : tokens) {
+            const bool bMay =
+                enRole == Role::ADMIN || (enRole == Role::OPERATOR && !bAdmin) || (enRole == Role::VIEWER && bGet);
+            const Outcome stOutcome = logic.handle(request("POST", "/api/" + strName, strToken, "{}"));
+            const auto *pstCall = std::get_if<EventCall>(&stOutcome);
+            ASSERT_EQ(pstCall != nullptr, bMay) << strName << " as " << nameOf(enRole);
+            if (pstCall) {
+                EXPECT_EQ(pstCall->enEvent, stEvent.enEvent);
+            }
+        }
+    }
+    EXPECT_EQ(
+        status(logic.handle(request("POST", "/api/WEB_RPC_EVENT_GROUP_E_RESTART_VIDEO", token(Role::ADMIN), "{}"))),
+        404U); // a number without a handler
+    EXPECT_EQ(status(logic.handle(request("POST", "/api/toString", token(Role::ADMIN), "{}"))), 404U);
+}
+
+TEST_F(RoutesTest, TheRulesComeBeforeEverything)
+{
+    WebLogic logic("studio.example", "camera", "");
+    const std::string &strAdmin = token(Role::ADMIN);
+    const Request stGood = request("POST", "/centre", strAdmin, R"({"x":0.5,"y":0.25})");
+    ASSERT_TRUE(std::holds_alternative<Question>(logic.handle(stGood)));
+    struct tagROW_S {
+        const char *pcWhat;
+        std::function<void(Request &)> fnChange;
+        BU_U32 u32Status; ///< 0: good as well
+    };
+    const tagROW_S ROWS[] = {
+        {"no host", [](Request &r) { r.strHost.reset(); }, 400},
+        {"a name that was bound to this address", [](Request &r) { r.strHost = r.strOrigin = "evil.example"; }, 421},
+        {"a name of this camera", [](Request &r) { r.strHost = "studio.example", r.strOrigin.reset(); }, 0},
+        {"another page", [](Request &r) { r.strOrigin = "http://evil.example"; }, 403},
+        {"a page without origin", [](Request &r) { r.strOrigin = "null"; }, 403},
+        {"another program of this machine", [](Request &r) { r.strOrigin = "http://127.0.0.1:3000"; }, 403},
+        {"the page of HTTP on HTTPS", [](Request &r) { r.bTls = true; }, 403},
+        {"no browser", [](Request &r) { r.strOrigin.reset(); }, 0},
+        {"another site that says no origin", [](Request &r) { r.strOrigin.reset(), r.strFetchSite = "cross-site"; },
+         403},
+        {"a form", [](Request &r) { r.strContentType = "application/x-www-form-urlencoded"; }, 415},
+        {"a simple request", [](Request &r) { r.strContentType = "text/plain"; }, 415},
+        {"no content type", [](Request &r) { r.strContentType.reset(); }, 415},
+        {"a huge body", [](Request &r) { r.u64BodyBytes = 1ULL << 40; }, 413},
+        {"a huge body that was not announced", [](Request &r) { r.u64BodyBytes.reset(), r.strBody.resize(5000, ' '); },
+         413},
+        {"an empty body", [](Request &r) { r.u64BodyBytes.reset(), r.strBody.clear(); }, 400},
+        {"half a body", [](Request &r) { r.strBody = R"({"x":0.5})"; }, 400},
+        {"outside the picture", [](Request &r) { r.strBody = R"({"x":0.5,"y":1.01})"; }, 400},
+        {"an upgrade", [](Request &r) { r.bUpgrade = true; }, 400},
+        {"no cookie", [](Request &r) { r.strCookie.reset(); }, 401},
+        {"a forged cookie", [](Request &r) { r.strCookie = "camera_session=" + makeToken(); }, 401},
+        {"a foisted cookie", [](Request &r) { r.strCookie = "camera_session=" + makeToken() + "; " + *r.strCookie; },
+         0},
+        {"the digest as a cookie", [&](Request &r) { r.strCookie = "camera_session=" + digest(strAdmin); }, 401},
+        {"garbage as a cookie", [](Request &r) { r.strCookie = std::string("\xFF;;=\0", 5); }, 401},
+        {"an old session", [](Request &r) { r.s64Unix += Sessions::IDLE_S + 1; }, 401},
+    };
+    for (const auto &[pcWhat, fnChange, u32Status] : ROWS) {
+        Request stRequest = stGood;
+        fnChange(stRequest);
+        EXPECT_EQ(status(logic.handle(stRequest)), u32Status) << pcWhat;
+    }
+}
+
+TEST_F(RoutesTest, HeadersDecideBeforeABodyIsRead)
+{
+    WebLogic logic("", "camera", "");
+    Request stRequest = request("POST", "/api/WEB_RPC_EVENT_GROUP_E_GET_PT", token(Role::VIEWER));
+    stRequest.strContentType = "application/json";
+    stRequest.bChunked = true;
+    const Admission stAdmission = logic.admit(stRequest);
+    EXPECT_FALSE(stAdmission.stRefusal);
+    EXPECT_GE(stAdmission.bodyMax, 8U << 10);
+    EXPECT_LE(stAdmission.bodyMax, 64U << 10);
+    stRequest.u64BodyBytes = stAdmission.bodyMax + 1;
+    EXPECT_EQ(logic.admit(stRequest).stRefusal.value().u32Status, 413U);
+
+    Request stGet = request("GET", "/settings", token(Role::VIEWER));
+    stGet.bChunked = true;
+    EXPECT_EQ(logic.admit(stGet).stRefusal.value().u32Status, 413U);
+}
+
+TEST_F(RoutesTest, WebSocketsOpenFromTheOwnPageAlone)
+{
+    WebLogic logic("", "camera", "");
+    Request stRequest = request("GET", "/preview/ch1", token(Role::VIEWER));
+    EXPECT_EQ(status(logic.handle(stRequest)), 426U);
+    stRequest.bUpgrade = true;
+    const Outcome stOutcome = logic.handle(stRequest);
+    ASSERT_TRUE(std::holds_alternative<PreviewProxy>(stOutcome));
+    const std::string strSession = std::get<PreviewProxy>(stOutcome).strSession;
+    EXPECT_TRUE(logic.isOpen(strSession, s64Now));
+    EXPECT_EQ(status(logic.handle(request("DELETE", "/session", token(Role::VIEWER)))), 200U);
+    EXPECT_FALSE(logic.isOpen(strSession, s64Now));
+
+    stRequest.strCookie = "camera_session=" + token(Role::OPERATOR);
+    for (const char *pcPath : {"/preview/ch3", "/preview/ch1x", "/preview/..", "/preview/CH1"}) {
+        stRequest.strPath = pcPath;
+        EXPECT_EQ(status(logic.handle(stRequest)), 404U) << pcPath;
+    }
+    stRequest.strPath = "/preview/ch1";
+    stRequest.strOrigin = "http://evil.example";
+    EXPECT_EQ(status(logic.handle(stRequest)), 403U);
+}
+
+TEST_F(RoutesTest, PicturesAreNumberedFilesOfOneFolder)
+{
+    WebLogic logic("", "camera", "");
+    const Outcome stOutcome = logic.handle(request("GET", "/presets/255.jpg", token(Role::VIEWER)));
+    ASSERT_TRUE(std::holds_alternative<File>(stOutcome));
+    EXPECT_FALSE(std::get<File>(stOutcome).bPage);
+    EXPECT_EQ(std::get<File>(stOutcome).strPath, "/var/web/presets/255.jpg");
+    for (const char *pcName : {".jpg", "1", "1.png", "01.jpg", "-1.jpg", "1000.jpg", "+1.jpg", "1%00.jpg", "..jpg",
+                               "..%2fusers.json.jpg", "1.jpg.jpg", "1 .jpg"})
+        EXPECT_EQ(status(logic.handle(request("GET", std::string("/presets/") + pcName, token(Role::VIEWER)))), 404U)
+            << pcName;
+}
+
+TEST_F(RoutesTest, AnEventTravelsAsItsImage)
+{
+    WebLogic logic("", "camera", "");
+    const auto call = [&](const char *pcEvent, const char *pcBody) {
+        return logic.handle(request("POST", std::string("/api/") + pcEvent, token(Role::ADMIN), pcBody));
+    };
+    Outcome stOutcome =
+        call("WEB_RPC_EVENT_GROUP_E_SET_ISP", R"({"s32EventType":5,"s32Id":1,"s32Value0":-2,"s32Value3":258})");
+    ASSERT_TRUE(std::holds_alternative<EventCall>(stOutcome));
+    const auto &stCall = std::get<EventCall>(stOutcome);
+    EXPECT_EQ(stCall.strImage,
+              std::string("\0\0\0\0\0\0\0\0\5\0\0\0\1\0\0\0\xFE\xFF\xFF\xFF\0\0\0\0\0\0\0\0\2\1\0\0", 32));
+    const std::string strAnswer("\xAA\xAA\xAA\xAA\xAA\xAA\xAA\xAA\1\0\0\0\0\0\0\0\x9C\xFF\xFF\xFF\xAA\xAA\xAA\xAA"
+                                "\0\0\0\0\0\0\0\x80",
+                                32);
+    const Reply stReply = stCall.fnFinish(WEB_CLIENT_RESULT_E_OK, strAnswer);
+    EXPECT_EQ(stReply.u32Status, 200U);
+    EXPECT_EQ(stReply.strBody,
+              R"({"bEnabled":true,"bVisible":false,"s32Value":-100,"s32SideEffectBitmap":9223372036854775808})");
+
+    struct tagROW_S {
+        WEB_CLIENT_RESULT_E enResult;
+        std::string strAnswer;
+        BU_U32 u32Status;
+    };
+    const tagROW_S ROWS[] = {
+        {WEB_CLIENT_RESULT_E_GONE, "", 503},    {WEB_CLIENT_RESULT_E_TIMEOUT, "", 504},
+        {WEB_CLIENT_RESULT_E_UNKNOWN, "", 404}, {WEB_CLIENT_RESULT_E_REFUSED, "too dark", 400},
+        {WEB_CLIENT_RESULT_E_BUSY, "", 503},    {WEB_CLIENT_RESULT_E_OK, "short", 502},
+    };
+    for (const auto &[enResult, strText, u32Status] : ROWS) {
+        const Reply stFailed = stCall.fnFinish(enResult, strText);
+        EXPECT_EQ(stFailed.u32Status, u32Status);
+        EXPECT_EQ(header(stFailed, "Retry-After"), enResult == WEB_CLIENT_RESULT_E_BUSY ? "1" : "");
+        if (enResult == WEB_CLIENT_RESULT_E_REFUSED) {
+            EXPECT_EQ(stFailed.strBody, R"({"error":"too dark"})");
+        }
+    }
+
+    // A payload whose image is packed, with addresses as 4 bytes.
+    stOutcome = call("WEB_RPC_EVENT_GROUP_E_SET_ETH_CFG", R"({"bDhcp":true,"ipaddr":"192.0.2.7","interface":"eth0"})");
+    ASSERT_TRUE(std::holds_alternative<EventCall>(stOutcome));
+    EXPECT_EQ(std::get<EventCall>(stOutcome).strImage.substr(0, 9), std::string("\2\0\0\0\0\xC0\0\2\7", 9));
+    EXPECT_EQ(status(call("WEB_RPC_EVENT_GROUP_E_GET_PT", R"({"bEnabled":true})")), 400U);
+}
+
+TEST(EventApi, EveryAnswerCanBeAskedForAgain)
+{
+    for (const WEB_EVENT_S &stEvent : WEB_EVENTS) {
+        std::string strImage;
+        ASSERT_EQ(readRequest(stEvent, "{}", strImage), "") << stEvent.pcName;
+        const std::unique_ptr<WEB_RPC_PAYLOAD_S> pstResponse(stEvent.stResponse.fnCreate());
+        for (const char c : {'\0', '\1'}) {
+            const std::string strJson = writeResponse(stEvent, std::string(pstResponse->getSize(), c));
+            ASSERT_THAT(strJson, StartsWith("{")) << stEvent.pcName;
+            if (std::string_view(stEvent.stRequest.pcName) != stEvent.stResponse.pcName || c != 0) continue;
+            EXPECT_EQ(readRequest(stEvent, strJson, strImage), "") << strJson;
+        }
+        EXPECT_EQ(writeResponse(stEvent, std::string(pstResponse->getSize() + 1, '\0')), "");
+    }
+}
+
+TEST(Documentation, IsTheOneOfTheTables)
+{
+    std::stringstream text;
+    text << std::ifstream(CAMERA_SOURCE_DIR "/docs/web-api.md").rdbuf();
+    EXPECT_TRUE(text.str() == describeApi()) << "run scripts/web-api";
+}
+} // namespace

@@ -1,0 +1,154 @@
+#include "serverClient.h"
+#include "util/fileDescriptor.h"
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <vector>
+
+namespace
+{
+using testing::HasSubstr;
+
+/// The program itself, with a device root of its own.
+class WebProcess : public testing::Test
+{
+protected:
+    WebProcess()
+    {
+        char acFolder[] = "/tmp/camera-test-XXXXXX";
+        m_strRoot = mkdtemp(acFolder);
+        prctl(PR_SET_CHILD_SUBREAPER, 1); // orphans come here
+    }
+    ~WebProcess() override
+    {
+        if (m_pid > 0 && kill(m_pid, 0) == 0) end(SIGKILL);
+        std::filesystem::remove_all(m_strRoot);
+    }
+
+    /// Starts it and reads what it reports. @param bOrphan  from a parent that has ended when this returns
+    std::string run(const std::string &strHttp, const std::string &strOffset, bool bOrphan = false)
+    {
+        int as32Report[2]{}, as32Pid[2]{};
+        EXPECT_EQ(pipe(as32Report) + pipe(as32Pid), 0);
+        const pid_t pid = fork();
+        if (pid == 0) {
+            const pid_t child = bOrphan ? fork() : 0;
+            if (child == 0) become(as32Report[1], as32Pid[1], strHttp, strOffset);
+            std::string str(1, '\0');
+            close(as32Report[1]);
+            while (read(as32Report[0], str.data(), 1) > 0) {} // until it runs
+            _exit(0);
+        }
+        close(as32Report[1]);
+        EXPECT_EQ(read(as32Pid[0], &m_pid, sizeof(m_pid)), static_cast<ssize_t>(sizeof(m_pid)));
+        std::string strReport;
+        for (char c = 0; !bOrphan && read(as32Report[0], &c, 1) == 1;) strReport += c;
+        for (const int s32Fd : {as32Report[0], as32Pid[0], as32Pid[1]}) close(s32Fd);
+        if (bOrphan) waitpid(pid, nullptr, 0);
+        return strReport;
+    }
+    /// @return the status as of waitpid
+    int end(int s32Signal)
+    {
+        kill(m_pid, s32Signal);
+        return wait();
+    }
+    int wait()
+    {
+        int s32Status = -1;
+        waitpid(m_pid, &s32Status, 0);
+        m_pid = 0;
+        return s32Status;
+    }
+    const std::string &root() const { return m_strRoot; }
+
+private:
+    void become(int s32Report, int s32Pid, const std::string &strHttp, const std::string &strOffset) const
+    {
+        const pid_t pid = getpid();
+        if (write(s32Pid, &pid, sizeof(pid)) < 0) _exit(3);
+        setenv("CAMERA_PORT_OFFSET", strOffset.c_str(), 1);
+        setenv("CAMERA_LOG", "3", 1);
+        execl(CAMERA_WEB_BINARY, "camera-web", "--root", m_strRoot.c_str(), "--webui", CAMERA_SOURCE_DIR "/webui",
+              "--http", strHttp.c_str(), "--https", "0", "--report-fd", std::to_string(s32Report).c_str(), nullptr);
+        _exit(127);
+    }
+    std::string m_strRoot;
+    pid_t m_pid = 0;
+};
+
+BU_S32 portOf(const std::string &strReport, const std::string &strScheme)
+{
+    const std::size_t begin = ("\n" + strReport).find("\n" + strScheme + " ");
+    return begin == std::string::npos ? 0 : std::stoi(strReport.substr(begin + strScheme.size() + 1));
+}
+
+std::string contentOf(const std::string &strPath)
+{
+    std::ifstream file(strPath, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST_F(WebProcess, ServesReportsAndEndsWhenAsked)
+{
+    const std::string strReport = run("0", "0");
+    const BU_S32 s32Http = portOf(strReport, "http");
+    ASSERT_GT(s32Http, 0);
+    EXPECT_GT(portOf(strReport, "https"), 0);
+    Peer peer = connectTo(s32Http);
+    const tagANSWER_S stPage = peer.ask(get("/"));
+    EXPECT_EQ(stPage.s32Status, 200);
+    EXPECT_EQ(stPage.strBody, contentOf(CAMERA_SOURCE_DIR "/webui/index.html"));
+    peer.send("HEAD / HTTP/1.1\r\nHost: localhost\r\n\r\n");
+    EXPECT_EQ(peer.readAnswer(false).header("content-length"), std::to_string(stPage.strBody.size()));
+    EXPECT_THAT(peer.ask(get("/session")).strBody, HasSubstr("\"camera\":false"));
+    EXPECT_EQ(peer.ask("GET / HTTP/1.1\r\nHost: rebound.example\r\n\r\n").s32Status, 421);
+    EXPECT_EQ(end(SIGTERM), 0) << "with a connection open";
+    EXPECT_TRUE(peer.isEnded());
+}
+
+TEST_F(WebProcess, ComesBackAsTheSameAfterAKill)
+{
+    const std::string strPort = std::to_string(portOf(run("0", "0"), "http"));
+    Peer peer = connectTo(std::stoi(strPort)); // its end lingers on the port
+    EXPECT_EQ(peer.ask(get("/session")).s32Status, 200);
+    const std::string strCertificate = contentOf(root() + "/var/web/certificate.pem");
+    end(SIGKILL);
+    EXPECT_THAT(run(strPort, "0"), HasSubstr("http " + strPort + "\n")) << "the same port again";
+    EXPECT_EQ(contentOf(root() + "/var/web/certificate.pem"), strCertificate);
+    EXPECT_EQ(end(SIGTERM), 0);
+}
+
+TEST_F(WebProcess, TakesAnotherPortWhenItsOwnIsTaken)
+{
+    Listener taken, free; // an offset that makes the stand-in a port that nobody has
+    const BU_S32 s32StandIn = free.port();
+    free.close();
+    const std::string strReport = run(std::to_string(taken.port()), std::to_string(s32StandIn - 8080));
+    const BU_S32 s32Http = portOf(strReport, "http");
+    EXPECT_GE(s32Http, s32StandIn);
+    EXPECT_LT(s32Http, s32StandIn + 10);
+    EXPECT_EQ(connectTo(s32Http).ask(get("/session")).s32Status, 200);
+}
+
+TEST_F(WebProcess, EndsWithItsParent)
+{
+    run("0", "0", true);
+    EXPECT_EQ(wait(), 0);
+}
+
+TEST_F(WebProcess, RefusesArgumentsItDoesNotKnow)
+{
+    EXPECT_EQ(run("80000", "0"), "");
+    const int s32Status = wait();
+    EXPECT_TRUE(WIFEXITED(s32Status) && WEXITSTATUS(s32Status) == 2);
+}
+} // namespace

@@ -1,0 +1,296 @@
+#include "serverTest.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <poll.h>
+#include <sys/stat.h>
+#include <vector>
+
+namespace
+{
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr int NOTHING_READ = 4096; // [bytes] receive buffer of who is slow
+
+TEST_F(ServerTest, RefusesWithAnAnswerAndGoesOn)
+{
+    start();
+    struct tagROW_S {
+        const char *pcName;
+        std::string strBytes;
+        int s32Status;
+    };
+    const tagROW_S ROWS[] = {
+        {"TLS on the plain port", "\x16\x03\x01\x02\x05", 400},
+        {"long line", "GET /" + std::string(5000, 'x'), 414},
+        {"long head", get("/", "A: " + std::string(20000, 'x') + "\r\n"), 431},
+        {"body of 64 KiB and one byte", post("/echo", std::string((64 << 10) + 1, 'x')), 413},
+        {"body of 1 MB", post("/echo", std::string(1'000'000, 'x')), 413},
+        {"body larger than this place takes", post("/small", std::string(11, 'x')), 413},
+        {"announced terabytes", "POST /echo HTTP/1.1\r\nContent-Length: 9999999999999\r\n\r\n", 413},
+        {"chunks", "POST /echo HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n0\r\n\r\n", 411},
+        {"not admitted, with a body", post("/forbidden", std::string(100'000, 'x')), 403},
+        {"no WebSocket key", get("/preview/ch1", "Upgrade: websocket\r\nConnection: Upgrade\r\n"), 426},
+    };
+    Peer witness = connect();
+    for (const auto &[pcName, strBytes, s32Status] : ROWS) {
+        Peer peer = connect();
+        peer.send(strBytes);
+        const tagANSWER_S st = peer.readAnswer();
+        EXPECT_EQ(st.s32Status, s32Status) << pcName;
+        EXPECT_THAT(st.strBody, StartsWith("{\"error\":\"")) << pcName;
+        EXPECT_EQ(st.header("connection"), "close") << pcName;
+        EXPECT_NE(st.header("content-security-policy"), "") << pcName;
+        EXPECT_TRUE(peer.isEnded()) << pcName;
+        EXPECT_EQ(witness.ask(post("/echo", "still here")).strBody, "POST:still here") << pcName;
+    }
+    EXPECT_EQ(witness.ask(post("/echo", std::string(64 << 10, 'x'))).s32Status, 200);
+}
+
+TEST_F(ServerTest, NothingBesideThePageIsReached)
+{
+    write("index.html", "page");
+    write("a/b.js", "script");
+    write(".hidden", "secret");
+    write("../secret.txt", "secret");
+    write("..a/c.css", "secret");
+    std::filesystem::create_symlink(page() / "../secret.txt", page() / "link.txt");
+    std::filesystem::create_directory_symlink(page() / "..", page() / "up");
+    ASSERT_EQ(mkfifo((page() / "pipe").c_str(), 0600), 0);
+    start();
+    Peer peer = connect();
+    EXPECT_EQ(peer.ask(get("/index.html")).strBody, "page");
+    const tagANSWER_S stScript = peer.ask(get("/a/b.js?v=1"));
+    EXPECT_EQ(stScript.strBody, "script");
+    EXPECT_EQ(stScript.header("content-type"), "text/javascript; charset=utf-8");
+    for (const char *pcPath : {"/../secret.txt",
+                               "/a/../../secret.txt",
+                               "/%2e%2e/secret.txt",
+                               "/..%2fsecret.txt",
+                               "/a/..\\..\\secret.txt",
+                               "/.hidden",
+                               "/./index.html",
+                               "//index.html",
+                               "/a//b.js",
+                               "/a/",
+                               "/a",
+                               "/",
+                               "/link.txt",
+                               "/up/secret.txt",
+                               "/..a/c.css",
+                               "/pipe",
+                               "/index.html/",
+                               "/index.html/x",
+                               "/index.html%00.js",
+                               "/device/../../secret.txt",
+                               "/device/etc/passwd",
+                               "/nothing"}) {
+        const tagANSWER_S st = peer.ask(get(pcPath));
+        EXPECT_EQ(st.s32Status, 404) << pcPath;
+        EXPECT_THAT(st.strBody, Not(HasSubstr("secret"))) << pcPath;
+    }
+}
+
+TEST_F(ServerTest, AFileIsSentAgainOnlyWhenItChanged)
+{
+    write("style.css", "first");
+    start();
+    Peer peer = connect();
+    const tagANSWER_S stFirst = peer.ask(get("/style.css"));
+    const std::string strTag = stFirst.header("etag");
+    EXPECT_EQ(stFirst.header("cache-control"), "no-cache");
+    const std::string strAgain = get("/style.css", "If-None-Match: " + strTag + "\r\n");
+    const tagANSWER_S stSame = peer.ask(strAgain);
+    EXPECT_EQ(stSame.s32Status, 304);
+    EXPECT_EQ(stSame.header("etag"), strTag);
+    peer.send("HEAD /style.css HTTP/1.1\r\n\r\n" + get("/style.css"));
+    EXPECT_EQ(peer.readAnswer(false).header("content-length"), "5");
+    EXPECT_EQ(peer.readAnswer().strBody, "first") << "the answer to HEAD had no body";
+    write("style.css", "second");
+    const tagANSWER_S stChanged = peer.ask(strAgain);
+    EXPECT_EQ(stChanged.strBody, "second");
+    EXPECT_NE(stChanged.header("etag"), strTag);
+    const std::string strLarge(3'000'000, 'x');
+    write("style.css", strLarge);
+    EXPECT_EQ(peer.ask(get("/style.css")).strBody, strLarge);
+    write("style.css", "");
+    EXPECT_EQ(peer.ask(get("/style.css")).header("content-length"), "0");
+}
+
+TEST_F(ServerTest, AnswersInOrderOnOneConnection)
+{
+    start();
+    Peer peer = connect();
+    const std::string strCall = post("/call", "image");
+    peer.send(strCall + post("/echo", "next") + get("/echo").substr(0, 10));
+    auto stCall = camera_double::next();
+    EXPECT_EQ(stCall.strWhat + "," + stCall.strBytes, "7,image");
+    stCall.fnAnswer(WEB_CLIENT_RESULT_E_OK, "done");
+    EXPECT_EQ(peer.readAnswer().strBody, "0:done");
+    EXPECT_EQ(peer.readAnswer().strBody, "POST:next");
+    peer.send(get("/echo").substr(10));
+    EXPECT_EQ(peer.readAnswer().strBody, "GET:");
+    peer.send("POST /echo HTTP/1.1\r\nExpect: 100-continue\r\nContent-Length: 2\r\n\r\n");
+    EXPECT_EQ(peer.readUntil("\r\n\r\n"), "HTTP/1.1 100 Continue\r\n\r\n");
+    peer.send("hi");
+    EXPECT_EQ(peer.readAnswer().strBody, "POST:hi");
+    peer.send(get("/echo", "Connection: close\r\n"));
+    EXPECT_EQ(peer.readAnswer().header("connection"), "close");
+    EXPECT_TRUE(peer.isEnded());
+}
+
+TEST_F(ServerTest, WhoIsSlowLosesOnlyItsOwnConnection)
+{
+    config.s64RequestMs = 60;
+    config.s64IdleMs = 60;
+    config.s64AnswerMs = 60;
+    start();
+    struct tagROW_S {
+        const char *pcName;
+        std::string strBytes;
+        int s32Status; // 0: ended without an answer
+    };
+    const tagROW_S ROWS[] = {
+        {"silent", "", 0},
+        {"half a head", "GET / HTTP/1.1\r\nA: ", 408},
+        {"half a body", "POST /echo HTTP/1.1\r\nContent-Length: 10\r\n\r\nabc", 408},
+        {"a camera that does not answer", post("/call", ""), 504},
+    };
+    for (const auto &[pcName, strBytes, s32Status] : ROWS) {
+        Peer peer = connect();
+        if (!strBytes.empty()) peer.send(strBytes);
+        EXPECT_EQ(peer.readAnswer().s32Status, s32Status) << pcName;
+        EXPECT_TRUE(peer.isEnded()) << pcName;
+    }
+    Peer idle = connect();
+    EXPECT_EQ(idle.ask(get("/echo")).s32Status, 200);
+    EXPECT_TRUE(idle.isEnded()) << "no second request";
+    camera_double::next().fnAnswer(WEB_CLIENT_RESULT_E_OK, "too late for anybody");
+    EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
+}
+
+TEST_F(ServerTest, WhoDoesNotReadIsLeft)
+{
+    write("large.png", std::string(8'000'000, 'x'));
+    config.s64AnswerMs = 100;
+    start();
+    Peer peer = connect(NOTHING_READ), other = connect();
+    peer.send(get("/large.png") + get("/echo"));
+    for (int i = 0; i < 50; ++i) ASSERT_EQ(other.ask(get("/echo")).s32Status, 200);
+    pollfd stCut{peer.fd(), POLLHUP, 0};
+    EXPECT_EQ(poll(&stCut, 1, 20'000), 1) << "cut off";
+    std::size_t total = 0;
+    for (std::string strGot = "?"; !strGot.empty(); total += strGot.size()) strGot = peer.readSome();
+    EXPECT_LT(total, 8'000'000U);
+}
+
+TEST_F(ServerTest, AThousandConnectionsLeaveRoomForOneMore)
+{
+    config.connectionsMax = 900;
+    start();
+    std::vector<Peer> crowd;
+    for (int i = 0; i < 1000; ++i) {
+        crowd.push_back(connect());
+        ASSERT_GE(crowd.back().fd(), 0);
+        crowd.back().send("GET / HT");
+    }
+    EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
+    EXPECT_EQ(crowd.back().ask("TP/1.1\r\n\r\n").s32Status, 404) << "the youngest are kept";
+    EXPECT_TRUE(crowd.front().isEnded()) << "the oldest made room";
+    crowd.clear();
+    EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
+}
+
+TEST_F(ServerTest, SlowWorkHoldsUpNobodyAndDoesNotPileUp)
+{
+    std::mutex lock;
+    std::condition_variable changed;
+    int s32Begun = 0;
+    bool bGo = false;
+    fnWork = [&] {
+        std::unique_lock guard(lock);
+        ++s32Begun;
+        changed.notify_all();
+        changed.wait(guard, [&] { return bGo; });
+        return web::Reply{200, "text/plain", "worked", {}};
+    };
+    start();
+    std::vector<Peer> peers;
+    const auto order = [&] {
+        peers.push_back(connect());
+        peers.back().send(get("/work"));
+    };
+    order();
+    {
+        std::unique_lock guard(lock);
+        ASSERT_TRUE(changed.wait_for(guard, std::chrono::seconds(20), [&] { return s32Begun == 1; }));
+    }
+    Peer witness = connect();
+    for (int i = 0; i < 9; ++i) {
+        order();
+        EXPECT_EQ(witness.ask(get("/echo")).s32Status, 200) << "while it works";
+    }
+    const tagANSWER_S stBusy = peers.back().readAnswer();
+    EXPECT_EQ(stBusy.s32Status, 503) << "one works, eight wait";
+    EXPECT_EQ(stBusy.header("retry-after"), "1");
+    peers[1].close(); // it does not wait any more
+    {
+        const std::lock_guard guard(lock);
+        bGo = true;
+        changed.notify_all();
+    }
+    for (std::size_t i = 0; i < 9; ++i)
+        if (i != 1) {
+            EXPECT_EQ(peers[i].readAnswer().strBody, "worked") << i;
+        }
+}
+
+TEST_F(ServerTest, TellsNewsToEveryPage)
+{
+    config.s64HeartbeatMs = 50;
+    start();
+    Peer first = connect(), second = connect();
+    for (Peer *pst : {&first, &second}) {
+        const tagANSWER_S st = pst->ask(get("/news"));
+        EXPECT_EQ(st.s32Status, 200);
+        EXPECT_EQ(st.header("content-type"), "text/event-stream");
+        EXPECT_EQ(st.header("content-length"), "");
+        EXPECT_THAT(pst->readUntil("}\n\n"), EndsWith("data: {\"camera\":false}\n\n")) << "how things are";
+    }
+    server().setCamera(true);
+    server().tell(R"({"preset":3})");
+    for (Peer *pst : {&first, &second}) {
+        EXPECT_THAT(pst->readUntil("true}\n\n"), EndsWith("data: {\"camera\":true}\n\n"));
+        EXPECT_THAT(pst->readUntil("3}\n\n"), EndsWith("data: {\"preset\":3}\n\n"));
+        EXPECT_THAT(pst->readUntil(":\n\n"), EndsWith(":\n\n")) << "sign of life";
+    }
+    first.close();
+    server().tell(R"({"preset":4})");
+    EXPECT_THAT(second.readUntil("4}\n\n"), EndsWith("data: {\"preset\":4}\n\n"));
+    bSessionOpen = false;
+    EXPECT_TRUE(second.isEnded()) << "the session has ended";
+}
+
+TEST_F(ServerTest, APageThatReadsTooSlowlyIsToldToLookAgain)
+{
+    start();
+    Peer slow = connect(NOTHING_READ), quick = connect();
+    for (Peer *pst : {&slow, &quick}) {
+        pst->ask(get("/news"));
+        pst->readUntil("}\n\n");
+    }
+    const std::string strLong(10'000, 'x');
+    int s32Sent = 0;
+    for (; s32Sent < 1000; ++s32Sent) { // far more than the system keeps on its way
+        server().tell("{\"n\":" + std::to_string(s32Sent) + ",\"long\":\"" + strLong + "\"}");
+        ASSERT_THAT(quick.readUntil("}\n\n"), StartsWith("data: {\"n\":" + std::to_string(s32Sent) + ","));
+    }
+    server().tell(R"({"last":1})");
+    std::string strGot = slow.readUntil("{\"last\":1}\n\n");
+    EXPECT_THAT(strGot, EndsWith("data: {\"last\":1}\n\n"));
+    EXPECT_THAT(strGot, HasSubstr("\ndata: {\"resync\":true}\n\n"));
+    EXPECT_LT(strGot.size(), 9'000'000U);
+}
+} // namespace

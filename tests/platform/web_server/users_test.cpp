@@ -1,0 +1,240 @@
+#include "password.h"
+#include "sessions.h"
+#include "throttle.h"
+#include "users.h"
+#include "webRoot.h"
+
+#include <sys/stat.h>
+
+namespace
+{
+using namespace web;
+using namespace testing;
+
+class UsersTest : public WebRootTest
+{
+};
+class SessionsTest : public WebRootTest
+{
+};
+
+TEST(Password, HashFitsItsPasswordAloneAndNobodyElses)
+{
+    const std::string strHash = hashPassword("correct horse");
+    EXPECT_THAT(strHash, StartsWith("$argon2id$v=19$m=65536,t=2,p=1$"));
+    EXPECT_TRUE(isPassword("correct horse", strHash));
+    EXPECT_FALSE(isPassword("correct horsf", strHash));
+    EXPECT_FALSE(isPassword("correct horse", ""));
+    EXPECT_FALSE(isPassword("correct horse", "correct horse"));
+}
+
+TEST(Password, Rules)
+{
+    EXPECT_EQ(passwordFault("12345678", "admin"), "");
+    EXPECT_EQ(passwordFault("öäüßöäüß", "admin"), "");
+    for (const std::string &strBad : {std::string("1234567"), std::string("öäüß"), std::string(257, 'a'),
+                                      std::string("1234567\n"), std::string("operator1")})
+        EXPECT_NE(passwordFault(strBad, "operator1"), "") << strBad;
+}
+
+TEST(Password, TokensAreNotGuessed)
+{
+    const std::string strToken = makeToken();
+    EXPECT_TRUE(isToken(strToken));
+    EXPECT_NE(strToken, makeToken());
+    EXPECT_NE(digest(strToken), strToken);
+    for (const std::string &strBad :
+         {std::string(), strToken + "a", strToken.substr(1) + "=", strToken.substr(1) + "\xFF"})
+        EXPECT_FALSE(isToken(strBad)) << strBad;
+}
+
+TEST_F(UsersTest, AreStoredForTheCameraAlone)
+{
+    {
+        Users users;
+        EXPECT_TRUE(users.isEmpty());
+        EXPECT_EQ(users.makeFirst("ann", "$hash1"), Change::DONE);
+        EXPECT_EQ(users.makeFirst("eve", "$hash2"), Change::NOT_FIRST);
+        EXPECT_EQ(users.put("bob", "$hash3", Role::OPERATOR), Change::DONE);
+        EXPECT_EQ(users.put("bob", "", Role::VIEWER), Change::DONE);
+    }
+    struct stat stInfo;
+    ASSERT_EQ(stat(UTIL_ROOT_Path(USERS_FILE).c_str(), &stInfo), 0);
+    EXPECT_EQ(stInfo.st_mode & 0777, 0600U);
+    Users users;
+    EXPECT_FALSE(users.isEmpty());
+    EXPECT_EQ(users.role("ann"), Role::ADMIN);
+    EXPECT_EQ(users.role("bob"), Role::VIEWER);
+    EXPECT_EQ(users.hash("bob"), "$hash3");
+    EXPECT_EQ(users.role("eve"), Role::ANYONE);
+    EXPECT_EQ(users.hash("eve"), "");
+}
+
+TEST_F(UsersTest, RefuseWhatWouldLockEverybodyOut)
+{
+    Users users;
+    EXPECT_EQ(users.put("bob", "$hash", Role::VIEWER), Change::LAST_ADMIN); // nobody is there yet
+    ASSERT_EQ(users.makeFirst("ann", "$hash"), Change::DONE);
+    EXPECT_EQ(users.put("ann", "", Role::OPERATOR), Change::LAST_ADMIN);
+    EXPECT_EQ(users.remove("ann"), Change::LAST_ADMIN);
+    EXPECT_EQ(users.remove("bob"), Change::NO_USER);
+    EXPECT_EQ(users.setPassword("bob", "$hash"), Change::NO_USER);
+    EXPECT_EQ(users.put("bob", "", Role::VIEWER), Change::INCOMPLETE);
+    EXPECT_EQ(users.put("bob", "$hash", Role::ANYONE), Change::INCOMPLETE);
+    EXPECT_EQ(users.put("bob", "$hash", Role::ADMIN), Change::DONE);
+    EXPECT_EQ(users.remove("ann"), Change::DONE);
+    for (int n = 0; n < 31; ++n) EXPECT_EQ(users.put("u" + std::to_string(n), "$hash", Role::VIEWER), Change::DONE);
+    EXPECT_EQ(users.put("one-more", "$hash", Role::VIEWER), Change::TOO_MANY);
+}
+
+TEST_F(UsersTest, ADamagedFileLetsNobodyInAndStaysAsItIs)
+{
+    const std::string strUser = R"({"name":"ann","role":"admin","hash":"$h"})";
+    const std::string DAMAGED[] = {
+        "",
+        "{\"version\":1,\"users\":[" + strUser, // cut off
+        "{\"version\":2,\"users\":[" + strUser + "]}",
+        "{\"version\":1,\"users\":[]}",
+        "{\"version\":1,\"users\":[" + strUser + "," + strUser + "]}",
+        R"({"version":1,"users":[{"name":"ann","role":"king","hash":"$h"}]})",
+        R"({"version":1,"users":[{"name":"a b","role":"admin","hash":"$h"}]})",
+        R"({"version":1,"users":[{"name":"ann","role":"admin","hash":""}]})",
+        R"({"version":1,"users":[{"name":"ann","role":"admin"}]})",
+        R"({"version":1,"users":["ann"]})",
+    };
+    for (const std::string &strText : DAMAGED) {
+        write(USERS_FILE, strText);
+        Users users;
+        EXPECT_TRUE(users.isDamaged()) << strText;
+        EXPECT_FALSE(users.isEmpty()); // so nobody can become the first
+        EXPECT_EQ(users.hash("ann"), "");
+        EXPECT_EQ(users.makeFirst("eve", "$hash"), Change::FAILED);
+        EXPECT_EQ(users.put("eve", "$hash", Role::ADMIN), Change::FAILED);
+        EXPECT_EQ(read(USERS_FILE), strText);
+    }
+}
+
+TEST_F(UsersTest, WhatIsNotStoredHasNotHappened)
+{
+    Users users;
+    std::filesystem::create_directories(UTIL_ROOT_Path("/var/web/users.json/in-the-way"));
+    EXPECT_EQ(users.makeFirst("ann", "$hash"), Change::FAILED);
+    EXPECT_TRUE(users.isEmpty());
+}
+
+TEST(UserName, Rules)
+{
+    for (const char *pcName : {"a", "admin", "Ann.B-c_9", "0"}) EXPECT_TRUE(isUserName(pcName)) << pcName;
+    for (const std::string &strName :
+         {std::string(), std::string(33, 'a'), std::string(".a"), std::string("-a"), std::string("a b"),
+          std::string("a/b"), std::string("\xC3\xBC"), std::string("a\0b", 3), std::string("a\nb")})
+        EXPECT_FALSE(isUserName(strName)) << strName;
+}
+
+TEST_F(SessionsTest, EndByIdlenessAgeAndTheirUser)
+{
+    constexpr BU_S64 START = 1'000'000, HOUR = 3600;
+    Sessions sessions(START);
+    const std::string strIdle = digest(sessions.open("ann", START)), strBusy = digest(sessions.open("ann", START)),
+                      strBob = digest(sessions.open("bob", START));
+    EXPECT_EQ(sessions.use(strBob, START + 12 * HOUR), "bob");
+    for (BU_S64 hours = 12; hours <= 7 * 24; hours += 12)
+        EXPECT_EQ(sessions.use(strBusy, START + hours * HOUR), "ann") << hours;
+    EXPECT_FALSE(sessions.use(strIdle, START + 12 * HOUR + 1));
+    EXPECT_FALSE(sessions.use(strIdle, START)); // it does not come back
+    EXPECT_FALSE(sessions.use(strBusy, START + 7 * 24 * HOUR + 1));
+    EXPECT_EQ(sessions.use(strBob, START - HOUR), "bob"); // the clock was set back
+
+    const std::string strNew = digest(sessions.open("ann", START));
+    sessions.endUser("ann", strNew);
+    EXPECT_TRUE(sessions.use(strNew, START));
+    sessions.end(strNew);
+    EXPECT_FALSE(sessions.use(strNew, START));
+    EXPECT_TRUE(sessions.use(strBob, START));
+}
+
+TEST_F(SessionsTest, AUserHasSoManyAndTheOneUsedLeastGoes)
+{
+    Sessions sessions(0);
+    const std::string strBob = digest(sessions.open("bob", 0)), strFirst = digest(sessions.open("ann", 1)),
+                      strSecond = digest(sessions.open("ann", 2));
+    sessions.use(strFirst, 3);
+    for (std::size_t n = 2; n < Sessions::PER_USER_MAX; ++n) sessions.open("ann", 10);
+    EXPECT_TRUE(sessions.use(strFirst, 11));
+    sessions.open("ann", 12);
+    EXPECT_FALSE(sessions.use(strSecond, 12));
+    EXPECT_TRUE(sessions.use(strFirst, 12));
+    EXPECT_TRUE(sessions.use(strBob, 12));
+}
+
+TEST_F(SessionsTest, OutliveTheProcessWithoutTheirTokens)
+{
+    std::string strToken, strEnded;
+    {
+        Sessions sessions(100);
+        strToken = sessions.open("ann", 100);
+        strEnded = sessions.open("ann", 100);
+        sessions.end(digest(strEnded));
+    }
+    EXPECT_THAT(read(SESSIONS_FILE), Not(HasSubstr(strToken)));
+    {
+        Sessions sessions(100 + 3 * 24 * 3600); // the camera was off
+        EXPECT_EQ(sessions.use(digest(strToken), 100 + 3 * 24 * 3600), "ann");
+        EXPECT_FALSE(sessions.use(digest(strEnded), 100));
+    }
+    Sessions sessions(100 + 8 * 24 * 3600);
+    EXPECT_FALSE(sessions.use(digest(strToken), 100));
+
+    for (const char *pcDamaged :
+         {"", "{", "[1]", "{\"a\":1}", R"([{"key":"k","user":"u"}])", R"([{"key":1,"user":2,"opened":3}])"}) {
+        write(SESSIONS_FILE, pcDamaged);
+        Sessions fresh(100);
+        EXPECT_FALSE(fresh.use("k", 100)) << pcDamaged;
+        EXPECT_TRUE(fresh.use(digest(fresh.open("ann", 100)), 100));
+    }
+}
+
+TEST(Throttle, AttemptsGetSlowerByUserAndByAddress)
+{
+    Throttle throttle;
+    for (int n = 0; n < 4; ++n) EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 1000), 0);
+    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 1000), 1000);
+    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 1999), 1); // waiting does not make it longer
+    EXPECT_EQ(throttle.begin("192.0.2.2", "ann", 1999), 1); // another address, the same user
+    EXPECT_EQ(throttle.begin("192.0.2.1", "bob", 1999), 1); // another user, the same address
+    EXPECT_EQ(throttle.begin("192.0.2.2", "bob", 1999), 0);
+    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 2000), 0);
+    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 2000), 2000);
+
+    BU_S64 s64Now = 2000, s64Attempts = 0;
+    for (BU_S64 s64Wait = 0; s64Now < 24 * 3'600'000; s64Now += s64Wait, ++s64Attempts)
+        s64Wait = std::max<BU_S64>(throttle.begin("192.0.2.1", "ann", s64Now), 1);
+    EXPECT_LT(s64Attempts, 1000); // in a day
+    EXPECT_LE(throttle.begin("192.0.2.9", "ann", s64Now), 60'000);
+    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", s64Now + 3'700'000), 0);
+}
+
+TEST(Throttle, SuccessForgivesAndStrangersDoNotMakeItForget)
+{
+    Throttle throttle;
+    for (int n = 0; n < 4; ++n) throttle.begin("192.0.2.1", "ann", 1000);
+    throttle.succeeded("192.0.2.1", "ann");
+    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 1000), 0);
+
+    for (int n = 0; n < 4; ++n) throttle.begin("192.0.2.7", "cid", 1000);
+    for (int n = 0; n < 10'000; ++n)
+        throttle.begin("10.0." + std::to_string(n / 250) + "." + std::to_string(n % 250), "u" + std::to_string(n),
+                       1000);
+    EXPECT_GT(throttle.begin("192.0.2.7", "bob", 1000), 0);
+    EXPECT_GT(throttle.begin("192.0.2.8", "cid", 1000), 0);
+}
+
+TEST(Throttle, AHostIsItsNetwork)
+{
+    EXPECT_EQ(networkOf("2001:db8::1"), networkOf("2001:db8::ffff:1:2:3"));
+    EXPECT_NE(networkOf("2001:db8::1"), networkOf("2001:db8:0:1::1"));
+    EXPECT_EQ(networkOf("::ffff:192.0.2.1"), networkOf("192.0.2.1"));
+    EXPECT_EQ(networkOf("fe80::1%eth0"), networkOf("fe80::2"));
+    EXPECT_NE(networkOf("192.0.2.1"), networkOf("192.0.2.2"));
+}
+} // namespace

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "util/file.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+/// A device root of the test's own.
+class WebRootTest : public testing::Test
+{
+protected:
+    WebRootTest()
+    {
+        char acFolder[] = "/tmp/camera-test-XXXXXX";
+        m_root = mkdtemp(acFolder);
+        UTIL_ROOT_Set(m_root.c_str());
+    }
+    ~WebRootTest() override { std::filesystem::remove_all(m_root); }
+
+    static void write(const char *pcPath, const std::string &strContent)
+    {
+        std::filesystem::create_directories(std::filesystem::path(UTIL_ROOT_Path(pcPath)).parent_path());
+        std::ofstream(UTIL_ROOT_Path(pcPath)) << strContent;
+    }
+    static std::string read(const char *pcPath)
+    {
+        std::stringstream content;
+        content << std::ifstream(UTIL_ROOT_Path(pcPath)).rdbuf();
+        return content.str();
+    }
+
+private:
+    std::filesystem::path m_root;
+};
