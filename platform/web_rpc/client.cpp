@@ -161,6 +161,7 @@ bool Client::receive(std::vector<BU_CHAR> &buffer)
     for (;;) {
         const ssize_t length = recv(m_fd, buffer.data(), buffer.size(), MSG_DONTWAIT | MSG_TRUNC);
         if (length < 0 && errno == EAGAIN) return true;
+        if (length < 0 && errno == ECONNRESET) continue; // told once, before what lies there to be read
         if (length <= 0 || static_cast<std::size_t>(length) > buffer.size()) return false;
         const auto message = decode({buffer.data(), static_cast<std::size_t>(length)});
         if (!message) {

@@ -104,7 +104,8 @@ void Server::serve(BU_U64 u64Number, BU_U32 u32Events, std::vector<BU_CHAR> &buf
     if (u32Events & EPOLLOUT) pst->flush();
     if (!bReads) return;
     const ssize_t length = pst->read(buffer);
-    if (length < 0 && errno == EAGAIN) return pst->arm();
+    // A reset comes once, before what lies there to be read: the other end went without having read everything.
+    if (length < 0 && (errno == EAGAIN || errno == ECONNRESET)) return pst->arm();
     if (length <= 0) return part(*pst);
     const auto message = static_cast<std::size_t>(length) <= buffer.size()
                              ? decode({buffer.data(), static_cast<std::size_t>(length)})

@@ -39,6 +39,7 @@ Outcome callEvent(Desk &, const Visit &stVisit)
     if (const std::string strFault = readRequest(*pstEvent, stVisit.stRequest.strBody, stCall.strImage);
         !strFault.empty())
         return problem(400, strFault);
+    stCall.strSession = stVisit.strSession;
     stCall.fnFinish = [pstEvent](WEB_CLIENT_RESULT_E enResult, std::string_view strImage) {
         if (enResult != WEB_CLIENT_RESULT_E_OK) return failure(enResult, strImage);
         std::string strJson = writeResponse(*pstEvent, strImage);

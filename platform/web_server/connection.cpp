@@ -22,7 +22,10 @@ Connection::Connection(Site &site, lws *pstWsi, BU_U64 u64Number, std::string st
     enter(State::HEAD, m_site.stConfig.s64RequestMs);
 }
 
-Connection::~Connection() { m_site.newsReaders.erase(this); }
+Connection::~Connection()
+{
+    if (m_site.newsReaders.erase(this) > 0) stopDrives();
+}
 
 /// @param s64LimitMs  how long the state may last
 void Connection::enter(State enState, BU_S64 s64LimitMs)
@@ -146,6 +149,7 @@ void Connection::carryOut(const Reply &stReply) { send(stReply, m_stHead.bKeepAl
 
 void Connection::carryOut(const EventCall &st)
 {
+    m_site.drives.note(st.strSession, st.enEvent, st.strImage);
     WEB_CLIENT_Call(st.enEvent, st.strImage, st.u32TimeoutMs, finisher(st.fnFinish));
 }
 

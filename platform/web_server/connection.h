@@ -73,6 +73,7 @@ private:
     bool afterSent();
     bool abandon();
     bool beat();
+    void stopDrives();
     BU_S64 unixNow() const;
 
     Site &m_site;

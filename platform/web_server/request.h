@@ -61,6 +61,7 @@ struct EventCall {
     std::string strImage;
     BU_U32 u32TimeoutMs;
     FN_FINISH fnFinish;
+    std::string strSession{}; ///< whose call it is
 };
 
 /// WEB_CLIENT_Ask with these, then finish.
@@ -84,7 +85,7 @@ struct File {
 };
 
 /// What stays open: the news as text/event-stream, or a WebSocket to the preview (which also checks Origin once more).
-/// It belongs to a session: end it when WebLogic::isOpen(strSession) turns false; looking every 15 s is enough.
+/// It belongs to a session: end it when WebLogic::isOpen(strSession) turns false; looking every few seconds is enough.
 struct NewsStream {
     std::string strSession;
 };

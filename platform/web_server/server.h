@@ -24,7 +24,7 @@ struct ServerConfig {
     BU_S64 s64IdleMs = 30'000;         ///< between two requests
     BU_S64 s64AnswerMs = 60'000;       ///< for an answer to be made, and again for it to be taken
     BU_S64 s64LingerMs = 2'000;        ///< for the other end to read the last answer
-    BU_S64 s64HeartbeatMs = 15'000;    ///< of streams; also how often their session is looked at
+    BU_S64 s64HeartbeatMs = 5'000;     ///< of streams; also how often their session is looked at
 };
 
 /// Who decides: WebLogic, or in tests somebody else. Called on the network thread, isOpen too.

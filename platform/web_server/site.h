@@ -1,6 +1,7 @@
 /// What all connections share.
 #pragma once
 
+#include "drives.h"
 #include "files.h"
 #include "server.h"
 #include "worker.h"
@@ -47,6 +48,7 @@ struct Site {
     lws_vhost *pstClientVhost = nullptr;                 // of connections to the preview
     std::function<void(BU_U64, const Reply &)> fnAnswer; // on the network thread: the reply of a connection, by number
     std::set<Connection *> newsReaders;
+    Drives drives;
     bool bCamera = false;
     Worker worker; // last: ends first
 };

@@ -3,6 +3,7 @@
 #include "util/log.h"
 
 #include <libwebsockets.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 
 namespace web
@@ -14,18 +15,30 @@ constexpr std::string_view HEARTBEAT = ":\n\n", RESYNC = "data: {\"resync\":true
 constexpr int PREVIEW_SEND_BUFFER =
     128 << 10; // [bytes] small, so that a slow viewer is noticed while it is little behind
 constexpr BU_U32 TRY_AGAIN_LATER = 1013;
+constexpr unsigned int UNHEARD_MS = 8'000; // a page that confirms nothing for so long is gone
+constexpr BU_U32 STOP_TIMEOUT_MS = 3'000;
 } // namespace
 
 void Connection::carryOut(const NewsStream &stNews)
 {
     if (m_bHeadOnly) return send(problem(405, "this has no end to tell beforehand"), false);
     m_strSession = stNews.strSession;
+    setsockopt(lws_get_socket_fd(m_pstWsi), IPPROTO_TCP, TCP_USER_TIMEOUT, &UNHEARD_MS, sizeof(UNHEARD_MS));
     m_output.push(
         http::answerHead({200, "text/event-stream", std::nullopt, false, unixNow()}, {{"Cache-Control", "no-store"}}) +
         "retry: 1000\n\ndata: {\"camera\":" + (m_site.bCamera ? "true" : "false") + "}\n\n");
     m_site.newsReaders.insert(this);
     enter(State::NEWS, m_site.stConfig.s64HeartbeatMs);
     lws_callback_on_writable(m_pstWsi);
+}
+
+/// The stream of a page ended: without another page its user has no means any more to stop what moves.
+void Connection::stopDrives()
+{
+    for (const Connection *pstOther : m_site.newsReaders)
+        if (pstOther->m_strSession == m_strSession) return;
+    for (const Drives::Stop &st : m_site.drives.take(m_strSession))
+        WEB_CLIENT_Call(st.enEvent, st.strImage, STOP_TIMEOUT_MS, [](WEB_CLIENT_RESULT_E, std::string_view) {});
 }
 
 void Connection::tell(const Output::Piece &pstEvent)

@@ -70,6 +70,7 @@ CameraProcess::CameraProcess(tagCAMERA_OPTIONS_S stOptions) : m_stOptions(std::m
         dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
         setenv("CAMERA_ROOT", m_stOptions.strRoot.c_str(), 1);
         setenv("CAMERA_PORT_OFFSET", std::to_string(m_stOptions.s32PortOffset).c_str(), 1);
+        setenv("CAMERA_WEB_SERVER", "", 1); // none, unless asked for
         for (std::string &strVariable : m_stOptions.env) putenv(strVariable.data());
         execl(CAMERA_BINARY, "camera", nullptr);
         _exit(127);

@@ -1,4 +1,5 @@
 #include "serverTest.h"
+#include "web/panelPayload.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -245,6 +246,56 @@ TEST_F(ServerTest, SlowWorkHoldsUpNobodyAndDoesNotPileUp)
         if (i != 1) {
             EXPECT_EQ(peers[i].readAnswer().strBody, "worked") << i;
         }
+}
+
+/// The request of a panel set as its image, in the place of the JSON body.
+std::string panel(BU_S32 s32Item, BU_S32 s32Value0, BU_S32 s32Value1 = 0)
+{
+    tag_WEB_RPC_PANEL_REQ_PAYLOAD_S st;
+    st.s32EventType = s32Item;
+    st.s32Value0 = s32Value0;
+    st.s32Value1 = s32Value1;
+    std::string strImage(st.getSize(), '\0');
+    st.dumpBytes(strImage.data(), st.getSize());
+    return strImage;
+}
+
+TEST_F(ServerTest, WhatAPageMovedIsStoppedWhenItsLastStreamEnds)
+{
+    start();
+    Peer first = connect(), second = connect(), driver = connect();
+    for (Peer *pst : {&first, &second}) {
+        pst->ask(get("/news"));
+        pst->readUntil("}\n\n");
+    }
+    const auto drive = [&](const char *pcSession, const std::string &strImage) {
+        driver.send(post(std::string("/drive?") + pcSession, strImage));
+        const auto stCall = camera_double::next();
+        EXPECT_EQ(stCall.strBytes, strImage);
+        stCall.fnAnswer(WEB_CLIENT_RESULT_E_OK, "");
+        driver.readAnswer();
+    };
+    drive("session", panel(9, 1, 0));   // to the right
+    drive("session", panel(11, 1));     // closer
+    drive("session", panel(11, 0));     // and that is over
+    drive("session", panel(12, 4));     // no movement
+    drive("session", "too short");      // nothing at all
+    drive("somebody", panel(9, -1, 0)); // who has no page open
+    first.close();
+    EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
+    drive("session", panel(12, 5)); // the next call: none came before it, for the other page is there
+    second.close();
+    const auto stStop = camera_double::next();
+    EXPECT_EQ(stStop.strWhat, std::to_string(WEB_RPC_EVENT_GROUP_E_SET_PT));
+    EXPECT_EQ(stStop.strBytes, panel(9, 0, 0));
+    stStop.fnAnswer(WEB_CLIENT_RESULT_E_OK, "");
+    const std::string strLast = panel(9, -2, -2); // home ends by itself
+    drive("session", strLast);
+    Peer third = connect();
+    third.ask(get("/news"));
+    third.readUntil("}\n\n");
+    third.close();
+    drive("session", strLast); // takes the next call: no stop came before it
 }
 
 TEST_F(ServerTest, TellsNewsToEveryPage)
