@@ -31,7 +31,7 @@ void Picture::release()
 
 Pipe::~Pipe() { m_thread.reset(); }
 
-void Pipe::start(std::function<void()> fnPrepared)
+void Pipe::start(const std::function<void()> &fnPrepared)
 {
     const std::lock_guard guard(m_lock);
     if (m_thread) return;

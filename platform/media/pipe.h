@@ -59,7 +59,7 @@ public:
     ~Pipe();
 
     /// Makes the thread, once. @param fnPrepared  called there when it is ready for its first picture
-    void start(std::function<void()> fnPrepared = [] {});
+    void start(const std::function<void()> &fnPrepared = [] {});
     void setRate(FrameRate stRate);
     FrameRate rate() const;
     void add(std::shared_ptr<PictureTaker> pstTaker);

@@ -1,38 +1,10 @@
 #include "streamCache.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <climits>
-#include <linux/futex.h>
-#include <sys/syscall.h>
-#include <unistd.h>
+#include <chrono>
 
-using media::Arrivals;
 using media::PacketSink;
 using media::tagPLACE_S;
-
-void Arrivals::announce()
-{
-    m_u32Count.fetch_add(1);
-    if (m_u32Waiting.load() != 0) syscall(SYS_futex, &m_u32Count, FUTEX_WAKE_PRIVATE, INT_MAX, nullptr, nullptr, 0);
-}
-
-bool Arrivals::waitBeyond(BU_U32 u32Count, std::optional<std::chrono::steady_clock::time_point> until)
-{
-    timespec stUntil{};
-    if (until) {
-        const auto ns = std::chrono::duration_cast<std::chrono::nanoseconds>(until->time_since_epoch()).count();
-        stUntil = {ns / 1'000'000'000, ns % 1'000'000'000};
-    }
-    m_u32Waiting.fetch_add(1);
-    while (count() == u32Count) // the futex's clock is the monotonic one
-        if (syscall(SYS_futex, &m_u32Count, FUTEX_WAIT_BITSET_PRIVATE, u32Count, until ? &stUntil : nullptr, nullptr,
-                    FUTEX_BITSET_MATCH_ANY) != 0 &&
-            errno == ETIMEDOUT)
-            break;
-    m_u32Waiting.fetch_sub(1);
-    return count() != u32Count;
-}
 
 void PacketSink::give(const STREAM_PACKET_REF &pstPacket)
 {
@@ -72,7 +44,7 @@ void STREAM_CACHE_S::write(const STREAM_PACKET_REF &pstPacket)
         pstSinks = m_pstSinks;
     }
     for (const auto &pstSink : *pstSinks) pstSink->give(pstPacket);
-    m_arrivals.announce();
+    m_written.notify_all();
 }
 
 bool STREAM_CACHE_S::setMetadata(const STREAM_PACKET_METADATA_S &stMetadata)
@@ -177,20 +149,19 @@ STREAM_PACKET_REF STREAM_CACHE_S::take(tagPLACE_S &stPlace) const
 
 STREAM_PACKET_REF STREAM_CACHE_S::read(tagPLACE_S &stPlace, BU_S32 s32TimeoutMs)
 {
-    std::optional<std::chrono::steady_clock::time_point> until;
-    if (s32TimeoutMs >= 0) until = std::chrono::steady_clock::now() + std::chrono::milliseconds(s32TimeoutMs);
-    for (bool bInTime = true;;) {
-        const BU_U32 u32Count = m_arrivals.count(); // before the look: what comes after it is not missed
-        {
-            const std::lock_guard guard(m_lock);
-            if (STREAM_PACKET_REF pstPacket = take(stPlace)) return pstPacket;
-        }
-        if (!bInTime) return nullptr;
+    const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(s32TimeoutMs);
+    std::unique_lock guard(m_lock);
+    for (;;) {
+        if (STREAM_PACKET_REF pstPacket = take(stPlace)) return pstPacket;
         if (stPlace.bAwaitKey && !stPlace.bAsked) {
             stPlace.bAsked = true;
+            guard.unlock();
             requestKeyFrame();
-        }
-        bInTime = m_arrivals.waitBeyond(u32Count, until);
+            guard.lock();
+        } else if (s32TimeoutMs < 0)
+            m_written.wait(guard);
+        else if (m_written.wait_until(guard, until) == std::cv_status::timeout)
+            return take(stPlace);
     }
 }
 

@@ -4,12 +4,10 @@
 #include "media/stream.h"
 
 #include <atomic>
-#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <map>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -31,20 +29,6 @@ struct tagPLACE_S {
 };
 
 class PacketSink;
-
-/// Where readers wait for the next packet. A condition variable would have each of a hundred readers take its own lock,
-/// too, and the cache's before it looks whether that was needed.
-class Arrivals
-{
-public:
-    BU_U32 count() const { return m_u32Count.load(std::memory_order_acquire); }
-    void announce(); ///< counts one more, and wakes all who wait
-    /// Waits while there were no more than so many. @return false: not in time
-    bool waitBeyond(BU_U32 u32Count, std::optional<std::chrono::steady_clock::time_point> until);
-
-private:
-    std::atomic<BU_U32> m_u32Count{0}, m_u32Waiting{0};
-};
 } // namespace media
 
 struct STREAM_CACHE_S {
@@ -88,8 +72,8 @@ private:
 
     const media::tagWRITER_S m_stWriter;
     std::atomic<BU_U32> m_u32Consumers{0};
-    media::Arrivals m_arrivals;
     mutable std::mutex m_lock; // guards everything below
+    std::condition_variable m_written;
     std::deque<STREAM_PACKET_REF> m_packets;
     BU_U64 m_u64First = 0; // number of m_packets.front()
     std::size_t m_bytes = 0;

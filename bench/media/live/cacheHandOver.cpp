@@ -6,7 +6,6 @@
 #include <chrono>
 #include <climits>
 #include <linux/futex.h>
-#include <stdexcept>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -14,7 +13,7 @@ namespace
 {
 using Clock = std::chrono::steady_clock;
 
-constexpr BU_U32 CONSUMERS = 100, PACKETS = 120, GROUP = 60;
+constexpr BU_U64 CONSUMERS = 100, PACKETS = 120, GROUP = 60;
 constexpr std::chrono::microseconds FRAME(33'333);
 
 STREAM_PACKET_REF packet(BU_U64 u64Number)
@@ -24,33 +23,32 @@ STREAM_PACKET_REF packet(BU_U64 u64Number)
         STREAM_PACKET_S{s_au8Data, sizeof s_au8Data, u64Number * 33'333, u64Number % GROUP == 0, STREAM_TYPE_H264});
 }
 
-/// @param fnWake  gives the packet of that number
-template <class Wake> double loadWhile(Wake fnWake)
+/// @param fnWake  gives the packet of that number. @param fnWait  waits until all consumers have so many
+template <class Wake, class Wait> double loadWhile(bool bPaced, Wake fnWake, Wait fnWait)
 {
     const double dBefore = cpuSeconds(getpid());
-    const auto start = Clock::now();
-    auto due = start;
+    auto due = Clock::now();
     for (BU_U64 u64Number = 0; u64Number < PACKETS; ++u64Number) {
-        std::this_thread::sleep_until(due += FRAME);
+        if (bPaced) std::this_thread::sleep_until(due += FRAME);
         fnWake(u64Number);
+        fnWait(u64Number + 1);
     }
-    std::this_thread::sleep_until(due += FRAME); // the last one, too, has its effect
-    return (cpuSeconds(getpid()) - dBefore) / std::chrono::duration<double>(Clock::now() - start).count() * 100;
+    return (cpuSeconds(getpid()) - dBefore) / PACKETS * 30 * 100;
 }
 
-/// A hundred threads, each of which waits for one number after the other. @param fnWait  makes what waits, for a thread
-template <class Wait, class Wake> double loadOfThreads(Wait fnWait, Wake fnWake)
+/// A hundred threads, each of which waits for one packet after the other. @param fnWait  makes what waits, for a thread
+template <class Wait, class Wake> double loadOfThreads(bool bPaced, Wait fnWait, Wake fnWake)
 {
-    std::atomic<BU_U32> u32Got = 0;
+    std::atomic<BU_U64> u64Got = 0;
     std::vector<std::jthread> threads;
     for (BU_U32 i = 0; i < CONSUMERS; ++i)
         threads.emplace_back([&, fnNext = fnWait()]() mutable {
-            for (BU_U32 u32 = 0; u32 < PACKETS && fnNext(); ++u32) ++u32Got;
+            for (BU_U32 u32 = 0; u32 < PACKETS && fnNext(); ++u32) ++u64Got;
         });
     std::this_thread::sleep_for(std::chrono::milliseconds(200)); // all of them wait
-    const double dLoad = loadWhile(fnWake);
-    if (u32Got != CONSUMERS * PACKETS) throw std::runtime_error("packets were lost, or the machine stood still");
-    return dLoad;
+    return loadWhile(bPaced, fnWake, [&](BU_U64 u64Packets) {
+        while (u64Got < CONSUMERS * u64Packets) std::this_thread::sleep_for(std::chrono::microseconds(50));
+    });
 }
 
 media::tagWRITER_S writer()
@@ -59,18 +57,19 @@ media::tagWRITER_S writer()
 }
 } // namespace
 
-double loadOfReaders()
+double loadOfReaders(bool bPaced)
 {
     STREAM_CACHE_S cache(writer());
     return loadOfThreads(
-        [&] { return [&, stPlace = cache.join()]() mutable { return cache.read(stPlace, 5000) != nullptr; }; },
+        bPaced, [&] { return [&, stPlace = cache.join()]() mutable { return cache.read(stPlace, 5000) != nullptr; }; },
         [&](BU_U64 u64Number) { cache.write(packet(u64Number)); });
 }
 
-double loadOfBareThreads()
+double loadOfBareThreads(bool bPaced)
 {
     std::atomic<BU_U32> u32Number = 0;
     return loadOfThreads(
+        bPaced,
         [&] {
             return [&, u32Seen = BU_U32{0}]() mutable {
                 while (u32Number == u32Seen)
@@ -85,10 +84,11 @@ double loadOfBareThreads()
         });
 }
 
-double loadOfSinks()
+double loadOfSinks(bool bPaced)
 {
     STREAM_CACHE_S cache(writer());
     std::atomic<BU_U64> u64Got = 0;
     for (BU_U32 i = 0; i < CONSUMERS; ++i) cache.addSink(std::to_string(i), [&](const auto &) { ++u64Got; });
-    return loadWhile([&](BU_U64 u64Number) { cache.write(packet(u64Number)); });
+    return loadWhile(
+        bPaced, [&](BU_U64 u64Number) { cache.write(packet(u64Number)); }, [](BU_U64) {});
 }

@@ -30,7 +30,7 @@ STREAM_PACKET_REF packetOf(BU_U32 u32Number, bool bKey, std::size_t size = 8)
 class StreamCache : public testing::Test
 {
 protected:
-    int m_s32Demands = 0, m_s32KeyRequests = 0;
+    std::atomic<int> m_s32Demands = 0, m_s32KeyRequests = 0; // readers ask on threads of their own
     STREAM_CACHE_S m_cache{{[this] { ++m_s32Demands; }, [this] { return ++m_s32KeyRequests, 0; }, [] { return 4000; }}};
 
     void write(BU_U32 u32First, BU_U32 u32Count, BU_U32 u32Group, std::size_t size = 8)

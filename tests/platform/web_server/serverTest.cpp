@@ -57,12 +57,11 @@ Outcome ServerTest::decide(const Request &st) const
     };
     if (st.strPath == "/echo") return Reply{200, "text/plain", st.strMethod + ":" + st.strBody, {}};
     if (st.strPath == "/tls") return Reply{200, "text/plain", st.bTls ? "yes" : "no", {}};
-    if (st.strPath == "/drive")
-        return EventCall{WEB_RPC_EVENT_GROUP_E_SET_PT, st.strBody, 1000, finish, st.strQuery};
+    if (st.strPath == "/drive") return EventCall{WEB_RPC_EVENT_GROUP_E_SET_PT, st.strBody, 1000, finish, st.strQuery};
     if (st.strPath == "/call") return EventCall{static_cast<tag_WEB_RPC_EVENT_GROUP_E>(7), st.strBody, 1000, finish};
     if (st.strPath == "/ask") return Question{"presets", st.strBody, 1000, finish};
     if (st.strPath == "/work") return Work{fnWork};
-    if (st.strPath == "/news") return NewsStream{"session"};
+    if (st.strPath == "/news") return NewsStream{st.strQuery.empty() ? "session" : st.strQuery};
     if (st.strPath.starts_with("/preview/")) return PreviewProxy{st.strPath.substr(9), "session"};
     if (st.strPath.starts_with("/device/")) return File{false, st.strPath.substr(7)};
     return File{true, st.strPath.substr(1)};
