@@ -14,6 +14,7 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace web_rpc
 {
@@ -75,6 +76,11 @@ Daemon::tagCHILD_S Daemon::start()
     if (stChild.pid == 0) become(m_strProgram.c_str(), argv.data(), theirs, parent);
     if (stChild.pid > 0)
         stChild.handle = util::FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, stChild.pid, 0)));
+    if (stChild.pid > 0 && stChild.handle < 0) { // nobody would notice its end
+        kill(stChild.pid, SIGKILL);
+        waitpid(std::exchange(stChild.pid, -1), nullptr, 0);
+        errno = EMFILE;
+    }
     return stChild;
 }
 

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/epoll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -42,7 +43,7 @@ Server::Server(util::FileDescriptor listener, std::function<tagRESULT_S(const ta
                std::function<void()> fnClients)
     : m_listener(std::move(listener)), m_epoll(epoll_create1(EPOLL_CLOEXEC)),
       m_stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_fnRun(std::move(fnRun)), m_fnClients(std::move(fnClients)),
-      m_u64Last(FIRST_CONNECTION)
+      m_u64Last(FIRST_CONNECTION), m_reserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
 {
 }
 
@@ -85,7 +86,10 @@ void Server::work()
 void Server::accept()
 {
     util::FileDescriptor fd(accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    if (fd < 0) return; // another thread has it
+    if (fd < 0) {
+        if (errno == EMFILE || errno == ENFILE) turnAway(); // else another thread has it
+        return;
+    }
     const bool bMay = mayConnect(fd);
     const auto pst = std::make_shared<Connection>(std::move(fd), m_epoll, m_u64Last++);
     if (!bMay || !m_pstClients->add(pst)) {
@@ -94,6 +98,16 @@ void Server::accept()
     }
     m_fnClients();
     pst->arm();
+}
+
+/// Without a free descriptor the connection would stay in the queue and wake the threads for ever.
+void Server::turnAway()
+{
+    const std::lock_guard guard(m_reserveLock);
+    m_reserve = {};
+    if (util::FileDescriptor(accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC)) >= 0)
+        LOG_WARN("web calls: no file descriptor for a connection, it is refused\n");
+    m_reserve = util::FileDescriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC));
 }
 
 void Server::serve(BU_U64 u64Number, BU_U32 u32Events, std::vector<BU_CHAR> &buffer)

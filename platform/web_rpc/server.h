@@ -8,6 +8,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace web_rpc
@@ -42,6 +43,7 @@ private:
     bool watch();
     void work();
     void accept();
+    void turnAway();
     void serve(BU_U64 u64Number, BU_U32 u32Events, std::vector<BU_CHAR> &buffer);
     void part(Connection &connection);
     void receive(const std::shared_ptr<Connection> &pst, const tagMESSAGE_S &stMessage);
@@ -53,6 +55,8 @@ private:
     const std::shared_ptr<Clients> m_pstClients = std::make_shared<Clients>();
     Lanes m_lanes{HANDLERS};
     std::atomic<BU_U64> m_u64Last;
+    std::mutex m_reserveLock;            // guards m_reserve
+    util::FileDescriptor m_reserve;      // given up for a moment when there is no other
     std::vector<util::Thread> m_threads; // last: end first
 };
 } // namespace web_rpc

@@ -142,6 +142,31 @@ TEST_F(KeyState, FullBodyOnlyInTwoTrackingModes)
     }
 }
 
+TEST_F(KeyState, TogglesAskForTheStoredValue)
+{
+    ISP_API_SetBackLight(0, BU_TRUE, BU_FALSE, BU_FALSE); // stored: off
+    SYS_API_SetPrompt(BU_FALSE, BU_FALSE, BU_FALSE);      // stored: on
+    journal::effects();
+    EXPECT_EQ(play(BIG, "backlight osd"), (Effects{"ISP_API_SetBackLight(0, 1, 1, 1)", "SYS_API_SetPrompt(0, 1, 1)"}));
+}
+
+TEST_F(KeyState, WhatCannotBeReadHasAValueToStartFrom)
+{
+    PTZ_API_SetZoomSpd(0, 2, BU_FALSE, BU_FALSE);
+    ISP_API_SetBackLight(0, BU_TRUE, BU_TRUE, BU_FALSE);
+    SYS_API_SetPrompt(BU_FALSE, BU_TRUE, BU_FALSE);
+    ALG_API_SetEnable(BU_TRUE, BU_FALSE, BU_FALSE);
+    ALG_API_SetTrackMode(TRACK_MODE_E_STAGE_TRACKING, BU_FALSE, BU_FALSE);
+    for (const char *pcGet : {"PTZ_API_GetZoomSpd", "ISP_API_GetBackLight", "SYS_API_GetPrompt", "ALG_API_GetEnable",
+                              "ALG_API_GetTrackMode"})
+        journal::inject(pcGet, -1, 10);
+    journal::effects();
+    EXPECT_EQ(play(BIG, "zoom+ backlight osd f1 f4 +left"),
+              (Effects{"PTZ_API_SetZoomAct(0, 2, 5)", "PTZ_API_SetZoomAct(0, 0, 5)", "ISP_API_SetBackLight(0, 1, 1, 1)",
+                       "SYS_API_SetPrompt(0, 1, 1)", "ALG_API_SetEnable(1, 1, 1)", "ALG_API_SetBodySize(0, 1, 1)",
+                       "CMD_PT_HandeLeftBtn()"}));
+}
+
 TEST_F(KeyState, RefusedAddressIsNotShown)
 {
     journal::inject("NET_API_SetIpAddr", -1);

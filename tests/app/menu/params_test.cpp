@@ -286,6 +286,17 @@ TEST_F(MenuParams, RefusedValuesChangeNothing)
     EXPECT_EQ(s32Gain, 0);
 }
 
+TEST_F(MenuParams, NdiStartsFromItsDefaultsWhereThereIsNoRecord)
+{
+    journal::inject("MPP_NDI_GetInstance", -1);
+    journal::inject("MPP_NDI_UpdateInstance", -1); // nobody looks at it
+    EXPECT_THAT(
+        effectsOf(option("Ndi", "On")),
+        ElementsAre("MPP_NDI_UpdateInstance({1, \"\", \"\", \"\", 1, 0, \"239.255.0.0\", \"255.255.0.0\", 1, 0, "
+                    "\"\", -1, -1, -1}, 1)",
+                    "CFG_COM_SetTxtParams(\"Ndi\", \"On\", 1)"));
+}
+
 TEST_F(MenuParams, TheKeyIsTraced)
 {
     ITEM_NODE_S st = number("Gain", 3);

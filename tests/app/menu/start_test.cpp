@@ -15,6 +15,7 @@
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
 
 namespace
@@ -64,7 +65,9 @@ TEST_F(MenuStart, GeometryFollowsTheModel)
 TEST_F(MenuStart, StopsAtTheFirstFailure)
 {
     journal::inject("MPP_GetVoutCfg", -5);
+    testing::internal::CaptureStdout();
     EXPECT_EQ(OSD_MENU_RegisterModule(), -5);
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), EndsWith("] call MPP_GetVoutCfg failed, ret:-5\n"));
     EXPECT_THAT(journal::effects(), IsEmpty());
     journal::inject("OSD_MENU_InitSdkRes", 3);
     EXPECT_EQ(OSD_MENU_RegisterModule(), -1);
@@ -105,13 +108,20 @@ TEST_F(MenuStart, TellsTheOutputAndTheKeysOfItsRate)
         EXPECT_EQ(answer(OSD_MENU_GET_SHUTTER_E_SPEED), row.pcSpeed);
         EXPECT_EQ(answer(OSD_MENU_GET_SHUTTER_E_VALUE), row.pcValue);
     }
-    for (const auto enEvent :
-         {OSD_MENU_GET_AF_E_VERSION_INFO, OSD_MENU_GET_ISP_E_VERSION_INFO, OSD_MENU_GET_AI_E_VERSION_INFO})
-        EXPECT_NE(answer(enEvent), "unchanged") << enEvent;
+}
+
+TEST_F(MenuStart, TellsTheVersionsAndNothingItDoesNotKnow)
+{
+    std::string strJson = shippedProfile("TKV-MX");
+    const std::string strBefore = "\"isp\":";
+    profile(strJson.insert(strJson.find(strBefore), R"("af": "AF V2.1", "ai": "AI V3.2", )"));
+    EXPECT_EQ(answer(OSD_MENU_GET_AF_E_VERSION_INFO), "AF V2.1");
+    EXPECT_EQ(answer(OSD_MENU_GET_ISP_E_VERSION_INFO), "ISP V1.4.0");
+    EXPECT_EQ(answer(OSD_MENU_GET_AI_E_VERSION_INFO), "AI V3.2");
     for (const BU_S32 s32Event : {5, 6, 7, 8, 9, 10, 11, 14, -1}) {
         testing::internal::CaptureStdout();
         EXPECT_EQ(answer(static_cast<OSD_MENU_GET_EVENT_E>(s32Event)), "unchanged") << s32Event;
-        EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::EndsWith("unknown event\n"));
+        EXPECT_THAT(testing::internal::GetCapturedStdout(), EndsWith("] unknown event\n"));
     }
 }
 

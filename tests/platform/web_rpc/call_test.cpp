@@ -1,7 +1,12 @@
 #include "socketFile.h"
 #include "webRpcTest.h"
 
+#include <cstring>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <thread>
 
 namespace
@@ -170,6 +175,36 @@ TEST_F(WebRpcTest, ManyWebServersAtOnce)
             }
         });
     for (std::thread &thread : listThreads) thread.join();
+}
+
+TEST_F(WebRpcTest, WithoutAFreeDescriptorAConnectionIsRefused)
+{
+    const Peer peer;
+    peer.call(1, SUM, request(1)); // it is known there
+    peer.answer();
+    const util::FileDescriptor refused(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
+    const timeval stLimit{20, 0};
+    setsockopt(refused, SOL_SOCKET, SO_RCVTIMEO, &stLimit, sizeof(stLimit));
+    sockaddr_un stAddress{};
+    stAddress.sun_family = AF_UNIX;
+    std::strcpy(stAddress.sun_path, UTIL_ROOT_Path(web_rpc::SOCKET_PATH).c_str());
+    rlimit stBefore{};
+    getrlimit(RLIMIT_NOFILE, &stBefore);
+    const rlimit stFew{128, stBefore.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &stFew);
+    std::vector<util::FileDescriptor> listOthers;
+    do listOthers.emplace_back(open("/dev/null", O_RDONLY | O_CLOEXEC));
+    while (listOthers.back() >= 0);
+    char c = 0;
+    EXPECT_EQ(connect(refused, reinterpret_cast<sockaddr *>(&stAddress), sizeof(stAddress)), 0);
+    EXPECT_EQ(recv(refused, &c, 1, 0), 0);
+    peer.call(2, SUM, request(1));
+    EXPECT_EQ(peer.answer().u32Id, 2U);
+    listOthers.clear();
+    setrlimit(RLIMIT_NOFILE, &stBefore);
+    const Peer next;
+    next.call(3, SUM, request(1));
+    EXPECT_EQ(next.answer().u32Id, 3U);
 }
 
 class DeepRootTest : public WebRpcTest
