@@ -11,7 +11,8 @@ enum UTIL_LOG_LEVEL_E : BU_S32 {
 };
 
 /// Writes one line to standard error and to the rotating file /var/log/camera.log of the device root.
-/// A trailing newline of the text is dropped. Text beyond 1 KiB is cut. Never fails: a full disk loses file lines only.
+/// A trailing newline of the text is dropped, other control characters become '?'. Text beyond 1 KiB is cut. Never
+/// fails: a full disk loses file lines only.
 /// @param pcPrefix  function and line, as UTIL_LOG makes it; may be null
 /// Thread: any.
 void UTIL_LOG_Print(BU_S32 s32Level, const BU_CHAR *pcPrefix, const BU_CHAR *pcFormat, ...)

@@ -7,11 +7,18 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <malloc.h>
 
 using media::Picture;
 using media::PictureTaker;
 using media::Pipe;
 using media::tagSIZE_S;
+
+namespace
+{
+/// For so long after its last picture a pipe keeps the memory at hand: who comes back soon is served sooner with it.
+constexpr BU_S64 IN_HAND_US = 10'000'000;
+} // namespace
 
 const SCENE_FRAME_S &Picture::frame(tagSIZE_S stSize)
 {
@@ -116,7 +123,8 @@ std::vector<std::shared_ptr<PictureTaker>> Pipe::takers()
 
 void Pipe::loop(const std::stop_token &stop)
 {
-    BU_S64 s64LastUs = 0; // the last picture
+    BU_S64 s64LastUs = 0;       // the last picture
+    bool bMemoryInHand = false; // freed since, but not yet the system's again
     while (!stop.stop_requested()) {
         runPosted();
         const FrameRate stRate = rate();
@@ -125,12 +133,18 @@ void Pipe::loop(const std::stop_token &stop)
         const auto s64Next = nextFrame(stRate, std::max(stRate.frameAt(s64LastUs), s64Now - 1));
         if (!s64Next) {
             rest();
-            waitFor(std::nullopt, stop);
+            const BU_S64 s64GiveBackUs = s64LastUs + IN_HAND_US;
+            if (bMemoryInHand && UTIL_TIME_NowUs() >= s64GiveBackUs) {
+                malloc_trim(0);
+                bMemoryInHand = false;
+            }
+            waitFor(bMemoryInHand ? std::optional(s64GiveBackUs) : std::nullopt, stop);
         } else if (*s64Next > s64Now) {
             waitFor(stRate.dueUs(*s64Next), stop);
         } else {
             render(stRate, *s64Next);
             s64LastUs = stRate.dueUs(*s64Next);
+            bMemoryInHand = true;
         }
     }
 }

@@ -47,7 +47,10 @@ void Mount::open()
     gst_rtsp_url_parse("rtsp://camera/", &pstUrl);
     m_pstKeeper = gst_rtsp_media_factory_construct(m_pstFactory, pstUrl);
     gst_rtsp_url_free(pstUrl);
-    if (!m_pstKeeper || !prepare(m_pstServer, m_pstKeeper)) LOG_ERROR("rtsp %s cannot be shown", m_strName.c_str());
+    if (m_pstKeeper && prepare(m_pstServer, m_pstKeeper))
+        m_drain.emplace(m_pstKeeper);
+    else
+        LOG_ERROR("rtsp %s cannot be shown", m_strName.c_str());
     GstRTSPMountPoints *pstMounts = gst_rtsp_server_get_mount_points(m_pstServer);
     gst_rtsp_mount_points_add_factory(pstMounts, ("/" + m_strName).c_str(),
                                       GST_RTSP_MEDIA_FACTORY(g_object_ref(m_pstFactory)));
@@ -80,6 +83,7 @@ void Mount::mute()
     for (std::size_t i = 0; i < m_listSinks.size(); ++i) listen(i, false);
     m_listSinks.clear();
     m_givenUp.clear();
+    m_drain.reset();
 }
 
 void Mount::removeName()

@@ -1,8 +1,10 @@
 /// A session on the server.
 #pragma once
 
+#include "drain.h"
 #include "pipeline.h"
 
+#include <optional>
 #include <set>
 
 typedef struct _GstRTSPServer GstRTSPServer;
@@ -53,6 +55,7 @@ private:
     std::shared_ptr<Pipeline> m_pstPipeline;
     GstRTSPMediaFactory *m_pstFactory = nullptr;
     GstRTSPMedia *m_pstKeeper = nullptr;
+    std::optional<Drain> m_drain;                    ///< of the keeper
     std::vector<std::string> m_listSinks;            ///< by track; empty: closed
     std::set<const GstRTSPSessionMedia *> m_givenUp; ///< at the last look
 };

@@ -160,7 +160,10 @@ BU_S32 RTSP_createMediaSession(RTSP_MEDIA_SESSION_T **ppstSession, const BU_CHAR
     *ppstSession = nullptr;
     const std::lock_guard guard(service().lock);
     const auto isNamed = [pcName](const auto &pst) { return pst->strName == pcName; };
-    if (!pcName || !*pcName || std::ranges::any_of(service().sessions, isNamed)) return -1;
+    if (!pcName || !*pcName || std::ranges::any_of(service().sessions, isNamed)) {
+        LOG_ERROR("no rtsp session \"%s\": it needs a name that no other has", pcName ? pcName : "");
+        return -1;
+    }
     auto &pst = service().sessions.emplace_back(std::make_unique<RTSP_MEDIA_SESSION_T>());
     pst->strName = pcName;
     *ppstSession = pst.get();

@@ -229,9 +229,9 @@ void Server::acceptFrom(int fdListener)
             admit(fd);
         } else if (errno == EMFILE || errno == ENFILE) {
             m_fdReserve = {};
-            const util::FileDescriptor refused(::accept4(fdListener, nullptr, nullptr, SOCK_CLOEXEC));
-            m_fdReserve = util::FileDescriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC));
-            if (refused < 0) return;
+            const bool bRefused = util::FileDescriptor(::accept4(fdListener, nullptr, nullptr, SOCK_CLOEXEC)) >= 0;
+            m_fdReserve = util::FileDescriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC)); // its place is free again
+            if (!bRefused) return;
         } else if (errno != EINTR && errno != ECONNABORTED) {
             return;
         }

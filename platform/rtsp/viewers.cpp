@@ -1,5 +1,7 @@
 #include "viewers.h"
 
+#include "drain.h"
+
 #include <gst/rtsp-server/rtsp-server.h>
 
 namespace rtsp
@@ -77,7 +79,10 @@ std::set<const GstRTSPStreamTransport *> transportsOf(GstRTSPMedia *pstMedia)
 bool hasViewers(GstRTSPMedia *pstMedia, unsigned stream)
 {
     GstRTSPStream *pstStream = gst_rtsp_media_get_stream(pstMedia, stream);
-    GList *pstList = pstStream ? gst_rtsp_stream_transport_filter(pstStream, nullptr, nullptr) : nullptr;
+    const auto isViewer = [](GstRTSPStream *, GstRTSPStreamTransport *pst, gpointer) {
+        return isDrain(pst) ? GST_RTSP_FILTER_KEEP : GST_RTSP_FILTER_REF;
+    };
+    GList *pstList = pstStream ? gst_rtsp_stream_transport_filter(pstStream, isViewer, nullptr) : nullptr;
     const bool bAny = pstList != nullptr;
     g_list_free_full(pstList, g_object_unref);
     return bAny;

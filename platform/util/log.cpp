@@ -3,6 +3,7 @@
 #include "root.h"
 #include "util/file.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdarg>
 #include <cstdio>
@@ -114,6 +115,8 @@ void UTIL_LOG_Print(BU_S32 s32Level, const BU_CHAR *pcPrefix, const BU_CHAR *pcF
     if (std::vsnprintf(acLine + prefix, sizeof(acLine) - prefix, pcFormat, args) < 0) acLine[prefix] = 0;
     va_end(args);
     for (std::size_t end = std::strlen(acLine); end > 0 && acLine[end - 1] == '\n'; end--) acLine[end - 1] = 0;
+    const auto isControl = [](BU_CHAR c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+    std::replace_if(acLine, acLine + std::strlen(acLine), isControl, '?'); // what strangers sent makes no lines
     try {
         Log::instance().write(s32Level, acLine);
     } catch (...) {

@@ -21,8 +21,8 @@ std::string sessionJson(const Desk &stDesk, const std::string &strUser, Role enR
 
 std::string cookie(std::string_view strToken, bool bTls)
 {
-    return std::string(SESSION_COOKIE) + "=" + std::string(strToken) + "; Path=/; HttpOnly; SameSite=Strict" +
-           (bTls ? "; Secure" : "");
+    return std::string(bTls ? SECURE_SESSION_COOKIE : SESSION_COOKIE) + "=" + std::string(strToken) +
+           "; Path=/; HttpOnly; SameSite=Strict" + (bTls ? "; Secure" : "");
 }
 
 /// What came of a change of the users.

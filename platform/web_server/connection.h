@@ -33,11 +33,11 @@ public:
     BU_U64 number() const { return m_u64Number; }
     const std::string &remote() const { return m_strRemote; }
     /// Nobody waits for an answer of it, or they take their time to ask.
-    bool mayGiveWay() const
-    {
-        return m_enState == State::HEAD || m_enState == State::BODY || m_enState == State::LINGER;
-    }
-    BU_S64 since() const { return m_s64SinceMs; } ///< when it began what it does
+    bool isIdle() const { return m_enState == State::HEAD || m_enState == State::BODY || m_enState == State::LINGER; }
+    /// They take their time to be answered, or what they asked for has no end.
+    bool isSending() const { return !isIdle() && m_enState != State::WAIT; }
+    const std::string &session() const { return m_strSession; } ///< of what has no end, else empty
+    BU_S64 since() const { return m_s64SinceMs; }               ///< when it began what it does
 
 private:
     enum class State {
@@ -92,7 +92,7 @@ private:
     std::size_t m_ignored = 0;     // bytes read for nothing
     std::size_t m_missedBeats = 0; // in a row
     Output m_output;
-    std::string m_strSession; // of what stays open
+    std::string m_strSession; // of what has no end
     std::unique_ptr<PreviewLink> m_pstPreview;
 };
 } // namespace web

@@ -315,6 +315,13 @@ std::string writeRecord(const Record &stRecord, const BU_CHAR *pcRecord)
     return writeObject(stRecord, pcRecord).dump(-1, ' ', false, Ordered::error_handler_t::replace);
 }
 
+bool isUtf8(std::string_view strText)
+try {
+    return !Json(strText).dump().empty();
+} catch (const Json::type_error &) {
+    return false;
+}
+
 std::string quoted(std::string_view strText)
 {
     return Json(strText).dump(-1, ' ', false, Json::error_handler_t::replace);

@@ -103,8 +103,12 @@ struct WebLogic::Impl {
 /// Whose request it is. A cookie that means nothing is as good as none.
 void WebLogic::Impl::recognise(Visit &stVisit)
 {
-    const std::string strCookies = stVisit.stRequest.strCookie.value_or(""); // the tokens point into it
-    for (const std::string_view strToken : cookies(strCookies, SESSION_COOKIE)) {
+    const std::string strCookies = stVisit.stRequest.strCookie.value_or("");    // the tokens point into it
+    std::vector<std::string_view> tokens = cookies(strCookies, SESSION_COOKIE); // of HTTP, good for HTTPS too
+    if (stVisit.stRequest.bTls)
+        for (const std::string_view strToken : cookies(strCookies, SECURE_SESSION_COOKIE))
+            tokens.insert(tokens.begin(), strToken);
+    for (const std::string_view strToken : tokens) {
         if (!isToken(strToken)) continue;
         std::string strKey = digest(strToken);
         const auto strUser = stDesk.sessions.use(strKey, stVisit.stRequest.s64Unix);

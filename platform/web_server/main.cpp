@@ -4,8 +4,10 @@
 #include "request.h"
 #include "server.h"
 #include "util/file.h"
+#include "util/fileDescriptor.h"
 #include "util/log.h"
 #include "util/platform.h"
+#include "util/time.h"
 #include "web/webClient.h"
 
 #include <algorithm>
@@ -14,18 +16,22 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <sysexits.h>
 #include <unistd.h>
 
 namespace
 {
 constexpr BU_S32 PREVIEW_PORT = 12345;
 constexpr BU_S32 PORTS_TRIED = 10;
+constexpr BU_S32 ENDING_MS = 1000, LOOK_MS = 20;
 
 struct tagOPTIONS_S {
     std::string strRoot, strBind = "127.0.0.1", strPage = CAMERA_WEBUI_DIR;
@@ -66,6 +72,20 @@ std::optional<tagOPTIONS_S> parse(int argc, char **argv)
     }
     if (st.s32Http < 0 && st.s32Https < 0) return std::nullopt;
     return st;
+}
+
+/// Each web server keeps the users in memory, so one alone may have a device root. Waits for one that ends just now.
+bool haveRoot()
+{
+    static const util::FileDescriptor lock(
+        open(UTIL_ROOT_Path("/var/camera-web.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (lock < 0) return true; // what cannot be written cannot be mixed up
+    const BU_S64 s64EndMs = UTIL_TIME_NowMs() + ENDING_MS;
+    while (flock(lock, LOCK_EX | LOCK_NB) != 0) {
+        if (UTIL_TIME_NowMs() >= s64EndMs) return false;
+        UTIL_TIME_SleepMs(LOOK_MS);
+    }
+    return true;
 }
 
 std::string textOf(const char *pcVariable)
@@ -154,6 +174,10 @@ int main(int argc, char **argv)
     const auto options = parse(argc, argv);
     if (!options) return std::fputs(USAGE, stderr), 2;
     if (!options->strRoot.empty() && UTIL_ROOT_Set(options->strRoot.c_str()) != 0) return 1;
+    if (!haveRoot()) {
+        LOG_ERROR("web: another web server has %s\n", UTIL_ROOT_Path("/").c_str());
+        return EX_TEMPFAIL;
+    }
 
     const std::string strMachine = machineName();
     web::WebLogic logic(textOf("CAMERA_WEB_HOSTS"), strMachine, textOf("CAMERA_WEB_PASSWORD"));

@@ -1,5 +1,7 @@
 #include "password.h"
 
+#include "json.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -37,6 +39,7 @@ std::string passwordFault(std::string_view strPassword, std::string_view strUser
     if (strPassword.size() > PASSWORD_BYTES_MAX) return "the password is too long";
     if (std::any_of(strPassword.begin(), strPassword.end(), isControl))
         return "the password must not contain control characters";
+    if (!isUtf8(strPassword)) return "the password must be UTF-8";
     if (strPassword == strUser) return "the password must not be the user's name";
     return {};
 }

@@ -21,7 +21,7 @@ constexpr std::array ROUTES{
           "makes the first user, an admin, and logs in; 409 when there is one", withBody<AccountBody, setUp>, SMALL,
           &RECORD<AccountBody>},
     Route{"POST", "/session", Role::ANYONE,
-          "logs in and sets the cookie `camera_session`; 401; 429 with Retry-After after too many attempts",
+          "logs in and sets the cookie; 401; 429 with Retry-After after too many attempts",
           withBody<AccountBody, logIn>, SMALL, &RECORD<AccountBody>},
     Route{"DELETE", "/session", Role::VIEWER, "logs out", logOut},
     Route{"GET", "/users", Role::ADMIN, "the users: `[{\"user\", \"role\"}]`", getUsers},

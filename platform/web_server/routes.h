@@ -42,6 +42,9 @@ struct Route {
 };
 
 constexpr const char *SESSION_COOKIE = "camera_session";
+/// What HTTPS gives has a name of its own: a browser would not let a login by HTTP replace it. The prefix makes it
+/// refuse one of that name from anywhere else.
+constexpr const char *SECURE_SESSION_COOKIE = "__Host-camera_session";
 
 std::span<const Route> routes();
 

@@ -272,13 +272,26 @@ bool LwsServer::mayConnect(const void *pvUser)
     return m_connections.size() < most;
 }
 
-/// Ends the connection that has been idle for the longest time.
+/// Ends the connection that has been idle for the longest time. Where none is idle, it is the oldest of the session
+/// that has most of them open; all who take their time to be answered without one count as one.
 void LwsServer::makeRoom()
 {
-    Connection *pstOldest = nullptr;
-    for (const auto &[u64Number, pst] : m_connections)
-        if (pst->mayGiveWay() && (!pstOldest || pst->since() < pstOldest->since())) pstOldest = pst.get();
-    if (pstOldest) pstOldest->end();
+    const auto oldest = [this](auto mayGo) {
+        Connection *pstOldest = nullptr;
+        for (const auto &[u64Number, pst] : m_connections)
+            if (mayGo(*pst) && (!pstOldest || pst->since() < pstOldest->since())) pstOldest = pst.get();
+        return pstOldest;
+    };
+    Connection *pstLeaves = oldest([](const Connection &connection) { return connection.isIdle(); });
+    if (!pstLeaves) {
+        std::map<std::string_view, std::size_t> counts;
+        for (const auto &[u64Number, pst] : m_connections) counts[pst->session()] += pst->isSending();
+        const auto most = std::ranges::max_element(counts, {}, [](const auto &entry) { return entry.second; });
+        pstLeaves = oldest([&](const Connection &connection) {
+            return connection.isSending() && connection.session() == most->first;
+        });
+    }
+    if (pstLeaves) pstLeaves->end();
 }
 } // namespace
 

@@ -2,10 +2,12 @@
 
 #include "password.h"
 #include "secretFile.h"
+#include "util/file.h"
 #include "util/log.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <unistd.h>
 
 namespace web
 {
@@ -62,6 +64,7 @@ std::optional<std::string> Sessions::use(const std::string &strKey, BU_S64 s64No
         m_sessions.erase(session);
         return std::nullopt;
     }
+    stSession.s64Opened = std::min(stSession.s64Opened, s64Now);
     stSession.s64Used = s64Now;
     return stSession.strUser;
 }
@@ -99,6 +102,7 @@ void Sessions::store()
         for (const auto &[strKey, stSession] : m_sessions)
             list.push_back({{"key", strKey}, {"user", stSession.strUser}, {"opened", stSession.s64Opened}});
     }
-    writeSecret(SESSIONS_FILE, list.dump(1) + "\n");
+    // An old list would let in again who has logged out.
+    if (!writeSecret(SESSIONS_FILE, list.dump(1) + "\n")) unlink(UTIL_ROOT_Path(SESSIONS_FILE).c_str());
 }
 } // namespace web

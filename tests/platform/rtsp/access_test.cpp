@@ -123,7 +123,8 @@ TEST_F(RtspTest, RequestWithoutEndIsCutOff)
     RtspClient good = viewer(), bad = client();
     bad.send("OPTIONS rtsp://127.0.0.1/ RTSP/1.0\r\nCSeq: 1\r\n");
     clock().advance(1000);
-    for (int i = 0; i < 100; ++i) bad.send("X-Header: " + std::string(1000, 'v') + "\r\n");
+    // However the checks cut it in two, one part is too much.
+    for (int i = 0; i < 200; ++i) bad.send("X-Header: " + std::string(1000, 'v') + "\r\n");
     EXPECT_TRUE(isServed(good)); // and the flood has arrived
     clock().advance(1000);
     EXPECT_TRUE(bad.isClosed());

@@ -85,6 +85,22 @@ TEST_F(RtspTest, EncodersRunOnlyWhileSomebodyPlays)
     }
 }
 
+TEST_F(RtspTest, WhoDoesNotReadHoldsUpNobody)
+{
+    start();
+    RtspClient stuck = viewer();
+    {
+        RtspClient reader = viewer();
+        for (BU_U8 i = 1; i <= 30; ++i) { // more than a connection takes
+            m_video.write(true, 1'000'000 + i, i, 300'000);
+            while (reader.rtp().payload.back() != i) {}
+        }
+    }
+    for (int i = 0; i < 5; ++i) m_video.write(true, 2'000'000 + i);
+    RtspClient late = viewer();
+    EXPECT_TRUE(isServed(late));
+}
+
 TEST_F(RtspTest, PausedViewerGoesOn)
 {
     start();

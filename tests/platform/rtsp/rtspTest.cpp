@@ -65,7 +65,7 @@ FakeEncoder::FakeEncoder(BU_S32 s32EncodeType)
     setFormat(s32EncodeType == STREAM_TYPE_AAC ? audioFormat() : videoFormat(s32EncodeType));
 }
 
-void FakeEncoder::write(bool bKeyFrame, BU_S64 s64AtUs, BU_U8 u8Mark)
+void FakeEncoder::write(bool bKeyFrame, BU_S64 s64AtUs, BU_U8 u8Mark, BU_U32 u32Filling)
 {
     struct tagOWNED_S {
         std::vector<BU_U8> bytes;
@@ -74,6 +74,7 @@ void FakeEncoder::write(bool bKeyFrame, BU_S64 s64AtUs, BU_U8 u8Mark)
     auto pstOwned = std::make_shared<tagOWNED_S>();
     const BU_S32 s32Type = m_cache.metadata().s32EncodeType;
     pstOwned->bytes = accessUnit(s32Type, bKeyFrame, u8Mark);
+    pstOwned->bytes.insert(pstOwned->bytes.end() - 1, u32Filling, 0x55);
     pstOwned->stPacket = {pstOwned->bytes.data(), static_cast<BU_U32>(pstOwned->bytes.size()),
                           static_cast<BU_U64>(s64AtUs), bKeyFrame, s32Type};
     m_cache.write(STREAM_PACKET_REF(pstOwned, &pstOwned->stPacket));

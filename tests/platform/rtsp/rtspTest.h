@@ -18,8 +18,9 @@ public:
     void setFormat(const STREAM_PACKET_METADATA_S &stFormat) { m_cache.introduce(stFormat); }
     void setBitRate(BU_S32 s32BitRate) { m_s32BitRate = s32BitRate; }
 
-    /// Writes a packet of the present format. @param s64AtUs  its time. @param u8Mark  byte that tells it from others
-    void write(bool bKeyFrame, BU_S64 s64AtUs, BU_U8 u8Mark = 0);
+    /// Writes a packet of the present format. @param s64AtUs  its time. @param u8Mark  byte that tells it from others,
+    /// its last. @param u32Filling  bytes that it is larger by
+    void write(bool bKeyFrame, BU_S64 s64AtUs, BU_U8 u8Mark = 0, BU_U32 u32Filling = 0);
 
     bool waitWanted(bool bWanted); ///< until somebody, or nobody, consumes the cache
     bool waitKeyRequests(int s32Count);

@@ -154,6 +154,8 @@ TEST_F(ProcessTest, LogFollowsTheRootAndOutlivesAFullDisk)
 {
     LOG_INFO("value %d\n\n", 42);
     EXPECT_THAT(read("/var/log/camera.log"), HasSubstr("] value 42\n"));
+    LOG_WARN("name %s", "a\n2026-01-01 E forged\x1B[2J\x7F\n");
+    EXPECT_THAT(read("/var/log/camera.log"), HasSubstr("] name a?2026-01-01 E forged?[2J?\n"));
     LOG_WARN("%s", std::string(5000, 'x').c_str());
     EXPECT_LT(read("/var/log/camera.log").size(), 2048u);
     const std::string strFull = outside() + "/full/var/log";

@@ -9,8 +9,10 @@
 #include <filesystem>
 #include <fstream>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <sysexits.h>
 #include <vector>
 
 namespace
@@ -125,6 +127,16 @@ TEST_F(WebProcess, ComesBackAsTheSameAfterAKill)
     EXPECT_THAT(run(strPort, "0"), HasSubstr("http " + strPort + "\n")) << "the same port again";
     EXPECT_EQ(contentOf(root() + "/var/web/certificate.pem"), strCertificate);
     EXPECT_EQ(end(SIGTERM), 0);
+}
+
+TEST_F(WebProcess, LeavesADeviceRootToWhoHasIt)
+{
+    std::filesystem::create_directories(root() + "/var");
+    const util::FileDescriptor lock(open((root() + "/var/camera-web.lock").c_str(), O_RDWR | O_CREAT, 0600));
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+    EXPECT_EQ(run("0", "0"), "") << "two lists of users would undo each other's changes";
+    const int s32Status = wait();
+    EXPECT_TRUE(WIFEXITED(s32Status) && WEXITSTATUS(s32Status) == EX_TEMPFAIL) << s32Status;
 }
 
 TEST_F(WebProcess, TakesAnotherPortWhenItsOwnIsTaken)

@@ -204,6 +204,29 @@ TEST_F(ServerTest, AThousandConnectionsLeaveRoomForOneMore)
     EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
 }
 
+TEST_F(ServerTest, WhoKeepsMostOpenMakesRoomWhereNobodyIdles)
+{
+    write("large.png", std::string(8'000'000, 'x'));
+    config.connectionsMax = 8;
+    start();
+    Peer page = connect();
+    page.ask(get("/news"));
+    page.readUntil("}\n\n");
+    for (const std::string &strRequest : {get("/news?greedy"), get("/large.png")}) {
+        SCOPED_TRACE(strRequest);
+        std::vector<Peer> crowd;
+        for (int i = 0; i < 10; ++i) {
+            crowd.push_back(connect(NOTHING_READ));
+            crowd.back().send(strRequest);
+            ASSERT_NE(crowd.back().read(1), "") << "it is being answered";
+        }
+        EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
+        EXPECT_TRUE(crowd.front().isEnded()) << "the oldest of the crowd made room";
+        server().tell("{}");
+        EXPECT_EQ(page.readUntil("data: {}\n\n"), "data: {}\n\n") << "the page of somebody else goes on";
+    }
+}
+
 TEST_F(ServerTest, SlowWorkHoldsUpNobodyAndDoesNotPileUp)
 {
     std::mutex lock;

@@ -71,7 +71,17 @@ TEST_F(UsersApiTest, LoginWantsTheRightPasswordAndGetsSlower)
     Request stTls = request("POST", "/session", {}, account("admin", "12345678"));
     stTls.bTls = true;
     stTls.strOrigin = "https://127.0.0.1:8080";
-    EXPECT_THAT(header(reply(logic.handle(stTls)), "Set-Cookie"), EndsWith("; Secure"));
+    const std::string strCookie = header(reply(logic.handle(stTls)), "Set-Cookie");
+    EXPECT_THAT(strCookie, AllOf(StartsWith("__Host-camera_session="), HasSubstr("; Path=/;"), EndsWith("; Secure")));
+    Request stUsers = request("GET", "/users");
+    stUsers.bTls = true;
+    stUsers.strCookie = "camera_session=" + makeToken() + "; " + strCookie.substr(0, strCookie.find(';'));
+    EXPECT_EQ(status(logic.handle(stUsers)), 200U);
+    stUsers.bTls = false;
+    EXPECT_EQ(status(logic.handle(stUsers)), 401U);
+    stUsers.bTls = true;
+    stUsers.strCookie = "camera_session=" + strCookie.substr(strCookie.find('=') + 1, 43);
+    EXPECT_EQ(status(logic.handle(stUsers)), 200U) << "who logged in by HTTP";
 }
 
 TEST_F(UsersApiTest, AChangedPasswordEndsTheOtherSessions)

@@ -4,6 +4,8 @@
 #include "users.h"
 #include "webRoot.h"
 
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace
@@ -33,7 +35,7 @@ TEST(Password, Rules)
     EXPECT_EQ(passwordFault("12345678", "admin"), "");
     EXPECT_EQ(passwordFault("öäüßöäüß", "admin"), "");
     for (const std::string &strBad : {std::string("1234567"), std::string("öäüß"), std::string(257, 'a'),
-                                      std::string("1234567\n"), std::string("operator1")})
+                                      std::string("1234567\n"), std::string("operator1"), std::string(8, '\xFF')})
         EXPECT_NE(passwordFault(strBad, "operator1"), "") << strBad;
 }
 
@@ -145,12 +147,14 @@ TEST_F(SessionsTest, EndByIdlenessAgeAndTheirUser)
     EXPECT_FALSE(sessions.use(strBusy, START + 7 * 24 * HOUR + 1));
     EXPECT_EQ(sessions.use(strBob, START - HOUR), "bob"); // the clock was set back
 
-    const std::string strNew = digest(sessions.open("ann", START));
+    EXPECT_FALSE(sessions.use(strBob, START + 7 * 24 * HOUR - HOUR + 1)) << "its age counts from then on";
+
+    const std::string strNew = digest(sessions.open("ann", START)), strOther = digest(sessions.open("bob", START));
     sessions.endUser("ann", strNew);
     EXPECT_TRUE(sessions.use(strNew, START));
     sessions.end(strNew);
     EXPECT_FALSE(sessions.use(strNew, START));
-    EXPECT_TRUE(sessions.use(strBob, START));
+    EXPECT_TRUE(sessions.use(strOther, START));
 }
 
 TEST_F(SessionsTest, AUserHasSoManyAndTheOneUsedLeastGoes)
@@ -192,6 +196,21 @@ TEST_F(SessionsTest, OutliveTheProcessWithoutTheirTokens)
         EXPECT_FALSE(fresh.use("k", 100)) << pcDamaged;
         EXPECT_TRUE(fresh.use(digest(fresh.open("ann", 100)), 100));
     }
+}
+
+TEST_F(SessionsTest, WhoLoggedOutStaysOutThoughThatCannotBeStored)
+{
+    rlimit stBefore{};
+    getrlimit(RLIMIT_FSIZE, &stBefore);
+    Sessions sessions(100);
+    const std::string strKey = digest(sessions.open("ann", 100));
+    sessions.open("bob", 100);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit stNothing{8, stBefore.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &stNothing);
+    sessions.end(strKey);
+    setrlimit(RLIMIT_FSIZE, &stBefore);
+    EXPECT_FALSE(Sessions(100).use(strKey, 100));
 }
 
 TEST(Throttle, AttemptsGetSlowerByUserAndByAddress)
