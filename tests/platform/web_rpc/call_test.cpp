@@ -179,6 +179,9 @@ TEST_F(WebRpcTest, ManyWebServersAtOnce)
 
 TEST_F(WebRpcTest, WithoutAFreeDescriptorAConnectionIsRefused)
 {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer's checks need descriptors of their own";
+#endif
     const Peer peer;
     peer.call(1, SUM, request(1)); // it is known there
     peer.answer();
