@@ -26,6 +26,8 @@ BU_S32 UTIL_FILE_ReadFileToBuf(const BU_CHAR *pcPath, BU_CHAR **ppcBuf, BU_S32 *
 /// never a part. What returns 0 survives a power cut.
 /// @return 0, or -1; the reason is logged
 BU_S32 UTIL_FILE_WriteBufToFile(const BU_CHAR *pcPath, const void *pvBuf, BU_S32 s32Size);
+/// The same for a file that only the camera's own user may read, also while it is written (mode 0600).
+BU_S32 UTIL_FILE_WriteSecretToFile(const BU_CHAR *pcPath, const void *pvBuf, BU_S32 s32Size);
 
 /// Runs a shell command of the service. The PC platform has no shell: it performs, inside the device root, the commands
 /// with a meaning here: "reboot" (the process replaces itself after 300 ms), "sync", "ln -s", "rm", "mv", "touch",

@@ -44,14 +44,14 @@ bool writeAll(int s32Fd, const BU_CHAR *pcBuf, std::size_t size)
 }
 
 /// Makes the new content durable under a name of its own, then gives it the file's name.
-bool replaceFile(const std::filesystem::path &path, const BU_CHAR *pcBuf, std::size_t size)
+bool replaceFile(const std::filesystem::path &path, const BU_CHAR *pcBuf, std::size_t size, mode_t mode)
 {
     std::error_code error;
     std::filesystem::create_directories(path.parent_path(), error);
     std::string strNew = (path.parent_path() / ("." + path.filename().string() + ".XXXXXX")).string();
     const util::FileDescriptor file(mkostemp(strNew.data(), O_CLOEXEC));
     if (file < 0) return false;
-    const bool bDone = fchmod(file, 0644) == 0 && writeAll(file, pcBuf, size) && fsync(file) == 0 &&
+    const bool bDone = fchmod(file, mode) == 0 && writeAll(file, pcBuf, size) && fsync(file) == 0 &&
                        std::rename(strNew.c_str(), path.c_str()) == 0;
     const int s32Error = errno;
     if (!bDone) unlink(strNew.c_str());
@@ -60,6 +60,15 @@ bool replaceFile(const std::filesystem::path &path, const BU_CHAR *pcBuf, std::s
     const util::FileDescriptor folder(open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder >= 0) fsync(folder);
     return true;
+}
+
+BU_S32 writeBuf(const BU_CHAR *pcPath, const void *pvBuf, BU_S32 s32Size, mode_t mode)
+{
+    if (!pcPath || s32Size < 0 || (!pvBuf && s32Size > 0)) return -1;
+    const std::string strPath = UTIL_ROOT_Path(pcPath);
+    if (replaceFile(strPath, static_cast<const BU_CHAR *>(pvBuf), static_cast<std::size_t>(s32Size), mode)) return 0;
+    LOG_ERROR("%s: %s", strPath.c_str(), std::strerror(errno));
+    return -1;
 }
 } // namespace
 
@@ -88,9 +97,11 @@ BU_S32 UTIL_FILE_ReadFileToBuf(const BU_CHAR *pcPath, BU_CHAR **ppcBuf, BU_S32 *
 BU_S32 UTIL_FILE_WriteBufToFile(const BU_CHAR *pcPath, const void *pvBuf, BU_S32 s32Size)
 {
     if (const auto injected = journal::ask(__func__, pcPath)) return *injected;
-    if (!pcPath || s32Size < 0 || (!pvBuf && s32Size > 0)) return -1;
-    const std::string strPath = UTIL_ROOT_Path(pcPath);
-    if (replaceFile(strPath, static_cast<const BU_CHAR *>(pvBuf), static_cast<std::size_t>(s32Size))) return 0;
-    LOG_ERROR("%s: %s", strPath.c_str(), std::strerror(errno));
-    return -1;
+    return writeBuf(pcPath, pvBuf, s32Size, 0644);
+}
+
+BU_S32 UTIL_FILE_WriteSecretToFile(const BU_CHAR *pcPath, const void *pvBuf, BU_S32 s32Size)
+{
+    if (const auto injected = journal::ask(__func__, pcPath)) return *injected;
+    return writeBuf(pcPath, pvBuf, s32Size, 0600);
 }

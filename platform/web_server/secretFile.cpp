@@ -8,8 +8,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace web
@@ -17,16 +15,6 @@ namespace web
 namespace
 {
 constexpr std::size_t BYTES_MAX = 1024 * 1024;
-
-bool writeAll(int s32Fd, const std::string &strContent)
-{
-    for (std::size_t done = 0; done < strContent.size();) {
-        const ssize_t part = write(s32Fd, strContent.data() + done, strContent.size() - done);
-        if (part < 0 && errno != EINTR) return false;
-        done += part > 0 ? static_cast<std::size_t>(part) : 0;
-    }
-    return true;
-}
 
 bool readAll(int s32Fd, std::string &strContent)
 {
@@ -58,20 +46,6 @@ FileState readSecret(const char *pcPath, std::string &strContent)
 
 bool writeSecret(const char *pcPath, const std::string &strContent)
 {
-    const std::filesystem::path path = UTIL_ROOT_Path(pcPath);
-    std::error_code error;
-    std::filesystem::create_directories(path.parent_path(), error);
-    std::string strNew = path.string() + ".XXXXXX";
-    const util::FileDescriptor file(mkostemp(strNew.data(), O_CLOEXEC)); // made with mode 0600
-    const bool bDone =
-        file >= 0 && writeAll(file, strContent) && fsync(file) == 0 && rename(strNew.c_str(), path.c_str()) == 0;
-    if (!bDone) {
-        LOG_ERROR("%s: %s", path.c_str(), std::strerror(errno));
-        if (file >= 0) unlink(strNew.c_str());
-        return false;
-    }
-    const util::FileDescriptor folder(open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder >= 0) fsync(folder);
-    return true;
+    return UTIL_FILE_WriteSecretToFile(pcPath, strContent.data(), static_cast<BU_S32>(strContent.size())) == 0;
 }
 } // namespace web
