@@ -1,26 +1,15 @@
 #include "live_media/liveMedia.h"
 
-#include "board/device.h"
 #include "live/fullNdi.h"
 #include "live/pipelineLive.h"
 #include "live_media/liveMediaRecord.h"
+#include "model/model.h"
 #include "util/log.h"
-
-#include <cstring>
-#include <string_view>
 
 namespace
 {
 APP_LM_HANDLER &gs_LmHandler = *new APP_LM_HANDLER; // lives on for pipeline threads that outlast an exit
 std::mutex lockRecord;                              // guards gs_LmHandler
-
-bool isRunByService()
-{
-    BU_CHAR acModel[32]{};
-    BSP_DEVATTR_GetDeviceModelInner(acModel);
-    const std::string_view strModel(acModel, strnlen(acModel, sizeof(acModel)));
-    return strModel == "TKV-MX" || strModel == "QLS-500";
-}
 
 void loadRecord()
 {
@@ -49,7 +38,7 @@ APP_LM_HANDLER *APP_LM_GetHandler() { return &gs_LmHandler; }
 
 BU_S32 APP_LM_Init()
 {
-    if (isRunByService())
+    if (model::isModel(model::TKV_MX, model::QLS_500))
         APP_LM_InitFromBusiness();
     else
         MPP_LM_LoadAllLiveMediaService();
@@ -58,7 +47,7 @@ BU_S32 APP_LM_Init()
 
 BU_S32 APP_LM_DeInit()
 {
-    if (isRunByService())
+    if (model::isModel(model::TKV_MX, model::QLS_500))
         APP_LM_DeinitBusiness();
     else
         MPP_LM_StopAllLiveMediaService();

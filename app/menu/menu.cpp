@@ -1,14 +1,13 @@
 // Start of the menu and what its library calls back.
 #include "menu/menu.h"
 
-#include "board/device.h"
 #include "camera/image.h"
 #include "media/pipeline.h"
 #include "menu/menuParam.h"
+#include "model/model.h"
 #include "util/log.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 namespace
@@ -24,12 +23,12 @@ constexpr tagMENU_ZONE_S ZONES[] = {
     {"NETWORK", [] { return "NetCard0"; }},
 };
 
-OSD_MENU_CFG_S configurationFor(std::string_view strModel)
+OSD_MENU_CFG_S configuration()
 {
     OSD_MENU_CFG_S stParam{};
-    stParam.bTkvStatus = strModel == "TKV-MX";
+    stParam.bTkvStatus = model::isModel(model::TKV_MX);
     stParam.stRect =
-        strModel == "QLS-500" ? OSD_MENU_RECT_S{0, 0, 1.0F / 3, 0.5F} : OSD_MENU_RECT_S{0, 0, 0.2F, 1.0F / 3};
+        model::isModel(model::QLS_500) ? OSD_MENU_RECT_S{0, 0, 1.0F / 3, 0.5F} : OSD_MENU_RECT_S{0, 0, 0.2F, 1.0F / 3};
     stParam.enFormat = OSD_FORMAT_E_ARGB4444;
     stParam.bSupport4K = BU_TRUE;
     return stParam;
@@ -39,9 +38,7 @@ OSD_MENU_CFG_S configurationFor(std::string_view strModel)
 BU_S32 OSD_MENU_RegisterModule()
 {
     constexpr BU_U32 WIDTH_4K = 3840;
-    BU_CHAR acDeviceModel[32]{};
-    BSP_DEVATTR_GetDeviceModelInner(acDeviceModel);
-    OSD_MENU_CFG_S stParam = configurationFor({acDeviceModel, strnlen(acDeviceModel, sizeof(acDeviceModel))});
+    OSD_MENU_CFG_S stParam = configuration();
 
     MPP_VOUT_CFG_S stVoutCfg{};
     const BU_S32 s32Ret = MPP_GetVoutCfg(MPP_VOUT_ID_2, &stVoutCfg);

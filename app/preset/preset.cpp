@@ -1,15 +1,12 @@
 #include "preset/preset.h"
 
-#include "board/device.h"
 #include "camera/menu.h"
 #include "camera/network.h"
 #include "camera/preset.h"
 #include "camera/systemService.h"
 #include "camera/tracking.h"
+#include "model/model.h"
 #include "util/file.h"
-
-#include <cstring>
-#include <string_view>
 
 namespace
 {
@@ -32,7 +29,7 @@ struct tagSPECIAL_PRESET_S {
     BU_S32 s32Id;
     const BU_CHAR *pcName;
     void (*pfnHandle)(void *);
-    const BU_CHAR *pcModel = nullptr; ///< the only model that has it; null: every model
+    std::string_view strModel = {}; ///< the only model that has it; empty: every model
 };
 constexpr tagSPECIAL_PRESET_S SPECIAL_PRESETS[] = {
     {80, "EnableTracking", handlePreset_EnableAlg},
@@ -47,18 +44,15 @@ constexpr tagSPECIAL_PRESET_S SPECIAL_PRESETS[] = {
     {310, "FactoryReset", handlePreset_FactoryReset},
     {401, "DHCP", handlePreset_SetDHCP},
     {402, "StaticIp", handlePreset_SetStaticIp},
-    {PRESET_ADVANCED_MENU_QLS500, "OpenAdvancedMenu", handlePreset_OpenAdvancedMenu, "QLS-500"},
+    {PRESET_ADVANCED_MENU_QLS500, "OpenAdvancedMenu", handlePreset_OpenAdvancedMenu, model::QLS_500},
     {PRESET_ADVANCED_MENU, "OpenAdvancedMenu", handlePreset_OpenAdvancedMenu},
 };
 } // namespace
 
 void PRESET_RegisterSpecialPreset()
 {
-    BU_CHAR acDeviceModel[32]{};
-    BSP_DEVATTR_GetDeviceModelInner(acDeviceModel);
-    const std::string_view strModel(acDeviceModel, strnlen(acDeviceModel, sizeof(acDeviceModel)));
     for (const auto &stRow : SPECIAL_PRESETS)
-        if (!stRow.pcModel || strModel == stRow.pcModel)
+        if (stRow.strModel.empty() || model::isModel(stRow.strModel))
             PRESET_API_RegisterIdInterrupt(stRow.s32Id, stRow.pcName, FN_PRESET_INTERRUPT_CALL(stRow.pfnHandle),
                                            nullptr);
 }

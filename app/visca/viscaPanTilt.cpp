@@ -1,14 +1,11 @@
-#include "board/device.h"
 #include "camera/focus.h"
 #include "camera/menu.h"
 #include "camera/motion.h"
+#include "model/model.h"
 #include "util/log.h"
 #include "util/time.h"
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
-
-#include <cstring>
-#include <string>
 
 namespace
 {
@@ -18,13 +15,6 @@ constexpr BU_S32 MENU_PAUSE_MS = 500;
 /// Set while no menu key may be pressed: a controller repeats its pan/tilt command far faster than a menu is read.
 std::atomic<BU_BOOL> bdelay{BU_FALSE};
 BU_TIMER_DATA_S stTimerHandle;
-
-std::string deviceModel()
-{
-    BU_CHAR acDeviceModel[32]{};
-    BSP_DEVATTR_GetDeviceModelInner(acDeviceModel);
-    return {acDeviceModel, strnlen(acDeviceModel, sizeof(acDeviceModel))};
-}
 
 /// What a direction drives: the head, or the menu while it is shown.
 struct tagVISCA_DIRECTION_S {
@@ -115,7 +105,7 @@ BU_S32 VISCA_CtrlMenu(VISCA_CTRL_PT_E enType)
     if (!pstDirection) return -1;
     if (!bdelay.exchange(BU_TRUE)) {
         const bool bEnter =
-            pstDirection->enMotion == PT_MOTION_E_RIGHT && deviceModel() == "TKV-MX" && OSD_Menu_HasSubPage() == 1;
+            pstDirection->enMotion == PT_MOTION_E_RIGHT && model::isModel(model::TKV_MX) && OSD_Menu_HasSubPage() == 1;
         const auto pfnKey = bEnter ? CMD_MENU_HandeHomeBtn : pstDirection->pfnMenuKey;
         pfnKey();
     }
@@ -126,9 +116,8 @@ BU_S32 VISCA_CtrlMenu(VISCA_CTRL_PT_E enType)
 BU_S32 viscaCtrlPanTilt(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto &stCtrl = pstInfo->stPTCtlr;
-    const auto strModel = deviceModel();
-    UTIL_TRACE_Print("acDeviceModel = %s\n", strModel.c_str());
-    if ((strModel == "QLS-500" || strModel == "TKV-MX") && CMD_MENU_GetMenuStatus() == 1 &&
+    UTIL_TRACE_Print("acDeviceModel = %s\n", model::name().c_str());
+    if (model::isModel(model::QLS_500, model::TKV_MX) && CMD_MENU_GetMenuStatus() == 1 &&
         VISCA_CtrlMenu(stCtrl.enPanTiltType) == 0)
         return 0;
 

@@ -1,8 +1,8 @@
 // Start and stop of the web service.
 #include "web/webService.h"
 
-#include "board/device.h"
 #include "camera/systemService.h"
+#include "model/model.h"
 #include "util/log.h"
 #include "web/panelPayload.h"
 #include "web/web.h"
@@ -33,9 +33,7 @@ void registerEvents()
 
 BU_S32 BSP_StartHttpService()
 {
-    BU_CHAR acModel[32]{};
-    BSP_DEVATTR_GetDeviceModelInner(acModel);
-    TRACE("DeviceModel=%s\n", acModel);
+    TRACE("DeviceModel=%s\n", model::name().c_str());
     registerEvents();
     WEB_RPC_InitForAppMain();
     UTIL_TRACE_Print("[Info][AppService:Web] Rpc listener init ok.\n");
