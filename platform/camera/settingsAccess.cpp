@@ -13,10 +13,9 @@
 #include "config/config.h"
 #include "settings.h"
 #include "util/journal.h"
+#include "util/listeners.h"
 
 #include <algorithm>
-#include <memory>
-#include <mutex>
 #include <vector>
 
 // One public function per row and direction. PIPE and DEVICE take the pipeline or device first.
@@ -76,45 +75,17 @@ BU_S32 PT_API_SetSpeedMode(BU_S32 s32Dev, BU_S32 s32Mode, BU_BOOL bSaveCfg)
 
 namespace
 {
-struct tagLISTENER_S {
-    BU_S32 s32Id;
-    FN_CFG_SETTING_LISTENER fn;
-};
-typedef std::vector<tagLISTENER_S> LISTENERS;
-
-std::mutex g_lockListeners; // guards the two below; a change replaces the list, so that it is walked without the lock
-std::shared_ptr<const LISTENERS> g_pListeners = std::make_shared<LISTENERS>();
-BU_S32 g_s32LastListener = 0;
+util::Listeners<CFG_SETTING_EVENT_S> g_listeners;
 } // namespace
 
 void settings::announce(const BU_CHAR *pcKey, BU_S32 s32Instance, BU_S32 s32Value)
 {
-    std::shared_ptr<const LISTENERS> pListeners;
-    {
-        const std::lock_guard guard(g_lockListeners);
-        pListeners = g_pListeners;
-    }
-    for (const tagLISTENER_S &st : *pListeners) st.fn({pcKey, s32Instance, s32Value});
+    g_listeners.tell({pcKey, s32Instance, s32Value});
 }
 
-BU_S32 CFG_SETTING_Listen(FN_CFG_SETTING_LISTENER fnListener)
-{
-    if (!fnListener) return -1;
-    const std::lock_guard guard(g_lockListeners);
-    auto pNew = std::make_shared<LISTENERS>(*g_pListeners);
-    pNew->push_back({++g_s32LastListener, std::move(fnListener)});
-    g_pListeners = std::move(pNew);
-    return g_s32LastListener;
-}
+BU_S32 CFG_SETTING_Listen(FN_CFG_SETTING_LISTENER fnListener) { return g_listeners.add(std::move(fnListener)); }
 
-BU_S32 CFG_SETTING_Unlisten(BU_S32 s32Id)
-{
-    const std::lock_guard guard(g_lockListeners);
-    auto pNew = std::make_shared<LISTENERS>(*g_pListeners);
-    if (std::erase_if(*pNew, [&](const tagLISTENER_S &st) { return st.s32Id == s32Id; }) == 0) return -1;
-    g_pListeners = std::move(pNew);
-    return 0;
-}
+BU_S32 CFG_SETTING_Unlisten(BU_S32 s32Id) { return g_listeners.remove(s32Id); }
 
 BU_S32 CFG_SETTING_Get(const BU_CHAR *pcKey, BU_S32 s32Pipe, BU_S32 *ps32Value, BU_BOOL bReread)
 {

@@ -8,34 +8,19 @@
 #include "settings.h"
 #include "util/file.h"
 #include "util/journal.h"
+#include "util/listeners.h"
 #include "util/log.h"
 #include "vocabulary/words.h"
 
 #include <atomic>
-#include <memory>
-#include <mutex>
-#include <vector>
 
 namespace
 {
 constexpr const BU_CHAR *ASLEEP_KEY = "Standby/Asleep";
 constexpr const BU_CHAR *POWER_OFF_RECORD = "/var/ViscaCtrlPowerOff";
 
-typedef std::vector<std::function<void(BU_BOOL)>> HOOKS;
-
 std::atomic<bool> g_bAsleep{false};
-std::mutex g_lockHooks; // guards g_pHooks; an addition replaces the list, so that it is walked without the lock
-std::shared_ptr<const HOOKS> g_pHooks = std::make_shared<HOOKS>();
-
-void tellHooks(BU_BOOL bAsleep)
-{
-    std::shared_ptr<const HOOKS> pHooks;
-    {
-        const std::lock_guard guard(g_lockHooks);
-        pHooks = g_pHooks;
-    }
-    for (const auto &fnHook : *pHooks) fnHook(bAsleep);
-}
+util::Listeners<BU_BOOL> g_hooks;
 
 /// The power-off command that began stand-by is answered by the next start.
 void handOverPowerOffRecord()
@@ -78,7 +63,7 @@ BU_S32 SYSTEM_API_SleepAppService()
     LOG_INFO("stand-by\n");
     CFG_STORE_SetInt(ASLEEP_KEY, BU_TRUE);
     lamp::triggerUpdate(LED_EVENT_FROM_E_SLEEP);
-    tellHooks(BU_TRUE);
+    g_hooks.tell(BU_TRUE);
     return 0;
 }
 
@@ -89,21 +74,13 @@ BU_S32 SYSTEM_API_WakeAppService()
     LOG_INFO("end of stand-by\n");
     CFG_STORE_SetInt(ASLEEP_KEY, BU_FALSE);
     handOverPowerOffRecord();
-    tellHooks(BU_FALSE);
+    g_hooks.tell(BU_FALSE);
     return UTIL_CMD_RunSafe("reboot");
 }
 
 BU_BOOL SYSTEM_API_IsAsleep() { return g_bAsleep; }
 
-BU_S32 SYSTEM_SetSleepHook(std::function<void(BU_BOOL)> fnHook)
-{
-    if (!fnHook) return -1;
-    const std::lock_guard guard(g_lockHooks);
-    auto pNew = std::make_shared<HOOKS>(*g_pHooks);
-    pNew->push_back(std::move(fnHook));
-    g_pHooks = std::move(pNew);
-    return 0;
-}
+BU_S32 SYSTEM_SetSleepHook(std::function<void(BU_BOOL)> fnHook) { return g_hooks.add(std::move(fnHook)) < 0 ? -1 : 0; }
 
 BU_S32 SYSTEM_API_SetLanguage(const BU_CHAR *pcWord, BU_BOOL bSaveCfg)
 {

@@ -94,25 +94,6 @@ void Pipe::wake()
     m_wake.notify_one();
 }
 
-void Pipe::post(std::function<void()> fn)
-{
-    {
-        const std::lock_guard guard(m_lock);
-        m_posted.push_back(std::move(fn));
-    }
-    wake();
-}
-
-void Pipe::runPosted()
-{
-    std::vector<std::function<void()>> posted;
-    {
-        const std::lock_guard guard(m_lock);
-        posted.swap(m_posted);
-    }
-    for (const auto &fn : posted) fn();
-}
-
 std::vector<std::shared_ptr<PictureTaker>> Pipe::takers()
 {
     const std::lock_guard guard(m_lock);

@@ -5,6 +5,7 @@
 #include "media/frame.h"
 #include "media/scene.h"
 #include "pictureSource.h"
+#include "util/mailbox.h"
 #include "util/thread.h"
 
 #include <atomic>
@@ -68,7 +69,7 @@ public:
     /// Somebody's wish has changed.
     void wake();
     /// Runs fn on the pipe's thread, soon, when there is one.
-    void post(std::function<void()> fn);
+    void post(std::function<void()> fn) { m_posted.post(std::move(fn)); }
     bool isThread() const { return m_id.load() == std::this_thread::get_id(); }
 
     // What the thread does, for tests without one.
@@ -76,7 +77,7 @@ public:
     std::optional<BU_S64> nextFrame(FrameRate stOutput, BU_S64 s64Last);
     /// Renders the frame for those who were asked last and take it.
     void render(FrameRate stOutput, BU_S64 s64Frame);
-    void runPosted();
+    void runPosted() { m_posted.run(); }
 
 private:
     struct tagDUE_S {
@@ -97,6 +98,7 @@ private:
     std::vector<std::shared_ptr<PictureTaker>> takers();
 
     const BU_S32 m_s32Pipe;
+    util::Mailbox<> m_posted{[this] { wake(); }};
     mutable std::mutex m_lock; // guards the next group
     std::condition_variable_any m_wake;
     std::condition_variable m_asked;
@@ -104,7 +106,6 @@ private:
     BU_U64 m_u64Rounds = 0;                   // counts how often the takers were asked
     FrameRate m_stRate{60, 1};
     std::vector<std::shared_ptr<PictureTaker>> m_takers;
-    std::vector<std::function<void()>> m_posted;
 
     // The pipe's thread.
     PictureSource m_source;

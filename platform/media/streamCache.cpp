@@ -30,7 +30,6 @@ void PacketSink::end()
 
 void STREAM_CACHE_S::write(const STREAM_PACKET_REF &pstPacket)
 {
-    std::shared_ptr<const Sinks> pstSinks;
     {
         const std::lock_guard guard(m_lock);
         if (!isWanted()) return;
@@ -41,9 +40,8 @@ void STREAM_CACHE_S::write(const STREAM_PACKET_REF &pstPacket)
             m_packets.pop_front();
             ++m_u64First;
         }
-        pstSinks = m_pstSinks;
     }
-    for (const auto &pstSink : *pstSinks) pstSink->give(pstPacket);
+    for (const auto pstSinks = m_sinks.get(); const auto &pstSink : *pstSinks) pstSink->give(pstPacket);
     m_written.notify_all();
 }
 
@@ -180,17 +178,16 @@ bool STREAM_CACHE_S::removeHandler(const std::string &strName)
 /// Puts a sink, or null for none, in the place of the one of that name, which is returned.
 std::shared_ptr<PacketSink> STREAM_CACHE_S::exchangeSink(const std::string &strName, std::shared_ptr<PacketSink> pst)
 {
-    const std::lock_guard guard(m_lock);
-    auto pstSinks = std::make_shared<Sinks>(*m_pstSinks);
-    std::shared_ptr<PacketSink> pstOld;
-    const auto it = std::ranges::find(*pstSinks, strName, [](const auto &pstSink) { return pstSink->name(); });
-    if (it != pstSinks->end()) {
-        pstOld = std::move(*it);
-        pstSinks->erase(it);
-    }
-    if (pst) pstSinks->push_back(std::move(pst));
-    m_pstSinks = std::move(pstSinks);
-    return pstOld;
+    return m_sinks.change([&](Sinks &sinks) {
+        std::shared_ptr<PacketSink> pstOld;
+        const auto it = std::ranges::find(sinks, strName, &PacketSink::name);
+        if (it != sinks.end()) {
+            pstOld = std::move(*it);
+            sinks.erase(it);
+        }
+        if (pst) sinks.push_back(std::move(pst));
+        return pstOld;
+    });
 }
 
 void STREAM_CACHE_S::addSink(const std::string &strName, FN_STREAM_PACKET fn)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "media/stream.h"
+#include "util/listeners.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -79,7 +80,7 @@ private:
     std::size_t m_bytes = 0;
     STREAM_PACKET_METADATA_S m_stMetadata{}, m_stTold{};
     std::map<std::string, std::shared_ptr<const FN_STREAM_METADATA>> m_handlers;
-    std::shared_ptr<const Sinks> m_pstSinks = std::make_shared<Sinks>(); // replaced as a whole
+    util::CopyOnWrite<Sinks> m_sinks; // has a lock of its own
 };
 
 namespace media

@@ -3,6 +3,7 @@
 #include "message.h"
 #include "socketFile.h"
 #include "util/log.h"
+#include "util/mailbox.h"
 #include "util/thread.h"
 #include "util/time.h"
 
@@ -62,10 +63,7 @@ public:
             guard.unlock();
             return fnAnswer(WEB_CLIENT_RESULT_E_GONE, "");
         }
-        const auto fail = [&](WEB_CLIENT_RESULT_E enResult) {
-            m_ownAnswers.push_back({std::move(fnAnswer), enResult});
-            wake();
-        };
+        const auto fail = [&](WEB_CLIENT_RESULT_E enResult) { m_ownAnswers.post({std::move(fnAnswer), enResult}); };
         if (m_fd < 0) return fail(WEB_CLIENT_RESULT_E_GONE);
         if (m_pending.size() >= PENDING_MAX) return fail(WEB_CLIENT_RESULT_E_BUSY);
         const BU_U32 u32Id = ++m_u32LastId;
@@ -94,11 +92,11 @@ private:
     const std::function<void(std::string_view)> m_fnNews;
     const util::FileDescriptor m_wake{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
     std::atomic<bool> m_bStop{false}; // set under the lock
-    std::mutex m_lock;                // guards everything below but the thread; not held over a callback
-    util::FileDescriptor m_fd;        // negative: not connected; changed by the client's thread alone
+    util::Mailbox<tagOWN_ANSWER_S> m_ownAnswers{[this] { wake(); }};
+    std::mutex m_lock;         // guards everything below but the thread; not held over a callback
+    util::FileDescriptor m_fd; // negative: not connected; changed by the client's thread alone
     BU_U32 m_u32LastId = 0;
     std::map<BU_U32, tagPENDING_S> m_pending;
-    std::vector<tagOWN_ANSWER_S> m_ownAnswers;
     BU_S64 m_s64WatchMs = INT64_MAX; // the next look at the times
     util::TimerQueue m_queue{"webClientTimer"};
     util::Thread m_thread; // last: ends first
@@ -147,7 +145,7 @@ void Client::disconnect()
     {
         const std::lock_guard guard(m_lock);
         for (auto &[u32Id, stPending] : m_pending)
-            m_ownAnswers.push_back({std::move(stPending.fnAnswer), WEB_CLIENT_RESULT_E_GONE});
+            m_ownAnswers.post({std::move(stPending.fnAnswer), WEB_CLIENT_RESULT_E_GONE});
         m_pending.clear();
         if (m_fd < 0) return;
         m_fd = util::FileDescriptor();
@@ -185,10 +183,7 @@ void Client::take(const tagMESSAGE_S &stMessage)
 
 void Client::giveOwnAnswers()
 {
-    std::unique_lock guard(m_lock);
-    const auto answers = std::exchange(m_ownAnswers, {});
-    guard.unlock();
-    for (const tagOWN_ANSWER_S &st : answers) st.fnAnswer(st.enResult, "");
+    for (const tagOWN_ANSWER_S &st : m_ownAnswers.take()) st.fnAnswer(st.enResult, "");
 }
 
 void Client::giveTimeouts()
@@ -200,7 +195,7 @@ void Client::giveTimeouts()
         for (auto it = m_pending.begin(); it != m_pending.end();) {
             const bool bOver = UTIL_TIME_NowMs() >= it->second.s64DueMs;
             if (bOver)
-                m_ownAnswers.push_back({std::move(it->second.fnAnswer), WEB_CLIENT_RESULT_E_TIMEOUT});
+                m_ownAnswers.post({std::move(it->second.fnAnswer), WEB_CLIENT_RESULT_E_TIMEOUT});
             else
                 watchUntil(it->second.s64DueMs);
             it = bOver ? m_pending.erase(it) : std::next(it);

@@ -109,7 +109,7 @@ bool LwsServer::create()
     stInfo.pt_serv_buf_size = READ_AT_ONCE;
     m_context.reset(lws_create_context(&stInfo));
     if (!m_context) return false;
-    m_site.pstInbox = std::make_shared<Inbox>(m_context.get());
+    m_site.pstInbox = std::make_shared<util::Mailbox<>>([pst = m_context.get()] { lws_cancel_service(pst); });
     m_site.fnAnswer = [this](BU_U64 u64Number, const Reply &stReply) {
         const auto it = m_connections.find(u64Number);
         if (it != m_connections.end()) it->second->answer(stReply);
@@ -205,7 +205,7 @@ int LwsServer::onBrowser(lws *pstWsi, lws_callback_reasons enReason, void *pvUse
         leave(pstWsi);
         return 0;
     case LWS_CALLBACK_EVENT_WAIT_CANCELLED:
-        for (const auto &fn : m_site.pstInbox ? m_site.pstInbox->take() : std::vector<std::function<void()>>()) fn();
+        if (m_site.pstInbox) m_site.pstInbox->run();
         return 0;
     default:
         return 0;
@@ -298,27 +298,6 @@ void LwsServer::makeRoom()
 namespace web
 {
 std::string Site::deviceFolder() { return UTIL_ROOT_Path("/"); }
-
-void Inbox::post(std::function<void()> fn)
-{
-    const std::lock_guard guard(m_lock);
-    if (!m_pstContext) return;
-    m_waiting.push_back(std::move(fn));
-    if (m_waiting.size() == 1) lws_cancel_service(m_pstContext); // else the wake-up is on its way
-}
-
-void Inbox::close()
-{
-    const std::lock_guard guard(m_lock);
-    m_pstContext = nullptr;
-    m_waiting.clear();
-}
-
-std::vector<std::function<void()>> Inbox::take()
-{
-    const std::lock_guard guard(m_lock);
-    return std::exchange(m_waiting, {});
-}
 
 std::unique_ptr<Server> Server::make(const ServerConfig &stConfig, const Decisions &stDecisions)
 {

@@ -7,34 +7,21 @@ namespace preview
 void Inbox::put(tagARRIVAL_S stArrival)
 {
     const std::lock_guard guard(m_lock);
-    if (!m_fnWake) return;
-    if (m_stWaiting.arrivals.size() >= PACKETS_MAX || m_bytes > BYTES_MAX) {
-        m_stWaiting = {{}, true};
-        m_bytes = 0;
+    if (m_packets >= PACKETS_MAX || m_bytes > BYTES_MAX) {
+        m_arrivals.take();
+        m_packets = m_bytes = 0;
+        m_bLost = true;
     }
+    ++m_packets;
     m_bytes += stArrival.pstPacket->u32Length;
-    m_stWaiting.arrivals.push_back(std::move(stArrival));
-    if (m_stWaiting.arrivals.size() == 1) m_fnWake(); // else the wake-up is on its way
-}
-
-void Inbox::wake()
-{
-    const std::lock_guard guard(m_lock);
-    if (m_fnWake) m_fnWake();
-}
-
-void Inbox::close()
-{
-    const std::lock_guard guard(m_lock);
-    m_fnWake = nullptr;
-    m_stWaiting = {};
+    m_arrivals.post(std::move(stArrival));
 }
 
 Inbox::tagBATCH_S Inbox::take()
 {
     const std::lock_guard guard(m_lock);
-    m_bytes = 0;
-    return std::exchange(m_stWaiting, {});
+    m_packets = m_bytes = 0;
+    return {m_arrivals.take(), std::exchange(m_bLost, false)};
 }
 
 void Inbox::watch(BU_U32 u32Source, bool bWatched)

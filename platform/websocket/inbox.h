@@ -2,11 +2,12 @@
 #pragma once
 
 #include "media/stream.h"
+#include "util/mailbox.h"
 
+#include <deque>
 #include <functional>
 #include <mutex>
 #include <set>
-#include <vector>
 
 namespace preview
 {
@@ -24,15 +25,15 @@ public:
     static constexpr std::size_t PACKETS_MAX = 256, BYTES_MAX = 16 << 20;
 
     /// @param fnWake  makes the service thread look in; called with the lock held, must only signal
-    explicit Inbox(std::function<void()> fnWake) : m_fnWake(std::move(fnWake)) {}
+    explicit Inbox(std::function<void()> fnWake) : m_arrivals(std::move(fnWake)) {}
 
     /// Never waits for the service thread. What it leaves lying beyond the limits is lost.
     void put(tagARRIVAL_S stArrival);
-    void wake();
-    void close(); ///< nothing is taken in and nobody woken after this
+    void wake() { m_arrivals.wake(); }
+    void close() { m_arrivals.close(); } ///< nothing is taken in and nobody woken after this
 
     struct tagBATCH_S {
-        std::vector<tagARRIVAL_S> arrivals;
+        std::deque<tagARRIVAL_S> arrivals;
         bool bLost = false; ///< packets before these were lost
     };
     tagBATCH_S take();
@@ -41,10 +42,10 @@ public:
     bool isWatched(BU_U32 u32Source) const;
 
 private:
-    mutable std::mutex m_lock; // guards everything below
-    std::function<void()> m_fnWake;
-    tagBATCH_S m_stWaiting;
-    std::size_t m_bytes = 0;
+    mutable std::mutex m_lock; // guards everything below, so that the numbers fit the mailbox
+    util::Mailbox<tagARRIVAL_S> m_arrivals;
+    std::size_t m_packets = 0, m_bytes = 0; // in it
+    bool m_bLost = false;
     std::set<BU_U32> m_watched;
 };
 } // namespace preview
