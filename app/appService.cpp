@@ -1,6 +1,6 @@
+// The bring-up of the service: the steps over the rows of modules.def, and the starts that need more than a call.
 #include "appService.h"
 
-#include "algorithm/algorithm.h"
 #include "board/device.h"
 #include "board/lamp.h"
 #include "board/ntp.h"
@@ -14,46 +14,67 @@
 #include "camera/system.h"
 #include "camera/systemService.h"
 #include "config/config.h"
-#include "dvip/dvip.h"
-#include "event/event.h"
-#include "fan/fan.h"
-#include "freed/freed.h"
-#include "hdmi/hdmi.h"
-#include "hdmi_distributor/hdmiDistributor.h"
-#include "hdmi_in/hdmiIn.h"
 #include "input/input.h"
-#include "ldc/ldc.h"
 #include "led/led.h"
 #include "live_media/liveMedia.h"
 #include "media/audio.h"
 #include "media/pipeline.h"
-#include "media_record/mediaRecord.h"
 #include "menu/menu.h"
-#include "mipi_dsi/mipiDsi.h"
-#include "msg_client/msgClient.h"
-#include "oled/oled.h"
-#include "onvif/onvif.h"
-#include "pelco/pelco.h"
+#include "modules.h"
 #include "preset/preset.h"
 #include "pt/pt.h"
-#include "sdi_12g/sdi12g.h"
 #include "util/file.h"
 #include "util/log.h"
+#include "util/thread.h"
 #include "util/time.h"
 #include "util/watchdog.h"
 #include "visca/visca.h"
 #include "web/web.h"
-#include "webcam/webcam.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <ranges>
+#include <vector>
 
 namespace
 {
 constexpr BU_S32 BRING_UP_LIMIT_S = 300;
 constexpr BU_S32 SOCKET_BUF_LIMIT = 0x100000;
 constexpr BU_S32 PCM_FORMAT_S16_LE = 0;
+
+enum class Step { PREPARE, DISPLAY, BASIC, GENERAL, AV, CONTROL, MISC, OVER };
+
+/// What the conditions read. A step that gets only a part of it from its caller leaves the rest empty.
+struct Board {
+    tagHW_ABILITY_S *pstHwAbi = nullptr;
+    BU_BOOL *pbSensorInitOk = nullptr; ///< written when the media pipeline came up, or did not
+    tagCFG_FEATURE_CONTROL_S stControl{};
+    tagCFG_FEATURE_AV_S stAv{};
+    tagCFG_FEATURE_DISPLAY_S stDisplay{};
+    tagCFG_FEATURE_GENERAL_S stGeneral{};
+};
+
+struct Row {
+    Step enStep;
+    bool (*pfnCondition)(const Board &);
+    void (*pfnStart)(Board &);
+};
+
+bool hasPicture(const Board &b) { return *b.pbSensorInitOk && b.pstHwAbi->stLens.s32DevCnt > 0; }
+
+/// The zoom/focus service starts when the chip chain of any lens device did not fail.
+bool hasFocus(const Board &b)
+{
+    HW_CAPS_LENS_ARRAY_S &stLens = b.pstHwAbi->stLens;
+    return hasPicture(b) && b.stGeneral.bAf == BU_TRUE &&
+           std::ranges::any_of(std::views::iota(0, stLens.s32DevCnt), [&](BU_S32 i) {
+               return appServiceGetInterfaceStatus(stLens.astZfDevPub, stLens.s32DevCnt, i) != DEVICE_SELFCHECK_E_FAIL;
+           });
+}
+
+bool hasTracking(const Board &b) { return *b.pbSensorInitOk == BU_TRUE && b.stControl.bAiSupport; }
 
 /// Applies one stored image setting of one pipeline again.
 template <class T>
@@ -65,25 +86,24 @@ void ISP_InitParamByCfg(BU_S32 s32Pipe, BU_S32 (*pfnGet)(BU_S32, T *, BU_BOOL),
     pfnSet(s32Pipe, value, BU_FALSE, BU_FALSE);
 }
 
-/// The image service starts once, the zoom/focus service with the first lens device whose chip chain did not fail.
-void startLensServices(HW_CAPS_LENS_ARRAY_S &stLens, BU_BOOL bSensorInitOk, BU_BOOL bAf)
+void limitSocketBuffers(Board &) { BSP_SetSystemSocketBufLimit(SOCKET_BUF_LIMIT, SOCKET_BUF_LIMIT); }
+void registerFocusSetup(Board &) { MPP_RegisterBeforeInit(AF_Callback_MppIkSetup); }
+void initAudio(Board &) { AUDIO_InitCfg(PCM_FORMAT_S16_LE); }
+
+void initPipeline(Board &b)
 {
-    bool bIspInitOk = false, bAfInitOk = false;
-    for (BU_S32 i = 0; i < stLens.s32DevCnt; ++i) {
-        if (bSensorInitOk && !bIspInitOk) {
-            ISP_API_StartService();
-            bIspInitOk = true;
-        }
-        if (bSensorInitOk && !bAfInitOk && bAf == BU_TRUE &&
-            appServiceGetInterfaceStatus(stLens.astZfDevPub, stLens.s32DevCnt, i) != DEVICE_SELFCHECK_E_FAIL) {
-            ZF_API_StartService();
-            ZF_Register();
-            bAfInitOk = true;
-        }
-    }
+    MPP_BUSINESS_CFG_S stMppBusiness{};
+    SYSTEM_API_InitializeMppBusinessByXml(&stMppBusiness);
+    *b.pbSensorInitOk = MPP_InitCfg(&stMppBusiness) == 0;
 }
 
-void startPanTilt()
+void applyImageStyles(Board &)
+{
+    for (const BU_S32 s32Pipe : {0, 1})
+        ISP_InitParamByCfg<tagImageStyle>(s32Pipe, ISP_API_GetIspBinUsage, ISP_API_SetIspBinUsage);
+}
+
+void initPanTilt(Board &)
 {
     if (BSP_PTProcInit(0, nullptr) != 0) LOG_ERROR("BSP_PTProcInit failed\n");
 
@@ -91,16 +111,63 @@ void startPanTilt()
     std::vector<PT_SPEED_CALC_SET_S> listSpeedCalcSet;
     APP_PT_GetSpeedCalcSet_TKV_MX(listSpeedCalcSet);
     PT_API_InitByXml(&stSpeedLimitDps, listSpeedCalcSet);
-    PT_Register();
-    PRESET_API_GotoPowerUpPosition();
 }
 
-void startNtp()
+void startNtp(Board &)
 {
-    NTPD_LoadConfig();
     BU_BOOL bEnable = BU_FALSE;
     SYSTEM_API_GetNTPEnabled(&bEnable, BU_FALSE);
     if (bEnable) NTPD_StartSchedularTask();
+}
+
+void readMute(Board &)
+{
+    BU_BOOL bMuteInitOk = BU_FALSE;
+    SYS_API_GetAudioMute(&bMuteInitOk, BU_TRUE);
+}
+
+void startAtem(Board &)
+{
+    UTIL_CMD_RunSafe("ln -s /cfg0/atem.json /etc/atem_tally.json");
+    BU_BOOL bEnable = BU_TRUE;
+    SYS_API_GetATEMSwi(&bEnable, BU_TRUE);
+    SYS_API_SetATEMSwi(bEnable, BU_TRUE);
+}
+
+constexpr Row ROWS[] = {
+#define ROW(step, condition, call)                                                                                     \
+    {Step::step, []([[maybe_unused]] const Board &b) -> bool { return condition; },                                    \
+     []([[maybe_unused]] Board &b) { call; }},
+#define START(step, condition, function) ROW(step, condition, function())
+#define RUN(step, condition, function) ROW(step, condition, function(b))
+#define ABSENT(step, condition, function, name) ROW(step, condition, function())
+#include "modules.def"
+#undef ROW
+};
+
+BU_S32 bringUp(Step enStep, Board stBoard)
+{
+    for (const Row &row : ROWS)
+        if (row.enStep == enStep && row.pfnCondition(stBoard)) row.pfnStart(stBoard);
+    return 0;
+}
+
+/// From here on a thread of its own waits for the signals that end the process, so that their answer may log and exit
+/// whatever the other threads are doing. Called before any other thread is made: they inherit the mask.
+void takeQuitSignals()
+{
+    static sigset_t stQuit;
+    sigemptyset(&stQuit);
+    for (const int s32Signal : {SIGQUIT, SIGINT, SIGTERM}) sigaddset(&stQuit, s32Signal);
+    pthread_sigmask(SIG_BLOCK, &stQuit, nullptr);
+
+    static UTIL_THREAD_DATA_S stThread{};
+    const auto waitForSignal = [](void *) {
+        int s32Signal = 0;
+        if (sigwait(&stQuit, &s32Signal) == 0) appServiceOnGetQuitSignal(s32Signal);
+    };
+    UTIL_THREAD_InitData(&stThread, "signals", waitForSignal, nullptr);
+    UTIL_THREAD_Create(&stThread);
 }
 } // namespace
 
@@ -118,121 +185,48 @@ void appServiceOnGetQuitSignal(int)
     exit(0);
 }
 
-BU_S32 APP_SERVICE_PrepareInit()
-{
-    APP_HdmiIn_prepare();
-    APP_HdmiDistributor_prepare();
-    FPGA_12GSDI_Prepare();
-    BSP_SetSystemSocketBufLimit(SOCKET_BUF_LIMIT, SOCKET_BUF_LIMIT);
-    return 0;
-}
+BU_S32 APP_SERVICE_PrepareInit() { return bringUp(Step::PREPARE, {}); }
 
-BU_S32 APP_SERVICE_InitDisplayModules(tagHW_ABILITY_S *, tagCFG_FEATURE_DISPLAY_S *pstDisplay)
+BU_S32 APP_SERVICE_InitDisplayModules(tagHW_ABILITY_S *pstHwAbi, tagCFG_FEATURE_DISPLAY_S *pstDisplay)
 {
-    if (pstDisplay->bEinkSupport) EINK_API_RefreshScreen();
-    if (pstDisplay->bOledSupport) OLED_InitService();
-    if (pstDisplay->bLedSupport) LED_InitDev();
-    APP_FAN_init();
-    return 0;
+    return bringUp(Step::DISPLAY, {.pstHwAbi = pstHwAbi, .stDisplay = *pstDisplay});
 }
 
 BU_S32 APP_SERVICE_InitBasicModules(tagHW_ABILITY_S *pstHwAbi, tagCFG_FEATURE_LIST_S *pstFeatureList,
                                     tagBU_BOOL *pbSensorInitOk)
 {
-    CFG_VerifyFileFormat();
-    SYSTEM_API_InitializeGlobalVirableByXml();
-    OSD_MENU_InitOpensourceRes();
-    DEV_EVENT_StartMonitor();
-    CFG_EVENT_RegisterService();
-
-    const CFG_FEATURE_GENERAL_S &stGeneral = pstFeatureList->stGeneral;
-    if (stGeneral.bAf == BU_TRUE) MPP_RegisterBeforeInit(AF_Callback_MppIkSetup);
-    MPP_BUSINESS_CFG_S stMppBusiness{};
-    SYSTEM_API_InitializeMppBusinessByXml(&stMppBusiness);
-    *pbSensorInitOk = MPP_InitCfg(&stMppBusiness) == 0;
-
-    BSP_LENS_LoadDriver();
-    startLensServices(pstHwAbi->stLens, *pbSensorInitOk, stGeneral.bAf);
-    if (stGeneral.bAudio == BU_TRUE) AUDIO_InitCfg(PCM_FORMAT_S16_LE);
-
-    for (const BU_S32 s32Pipe : {0, 1})
-        ISP_InitParamByCfg<tagImageStyle>(s32Pipe, ISP_API_GetIspBinUsage, ISP_API_SetIspBinUsage);
-    return 0;
+    return bringUp(Step::BASIC,
+                   {.pstHwAbi = pstHwAbi, .pbSensorInitOk = pbSensorInitOk, .stGeneral = pstFeatureList->stGeneral});
 }
 
-BU_S32 APP_SERVICE_InitGeneralModules(tagHW_ABILITY_S *, tagCFG_FEATURE_GENERAL_S *pstGeneral)
+BU_S32 APP_SERVICE_InitGeneralModules(tagHW_ABILITY_S *pstHwAbi, tagCFG_FEATURE_GENERAL_S *pstGeneral)
 {
-    if (pstGeneral->bEthernet) {
-        BSP_SetSystemSocketBufLimit(SOCKET_BUF_LIMIT, SOCKET_BUF_LIMIT);
-        NET_API_InitCfgParam();
-    }
-    if (pstGeneral->bPt) startPanTilt();
-    if (pstGeneral->bNtp && pstGeneral->bEthernet) startNtp();
-    if (pstGeneral->bRstKey || pstGeneral->bIr) BSP_RegisterInputDevice();
-    if (pstGeneral->stSerial.bSupport) {
-        UART_DevAllInit();
-        VISCA_InitProcess();
-        PELCO_InitProcess();
-        viscaCtrlPowerReturnMsg();
-    }
-    return 0;
+    return bringUp(Step::GENERAL, {.pstHwAbi = pstHwAbi, .stGeneral = *pstGeneral});
 }
 
-BU_S32 APP_SERVICE_InitAvModules(tagHW_ABILITY_S *, tagCFG_FEATURE_AV_S *pstAv)
+BU_S32 APP_SERVICE_InitAvModules(tagHW_ABILITY_S *pstHwAbi, tagCFG_FEATURE_AV_S *pstAv)
 {
-    MPP_InitStream();
-    if (pstAv->stUsb.bSupport) BSP_StartUsbSrv();
-    APP_LM_Init();
-    if (pstAv->stHdmi.bSupport) {
-        BSP_StartHdmiSrv();
-        APP_HdmiDistributor_init();
-        APP_HdmiIn_init();
-    }
-    if (pstAv->stSdi.bSupport) APP_DSI_LT9211_Init();
-    MEDIA_RECORD_Init();
-    SYSTEM_API_GetImgFreeze();
-    return 0;
+    return bringUp(Step::AV, {.pstHwAbi = pstHwAbi, .stAv = *pstAv});
 }
 
-BU_S32 APP_SERVICE_InitControlModules(tagHW_ABILITY_S *, tagCFG_FEATURE_CONTROL_S *pstControl, tagBU_BOOL bSensorInitOk)
+BU_S32 APP_SERVICE_InitControlModules(tagHW_ABILITY_S *pstHwAbi, tagCFG_FEATURE_CONTROL_S *pstControl,
+                                      tagBU_BOOL bSensorInitOk)
 {
-    if (pstControl->bOsdMenuSupport) OSD_MENU_RegisterModule();
-    if (pstControl->bFreeDSupport) FREED_InitProcess();
-    if (pstControl->bWebUiSupport) BSP_StartHttpService();
-    if (pstControl->bOnvifSupport) ONVIF_InitProcess();
-    if (bSensorInitOk == BU_TRUE && pstControl->bAiSupport) {
-        ALG_Init();
-        ALG_RegisterInitDestroy();
-    }
-    if (pstControl->bDvipSupport) DVIP_InitProcess();
-    return 0;
+    return bringUp(Step::CONTROL, {.pstHwAbi = pstHwAbi, .pbSensorInitOk = &bSensorInitOk, .stControl = *pstControl});
 }
 
-BU_S32 APP_SERVICE_InitMiscModules(tagHW_ABILITY_S *)
-{
-    PRESET_RegisterSpecialPreset();
-    FPGA_12GSDI_InitProcess();
-    return 0;
-}
+BU_S32 APP_SERVICE_InitMiscModules(tagHW_ABILITY_S *pstHwAbi) { return bringUp(Step::MISC, {.pstHwAbi = pstHwAbi}); }
 
 BU_S32 APP_SERVICE_InitOver(tagCFG_FEATURE_LIST_S stFeatureList)
 {
-    if (stFeatureList.stDisplay.bLedSupport) LED_API_AppOver();
-    LDC_Init();
-    BU_BOOL bMuteInitOk = BU_FALSE;
-    SYS_API_GetAudioMute(&bMuteInitOk, BU_TRUE);
-    UTIL_CMD_RunSafe("ln -s /cfg0/atem.json /etc/atem_tally.json");
-    BU_BOOL bEnable = BU_TRUE;
-    SYS_API_GetATEMSwi(&bEnable, BU_TRUE);
-    SYS_API_SetATEMSwi(bEnable, BU_TRUE);
-    return 0;
+    return bringUp(Step::OVER, {.stDisplay = stFeatureList.stDisplay});
 }
 
 int main()
 {
     LOG_INFO("Start appmain !!!\n");
     UTIL_DUMPSTACK_PrintCallStack();
-    for (const int s32Signal : {SIGQUIT, SIGINT, SIGTERM}) std::signal(s32Signal, appServiceOnGetQuitSignal);
+    takeQuitSignals();
     UTIL_WDT_SW_StartTimeout(BRING_UP_LIMIT_S);
     MSG_AppClientInit();
 

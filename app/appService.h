@@ -7,7 +7,7 @@
 /// The self-check result of a device's interface; DEVICE_SELFCHECK_E_FAIL for an index outside the array.
 BU_S32 appServiceGetInterfaceStatus(INTF_INFO_S *pstDev, BU_S32 s32DevCnt, BU_S32 s32DevNO);
 
-/// SIGQUIT, SIGINT and SIGTERM end the process with status 0.
+/// SIGQUIT, SIGINT and SIGTERM end the process with status 0. Thread: the one that waits for signals.
 void appServiceOnGetQuitSignal(int sig);
 
 // The steps, in their order. Each returns 0; a module that fails to start reports it itself.

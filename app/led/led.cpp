@@ -1,8 +1,7 @@
 #include "led/led.h"
 
 #include "camera/tracking.h"
-#include "msg_client/msgClient.h"
-#include "ndi/ndiPtz.h"
+#include "modules.h"
 #include "util/log.h"
 #include "util/time.h"
 

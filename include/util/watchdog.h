@@ -4,8 +4,7 @@
 #include "base/types.h"
 
 /// Limits the start-up: when it is not stopped in time, the process ends with a log line and status 70. Starting again
-/// counts anew. The first start also moves the signals that end the process (SIGQUIT, SIGINT, SIGTERM) to a thread of
-/// their own, which runs the handlers installed by then or later, so that they may log and exit.
+/// counts anew.
 /// @param s32Seconds  1 or more
 /// @return 0, or -1: below 1
 /// Thread: the main thread, before any other is made.

@@ -12,7 +12,6 @@
 #include <arpa/inet.h>
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -21,7 +20,6 @@
 #include <mutex>
 #include <sys/socket.h>
 #include <sys/un.h>
-#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -42,39 +40,6 @@ tagPROCESS_S &process()
     return *pstProcess;
 }
 
-void changeQuitSignals(int s32How)
-{
-    sigset_t stQuit;
-    sigemptyset(&stQuit);
-    for (const int s32Signal : {SIGQUIT, SIGINT, SIGTERM}) sigaddset(&stQuit, s32Signal);
-    pthread_sigmask(s32How, &stQuit, nullptr);
-}
-
-/// Runs the handler that the service has installed, as if the signal had interrupted this thread.
-void deliver(int s32Signal)
-{
-    struct sigaction stAction {
-    };
-    sigaction(s32Signal, nullptr, &stAction);
-    if (stAction.sa_handler == SIG_IGN) return;
-    if (stAction.sa_handler != SIG_DFL) return stAction.sa_handler(s32Signal);
-    changeQuitSignals(SIG_UNBLOCK);
-    raise(s32Signal);
-}
-
-void takeQuitSignals()
-{
-    changeQuitSignals(SIG_BLOCK);
-    std::thread([] {
-        util::nameThread("signals");
-        sigset_t stQuit;
-        sigemptyset(&stQuit);
-        for (const int s32Signal : {SIGQUIT, SIGINT, SIGTERM}) sigaddset(&stQuit, s32Signal);
-        for (int s32Signal = 0;;)
-            if (sigwait(&stQuit, &s32Signal) == 0) deliver(s32Signal);
-    }).detach();
-}
-
 std::vector<std::string> ownArguments()
 {
     std::ifstream stFile("/proc/self/cmdline", std::ios::binary);
@@ -91,6 +56,7 @@ std::string ownProgram()
     return length > 0 && access(acPath.data(), X_OK) == 0 ? acPath.data() : "/proc/self/exe";
 }
 
+/// The signals that end the process stay blocked: one that comes now is for the new program.
 BU_S32 restart(void *)
 {
     std::vector<std::string> arguments = ownArguments();
@@ -100,7 +66,6 @@ BU_S32 restart(void *)
     argv.push_back(nullptr);
     std::fflush(nullptr);
     close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
-    changeQuitSignals(SIG_UNBLOCK);
     execv(ownProgram().c_str(), argv.data());
     LOG_ERROR("restart: %s", std::strerror(errno));
     return -1;
@@ -135,7 +100,6 @@ void processStartUp()
     static std::once_flag once;
     std::call_once(once, [] {
         utilRootLock();
-        takeQuitSignals();
         UTIL_DebugRegister(
             "/var/debug/app/platform/journal",
             [](std::istream &stIn, void *) -> BU_S32 {

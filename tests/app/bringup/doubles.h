@@ -7,17 +7,19 @@
 #include <string>
 #include <vector>
 
-struct tagBOARD_S {
+using Calls = std::vector<std::string>;
+
+struct TestBoard {
     tagCFG_FEATURE_LIST_S stFeatures{};
     HW_CAPS_LENS_ARRAY_S stLens{};
     BU_S32 s32FeatureResult = 0, s32PipelineResult = 0;
     BU_BOOL bNtpEnabled = BU_FALSE;
+    bool bThreads = false; ///< the threads asked for really run
 
-    void *pvBusiness = nullptr;
-    std::vector<std::string> calls, log;
+    Calls calls, log;
 };
-extern tagBOARD_S g_stBoard;
+extern TestBoard g_stBoard;
 
 /// Thrown when the service has nothing left to do but sleep.
-struct tagIDLE_S {
+struct Idle {
 };

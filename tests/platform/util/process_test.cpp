@@ -64,26 +64,6 @@ TEST_F(ProcessDeathTest, StoppedWatchdogTellsReadinessOnce)
         "http://127.0.0.1:8080/ web page\nend\n");
 }
 
-TEST_F(ProcessDeathTest, QuitSignalsRunTheServicesHandlerWhateverTheMainThreadDoes)
-{
-    for (const int s32Signal : {SIGQUIT, SIGINT, SIGTERM})
-        EXPECT_EXIT(
-            {
-                std::signal(s32Signal, [](int) { std::exit(0); });
-                UTIL_WDT_SW_StartTimeout(300);
-                kill(getpid(), s32Signal);
-                for (;;) pause();
-            },
-            testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(
-        {
-            UTIL_WDT_SW_StartTimeout(300);
-            kill(getpid(), SIGTERM);
-            for (;;) pause();
-        },
-        testing::KilledBySignal(SIGTERM), "");
-}
-
 TEST_F(ProcessDeathTest, JournalStreamsOnceItsDebugFileSaysSoAndStaysBounded)
 {
     EXPECT_EXIT(

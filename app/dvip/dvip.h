@@ -1,7 +1,0 @@
-/// DVIP.
-#pragma once
-
-#include "base/types.h"
-
-/// Registers with the protocol library. @return 0
-BU_S32 DVIP_InitProcess();
