@@ -1,9 +1,9 @@
 // Any text as the description of the menu: it is refused with a line that it has, or the menu it describes can be
 // walked to its end, whatever keys are pressed and whether or not values are accepted.
 #include "config/store.h"
-#include "linedJson.h"
 #include "navigator.h"
 #include "util/file.h"
+#include "util/json.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -16,7 +16,7 @@ std::optional<menu::Description> read(std::string_view text)
 {
     try {
         return menu::readDescription(text);
-    } catch (const menu::Fault &fault) {
+    } catch (const util::JsonFault &fault) {
         if (fault.s32Line < 1 || fault.s32Line > 1 + std::ranges::count(text, '\n')) std::abort();
     }
     return std::nullopt;

@@ -1,88 +1,16 @@
 // The JSON form of a board profile. Every key that the camera needs is checked here, so that a mistake in a profile is
 // told with its place instead of showing up as a missing module.
 #include "profileData.h"
+#include "util/json.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <nlohmann/json.hpp>
 #include <span>
 
 namespace
 {
-using Json = nlohmann::ordered_json;
-
-struct tagFAULT_S {
-    std::string strPath, strReason;
-};
-
-/// A value of the profile that knows its path.
-class Node
-{
-public:
-    Node(const Json &json, std::string strPath) : m_json(json), m_strPath(std::move(strPath)) {}
-
-    [[noreturn]] void refuse(const std::string &strReason) const { throw tagFAULT_S{m_strPath, strReason}; }
-    const std::string &path() const { return m_strPath; }
-
-    Node operator[](const BU_CHAR *pcKey) const
-    {
-        if (!m_json.is_object()) refuse("must be an object");
-        const auto item = m_json.find(pcKey);
-        if (item == m_json.end()) Node(m_json, pathOf(pcKey)).refuse("is missing");
-        return {*item, pathOf(pcKey)};
-    }
-    template <class F> void eachMember(F fn) const
-    {
-        if (!m_json.is_object()) refuse("must be an object");
-        for (const auto &[strKey, value] : m_json.items()) fn(strKey, Node(value, pathOf(strKey)));
-    }
-    /// @return the number of items
-    template <class F> BU_S32 eachItem(std::size_t most, F fn) const
-    {
-        if (!m_json.is_array()) refuse("must be a list");
-        if (m_json.size() > most) refuse("has more than " + std::to_string(most) + " items");
-        for (std::size_t i = 0; i < m_json.size(); i++) fn(i, Node(m_json[i], pathOf(std::to_string(i))));
-        return static_cast<BU_S32>(m_json.size());
-    }
-    BU_S32 number(BU_S32 s32Min, BU_S32 s32Max) const
-    {
-        if (m_json.is_number_integer())
-            if (const auto value = m_json.get<BU_S64>(); value >= s32Min && value <= s32Max)
-                return static_cast<BU_S32>(value);
-        refuse("must be a whole number from " + std::to_string(s32Min) + " to " + std::to_string(s32Max));
-    }
-    BU_BOOL flag() const
-    {
-        if (!m_json.is_boolean()) refuse("must be true or false");
-        return m_json.get<bool>() ? BU_TRUE : BU_FALSE;
-    }
-    std::string text(std::size_t longest) const
-    {
-        if (!m_json.is_string()) refuse("must be a text");
-        auto strText = m_json.get<std::string>();
-        if (strText.empty() || strText.size() > longest)
-            refuse("must have 1 to " + std::to_string(longest) + " characters");
-        return strText;
-    }
-    /// One of the words that a table knows.
-    template <class Row> const Row &word(std::span<const Row> rows) const
-    {
-        const std::string strWord = text(64);
-        const auto row = std::ranges::find_if(rows, [&](const Row &stRow) { return strWord == stRow.pcWord; });
-        if (row == rows.end()) refuse("does not know the word \"" + strWord + "\"");
-        return *row;
-    }
-
-private:
-    std::string pathOf(const std::string &strKey) const
-    {
-        return m_strPath.empty() ? strKey : m_strPath + "/" + strKey;
-    }
-
-    const Json &m_json;
-    std::string m_strPath;
-};
+using util::Json;
 
 template <class Record> struct tagFLAG_ROW_S {
     const BU_CHAR *pcWord;
@@ -142,49 +70,63 @@ constexpr tagWORD_ROW_S<CFG_FEATURE_DATA_DIR_E> g_astDirection[] = {
 constexpr tagWORD_ROW_S<UART_INSTANCE_TYPE> g_astPort[] = {{"RS232", UART_INSTANCE_TYPE_RS232},
                                                            {"RS422", UART_INSTANCE_TYPE_RS422}};
 
-template <class Row, std::size_t N> std::span<const Row> spanOf(const Row (&rows)[N]) { return rows; }
+constexpr const BU_CHAR *NO_KEY = "is no known key";
 
-template <class Record, std::size_t N>
-void readFlags(const Node &node, const tagFLAG_ROW_S<Record> (&rows)[N], Record &stRecord)
+/// The row of a word. @param strRefusal  what is wrong with one that the rows do not hold
+template <class Row, std::size_t N>
+const Row &rowOf(const Json &json, const std::string &strWord, const Row (&rows)[N], const std::string &strRefusal)
 {
-    node.eachItem(N, [&](std::size_t, const Node &item) { stRecord.*item.word(spanOf(rows)).pbFlag = BU_TRUE; });
-}
-
-/// The row of an object's member.
-template <class Row, std::size_t N> const Row &rowOf(const Node &node, const std::string &strKey, const Row (&rows)[N])
-{
-    const auto row = std::ranges::find_if(rows, [&](const Row &stRow) { return strKey == stRow.pcWord; });
-    if (row == std::end(rows)) node.refuse("is no known key");
+    const auto row = std::ranges::find_if(rows, [&](const Row &stRow) { return strWord == stRow.pcWord; });
+    if (row == std::end(rows)) json.refuse(strRefusal);
     return *row;
 }
-
-void readAv(const Node &node, CFG_FEATURE_AV_S &stAv)
+template <class Row, std::size_t N> const Row &word(const Json &json, const Row (&rows)[N])
 {
-    node.eachMember([&](const std::string &strKey, const Node &member) {
-        auto &stIntf = stAv.*rowOf(member, strKey, g_astAv).pstIntf;
-        stIntf.s32NodeCnt = member.eachItem(std::size(stIntf.astPub), [&](std::size_t i, const Node &item) {
-            stIntf.astPub[i] = {BU_TRUE, item["video"].flag(), item["audio"].flag(),
-                                item["direction"].word(spanOf(g_astDirection)).value};
-        });
-        stIntf.bSupport = stIntf.s32NodeCnt > 0;
-    });
+    const std::string &strWord = json.text(64);
+    return rowOf(json, strWord, rows, "does not know the word \"" + strWord + "\"");
 }
 
-void readSerial(const Node &node, tagPROFILE_S &stProfile)
+/// Calls fn with the number of an item and the item. @return how many there are, at most `most`
+template <class F> BU_S32 eachItem(const Json &json, std::size_t most, F fn)
+{
+    std::size_t i = 0;
+    for (const Json &item : json.items(most)) fn(i++, item);
+    return static_cast<BU_S32>(i);
+}
+
+template <class Record, std::size_t N>
+void readFlags(const Json &json, const tagFLAG_ROW_S<Record> (&rows)[N], Record &stRecord)
+{
+    for (const Json &item : json.items(N)) stRecord.*word(item, rows).pbFlag = BU_TRUE;
+}
+
+void readAv(const Json &node, CFG_FEATURE_AV_S &stAv)
+{
+    for (const auto &[strKey, member] : node.members()) {
+        auto &stIntf = stAv.*rowOf(member, strKey, g_astAv, NO_KEY).pstIntf;
+        stIntf.s32NodeCnt = eachItem(member, std::size(stIntf.astPub), [&](std::size_t i, const Json &item) {
+            stIntf.astPub[i] = {BU_TRUE, item["video"].flag(), item["audio"].flag(),
+                                word(item["direction"], g_astDirection).value};
+        });
+        stIntf.bSupport = stIntf.s32NodeCnt > 0;
+    }
+}
+
+void readSerial(const Json &node, tagPROFILE_S &stProfile)
 {
     auto &stSerial = stProfile.stFeatures.stGeneral.stSerial;
     stSerial.bDaisyChain = node["daisyChain"].flag();
-    stSerial.s32NodeCnt = node["nodes"].eachItem(std::size(stSerial.astNode), [&](std::size_t i, const Node &item) {
+    stSerial.s32NodeCnt = eachItem(node["nodes"], std::size(stSerial.astNode), [&](std::size_t i, const Json &item) {
         auto &stNode = stSerial.astNode[i];
         const std::string strDevice = item["device"].text(sizeof(stNode.acDeviceName) - 1);
         stNode.bSupport = BU_TRUE;
         std::snprintf(stNode.acDeviceName, sizeof(stNode.acDeviceName), "%s", strDevice.c_str());
-        stProfile.serial.push_back({item["port"].word(spanOf(g_astPort)).value, strDevice});
+        stProfile.serial.push_back({word(item["port"], g_astPort).value, strDevice});
     });
     stSerial.bSupport = stSerial.s32NodeCnt > 0;
 }
 
-void readFeatures(const Node &node, tagPROFILE_S &stProfile)
+void readFeatures(const Json &node, tagPROFILE_S &stProfile)
 {
     auto &stFeatures = stProfile.stFeatures;
     readFlags(node["control"], g_astControl, stFeatures.stControl);
@@ -195,18 +137,16 @@ void readFeatures(const Node &node, tagPROFILE_S &stProfile)
     stFeatures.bDataInited = BU_TRUE;
 }
 
-void readAbility(const Node &node, tagHW_ABILITY_S &stAbility)
+void readAbility(const Json &node, tagHW_ABILITY_S &stAbility)
 {
-    node["interfaces"].eachMember([&](const std::string &strKey, const Node &member) {
-        auto &stCaps = stAbility.*rowOf(member, strKey, g_astCounts).pstCaps;
+    for (const auto &[strKey, member] : node["interfaces"].members()) {
+        auto &stCaps = stAbility.*rowOf(member, strKey, g_astCounts, NO_KEY).pstCaps;
         stCaps.s32DevCnt = member.number(0, 16);
         stCaps.bSupport = stCaps.s32DevCnt > 0;
-    });
+    }
     auto &stLens = stAbility.stLens;
-    const auto check = [](const Node &item, const BU_CHAR *pcKey) {
-        return item[pcKey].word(spanOf(g_astSelfCheck)).value;
-    };
-    stLens.s32DevCnt = node["lenses"].eachItem(std::size(stLens.astDevPri), [&](std::size_t i, const Node &item) {
+    const auto check = [](const Json &item, const BU_CHAR *pcKey) { return word(item[pcKey], g_astSelfCheck).value; };
+    stLens.s32DevCnt = eachItem(node["lenses"], std::size(stLens.astDevPri), [&](std::size_t i, const Json &item) {
         stLens.astDevPri[i] = {item["type"].number(0, 16), item["zoom"].flag(), item["focus"].flag(),
                                item["pan"].flag(),         item["tilt"].flag(), item["position"].number(0, 16)};
         stLens.astSnsDevPub[i].enChipChain = check(item, "sensorCheck");
@@ -218,7 +158,7 @@ void readAbility(const Node &node, tagHW_ABILITY_S &stAbility)
 }
 
 /// "a.b.c" or "a.b.c.d", each number a byte; the fourth is 0 when it is left out.
-void readBytes(const Node &node, BU_U8 (&au8Bytes)[4])
+void readBytes(const Json &node, BU_U8 (&au8Bytes)[4])
 {
     const std::string strText = node.text(15);
     unsigned au32[4] = {};
@@ -231,7 +171,7 @@ void readBytes(const Node &node, BU_U8 (&au8Bytes)[4])
     std::ranges::copy(au32, au8Bytes);
 }
 
-void readMac(const Node &node, BU_U8 (&au8Mac)[6])
+void readMac(const Json &node, BU_U8 (&au8Mac)[6])
 {
     const std::string strText = node.text(17);
     unsigned au32[6];
@@ -243,15 +183,15 @@ void readMac(const Node &node, BU_U8 (&au8Mac)[6])
     std::ranges::copy(au32, au8Mac);
 }
 
-void readIdentity(const Node &node, tagPROFILE_S &stProfile)
+void readIdentity(const Json &node, tagPROFILE_S &stProfile)
 {
     stProfile.strModel = node["model"].text(31);
     stProfile.strDeviceName = node["deviceName"].text(127);
     stProfile.strSerialNumber = node["serialNumber"].text(63);
     BU_U8(*apau8Mac[])[6] = {&stProfile.stMac.acEth0MacAddr, &stProfile.stMac.acEth1MacAddr};
-    if (node["macAddresses"].eachItem(2, [&](std::size_t i, const Node &item) { readMac(item, *apau8Mac[i]); }) == 0)
+    if (eachItem(node["macAddresses"], 2, [&](std::size_t i, const Json &item) { readMac(item, *apau8Mac[i]); }) == 0)
         node["macAddresses"].refuse("must have one or two items");
-    const Node versions = node["versions"];
+    const Json &versions = node["versions"];
     auto &stFirmware = stProfile.stFirmware;
     readBytes(versions["camera"], stFirmware.au8CamVersion);
     readBytes(versions["date"], stFirmware.au8CamDate);
@@ -261,7 +201,7 @@ void readIdentity(const Node &node, tagPROFILE_S &stProfile)
 }
 
 /// The numbers that the motion and lens models read by path.
-void checkRanges(const Node &node)
+void checkRanges(const Json &node)
 {
     node["lens"]["opticalZoom"].number(1, 100);
     node["panTilt"]["panMinDegrees"].number(-180, 0);
@@ -270,40 +210,34 @@ void checkRanges(const Node &node)
     node["panTilt"]["tiltMaxDegrees"].number(0, 180);
 }
 
-void collectValues(const Json &json, const std::string &strPath, tagPROFILE_S &stProfile)
+void collectValues(const Json &json, tagPROFILE_S &stProfile)
 {
-    if (json.is_structured()) {
-        for (const auto &[strKey, value] : json.items())
-            collectValues(value, strPath.empty() ? strKey : std::string(strPath).append("/").append(strKey), stProfile);
-    } else if (json.is_string())
-        stProfile.values[strPath] = json.get<std::string>();
-    else if (json.is_boolean())
-        stProfile.values[strPath] = json.get<bool>() ? "1" : "0";
+    if (json.is(Json::Kind::OBJECT))
+        for (const auto &[strKey, value] : json.members()) collectValues(value, stProfile);
+    else if (json.is(Json::Kind::LIST))
+        for (const Json &item : json.items()) collectValues(item, stProfile);
     else
-        stProfile.values[strPath] = json.dump();
+        stProfile.values[json.path()] = json.written();
 }
 } // namespace
 
 std::unique_ptr<tagPROFILE_S> readProfile(const std::string &strText, std::string &strReason)
 {
     try {
-        const Json json = Json::parse(strText);
+        const Json root = Json::parse(strText);
         auto profile = std::make_unique<tagPROFILE_S>();
-        const Node root(json, "");
         readIdentity(root, *profile);
         readAbility(root["ability"], profile->stAbility);
         readFeatures(root["features"], *profile);
-        root["gpioLines"].eachItem(16, [&](std::size_t, const Node &item) {
+        for (const Json &item : root["gpioLines"].items(16)) {
             profile->gpioLines.push_back(item.text(63));
             if (profile->gpioLines.back().find('/') != std::string::npos) item.refuse("must not contain '/'");
-        });
+        }
         checkRanges(root);
-        collectValues(json, "", *profile);
+        collectValues(root, *profile);
         return profile;
-    } catch (const tagFAULT_S &stFault) {
-        strReason = "\"" + stFault.strPath + "\" " + stFault.strReason;
-    } catch (const std::exception &error) {
-        strReason = error.what();
+    } catch (const util::JsonFault &fault) {
+        strReason = "line " + std::to_string(fault.s32Line) + ": " + fault.what();
     }
     return nullptr;
 }

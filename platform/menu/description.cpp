@@ -1,7 +1,7 @@
 #include "description.h"
 
 #include "config/config.h"
-#include "linedJson.h"
+#include "util/json.h"
 #include "values.h"
 #include "wordTables.h"
 
@@ -11,6 +11,8 @@
 
 namespace menu
 {
+using util::Json;
+
 namespace
 {
 constexpr std::size_t TEXT_MAX = sizeof(ITEM_NODE_S::acItemName) - 1; // every text of an item
@@ -153,9 +155,7 @@ public:
     Description read(const Json &root)
     {
         allowOnly(root, {"timeoutSeconds", "words", "pages"});
-        const Json &timeout = root["timeoutSeconds"];
-        if (timeout.number() < 1 || timeout.number() > TIMEOUT_MAX_S) timeout.refuse("must be 1 to 3600 seconds");
-        m_result.s32TimeoutMs = timeout.number() * 1000;
+        m_result.s32TimeoutMs = root["timeoutSeconds"].number(1, TIMEOUT_MAX_S) * 1000;
         for (const auto &[strName, words] : root["words"].members()) m_lists[strName] = readWords(words, m_lists);
         const auto &pages = root["pages"].items();
         if (pages.empty() || pages.size() > PAGE_MAX) root["pages"].refuse("must have 1 to 64 pages");

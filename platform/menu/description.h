@@ -69,6 +69,6 @@ struct Description {
     const Page *page(const std::string &strName) const;
 };
 
-/// @throws Fault with the line that is wrong
+/// @throws util::JsonFault
 Description readDescription(std::string_view text);
 } // namespace menu

@@ -5,13 +5,13 @@
 #include "camera/menuLibrary.h"
 #include "camera/settingEvent.h"
 #include "camera/system.h"
-#include "linedJson.h"
 #include "media/pipeline.h"
 #include "navigator.h"
 #include "overlayCanvas.h"
 #include "prompt.h"
 #include "util/file.h"
 #include "util/journal.h"
+#include "util/json.h"
 #include "util/log.h"
 #include "util/time.h"
 
@@ -217,7 +217,7 @@ std::optional<Description> loadDescription()
     }
     try {
         return readDescription(strText);
-    } catch (const Fault &fault) {
+    } catch (const util::JsonFault &fault) {
         LOG_ERROR("%s:%d: %s\n", strPath.c_str(), fault.s32Line, fault.what());
     }
     return std::nullopt;

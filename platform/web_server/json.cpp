@@ -1,5 +1,7 @@
 #include "json.h"
 
+#include "util/json.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -11,84 +13,15 @@
 #include <vector>
 
 using namespace web_layout;
+using util::Json;
 
 namespace web
 {
 namespace
 {
-typedef nlohmann::json Json;
 typedef nlohmann::ordered_json Ordered;
 
-/// What is wrong, a sentence. Leaves readRecord as its result.
-struct Fault {
-    std::string strText;
-};
-
-std::string shortened(std::string_view strName)
-{
-    constexpr std::size_t SHOWN_MAX = 40;
-    return strName.size() <= SHOWN_MAX ? std::string(strName) : std::string(strName.substr(0, SHOWN_MAX)) + "...";
-}
-
-/// Builds the tree from what the parser finds. The parser itself works in a loop, not in calls of itself.
-class Builder : public nlohmann::json_sax<Json>
-{
-public:
-    Json m_root;
-
-    bool null() override { return add(nullptr); }
-    bool boolean(bool bValue) override { return add(bValue); }
-    bool number_integer(number_integer_t s64Value) override { return add(s64Value); }
-    bool number_unsigned(number_unsigned_t u64Value) override { return add(u64Value); }
-    bool number_float(number_float_t dValue, const string_t &) override { return add(dValue); }
-    bool string(string_t &strValue) override { return add(std::move(strValue)); }
-    bool binary(binary_t &) override { return false; }
-    bool start_object(std::size_t) override { return open(Json::object()); }
-    bool start_array(std::size_t) override { return open(Json::array()); }
-    bool end_object() override { return close(); }
-    bool end_array() override { return close(); }
-    bool key(string_t &strKey) override
-    {
-        if (m_open.back()->contains(strKey)) throw Fault{"\"" + shortened(strKey) + "\" is there twice"};
-        m_strKey = std::move(strKey);
-        return true;
-    }
-    bool parse_error(std::size_t position, const std::string &, const nlohmann::detail::exception &) override
-    {
-        throw Fault{"this is no JSON at byte " + std::to_string(position)};
-    }
-
-private:
-    static constexpr std::size_t DEPTH_MAX = 8;
-
-    Json *place(Json value)
-    {
-        if (m_open.empty()) return &(m_root = std::move(value));
-        Json &parent = *m_open.back();
-        if (parent.is_object()) return &(parent[m_strKey] = std::move(value));
-        parent.push_back(std::move(value));
-        return &parent.back();
-    }
-    bool add(Json value)
-    {
-        place(std::move(value));
-        return true;
-    }
-    bool open(Json value)
-    {
-        if (m_open.size() == DEPTH_MAX) throw Fault{"this is nested too deeply"};
-        m_open.push_back(place(std::move(value)));
-        return true;
-    }
-    bool close()
-    {
-        m_open.pop_back();
-        return true;
-    }
-
-    std::vector<Json *> m_open; // an array that grows moves only what is closed
-    std::string m_strKey;
-};
+constexpr std::size_t DEPTH_MAX = 8;
 
 template <class T> void put(BU_CHAR *pcTo, T value) { std::memcpy(pcTo, &value, sizeof value); }
 template <class T> T get(const BU_CHAR *pcFrom)
@@ -118,42 +51,39 @@ template <class T> std::string limits()
     return std::to_string(std::numeric_limits<T>::min()) + " to " + std::to_string(std::numeric_limits<T>::max());
 }
 
+/// 5 may also be written 5.0, or 0.5e1.
 template <class T> T integer(const Json &value)
 {
     constexpr double EXACT = 9007199254740992.0; // beyond 2^53 a floating point number stands for several integers
-    const bool bWhole =
-        value.is_number_integer() || (value.is_number_float() && std::abs(value.get<double>()) <= EXACT &&
-                                      std::trunc(value.get<double>()) == value.get<double>());
-    const auto fits = [](auto number) { return std::in_range<T>(number); };
-    const bool bFits =
-        bWhole && (value.is_number_unsigned() ? fits(value.get<std::uint64_t>()) : fits(value.get<std::int64_t>()));
-    if (!bFits) throw Fault{"must be a whole number, " + limits<T>()};
-    return value.get<T>();
+    if (const auto whole = value.whole<T>()) return *whole;
+    const double dValue = value.real().value_or(0.5);
+    const bool bWhole = std::abs(dValue) <= EXACT && std::trunc(dValue) == dValue;
+    if (bWhole && std::in_range<T>(static_cast<BU_S64>(dValue))) return static_cast<T>(dValue);
+    value.refuse("must be a whole number, " + limits<T>());
 }
 
 void readText(const Field &stField, const Json &value, BU_CHAR *pcTo)
 {
-    if (!value.is_string()) throw Fault{"must be a text"};
-    const auto &strText = value.get_ref<const std::string &>();
+    if (!value.is(Json::Kind::TEXT)) value.refuse("must be a text");
+    const std::string &strText = value.written();
     if (strText.size() >= stField.u32Size)
-        throw Fault{"must not be longer than " + std::to_string(stField.u32Size - 1) + " bytes"};
-    if (strText.find('\0') != strText.npos) throw Fault{"must not contain NUL"};
+        value.refuse("must not be longer than " + std::to_string(stField.u32Size - 1) + " bytes");
+    if (strText.find('\0') != strText.npos) value.refuse("must not contain NUL");
     std::memcpy(pcTo, strText.data(), strText.size());
 }
 
 void readSwitch(const Field &stField, const Json &value, BU_CHAR *pcTo)
 {
-    const bool bNumber = value.is_number_unsigned() && value.get<std::uint64_t>() <= 1;
-    if (!value.is_boolean() && !bNumber) throw Fault{"must be true or false"};
-    const bool bOn = value.is_boolean() ? value.get<bool>() : value.get<std::uint64_t>() == 1;
+    if (!value.is(Json::Kind::FLAG) && value.whole<BU_U8>().value_or(2) > 1) value.refuse("must be true or false");
+    const bool bOn = value.written() == "1";
     withInteger(true, stField.u32Size, [&](auto type) { put(pcTo, static_cast<decltype(type)>(bOn)); });
 }
 
 void readReal(const Json &value, BU_CHAR *pcTo)
 {
-    if (!value.is_number() || std::abs(value.get<double>()) > std::numeric_limits<float>::max())
-        throw Fault{"must be a number"};
-    put(pcTo, value.get<float>());
+    const auto real = value.real();
+    if (!real || std::abs(*real) > std::numeric_limits<float>::max()) value.refuse("must be a number");
+    put(pcTo, static_cast<float>(*real));
 }
 
 void readObject(const Record &stRecord, const Json &object, BU_CHAR *pcRecord);
@@ -179,13 +109,14 @@ void readElement(const Field &stField, const Json &value, BU_CHAR *pcTo)
 }
 
 void readField(const Field &stField, const Json &value, BU_CHAR *pcTo)
-try {
+{
     if (stField.u32Count == 1) return readElement(stField, value, pcTo);
-    if (!value.is_array() || value.size() > stField.u32Count)
-        throw Fault{"must be an array of at most " + std::to_string(stField.u32Count) + " elements"};
-    for (std::size_t n = 0; n < value.size(); ++n) readElement(stField, value[n], pcTo + n * stField.u32Size);
-} catch (const Fault &stFault) {
-    throw Fault{std::string(stField.pcName) + (stFault.strText.starts_with("must") ? " " : ": ") + stFault.strText};
+    if (!value.is(Json::Kind::LIST) || value.items().size() > stField.u32Count)
+        value.refuse("must be an array of at most " + std::to_string(stField.u32Count) + " elements");
+    for (const Json &item : value.items()) {
+        readElement(stField, item, pcTo);
+        pcTo += stField.u32Size;
+    }
 }
 
 const Field *find(std::span<const Field> fields, std::string_view strName)
@@ -214,25 +145,23 @@ const Field *alternative(const Variant &stVariant, BU_S64 s64Selector, std::stri
 
 void readVariant(const Record &stRecord, const Field &stField, const Json &value, BU_CHAR *pcRecord)
 {
-    const std::string strName = stField.pcName;
-    if (!value.is_object() || value.size() > 1) throw Fault{strName + " must be an object with one member"};
-    for (const auto &[strMember, content] : value.items()) {
+    if (!value.is(Json::Kind::OBJECT) || value.members().size() > 1) value.refuse("must be an object with one member");
+    for (const auto &[strMember, content] : value.members()) {
         const BU_S64 s64Selector = selected(stRecord, *stField.pstVariant, pcRecord);
         const Field *pstMember = alternative(*stField.pstVariant, s64Selector, strMember);
         if (!pstMember)
-            throw Fault{strName + " cannot hold \"" + shortened(strMember) + "\" while " +
-                        stField.pstVariant->pcSelector + " is " + std::to_string(s64Selector)};
+            content.refuse(std::string("cannot be held while ") + stField.pstVariant->pcSelector + " is " +
+                           std::to_string(s64Selector));
         readField(*pstMember, content, pcRecord + stField.u32Offset + pstMember->u32Offset);
     }
 }
 
 void readObject(const Record &stRecord, const Json &object, BU_CHAR *pcRecord)
 {
-    if (!object.is_object()) throw Fault{"must be an object"};
     for (const bool bVariants : {false, true}) // a union needs to know its selecting field
-        for (const auto &[strName, value] : object.items()) {
+        for (const auto &[strName, value] : object.members()) {
             const Field *pstField = find(stRecord.fields, strName);
-            if (!pstField) throw Fault{"\"" + shortened(strName) + "\" is no field"};
+            if (!pstField) value.refuse("is no field");
             if ((pstField->enKind == Kind::VARIANT) != bVariants) continue;
             if (bVariants)
                 readVariant(stRecord, *pstField, value, pcRecord);
@@ -301,13 +230,10 @@ Ordered writeObject(const Record &stRecord, const BU_CHAR *pcRecord)
 
 std::string readRecord(const Record &stRecord, std::string_view strJson, BU_CHAR *pcRecord)
 try {
-    Builder builder;
-    Json::sax_parse(strJson.begin(), strJson.end(), &builder);
-    if (!builder.m_root.is_object()) return "this must be a JSON object";
-    readObject(stRecord, builder.m_root, pcRecord);
+    readObject(stRecord, Json::parse(strJson, DEPTH_MAX), pcRecord);
     return {};
-} catch (const Fault &stFault) {
-    return stFault.strText;
+} catch (const util::JsonFault &fault) {
+    return (fault.strPath.empty() ? "this" : fault.strPath) + " " + fault.strReason;
 }
 
 std::string writeRecord(const Record &stRecord, const BU_CHAR *pcRecord)
@@ -317,13 +243,13 @@ std::string writeRecord(const Record &stRecord, const BU_CHAR *pcRecord)
 
 bool isUtf8(std::string_view strText)
 try {
-    return !Json(strText).dump().empty();
-} catch (const Json::type_error &) {
+    return !Ordered(strText).dump().empty();
+} catch (const Ordered::type_error &) {
     return false;
 }
 
 std::string quoted(std::string_view strText)
 {
-    return Json(strText).dump(-1, ' ', false, Json::error_handler_t::replace);
+    return Ordered(strText).dump(-1, ' ', false, Ordered::error_handler_t::replace);
 }
 } // namespace web

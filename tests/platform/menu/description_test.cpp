@@ -1,7 +1,7 @@
 // Faulty descriptions, each refused with the line at fault.
 #include "description.h"
-#include "linedJson.h"
 #include "menuTest.h"
+#include "util/json.h"
 
 #include <cmath>
 
@@ -43,14 +43,14 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
         {"60, ", "60 ", 1, "syntax error"},
         {"\n]}", "\n]", 17, "syntax error"},
         {"\n]}", "\n]}}", 17, "syntax error"},
-        {"60,", "0,", 1, "1 to 3600"},
+        {"60,", "0,", 1, "timeoutSeconds: must be a whole number from 1 to 3600"},
         {"60,", "60.5,", 1, "whole number"},
-        {"60,", "99999999999,", 1, "too large"},
-        {"60,", "null,", 1, "null"},
+        {"60,", "99999999999,", 1, "whole number"},
+        {"60,", "null,", 1, "whole number"},
         {"\"pages\"", "\"page\"", 7, "has no meaning here"},
         {"\"SWITCH\"", "\"SWITCHES\"", 2, "no vocabulary table"},
         {"    \"On\": \"On\"", "    \"on\": \"On\"", 4, "does not hold the word \"on\""},
-        {"\"B\": 1}", "\"C\": 1}", 5, "\"B\" is missing"},
+        {"\"B\": 1}", "\"C\": 1}", 5, "B: is missing"},
         {"\"A\": \"a\"", "\"A\": [\"a\"]", 5, "English and Chinese"},
         {"{\"page\": \"Image\",", "{\"page\": \"Images\",", 9, "no page \"Images\""},
         {"{\"page\": \"Image\",", "{\"page\": \"Main\",", 8, "cannot be opened"},
@@ -61,7 +61,8 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
         {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"int\": \"Gain\"}", 10, "of one kind"},
         {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"unit\": 3}", 10, "must be a text"},
         {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"manual\": 1}", 10, "true or false"},
-        {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"words\": \"Switch\"}", 10, "stands twice"},
+        {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"words\": \"Switch\"}", 10,
+         "pages/0/items/1/words: is there twice"},
         {"\"Restart?\"", "\"" + strLong + "\"", 11, "1 to 31 bytes"},
         {"\"Restart?\"", "\"\"", 11, "1 to 31 bytes"},
         {"{\"action\": \"Restart\"", "{\"do\": \"Restart\"", 11, "\"do\" has no meaning here"},
@@ -75,6 +76,7 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
         {"\"IMAGE\"", "\"PICTURE\"", 13, "no such data zone"},
         {"\"Mode\", \"zone\"", "\"Mode\", \"setting\": \"Fps\", \"zones\"", 14, "has no meaning here"},
         {"\"max\": 7, ", "", 15, "needs min and max"},
+        {"\"max\": 7, ", "\"max\": 7, \"unit\": 5\n,", 15, "must be a text"},
         {"\"when\": {\"IpMode\"", "\"when\": {\"ipMode\"", 15, "no option item"},
         {"[\"B\"]", "[\"C\"]", 15, "does not know the word \"C\""},
         {"\"SerialNumber\"", "\"Weather\"", 16, "nothing tells \"Weather\""},
@@ -88,7 +90,7 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
         try {
             menu::readDescription(strFaulty);
             ADD_FAILURE() << row.strAfter << " was taken";
-        } catch (const menu::Fault &fault) {
+        } catch (const util::JsonFault &fault) {
             EXPECT_THAT(fault.what(), HasSubstr(row.pcReason)) << row.strAfter;
             EXPECT_EQ(fault.s32Line, row.s32Line) << row.strAfter << ": " << fault.what();
         }
@@ -100,9 +102,9 @@ TEST_F(MenuDescription, TextOfAnyKindIsRefusedWithoutHarm)
     const std::string strShipped = menu_test::shippedDescription();
     for (const std::string &strText : {std::string(), std::string("\xff\xfe"), std::string("[]"), std::string("{}"),
                                        std::string(100000, '['), std::string("{\"words\":{}}")})
-        EXPECT_THROW(menu::readDescription(strText), menu::Fault) << strText.substr(0, 20);
+        EXPECT_THROW(menu::readDescription(strText), util::JsonFault) << strText.substr(0, 20);
     for (std::size_t size = 0; size < strShipped.rfind('}'); size += 97)
-        EXPECT_THROW(menu::readDescription(std::string_view(strShipped).substr(0, size)), menu::Fault) << size;
+        EXPECT_THROW(menu::readDescription(std::string_view(strShipped).substr(0, size)), util::JsonFault) << size;
 }
 
 TEST_F(MenuDescription, AFaultyOneKeepsTheMenuFromStarting)
