@@ -2,6 +2,7 @@
 // form; for remotes keys of every kind; for the menu its own description; for web images each payload full of ones;
 // for web JSON each request as text.
 #include "eventApi.h"
+#include "support/place.h"
 #include "viscaOverIp.h"
 #include "web/events.h"
 
@@ -91,7 +92,7 @@ std::vector<Bytes> keySeeds()
 /// The whole description, and each page of it alone with the words.
 std::vector<Bytes> menuSeeds()
 {
-    std::ifstream file(CAMERA_SOURCE_DIR "/platform/menu/menu.json", std::ios::binary);
+    std::ifstream file(place::source("platform/menu/menu.json"), std::ios::binary);
     const std::string strAll(std::istreambuf_iterator<char>(file), {});
     std::vector<Bytes> list{Bytes(strAll.begin(), strAll.end())};
     const std::string strHead = strAll.substr(0, strAll.find("\"pages\"")) + "\"pages\": [",

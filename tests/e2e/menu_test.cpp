@@ -1,5 +1,6 @@
 // The menu as a viewer sees it: a remote walks through it, and the decoded picture shows the menu and what it changes.
 #include "../support/cameraProcess.h"
+#include "support/place.h"
 
 #include <algorithm>
 #include <array>
@@ -72,7 +73,7 @@ TEST(MenuInPicture, ARemoteMakesThePictureBrighter)
 {
     CameraProcess stCamera;
     const auto press = [&](const std::string &strKeys) {
-        const std::string strRemote = CAMERA_SOURCE_DIR "/scripts/remote --root '" + stCamera.path("") + "' big ";
+        const std::string strRemote = place::source("scripts/remote") + " --root '" + stCamera.path("") + "' big ";
         EXPECT_EQ(std::system((strRemote + strKeys).c_str()), 0);
     };
     Viewer viewer(stCamera.port(554));

@@ -1,5 +1,6 @@
 // The camera process and scripts/remote.
 #include "../support/cameraProcess.h"
+#include "support/place.h"
 #include "viscaClient.h"
 
 #include <chrono>
@@ -19,7 +20,7 @@ const Bytes POWER_INQ = bytes("81 09 04 00 FF");
 
 int remote(const CameraProcess &stCamera, const std::string &strKeys)
 {
-    return std::system((CAMERA_SOURCE_DIR "/scripts/remote --root '" + stCamera.path("") + "' " + strKeys).c_str());
+    return std::system((place::source("scripts/remote") + " --root '" + stCamera.path("") + "' " + strKeys).c_str());
 }
 
 /// The position once it stands still.

@@ -1,4 +1,5 @@
 #include "cameraProcess.h"
+#include "place.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
@@ -72,7 +73,7 @@ CameraProcess::CameraProcess(tagCAMERA_OPTIONS_S stOptions) : m_stOptions(std::m
         setenv("CAMERA_PORT_OFFSET", std::to_string(m_stOptions.s32PortOffset).c_str(), 1);
         setenv("CAMERA_WEB_SERVER", "", 1); // none, unless asked for
         for (std::string &strVariable : m_stOptions.env) putenv(strVariable.data());
-        execl(CAMERA_BINARY, "camera", nullptr);
+        execl(place::built("app/camera").c_str(), "camera", nullptr);
         _exit(127);
     }
     close(as32Pipe[1]);

@@ -6,6 +6,7 @@
 #include "description.h"
 #include "menu/menu.h"
 #include "menu/menuParam.h"
+#include "support/place.h"
 #include "support/platformTest.h"
 
 #include <algorithm>
@@ -40,7 +41,7 @@ protected:
     }
     static std::string shippedProfile(const std::string &strModel)
     {
-        std::ifstream file(CAMERA_SOURCE_DIR "/platform/board/profiles/" + strModel + ".json");
+        std::ifstream file(place::source("platform/board/profiles/" + strModel + ".json"));
         return (std::stringstream() << file.rdbuf()).str();
     }
 };
@@ -128,7 +129,7 @@ TEST_F(MenuStart, TellsTheVersionsAndNothingItDoesNotKnow)
 /// Items that the service does not know would only ever say "Not accepted".
 TEST_F(MenuStart, TheServiceKnowsEveryDescribedItem)
 {
-    std::ifstream file(CAMERA_SOURCE_DIR "/platform/menu/menu.json");
+    std::ifstream file(place::source("platform/menu/menu.json"));
     const auto description = menu::readDescription((std::stringstream() << file.rdbuf()).str());
     std::set<std::string> known;
     for (const MENU_PARAM_MAP_S &st : menuParamTable()) known.insert(st.acParam);

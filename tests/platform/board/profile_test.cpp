@@ -2,6 +2,7 @@
 #include "board/gpio.h"
 #include "board/profile.h"
 #include "config/config.h"
+#include "support/place.h"
 #include "support/platformTest.h"
 
 #include <cstring>
@@ -15,7 +16,7 @@ using testing::HasSubstr;
 
 namespace
 {
-constexpr const BU_CHAR *PROFILES = CAMERA_SOURCE_DIR "/platform/board/profiles/";
+const std::string PROFILES = place::source("platform/board/profiles/");
 
 std::string textOf(const std::string &strFile)
 {
@@ -78,7 +79,7 @@ class FaultyProfile : public ProfileTest, public testing::WithParamInterface<tag
 };
 TEST_P(FaultyProfile, IsRefusedWithPlaceAndReason)
 {
-    std::string strText = textOf(std::string(PROFILES) + "TKV-MX.json");
+    std::string strText = textOf(PROFILES + "TKV-MX.json");
     ASSERT_EQ(loadText(strText), "");
     const std::size_t place = strText.find(GetParam().pcOld);
     ASSERT_NE(place, std::string::npos);
@@ -132,7 +133,7 @@ TEST_F(ProfileTest, WithoutOneEverythingIsRefused)
 
 TEST_F(ProfileTest, OwnCopyInTheDeviceRootComesFirst)
 {
-    std::string strText = textOf(std::string(PROFILES) + "minimal.json");
+    std::string strText = textOf(PROFILES + "minimal.json");
     strText.replace(strText.find("MIN24060001"), 11, "OWN");
     std::filesystem::create_directories(root() + "/app/profiles");
     std::ofstream(root() + "/app/profiles/minimal.json") << strText;

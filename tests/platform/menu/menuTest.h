@@ -3,6 +3,7 @@
 
 #include "camera/menuLibrary.h"
 #include "camera/settingEvent.h"
+#include "support/place.h"
 #include "support/platformTest.h"
 
 #include <atomic>
@@ -67,7 +68,7 @@ inline const BU_CHAR *dataZone(const BU_CHAR *pcZone)
 
 inline std::string shippedDescription()
 {
-    std::ifstream file(CAMERA_SOURCE_DIR "/platform/menu/menu.json");
+    std::ifstream file(place::source("platform/menu/menu.json"));
     return (std::stringstream() << file.rdbuf()).str();
 }
 } // namespace menu_test

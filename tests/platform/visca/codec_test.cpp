@@ -1,3 +1,4 @@
+#include "support/place.h"
 #include "viscaLibTest.h"
 
 #include "viscaDoc.h"
@@ -215,7 +216,7 @@ TEST(ViscaCodec, SplitsTheSameWhereverTheStreamIsCut)
 // The tables of docs/visca.md are those of the code. CAMERA_UPDATE_DOCS=1 writes them.
 TEST(ViscaCodec, DocumentedAsItIs)
 {
-    const std::string strPath = CAMERA_SOURCE_DIR "/docs/visca.md", strBegin = "<!-- packets -->\n",
+    const std::string strPath = place::source("docs/visca.md"), strBegin = "<!-- packets -->\n",
                       strEnd = "\n<!-- end of packets -->";
     std::stringstream file;
     file << std::ifstream(strPath).rdbuf();

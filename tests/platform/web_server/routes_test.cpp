@@ -1,6 +1,7 @@
 #include "describe.h"
 #include "eventApi.h"
 #include "logicTest.h"
+#include "support/place.h"
 #include "web/events.h"
 
 namespace
@@ -298,7 +299,7 @@ TEST(EventApi, EveryAnswerCanBeAskedForAgain)
 TEST(Documentation, IsTheOneOfTheTables)
 {
     std::stringstream text;
-    text << std::ifstream(CAMERA_SOURCE_DIR "/docs/web-api.md").rdbuf();
+    text << std::ifstream(place::source("docs/web-api.md")).rdbuf();
     EXPECT_TRUE(text.str() == describeApi()) << "run scripts/web-api";
 }
 } // namespace

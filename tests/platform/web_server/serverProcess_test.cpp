@@ -1,4 +1,5 @@
 #include "serverClient.h"
+#include "support/place.h"
 #include "util/fileDescriptor.h"
 
 #include <gmock/gmock.h>
@@ -79,8 +80,9 @@ private:
         if (write(s32Pid, &pid, sizeof(pid)) < 0) _exit(3);
         setenv("CAMERA_PORT_OFFSET", strOffset.c_str(), 1);
         setenv("CAMERA_LOG", "3", 1);
-        execl(CAMERA_WEB_BINARY, "camera-web", "--root", m_strRoot.c_str(), "--webui", CAMERA_SOURCE_DIR "/webui",
-              "--http", strHttp.c_str(), "--https", "0", "--report-fd", std::to_string(s32Report).c_str(), nullptr);
+        execl(place::built("app/camera-web").c_str(), "camera-web", "--root", m_strRoot.c_str(), "--webui",
+              place::source("webui").c_str(), "--http", strHttp.c_str(), "--https", "0", "--report-fd",
+              std::to_string(s32Report).c_str(), nullptr);
         _exit(127);
     }
     std::string m_strRoot;
@@ -108,7 +110,7 @@ TEST_F(WebProcess, ServesReportsAndEndsWhenAsked)
     Peer peer = connectTo(s32Http);
     const tagANSWER_S stPage = peer.ask(get("/"));
     EXPECT_EQ(stPage.s32Status, 200);
-    EXPECT_EQ(stPage.strBody, contentOf(CAMERA_SOURCE_DIR "/webui/index.html"));
+    EXPECT_EQ(stPage.strBody, contentOf(place::source("webui/index.html")));
     peer.send("HEAD / HTTP/1.1\r\nHost: localhost\r\n\r\n");
     EXPECT_EQ(peer.readAnswer(false).header("content-length"), std::to_string(stPage.strBody.size()));
     EXPECT_THAT(peer.ask(get("/session")).strBody, HasSubstr("\"camera\":false"));
