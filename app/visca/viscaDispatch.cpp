@@ -1,3 +1,4 @@
+// The dispatch table: which handler runs a message and how its answer is written; start of the module.
 #include "visca/viscaHandlers.h"
 #include "visca/viscaReplies.h"
 
@@ -16,13 +17,13 @@ namespace
 {
 using namespace visca;
 
-struct tagVISCA_ROW_S {
+struct DispatchRow {
     tagVISCA_CMD_INQ_TYPE_E enType;
-    BU_S32 (*pfnHandle)(I *);
+    Handler *pfnHandle;
     PFN_REPLY pfnReply = nullptr; ///< none: the terminator alone
 };
 // clang-format off
-constexpr tagVISCA_ROW_S g_astViscaRows[] = {
+constexpr DispatchRow ROWS[] = {
     {VISCA_CMD_E_CANCEL,                   viscaCtrlCancel},
     {VISCA_CMD_E_SET_ADDRESS,              viscaCtrlAddress},
     {VISCA_CMD_E_POWER,                    viscaCtrlPower},
@@ -137,17 +138,16 @@ constexpr tagVISCA_ROW_S g_astViscaRows[] = {
     {VISCA_INQ_E_EXTRA_STATUE,          viscaInquiryExtraStatue,     reply<Low<ExtraIsp>>},
 };
 // clang-format on
-static_assert(std::ranges::adjacent_find(g_astViscaRows, std::ranges::greater_equal{}, &tagVISCA_ROW_S::enType) ==
-                  std::end(g_astViscaRows),
+static_assert(std::ranges::adjacent_find(ROWS, std::ranges::greater_equal{}, &DispatchRow::enType) == std::end(ROWS),
               "one row per type, in type order");
 
 constexpr auto ROW_BY_TYPE = [] {
-    std::array<const tagVISCA_ROW_S *, VISCA_CMD_INQ_E_BUTT> apstRow{};
-    for (const auto &stRow : g_astViscaRows) apstRow[stRow.enType] = &stRow;
+    std::array<const DispatchRow *, VISCA_CMD_INQ_E_BUTT> apstRow{};
+    for (const auto &stRow : ROWS) apstRow[stRow.enType] = &stRow;
     return apstRow;
 }();
 
-const tagVISCA_ROW_S *rowOf(tagVISCA_CMD_INQ_TYPE_E type)
+const DispatchRow *rowOf(tagVISCA_CMD_INQ_TYPE_E type)
 {
     return type >= 0 && type < VISCA_CMD_INQ_E_BUTT ? ROW_BY_TYPE[type] : nullptr;
 }
@@ -210,7 +210,7 @@ BU_S32 VISCA_PTCtrlRet(void *priv, BU_BOOL result)
     if (!priv) return 0;
     tagVISCA_CTRL_INFO_S stInfo;
     std::memcpy(&stInfo, priv, sizeof(stInfo));
-    // A preset recall ends twice, for pan/tilt and for zoom and focus; the last end is answered.
-    if (stInfo.stMemoryCtrl.enMemoryType == VISCA_MSG_E_MEMORY_RECALL && --gs_s32PresetFlag > 0) return 0;
+    // The last end of a preset recall is answered.
+    if (stInfo.stMemoryCtrl.enMemoryType == VISCA_MSG_E_MEMORY_RECALL && viscaRecallGoesOn()) return 0;
     return VISCA_CtrlMsgReturn(&stInfo, result);
 }

@@ -1,27 +1,23 @@
+// Exposure mode, shutter, wide dynamic range and backlight.
 #include "camera/image.h"
 #include "camera/systemService.h"
 #include "util/log.h"
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
-#include "vocabulary/wordSetters.h"
+
+using namespace visca;
 
 namespace
 {
-constexpr tagVISCA_CODE_S<const BU_CHAR *> AE_MODES[] = {{VISCA_MSG_E_AE_FULL_AUTO, "AutoMode"},
-                                                         {VISCA_MSG_E_AE_NANUAL, "ManualMode"},
-                                                         {VISCA_MSG_E_AE_SHUTTER_PRIORITY, "ShutterFirst"},
-                                                         {VISCA_MSG_E_AE_IRIS_PRIORITY, "IrisFirst"},
-                                                         {VISCA_MSG_E_AE_BRIGHT, "BrightFirst"}};
-
 /// Where the factory shutter of an output frame rate stands; every other rate shares that of 60.
-constexpr tagVISCA_CODE_S<const BU_CHAR *> SHUTTER_KEYS[] = {{HDMI_FPS_E_FPS50, "ShutterSpeedFps50"},
-                                                             {HDMI_FPS_E_FPS30, "ShutterSpeedFps30"},
-                                                             {HDMI_FPS_E_FPS25, "ShutterSpeedFps25"},
-                                                             {HDMI_FPS_E_FPS24, "ShutterSpeedFps24"}};
+constexpr Coded<const BU_CHAR *> SHUTTER_KEYS[] = {{HDMI_FPS_E_FPS50, "ShutterSpeedFps50"},
+                                                   {HDMI_FPS_E_FPS30, "ShutterSpeedFps30"},
+                                                   {HDMI_FPS_E_FPS25, "ShutterSpeedFps25"},
+                                                   {HDMI_FPS_E_FPS24, "ShutterSpeedFps24"}};
 
 BU_S32 defaultShutter(HDMI_FPS_E enFps, BU_S32 *ps32Shutter)
 {
-    const auto *ppcKey = viscaFind(SHUTTER_KEYS, enFps);
+    const auto *ppcKey = find(SHUTTER_KEYS, enFps);
     return ISP_AF_GetDefVal(ppcKey ? *ppcKey : "ShutterSpeedFps60", ps32Shutter);
 }
 } // namespace
@@ -35,10 +31,10 @@ BU_S32 viscaCtrlAE(tagVISCA_CTRL_INFO_S *pstInfo)
         ISP_API_GetAeMode(0, &s32Mode, BU_FALSE);
         if (s32Mode != AE_MODE_E_AUTO) return -1;
         s32Ret = ISP_API_SetGainLimit(0, u8GainLimit, BU_TRUE, BU_TRUE);
-    } else if (const auto *ppcWord = viscaFind(AE_MODES, enType))
-        s32Ret = ISP_API_SetAeMode(0, *ppcWord, BU_TRUE, BU_TRUE);
-    else
-        return viscaRefuseType(enType);
+    } else {
+        if (cameraOf<codes::AE_MODES>(enType) == NONE) return refuseType(enType);
+        s32Ret = coded<ISP_API_SetAeMode, codes::AE_MODES>(enType);
+    }
     TRACE("%d\n", enType);
     return s32Ret;
 }
@@ -75,9 +71,8 @@ BU_S32 viscaCtrlShutter(tagVISCA_CTRL_INFO_S *pstInfo)
 BU_S32 viscaCtrlWDR(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto enType = pstInfo->stWDRCtrl.enWDRType;
-    const auto *pbOn = viscaFind(VISCA_SWITCH, enType);
-    if (!pbOn) return viscaRefuseType(enType);
-    ISP_API_SetDrcSwi(0, *pbOn, BU_TRUE, BU_TRUE);
+    if (cameraOf<codes::SWITCHES>(enType) == NONE) return refuseType(enType);
+    coded<ISP_API_SetDrcSwi>(enType);
     TRACE("%d\n", enType);
     return 0;
 }
@@ -85,9 +80,8 @@ BU_S32 viscaCtrlWDR(tagVISCA_CTRL_INFO_S *pstInfo)
 BU_S32 viscaCtrlBacklight(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto enType = pstInfo->enBalklightCtrl;
-    const auto *ppcWord = viscaFind(VISCA_SWITCH_WORDS, enType);
-    if (!ppcWord) return viscaRefuseType(enType);
-    const BU_S32 s32Ret = ISP_API_SetBackLight(0, *ppcWord, BU_TRUE, BU_TRUE);
+    if (cameraOf<codes::SWITCHES>(enType) == NONE) return refuseType(enType);
+    const BU_S32 s32Ret = coded<ISP_API_SetBackLight>(enType);
     TRACE("%d\n", enType);
     return s32Ret;
 }

@@ -3,20 +3,18 @@
 /// delivered.
 #pragma once
 
-#include "board/lamp.h"
 #include "camera/focus.h"
 #include "camera/image.h"
+#include "camera/systemService.h"
 #include "camera/tracking.h"
 #include "config/config.h"
 #include "visca/viscaFields.h"
 #include "visca/viscaHandlers.h"
-
-#include <climits>
+#include "visca/viscaTable.h"
 
 namespace visca
 {
-inline constexpr BU_S32 UNREAD = INT_MIN;
-inline constexpr BU_S32 ON = 2, OFF = 3;
+inline constexpr BU_S32 UNREAD = NONE; ///< neither has an unread setting a number
 
 typedef BU_S32 (*PFN_GET_DEV)(BU_S32, BU_S32 *, BU_BOOL);
 typedef BU_S32 (*PFN_GET)(BU_S32 *, BU_BOOL);
@@ -47,7 +45,7 @@ template <PFN_GET Get, BU_BOOL bReread = BU_FALSE> BU_S32 ask(BU_S32 s32Unread =
 // Conversions of an answer to the number of the protocol; UNREAD stays UNREAD.
 typedef BU_S32 (*PFN_CONVERT)(BU_S32 s32Value);
 constexpr BU_S32 asRead(BU_S32 s32Value) { return s32Value; }
-constexpr BU_S32 onOff(BU_S32 s32Value) { return s32Value == UNREAD ? UNREAD : s32Value ? ON : OFF; }
+constexpr BU_S32 onOff(BU_S32 s32Value) { return codeOf<codes::SWITCHES>(s32Value); }
 
 template <class Target> BU_S32 store(I *pstInfo, BU_S32 s32Value)
 {
@@ -67,40 +65,19 @@ inline CFG_VALUE_INT_S rangeOf(const BU_CHAR *pcKey)
     return stRange;
 }
 
-/// A setting's value and the number that stands for it in the protocol.
-struct tagVISCA_MAP_S {
-    BU_S32 s32Camera, s32Visca;
-};
-/// @return UNREAD for a value that the protocol has no number for
-template <const auto &astMap> constexpr BU_S32 mapped(BU_S32 s32Camera)
+/// What the output's shutter has for a position, by its frame rate.
+inline BU_S32 askShutterPosition(BU_S32 *ps32Position)
 {
-    for (const auto &stRow : astMap)
-        if (stRow.s32Camera == s32Camera) return stRow.s32Visca;
-    return UNREAD;
+    const BU_S32 s32Shutter = ask<ISP_API_GetShutter>(), s32Fps = ask<SYSTEM_API_GetHdmiFps>();
+    if (s32Shutter != UNREAD)
+        *ps32Position =
+            convertShutterTimeToViscaValue(static_cast<HDMI_FPS_E>(s32Fps), static_cast<SHUTTER_TIME_E>(s32Shutter));
+    return 0;
 }
-/// One number for every value outside the table.
-template <const auto &astMap, BU_S32 s32Other> constexpr BU_S32 mappedOr(BU_S32 s32Camera)
+/// A level counted from the least.
+inline BU_S32 fromLeast(BU_S32 s32Value, const BU_CHAR *pcKey)
 {
-    const BU_S32 s32Visca = mapped<astMap>(s32Camera);
-    return s32Visca != UNREAD || s32Camera == UNREAD ? s32Visca : s32Other;
+    return s32Value == UNREAD ? UNREAD : s32Value - rangeOf(pcKey).s32Min;
 }
-
-inline constexpr tagVISCA_MAP_S WB_MODES[] = {
-    {WB_MODE_E_AUTO, VISCA_MSG_E_WB_AUTO},       {WB_MODE_E_INDOOR, VISCA_MSG_E_WB_INDOOR},
-    {WB_MODE_E_OUTDOOR, VISCA_MSG_E_WB_OUTDOOR}, {WB_MODE_E_ONE_PUSH, VISCA_MSG_E_WB_ONE_PUSH_WB},
-    {WB_MODE_E_MANUAL, VISCA_MSG_E_WB_MANUAL},   {WB_MODE_E_STATIC, VISCA_MSG_E_WB_COLOR_TEMPERATURE}};
-inline constexpr tagVISCA_MAP_S AE_MODES[] = {{AE_MODE_E_AUTO, VISCA_MSG_E_AE_FULL_AUTO},
-                                              {AE_MODE_E_MANUAL, VISCA_MSG_E_AE_NANUAL},
-                                              {AE_MODE_E_SHUTTER, VISCA_MSG_E_AE_SHUTTER_PRIORITY},
-                                              {AE_MODE_E_IRIS, VISCA_MSG_E_AE_IRIS_PRIORITY},
-                                              {AE_MODE_E_BRIGHT, VISCA_MSG_E_AE_BRIGHT}};
-inline constexpr tagVISCA_MAP_S TALLY_MODES[] = {
-    {LED_TALLY_MODE_E_CLOSE, VISCA_MSG_TKV_NORMAL_TALLY_OFF},
-    {LED_TALLY_MODE_E_COLOR_W, VISCA_MSG_TKV_NORMAL_TALLY_WHITE},
-    {LED_TALLY_MODE_E_COLOR_CUSTOM, VISCA_MSG_TKV_NORMAL_TALLY_CUSTOM},
-    {LED_TALLY_MODE_E_COLOR_RGB_CIRCLE, VISCA_MSG_TKV_NORMAL_TALLY_RGBCYCLE}};
-inline constexpr tagVISCA_MAP_S ANTI_FLICKERS[] = {
-    {FREQ_MODE_E_50HZ, 1}, {FREQ_MODE_E_60HZ, 2}, {FREQ_MODE_E_OUTDOOR, 0}};
-inline constexpr tagVISCA_MAP_S PLACEMENTS[] = {{TRACK_PEOPLE_POS_CENTER, VISCA_MSG_E_PLACEMENT_CENTER},
-                                                {TRACK_PEOPLE_POS_RIGHT, VISCA_MSG_E_PLACEMENT_RIGHT}};
+inline BU_S32 expCompPosition(BU_S32 s32Level) { return fromLeast(s32Level, "ExposureCompLevel"); }
 } // namespace visca

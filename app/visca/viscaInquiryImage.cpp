@@ -2,7 +2,6 @@
 #include "visca/viscaInquiry.h"
 
 #include "camera/system.h"
-#include "camera/systemService.h"
 #include "util/log.h"
 
 #include <algorithm>
@@ -17,11 +16,11 @@ constexpr PFN_QUESTION STRENGTHS[] = {question<ISP_API_GetRStrength>, question<I
 
 constexpr BU_S32 plusOne(BU_S32 s32Value) { return s32Value == UNREAD ? UNREAD : s32Value + 1; }
 
-struct tagVIDEO_PARAM_S {
+struct VideoParamRow {
     PFN_QUESTION pfnAsk;
     PFN_CONVERT pfnConvert = asRead;
 };
-constexpr tagVIDEO_PARAM_S VIDEO_PARAMS[] = {
+constexpr VideoParamRow VIDEO_PARAMS[] = {
     // in the order of VISCA_CTRL_VIDEO_PARAM_E
     {question<ISP_API_GetSharpness>},
     {question<ISP_API_GetBrightness>},
@@ -34,16 +33,16 @@ constexpr tagVIDEO_PARAM_S VIDEO_PARAMS[] = {
     {question<ISP_API_GetDrcMode>, plusOne},
     {question<SYS_API_GetMirror>, onOff},
     {question<SYS_API_GetFlip>, onOff},
-    {question<ISP_API_GetAntiFlicker, BU_TRUE>, mapped<ANTI_FLICKERS>},
+    {question<ISP_API_GetAntiFlicker, BU_TRUE>, codeOf<codes::ANTI_FLICKERS>},
     {question<SYS_API_GetImageFreeze, BU_TRUE>, onOff}};
 static_assert(std::size(VIDEO_PARAMS) == VISCA_MSG_E_DIRECT_FREEZE + 1);
 
-struct tagEXTRA_ISP_S {
+struct ExtraIspRow {
     VISCA_CTRL_EXTREA_ISP_E enType;
     PFN_QUESTION pfnAsk;
     PFN_CONVERT pfnConvert = onOff;
 };
-constexpr tagEXTRA_ISP_S EXTRA_ISP[] = {
+constexpr ExtraIspRow EXTRA_ISP[] = {
     {VISCA_MSG_E_EXP_FULLVIEW_FOLLOW_MODE, question<ISP_API_GetExposureFullViewFollow>},
     {VISCA_MSG_E_WB_FULLVIEW_FOLLOW_MODE, question<ISP_API_GetWhiteBalanceFullViewFollow>},
     {VISCA_MSG_E_WB_SENSI, question<ISP_API_GetAwbSensitivity>, asRead},
@@ -57,7 +56,7 @@ constexpr tagEXTRA_ISP_S EXTRA_ISP[] = {
 
 BU_S32 viscaInquiryWbMode(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const BU_S32 s32Camera = ask<ISP_API_GetWbMode>(), s32Mode = mapped<WB_MODES>(s32Camera);
+    const BU_S32 s32Camera = ask<ISP_API_GetWbMode>(), s32Mode = codeOf<codes::WB_MODES>(s32Camera);
     if (s32Mode == UNREAD) {
         TRACE("unknow value %d\n", s32Camera);
         return -1;
@@ -91,7 +90,7 @@ BU_S32 viscaInquiryWbColorTemp(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryAeMode(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const BU_S32 s32Camera = ask<ISP_API_GetAeMode>(), s32Mode = mapped<AE_MODES>(s32Camera);
+    const BU_S32 s32Camera = ask<ISP_API_GetAeMode>(), s32Mode = codeOf<codes::AE_MODES>(s32Camera);
     if (s32Mode == UNREAD) {
         TRACE("unknow value %d\n", s32Camera);
         return -1;
@@ -101,10 +100,9 @@ BU_S32 viscaInquiryAeMode(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryShutterPos(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const BU_S32 s32Shutter = ask<ISP_API_GetShutter>(), s32Fps = ask<SYSTEM_API_GetHdmiFps>();
-    if (s32Shutter == UNREAD) return 0;
-    return store<Shutter>(pstInfo, convertShutterTimeToViscaValue(static_cast<HDMI_FPS_E>(s32Fps),
-                                                                  static_cast<SHUTTER_TIME_E>(s32Shutter)));
+    BU_S32 s32Position = UNREAD;
+    askShutterPosition(&s32Position);
+    return store<Shutter>(pstInfo, s32Position);
 }
 
 BU_S32 viscaInquiryIrisPos(tagVISCA_CTRL_INFO_S *pstInfo) { return store<Iris>(pstInfo, ask<ISP_API_GetIrisLevel>()); }
@@ -122,9 +120,7 @@ BU_S32 viscaInquiryExpCompMode(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryExpCompPos(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const BU_S32 s32Level = ask<ISP_API_GetExpCompLevel>();
-    if (s32Level == UNREAD) return 0;
-    return store<ExpCompPos>(pstInfo, s32Level - rangeOf("ExposureCompLevel").s32Min);
+    return store<ExpCompPos>(pstInfo, expCompPosition(ask<ISP_API_GetExpCompLevel>()));
 }
 
 BU_S32 viscaInquiryBacklightMode(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -156,7 +152,7 @@ BU_S32 viscaInquiryVideoParam(tagVISCA_CTRL_INFO_S *pstInfo)
 BU_S32 viscaInquiryExtraStatue(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto enType = pstInfo->stExtraIspCtrl.enExtraIspType;
-    const auto *pstRow = std::ranges::find(EXTRA_ISP, enType, &tagEXTRA_ISP_S::enType);
+    const auto *pstRow = std::ranges::find(EXTRA_ISP, enType, &ExtraIspRow::enType);
     if (pstRow == std::end(EXTRA_ISP)) return -1;
     BU_S32 s32Value = UNREAD;
     const BU_S32 s32Ret = pstRow->pfnAsk(&s32Value);

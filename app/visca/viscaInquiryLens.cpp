@@ -13,8 +13,6 @@ namespace
 {
 /// The fastest levels that a controller is told of.
 constexpr BU_U8 MAX_PAN_SPEED = 24, MAX_TILT_SPEED = 20;
-
-constexpr tagVISCA_MAP_S ACCURACIES[] = {{1, 0}, {10, 1}, {100, 2}};
 } // namespace
 
 BU_S32 viscaInquiryZoomPos(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -86,7 +84,7 @@ BU_S32 viscaInquiryPTSpeedMatch(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryPTSpeedAccuarcy(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    return store<PTSpeedParam>(pstInfo, mapped<ACCURACIES>(ask<PT_API_GetSpeedAccuracy>()));
+    return store<PTSpeedParam>(pstInfo, codeOf<codes::SPEED_ACCURACIES>(ask<PT_API_GetSpeedAccuracy>()));
 }
 
 BU_S32 viscaInquiryMemoryStatue(tagVISCA_CTRL_INFO_S *pstInfo)

@@ -10,7 +10,6 @@
 #include "media/pipeline.h"
 #include "util/log.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <optional>
 
@@ -20,27 +19,24 @@ namespace
 {
 constexpr const BU_CHAR *NET_CARD = "NetCard0", *TALLY_LED = "TallyLed";
 
-struct tagVIDEO_FORMAT_S {
-    BU_U32 u32Height;
-    BU_S32 s32Fps; ///< frames per second; fractional rates in thousandths
-    VISCA_CTRL_VIDEO_RESOLUTION_E enProgressive, enInterlaced = enProgressive;
-};
-constexpr tagVIDEO_FORMAT_S VIDEO_FORMATS[] = {
-    {2160, 60, VISCA_MSG_E_VIDEO_4KP60},
-    {2160, 50, VISCA_MSG_E_VIDEO_4KP50},
-    {2160, 30, VISCA_MSG_E_VIDEO_4KP30},
-    {2160, 25, VISCA_MSG_E_VIDEO_4KP25},
-    {1080, 60, VISCA_MSG_E_VIDEO_1920x1080P60, VISCA_MSG_E_VIDEO_1920x1080I60},
-    {1080, 59940, VISCA_MSG_E_VIDEO_1920x1080P5994},
-    {1080, 50, VISCA_MSG_E_VIDEO_1920x1080P50},
-    {1080, 30, VISCA_MSG_E_VIDEO_1920x1080P30},
-    {1080, 29970, VISCA_MSG_E_VIDEO_1920x1080P2997},
-    {1080, 25, VISCA_MSG_E_VIDEO_1920x1080P25, VISCA_MSG_E_VIDEO_1920x1080I25},
-    {720, 60, VISCA_MSG_E_VIDEO_1280x720P60},
-    {720, 59940, VISCA_MSG_E_VIDEO_1280x720P5994},
-    {720, 50, VISCA_MSG_E_VIDEO_1280x720P50},
-    {720, 30, VISCA_MSG_E_VIDEO_1280x720P30},
-    {720, 25, VISCA_MSG_E_VIDEO_1280x720P25}};
+/// Output formats by their height, and rates as the pipeline counts them: frames per second, fractional ones in
+/// thousandths.
+constexpr Coded<HDMI_FORMAT_E> FORMATS[] = {
+    {2160, HDMI_FORMAT_E_4K}, {1080, HDMI_FORMAT_E_1080P}, {720, HDMI_FORMAT_E_720P}};
+constexpr Coded<HDMI_FPS_E> RATES[] = {{60, HDMI_FPS_E_FPS60}, {59940, HDMI_FPS_E_FPS59P94}, {50, HDMI_FPS_E_FPS50},
+                                       {30, HDMI_FPS_E_FPS30}, {29970, HDMI_FPS_E_FPS29P97}, {25, HDMI_FPS_E_FPS25}};
+
+BU_S32 videoCode(const MPP_VOUT_CFG_S &stCfg)
+{
+    const auto *penFormat = find(FORMATS, static_cast<BU_S32>(stCfg.stResolution.u32Height));
+    const auto *penFps = find(RATES, stCfg.s32Fps);
+    if (!penFormat || !penFps) return NONE;
+    const BU_S32 s32Progressive = codeOf<codes::VIDEO_FORMATS>(codes::video(*penFormat, *penFps));
+    if (!stCfg.bInterlaced || *penFormat != HDMI_FORMAT_E_1080P) return s32Progressive;
+    // An interlaced format that has no number is told by its progressive one.
+    const BU_S32 s32Interlaced = codeOf<codes::VIDEO_FORMATS>(codes::video(HDMI_FORMAT_E_1080I, *penFps));
+    return s32Interlaced != NONE ? s32Interlaced : s32Progressive;
+}
 
 std::optional<NETWORK_CFG_S> readNetwork()
 {
@@ -91,13 +87,10 @@ BU_S32 viscaInquiryVideoResolution(tagVISCA_CTRL_INFO_S *pstInfo)
         TRACE("call MPP_GetVoutCfg failed, ret:%d\n", s32Ret);
         return s32Ret;
     }
-    const auto *pstFormat = std::ranges::find_if(VIDEO_FORMATS, [&](const tagVIDEO_FORMAT_S &stRow) {
-        return stRow.u32Height == stCfg.stResolution.u32Height && stRow.s32Fps == stCfg.s32Fps;
-    });
-    if (pstFormat == std::end(VIDEO_FORMATS)) return -1;
-    const auto enFormat = stCfg.bInterlaced ? pstFormat->enInterlaced : pstFormat->enProgressive;
-    TRACE("0x%X\n", enFormat);
-    return store<VideoFormat>(pstInfo, enFormat);
+    const BU_S32 s32Code = videoCode(stCfg);
+    if (s32Code == NONE) return -1;
+    TRACE("0x%X\n", s32Code);
+    return store<VideoFormat>(pstInfo, s32Code);
 }
 
 BU_S32 viscaInquiryAudioVol(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -109,9 +102,7 @@ BU_S32 viscaInquiryAudioVol(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryAudioMute(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const BU_S32 s32Mute = ask<SYS_API_GetAudioMute>();
-    if (s32Mute == UNREAD) return 0;
-    return store<AudioMute>(pstInfo, s32Mute ? VISCA_MSG_E_AUDIO_MUTE_ON : VISCA_MSG_E_AUDIO_MUTE_OFF);
+    return store<AudioMute>(pstInfo, codeOf<codes::AUDIO_MUTES>(ask<SYS_API_GetAudioMute>()));
 }
 
 BU_S32 viscaInquiryIP(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -184,7 +175,7 @@ BU_S32 viscaInquiryTallyMode(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     BU_S32 s32Mode = UNREAD;
     const BU_S32 s32Ret = LED_API_GetTallyMode(TALLY_LED, &s32Mode, BU_TRUE);
-    store<TallyMode>(pstInfo, mapped<TALLY_MODES>(s32Mode));
+    store<TallyMode>(pstInfo, codeOf<codes::TALLY_MODES>(s32Mode));
     return s32Ret;
 }
 
@@ -209,7 +200,7 @@ BU_S32 viscaInquirySystemStatus(tagVISCA_CTRL_INFO_S *pstInfo)
     auto &stStatus = pstInfo->stSystemStatue;
     const BU_S32 s32Menu = CMD_MENU_GetMenuStatus();
     viscaInquiryVideoResolution(pstInfo);
-    store<StatusWbMode>(pstInfo, mapped<WB_MODES>(ask<ISP_API_GetWbMode>()));
+    store<StatusWbMode>(pstInfo, codeOf<codes::WB_MODES>(ask<ISP_API_GetWbMode>()));
     store<StatusBGain>(pstInfo, ask<ISP_API_GetBGain>());
     store<StatusRGain>(pstInfo, ask<ISP_API_GetRGain>());
     storeOnOff<StatusFocusMode>(pstInfo, ask<AF_API_GetFocusAuto>());

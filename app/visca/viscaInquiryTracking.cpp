@@ -5,10 +5,7 @@ using namespace visca;
 
 namespace
 {
-constexpr tagVISCA_MAP_S START_PRESETS[] = {{TRACK_LOST_ACTION_E_PRESET_0, 2}, {TRACK_LOST_ACTION_E_PRESET_1, 0}};
-constexpr tagVISCA_MAP_S AT_SPEEDS[] = {{0, VISCA_MSG_E_AT_SPEED_SLOW}, {1, VISCA_MSG_E_AT_SPEED_MID}}; // "Low", "Mid"
-constexpr tagVISCA_MAP_S TRACK_SPEEDS[] = {{3, 0}};                                                     // "Smooth"
-constexpr tagVISCA_MAP_S GESTURES[] = {{1, ON}};
+constexpr codes::Column OTHER = &codes::Row::s32ViscaOther;
 } // namespace
 
 BU_S32 viscaInquiryAutoTrackingStatue(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -33,7 +30,7 @@ BU_S32 viscaInquiryDetectedIndicatorStatus(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryTrackingStart(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const BU_S32 s32Preset = mapped<START_PRESETS>(ask<ALG_API_GetStartPos>());
+    const BU_S32 s32Preset = codeOf<codes::START_POSITIONS, OTHER>(ask<ALG_API_GetStartPos>());
     return s32Preset == UNREAD ? -1 : store<StartPreset>(pstInfo, s32Preset);
 }
 
@@ -44,13 +41,12 @@ BU_S32 viscaInquiryTrackingStartPosition(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryOsdReminderStatus(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const BU_S32 s32Debug = ask<ALG_API_GetDebug>();
-    return store<OsdReminder>(pstInfo, s32Debug == UNREAD ? UNREAD : s32Debug != 0);
+    return store<OsdReminder>(pstInfo, codeOf<codes::OSD_REMINDERS>(ask<ALG_API_GetDebug>()));
 }
 
 BU_S32 viscaInquiryFigureSize(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    return store<FigureSize>(pstInfo, ask<ALG_API_GetBodySize>());
+    return store<FigureSize>(pstInfo, codeOf<codes::BODY_SIZES>(ask<ALG_API_GetBodySize>()));
 }
 
 BU_S32 viscaInquiryCurrentCustomizedFigureSize(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -60,12 +56,12 @@ BU_S32 viscaInquiryCurrentCustomizedFigureSize(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryPlacementStatus(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    return store<Placement>(pstInfo, mappedOr<PLACEMENTS, VISCA_MSG_E_PLACEMENT_LEFT>(ask<ALG_API_GetPeoplePos>()));
+    return store<Placement>(pstInfo, codeOf<codes::PLACEMENTS>(ask<ALG_API_GetPeoplePos>()));
 }
 
 BU_S32 viscaInquiryAutoStrackingSpeed(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    return store<AtSpeed>(pstInfo, mappedOr<AT_SPEEDS, VISCA_MSG_E_AT_SPEED_FASET>(ask<ALG_API_GetTrackSpeed>()));
+    return store<AtSpeed>(pstInfo, codeOf<codes::TRACK_SPEEDS>(ask<ALG_API_GetTrackSpeed>()));
 }
 
 BU_S32 viscaInquiryTKVHeadPos(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -75,10 +71,10 @@ BU_S32 viscaInquiryTKVHeadPos(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaInquiryTKVATSpeed(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    return store<TrackSpeed>(pstInfo, mappedOr<TRACK_SPEEDS, 1>(ask<ALG_API_GetTrackSpeed>()));
+    return store<TrackSpeed>(pstInfo, codeOf<codes::TRACK_SPEEDS, OTHER>(ask<ALG_API_GetTrackSpeed>()));
 }
 
 BU_S32 viscaInquiryGestureDetect(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    return store<Gesture>(pstInfo, mappedOr<GESTURES, OFF>(ask<ALG_API_GetGesture>()));
+    return storeOnOff<Gesture>(pstInfo, ask<ALG_API_GetGesture>());
 }

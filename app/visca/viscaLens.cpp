@@ -1,3 +1,4 @@
+// Zoom, digital zoom and focus.
 #include "camera/focus.h"
 #include "camera/motion.h"
 #include "camera/system.h"
@@ -5,6 +6,8 @@
 #include "util/log.h"
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
+
+using namespace visca;
 
 namespace
 {
@@ -20,24 +23,17 @@ BU_S32 visca_GetMaxInfoZoomPos()
     return MAX_ZOOM_POS[bKnown ? s32Limit - 1 : 0];
 }
 
-constexpr tagVISCA_CODE_S<ZF_MOTION_TYPE_E> ZOOM_MOTIONS[] = {
+constexpr Coded<ZF_MOTION_TYPE_E> ZOOM_MOTIONS[] = {
     {VISCA_MSG_E_SET_ZOOM_STOP, ZF_E_ZOOM_STOP},          {VISCA_MSG_E_SET_ZOOM_TELE_STANDARD, ZF_E_ZOOM_TELE},
     {VISCA_MSG_E_SET_ZOOM_WIDE_STANDARD, ZF_E_ZOOM_WIDE}, {VISCA_MSG_E_SET_ZOOM_TELE_VARIABLE, ZF_E_ZOOM_TELE},
     {VISCA_MSG_E_SET_ZOOM_WIDE_VARIABLE, ZF_E_ZOOM_WIDE}, {VISCA_MSG_E_SET_ZOOM_DIRECT_POS, ZF_E_ZOOM_DIRECT_POS}};
 
 constexpr BU_S32 MIN_FOCUS_POS = 175, MAX_FOCUS_POS = 7095;
 
-constexpr tagVISCA_CODE_S<ZF_MOTION_TYPE_E> FOCUS_MOTIONS[] = {
+constexpr Coded<ZF_MOTION_TYPE_E> FOCUS_MOTIONS[] = {
     {VISCA_MSG_E_SET_FOCUS_STOP, ZF_E_FOCUS_STOP},          {VISCA_MSG_E_SET_FOCUS_FAR_STANDARD, ZF_E_FOCUS_FAR},
     {VISCA_MSG_E_SET_FOCUS_NEAR_STANDARD, ZF_E_FOCUS_NEAR}, {VISCA_MSG_E_SET_FOCUS_FAR_VARIABLE, ZF_E_FOCUS_FAR},
     {VISCA_MSG_E_SET_FOCUS_NEAR_VARIABLE, ZF_E_FOCUS_NEAR}, {VISCA_MSG_E_SET_FOCUS_DIRECT_POS, ZF_E_FOCUS_DIRECT_POS}};
-
-/// Values of the focus-area setting.
-constexpr tagVISCA_CODE_S<BU_S32> FOCUS_AREAS[] = {{VISCA_MSG_E_SET_FOCUS_ZONE_UPPER, 2},
-                                                   {VISCA_MSG_E_SET_FOCUS_ZONE_CENTER, 1},
-                                                   {VISCA_MSG_E_SET_FOCUS_ZONE_DOWN, 3},
-                                                   {VISCA_MSG_E_SET_FOCUS_ZONE_GlOBAL, 0},
-                                                   {VISCA_MSG_E_SET_FOCUS_ZONE_FUTURE, 4}};
 
 BU_S32 moveFocus(tagVISCA_CTRL_INFO_S *pstInfo, ZF_MOTION_TYPE_E enMotion)
 {
@@ -55,7 +51,7 @@ BU_S32 toggleFocusAuto()
 {
     BU_S32 bAuto = BU_FALSE;
     AF_API_GetFocusAuto(0, &bAuto, BU_FALSE);
-    return AF_API_SetFocusAuto(0, bAuto != BU_TRUE, BU_TRUE, BU_TRUE);
+    return direct<AF_API_SetFocusAuto>(bAuto != BU_TRUE);
 }
 } // namespace
 
@@ -63,8 +59,8 @@ BU_S32 viscaCtrlZoom(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto &stZoom = pstInfo->stZoomCtrl;
     TRACE("%d, 0x%X, 0x%X\n", stZoom.enZoomType, stZoom.u8ZoomVariable, stZoom.u16ZoomPos);
-    const auto *penMotion = viscaFind(ZOOM_MOTIONS, stZoom.enZoomType);
-    if (!penMotion) return viscaRefuseType(stZoom.enZoomType);
+    const auto *penMotion = find(ZOOM_MOTIONS, stZoom.enZoomType);
+    if (!penMotion) return refuseType(stZoom.enZoomType);
 
     ZF_MOTION_CTRL_S stMotion{};
     stMotion.enMotionType = *penMotion;
@@ -94,15 +90,8 @@ BU_S32 viscaCtrlDZoom(tagVISCA_CTRL_INFO_S *pstInfo)
         TRACE("sensor crop is on, reject dzoom\n");
         return -1;
     }
-    switch (enType) {
-    case VISCA_MSG_E_DZOOM_ON:
-        return PTZ_API_SetDZoomMode(0, BU_TRUE, BU_TRUE, BU_TRUE);
-    case VISCA_MSG_E_DZOOM_OFF:
-        return PTZ_API_SetDZoomMode(0, BU_FALSE, BU_TRUE, BU_TRUE);
-    case VISCA_MSG_E_DZOOM_SET_LIMIT:
-        return PTZ_API_SetMaxDZoomTime(0, u8Limit, BU_TRUE, BU_TRUE);
-    }
-    return viscaRefuseType(enType);
+    if (enType == VISCA_MSG_E_DZOOM_SET_LIMIT) return direct<PTZ_API_SetMaxDZoomTime>(u8Limit);
+    return cameraOf<codes::SWITCHES>(enType) == NONE ? refuseType(enType) : coded<PTZ_API_SetDZoomMode>(enType);
 }
 
 BU_S32 viscaCtrlFocus(tagVISCA_CTRL_INFO_S *pstInfo)
@@ -114,19 +103,17 @@ BU_S32 viscaCtrlFocus(tagVISCA_CTRL_INFO_S *pstInfo)
         TRACE("focus pos %d out of range\n", stFocus.u16FocusPos);
         return -1;
     }
-    if (const auto *penMotion = viscaFind(FOCUS_MOTIONS, stFocus.enFocusType)) return moveFocus(pstInfo, *penMotion);
+    if (const auto *penMotion = find(FOCUS_MOTIONS, stFocus.enFocusType)) return moveFocus(pstInfo, *penMotion);
 
     // Only a motion's result counts from here on.
-    if (const auto *ps32Area = viscaFind(FOCUS_AREAS, stFocus.enFocusType)) {
-        AF_API_SetFocusArea(0, *ps32Area, BU_TRUE, BU_TRUE);
+    if (const BU_S32 s32Area = cameraOf<codes::FOCUS_AREAS>(stFocus.enFocusType); s32Area != NONE) {
+        direct<AF_API_SetFocusArea>(s32Area);
         return 0;
     }
     switch (stFocus.enFocusType) {
     case VISCA_MSG_E_FOCUS_AUTO:
-        AF_API_SetFocusAuto(0, BU_TRUE, BU_TRUE, BU_TRUE);
-        return 0;
     case VISCA_MSG_E_FOCUS_MANUAL:
-        AF_API_SetFocusAuto(0, BU_FALSE, BU_TRUE, BU_TRUE);
+        coded<AF_API_SetFocusAuto>(stFocus.enFocusType);
         return 0;
     case VISCA_MSG_E_FOCUS_AUTO_MANUAL:
         toggleFocusAuto();
@@ -136,7 +123,7 @@ BU_S32 viscaCtrlFocus(tagVISCA_CTRL_INFO_S *pstInfo)
         UTIL_TRACE_Print("success push trigger ");
         return 0;
     default:
-        return viscaRefuseType(stFocus.enFocusType);
+        return refuseType(stFocus.enFocusType);
     }
 }
 

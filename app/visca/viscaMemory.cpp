@@ -1,3 +1,4 @@
+// Presets: stored, recalled, deleted, and their settings.
 #include "camera/motion.h"
 #include "camera/preset.h"
 #include "camera/system.h"
@@ -5,17 +6,20 @@
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
 
+#include <atomic>
+
+using namespace visca;
+
+/// Motion ends that a preset recall still waits for: the recall sets it to 2, each end takes one away.
+std::atomic<BU_S32> gs_s32PresetFlag{0};
+
 namespace
 {
 constexpr BU_S32 RECALL_ENDS = 2; ///< one of the head, one of the lens
 constexpr BU_S32 NO_PRESET = -1;
-
-BU_S32 setPresetMode(BU_S32 s32Value)
-{
-    const auto *pbOn = viscaFind(VISCA_SWITCH, s32Value);
-    return pbOn ? SYS_API_SetPresetMode(*pbOn, BU_TRUE, BU_TRUE) : -1;
-}
 } // namespace
+
+bool viscaRecallGoesOn() { return --gs_s32PresetFlag > 0; }
 
 BU_S32 viscaCtrlMemory(tagVISCA_CTRL_INFO_S *pstInfo)
 {
@@ -42,16 +46,16 @@ BU_S32 viscaCtrlMemory(tagVISCA_CTRL_INFO_S *pstInfo)
         break;
     }
     case VISCA_MSG_E_MEMORY_SPEED:
-        s32Ret = PRESET_API_SetPresetSpeed(0, u8Val, BU_TRUE, BU_TRUE);
+        s32Ret = direct<PRESET_API_SetPresetSpeed>(u8Val);
         break;
     case VISCA_MSG_E_MEMORY_POWERUP:
-        s32Ret = PT_API_SetPowerUpPtzPos(0, u8Val == 0 ? NO_PRESET : u8Val, BU_TRUE, BU_TRUE);
+        s32Ret = direct<PT_API_SetPowerUpPtzPos>(u8Val == 0 ? NO_PRESET : u8Val);
         break;
     case VISCA_MSG_E_MEMORY_MODE:
-        s32Ret = setPresetMode(u8Val);
+        s32Ret = coded<SYS_API_SetPresetMode>(u8Val);
         break;
     default:
-        return viscaRefuseType(enType);
+        return refuseType(enType);
     }
     TRACE("Type %d, %d\n", enType, u8Val);
     return s32Ret;

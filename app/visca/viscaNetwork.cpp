@@ -1,3 +1,4 @@
+// Network address: kept until the controller asks to apply it.
 #include "camera/network.h"
 #include "util/log.h"
 #include "visca/viscaHandlers.h"
@@ -6,24 +7,26 @@
 #include <cstdio>
 #include <mutex>
 
+using namespace visca;
+
 namespace
 {
 constexpr const BU_CHAR *CARD = "NetCard0";
 
 /// What a controller has sent so far, until it asks to apply it. An address, its mask and its gateway belong together,
 /// so the lock guards all three and is held for each store and for the whole apply.
-struct tagVISCA_IP_INFO_S {
+struct IpInfo {
     std::mutex lock;
     BU_CHAR acAddress[32]{}, acMask[32]{}, acGateway[32]{};
 };
-tagVISCA_IP_INFO_S g_stIpInfo;
+IpInfo g_stIpInfo;
 
-typedef BU_CHAR (tagVISCA_IP_INFO_S::*IP_TEXT)[32];
-constexpr tagVISCA_CODE_S<IP_TEXT> IP_TEXTS[] = {{VISCA_MSG_E_IP_ADDRESS, &tagVISCA_IP_INFO_S::acAddress},
-                                                 {VISCA_MSG_E_IP_MASK, &tagVISCA_IP_INFO_S::acMask},
-                                                 {VISCA_MSG_E_IP_GATEWAY, &tagVISCA_IP_INFO_S::acGateway}};
+typedef BU_CHAR (IpInfo::*IP_TEXT)[32];
+constexpr Coded<IP_TEXT> IP_TEXTS[] = {{VISCA_MSG_E_IP_ADDRESS, &IpInfo::acAddress},
+                                       {VISCA_MSG_E_IP_MASK, &IpInfo::acMask},
+                                       {VISCA_MSG_E_IP_GATEWAY, &IpInfo::acGateway}};
 
-BU_S32 store(IP_TEXT pacText, BU_U32 u32Ip)
+BU_S32 keep(IP_TEXT pacText, BU_U32 u32Ip)
 {
     const BU_U32 a = u32Ip >> 24, b = u32Ip >> 16 & 0xFF, c = u32Ip >> 8 & 0xFF, d = u32Ip & 0xFF;
     UTIL_TRACE_Print("Ip info: %d.%d.%d.%d\n", a, b, c, d);
@@ -48,7 +51,7 @@ BU_S32 viscaCtrlIp(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto enType = pstInfo->stIpCtrl.enIpType;
     TRACE("%d\n", enType);
-    if (const auto *ppacText = viscaFind(IP_TEXTS, enType)) return store(*ppacText, pstInfo->stIpCtrl.u32IpVal);
+    if (const auto *ppacText = find(IP_TEXTS, enType)) return keep(*ppacText, pstInfo->stIpCtrl.u32IpVal);
     switch (enType) {
     case VISCA_MSG_E_IP_DHCP_ON:
         return NET_API_SetIpMode(CARD, IP_MODE_E_DHCP);
@@ -57,6 +60,6 @@ BU_S32 viscaCtrlIp(tagVISCA_CTRL_INFO_S *pstInfo)
     case VISCA_MSG_E_IP_APPLYA:
         return apply();
     default:
-        return viscaRefuseType(enType);
+        return refuseType(enType);
     }
 }

@@ -1,3 +1,4 @@
+// Head motion, the menu keys that directions press while the menu is shown, and the settings of speed.
 #include "camera/focus.h"
 #include "camera/menu.h"
 #include "camera/motion.h"
@@ -6,6 +7,10 @@
 #include "util/time.h"
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
+
+#include <atomic>
+
+using namespace visca;
 
 namespace
 {
@@ -17,12 +22,12 @@ std::atomic<BU_BOOL> bdelay{BU_FALSE};
 BU_TIMER_DATA_S stTimerHandle;
 
 /// What a direction drives: the head, or the menu while it is shown.
-struct tagVISCA_DIRECTION_S {
+struct Direction {
     PT_MOTION_TYPE_E enMotion;
     BU_S32 (*pfnMenuKey)();
 };
 // clang-format off
-constexpr tagVISCA_CODE_S<tagVISCA_DIRECTION_S> DIRECTIONS[] = {
+constexpr Coded<Direction> DIRECTIONS[] = {
     {VISCA_MSG_E_PT_UP,         {PT_MOTION_E_UP,         CMD_MENU_HandeUpBtn}},
     {VISCA_MSG_E_PT_DOWN,       {PT_MOTION_E_DOWN,       CMD_MENU_HandeDownBtn}},
     {VISCA_MSG_E_PT_LEFT,       {PT_MOTION_E_LEFT,       CMD_MENU_HandeLeftBtn}},
@@ -32,7 +37,7 @@ constexpr tagVISCA_CODE_S<tagVISCA_DIRECTION_S> DIRECTIONS[] = {
     {VISCA_MSG_E_PT_DOWN_LEFT,  {PT_MOTION_E_LEFT_DOWN,  CMD_MENU_HandeDownLeftBtn}},
     {VISCA_MSG_E_PT_DOWN_RIGHT, {PT_MOTION_E_RIGHT_DOWN, CMD_MENU_HandeDownRightBtn}},
 };
-constexpr tagVISCA_CODE_S<PT_MOTION_TYPE_E> OTHER_MOTIONS[] = {
+constexpr Coded<PT_MOTION_TYPE_E> OTHER_MOTIONS[] = {
     {VISCA_MSG_E_PT_STOP,    PT_MOTION_E_STOP},
     {VISCA_MSG_E_PT_ABS_POS, PT_MOTION_E_ABS_POS},
     {VISCA_MSG_E_PT_REL_POS, PT_MOTION_E_ABS_POS},
@@ -47,15 +52,15 @@ bool isPrecisePTCommand(VISCA_CTRL_PT_E enType)
 }
 
 /// Null for what is not a direction. The precise directions are the plain ones again, in the same order.
-const tagVISCA_DIRECTION_S *directionOf(VISCA_CTRL_PT_E enType)
+const Direction *directionOf(VISCA_CTRL_PT_E enType)
 {
-    return viscaFind(DIRECTIONS, isPrecisePTCommand(enType) ? enType - VISCA_MSG_E_PT_UP_PRECISE : BU_S32(enType));
+    return find(DIRECTIONS, isPrecisePTCommand(enType) ? enType - VISCA_MSG_E_PT_UP_PRECISE : BU_S32(enType));
 }
 
 PT_MOTION_TYPE_E viscaTypeToPTMotion(VISCA_CTRL_PT_E enType)
 {
     if (const auto *pstDirection = directionOf(enType)) return pstDirection->enMotion;
-    const auto *penMotion = viscaFind(OTHER_MOTIONS, enType);
+    const auto *penMotion = find(OTHER_MOTIONS, enType);
     return penMotion ? *penMotion : PT_MOTION_E_BUTT;
 }
 
@@ -137,25 +142,22 @@ BU_S32 viscaCtrlPanTilt(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaCtrlPTSpeed(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    static constexpr tagVISCA_CODE_S<BU_S32> ACCURACIES[] = {{0, 1}, {1, 10}, {2, 100}};
     const auto [enType, u32Param] = pstInfo->stPTSpeedCtrl;
     BU_S32 s32Ret = -1;
     switch (enType) {
     case VISCA_MSG_E_PTSPEED_MATCH_ON:
-        s32Ret = PT_API_SetPtSpeedMatch(0, 1, BU_TRUE, BU_TRUE);
-        break;
     case VISCA_MSG_E_PTSPEED_MATCH_OFF:
-        s32Ret = PT_API_SetPtSpeedMatch(0, 0, BU_TRUE, BU_TRUE);
+        s32Ret = coded<PT_API_SetPtSpeedMatch>(enType);
         break;
     case VISCA_MSG_E_PAN_SPEED:
-        s32Ret = PT_API_SetPanSpeed(0, u32Param, BU_TRUE, BU_TRUE);
+        s32Ret = direct<PT_API_SetPanSpeed>(u32Param);
         break;
     case VISCA_MSG_E_Tilt_SPEED:
-        s32Ret = PT_API_SetTileSpeed(0, u32Param, BU_TRUE, BU_TRUE);
+        s32Ret = direct<PT_API_SetTileSpeed>(u32Param);
         break;
     case VISCA_MSG_E_PTSPEED_ACCURACY:
-        if (const auto *ps32Accuracy = viscaFind(ACCURACIES, u32Param))
-            s32Ret = PT_API_SetSpeedAccuracy(0, *ps32Accuracy, BU_TRUE);
+        if (const BU_S32 s32Accuracy = cameraOf<codes::SPEED_ACCURACIES>(u32Param); s32Accuracy != NONE)
+            s32Ret = PT_API_SetSpeedAccuracy(0, s32Accuracy, BU_TRUE);
         break;
     default:
         break; // refused

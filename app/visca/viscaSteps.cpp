@@ -3,13 +3,14 @@
 #include "util/log.h"
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
-#include "vocabulary/wordSetters.h"
+
+using namespace visca;
 
 namespace
 {
 constexpr BU_S32 ANY_MODE = -1, OPEN_ENDED = -1;
 
-struct tagVISCA_STEP_S {
+struct Stepped {
     const BU_CHAR *pcDefaultKey;
     BU_S32 (*pfnGet)(BU_S32, BU_S32 *, BU_BOOL);
     BU_S32 (*pfnSet)(BU_S32, BU_S32, BU_BOOL, BU_BOOL);
@@ -27,7 +28,7 @@ BU_S32 setIrisLevel(BU_S32 s32Pipe, BU_S32 s32Level, BU_BOOL bSaveCfg, BU_BOOL b
 }
 
 // clang-format off
-constexpr tagVISCA_STEP_S
+constexpr Stepped
     R_GAIN{"RGain", ISP_API_GetRGain, ISP_API_SetRGain, 255, 0, ANY_MODE, true},
     B_GAIN{"BGain", ISP_API_GetBGain, ISP_API_SetBGain, 255, 0, ANY_MODE, true},
     G_GAIN{"GGain", ISP_API_GetGGain, ISP_API_SetGGain, OPEN_ENDED, 0, ANY_MODE, true},
@@ -38,16 +39,16 @@ constexpr tagVISCA_STEP_S
     APERTURE{"Sharpness", ISP_API_GetSharpness, ISP_API_SetSharpness};
 // clang-format on
 
-enum STEP_E : BU_S32 { STEP_E_RESET = 0, STEP_E_UP, STEP_E_DOWN, STEP_E_DIRECT };
+enum Kind : BU_S32 { RESET = 0, UP, DOWN, DIRECT };
 
-BU_S32 stepped(const tagVISCA_STEP_S &stRow, BU_S32 s32Cur, BU_S32 s32Step)
+BU_S32 next(const Stepped &stRow, BU_S32 s32Cur, BU_S32 s32Step)
 {
     if (stRow.s32Max == OPEN_ENDED) return s32Cur + s32Step;
     if (s32Step > 0) return s32Cur >= stRow.s32Max ? 0 : s32Cur + 1;
     return s32Cur <= 0 ? stRow.s32Max : s32Cur - 1;
 }
 
-bool isModeRight(const tagVISCA_STEP_S &stRow)
+bool isModeRight(const Stepped &stRow)
 {
     if (stRow.s32AeMode == ANY_MODE) return true;
     BU_S32 s32Mode = ANY_MODE;
@@ -58,27 +59,27 @@ bool isModeRight(const tagVISCA_STEP_S &stRow)
 /// @param stCtrl    a kind and a direct value
 /// @param s32First  the kind that means "reset"; up, down and direct follow it
 template <class Ctrl>
-BU_S32 viscaStep(const tagVISCA_STEP_S &stRow, const Ctrl &stCtrl, BU_S32 s32First = STEP_E_RESET,
-                 const BU_CHAR *pcHandler = __builtin_FUNCTION())
+BU_S32 step(const Stepped &stRow, const Ctrl &stCtrl, BU_S32 s32First = RESET,
+            const BU_CHAR *pcHandler = __builtin_FUNCTION())
 {
     if (!isModeRight(stRow)) return -1;
     const auto [enType, u8Direct] = stCtrl;
     BU_S32 s32Value = 0, s32Ret = 0;
     switch (enType - s32First) {
-    case STEP_E_RESET:
+    case RESET:
         s32Ret = ISP_AF_GetDefVal(stRow.pcDefaultKey, &s32Value);
         break;
-    case STEP_E_UP:
-    case STEP_E_DOWN:
+    case UP:
+    case DOWN:
         s32Ret = stRow.pfnGet(0, &s32Value, BU_FALSE);
-        s32Value = stepped(stRow, s32Value, enType - s32First == STEP_E_UP ? 1 : -1);
+        s32Value = next(stRow, s32Value, enType - s32First == UP ? 1 : -1);
         break;
-    case STEP_E_DIRECT:
+    case DIRECT:
         if (stRow.s32Max != OPEN_ENDED && u8Direct > stRow.s32Max) return -1;
         s32Value = u8Direct + stRow.s32Offset;
         break;
     default:
-        return viscaRefuseType(enType, pcHandler);
+        return refuseType(enType, pcHandler);
     }
     if (s32Ret != 0) return s32Ret;
     s32Ret = stRow.pfnSet(0, s32Value, BU_TRUE, BU_TRUE);
@@ -90,20 +91,20 @@ BU_S32 viscaStep(const tagVISCA_STEP_S &stRow, const Ctrl &stCtrl, BU_S32 s32Fir
 }
 } // namespace
 
-BU_S32 viscaCtrlRGain(tagVISCA_CTRL_INFO_S *pstInfo) { return viscaStep(R_GAIN, pstInfo->stRGainCtrl); }
-BU_S32 viscaCtrlBGain(tagVISCA_CTRL_INFO_S *pstInfo) { return viscaStep(B_GAIN, pstInfo->stBGainCtrl); }
-BU_S32 viscaCtrlGGain(tagVISCA_CTRL_INFO_S *pstInfo) { return viscaStep(G_GAIN, pstInfo->stGGainCtrl); }
-BU_S32 viscaCtrlGain(tagVISCA_CTRL_INFO_S *pstInfo) { return viscaStep(GAIN, pstInfo->stGainCtrl); }
-BU_S32 viscaCtrlExpBright(tagVISCA_CTRL_INFO_S *pstInfo) { return viscaStep(EXP_BRIGHT, pstInfo->stBrightCtrl); }
-BU_S32 viscaCtrlAperture(tagVISCA_CTRL_INFO_S *pstInfo) { return viscaStep(APERTURE, pstInfo->stApertureCtrl); }
-BU_S32 viscaCtrlIris(tagVISCA_CTRL_INFO_S *pstInfo) { return viscaStep(IRIS, pstInfo->stIrisCtrl); }
+BU_S32 viscaCtrlRGain(tagVISCA_CTRL_INFO_S *pstInfo) { return step(R_GAIN, pstInfo->stRGainCtrl); }
+BU_S32 viscaCtrlBGain(tagVISCA_CTRL_INFO_S *pstInfo) { return step(B_GAIN, pstInfo->stBGainCtrl); }
+BU_S32 viscaCtrlGGain(tagVISCA_CTRL_INFO_S *pstInfo) { return step(G_GAIN, pstInfo->stGGainCtrl); }
+BU_S32 viscaCtrlGain(tagVISCA_CTRL_INFO_S *pstInfo) { return step(GAIN, pstInfo->stGainCtrl); }
+BU_S32 viscaCtrlExpBright(tagVISCA_CTRL_INFO_S *pstInfo) { return step(EXP_BRIGHT, pstInfo->stBrightCtrl); }
+BU_S32 viscaCtrlAperture(tagVISCA_CTRL_INFO_S *pstInfo) { return step(APERTURE, pstInfo->stApertureCtrl); }
+BU_S32 viscaCtrlIris(tagVISCA_CTRL_INFO_S *pstInfo) { return step(IRIS, pstInfo->stIrisCtrl); }
 
 BU_S32 viscaCtrlExpComp(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto enType = pstInfo->stExpCompCtrl.enExpCompType;
-    if (const auto *ppcWord = viscaFind(VISCA_SWITCH_WORDS, enType)) {
+    if (cameraOf<codes::SWITCHES>(enType) != NONE) {
         TRACE("Type %d", enType);
-        return ISP_API_SetExpCompSwi(0, *ppcWord, BU_TRUE, BU_TRUE);
+        return coded<ISP_API_SetExpCompSwi>(enType);
     }
-    return viscaStep(EXP_COMP, pstInfo->stExpCompCtrl, VISCA_MSG_E_EXP_COMP_RESET);
+    return step(EXP_COMP, pstInfo->stExpCompCtrl, VISCA_MSG_E_EXP_COMP_RESET);
 }

@@ -1,3 +1,4 @@
+// Address, video output, infrared, sound, menu and factory reset.
 #include "camera/menu.h"
 #include "camera/serial.h"
 #include "camera/system.h"
@@ -6,35 +7,15 @@
 #include "util/log.h"
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
+#include "vocabulary/words.h"
+
+using namespace visca;
 
 namespace
 {
-struct tagVISCA_VIDEO_S {
-    const BU_CHAR *pcFormat, *pcFps;
-};
 // clang-format off
-constexpr tagVISCA_CODE_S<tagVISCA_VIDEO_S> VIDEO_RESOLUTIONS[] = {
-    {VISCA_MSG_E_VIDEO_1920x1080P60,   {"Format-1080P", "Fps60"}},
-    {VISCA_MSG_E_VIDEO_1920x1080P30,   {"Format-1080P", "Fps30"}},
-    {VISCA_MSG_E_VIDEO_1920x1080I60,   {"Format-1080I", "Fps60"}},
-    {VISCA_MSG_E_VIDEO_1280x720P60,    {"Format-720P",  "Fps60"}},
-    {VISCA_MSG_E_VIDEO_1280x720P30,    {"Format-720P",  "Fps30"}},
-    {VISCA_MSG_E_VIDEO_4KP60,          {"Format-4K",    "Fps60"}},
-    {VISCA_MSG_E_VIDEO_4KP30,          {"Format-4K",    "Fps30"}},
-    {VISCA_MSG_E_VIDEO_1920x1080P50,   {"Format-1080P", "Fps50"}},
-    {VISCA_MSG_E_VIDEO_1920x1080P25,   {"Format-1080P", "Fps25"}},
-    {VISCA_MSG_E_VIDEO_1920x1080I25,   {"Format-1080I", "Fps25"}},
-    {VISCA_MSG_E_VIDEO_1280x720P50,    {"Format-720P",  "Fps50"}},
-    {VISCA_MSG_E_VIDEO_1280x720P25,    {"Format-720P",  "Fps25"}},
-    {VISCA_MSG_E_VIDEO_4KP50,          {"Format-4K",    "Fps50"}},
-    {VISCA_MSG_E_VIDEO_4KP25,          {"Format-4K",    "Fps25"}},
-    {VISCA_MSG_E_VIDEO_1920x1080P5994, {"Format-1080P", "Fps59p94"}},
-    {VISCA_MSG_E_VIDEO_1920x1080P2997, {"Format-1080P", "Fps29p97"}},
-    {VISCA_MSG_E_VIDEO_1280x720P5994,  {"Format-720P",  "Fps59p94"}},
-};
-
 typedef BU_S32 (*PFN_MENU_KEY)();
-constexpr tagVISCA_CODE_S<PFN_MENU_KEY> MENU_KEYS[] = {
+constexpr Coded<PFN_MENU_KEY> MENU_KEYS[] = {
     {VISCA_MSG_SYS_MENU_E_ON_OFF, CMD_MENU_HandleMenuBtn},
     {VISCA_MSG_SYS_MENU_E_ON,     CMD_MENU_OnlyOpenMenu},
     {VISCA_MSG_SYS_MENU_E_OFF,    CMD_MENU_OnlyCloseMenu},
@@ -47,11 +28,11 @@ constexpr tagVISCA_CODE_S<PFN_MENU_KEY> MENU_KEYS[] = {
 };
 // clang-format on
 
-BU_S32 toggleIr()
+BU_S32 otherIrSwitch()
 {
     BU_S32 s32Switch = IR_SWITCH_E_ON;
     IR_API_GetSwitch(&s32Switch, BU_FALSE);
-    return IR_API_SetSwitchByRam(s32Switch == IR_SWITCH_E_ON ? "Off" : "On");
+    return s32Switch != IR_SWITCH_E_ON;
 }
 } // namespace
 
@@ -76,24 +57,22 @@ BU_S32 viscaCtrlVideoResolution(tagVISCA_CTRL_INFO_S *pstInfo)
     TRACE("Type %d \n", pstInfo->enVideoCtrl);
     BU_S32 s32Cs = HDMI_CS_E_RGB;
     SYSTEM_API_GetHdmiCs(&s32Cs, BU_FALSE);
-    const auto *pstVideo = viscaFind(VIDEO_RESOLUTIONS, pstInfo->enVideoCtrl);
-    if (!pstVideo) return -1;
-    const BU_S32 s32Ret = SYSTEM_API_SetHdmiCfg(pstVideo->pcFormat, pstVideo->pcFps, s32Cs, BU_TRUE);
-    SYSTEM_API_SetSdiCfg(pstVideo->pcFormat, pstVideo->pcFps, s32Cs, BU_FALSE);
-    TRACE("Format[%s] Fps[%s] \n", pstVideo->pcFormat, pstVideo->pcFps);
+    const BU_S32 s32Video = cameraOf<codes::VIDEO_FORMATS>(pstInfo->enVideoCtrl);
+    if (s32Video == NONE) return -1;
+    const BU_CHAR *pcFormat = vocabulary::wordOf<MAP_HDMI_FORMAT>(codes::formatOf(s32Video));
+    const BU_CHAR *pcFps = vocabulary::wordOf<MAP_HDMI_FPS>(codes::fpsOf(s32Video));
+    const BU_S32 s32Ret = SYSTEM_API_SetHdmiCfg(pcFormat, pcFps, s32Cs, BU_TRUE);
+    SYSTEM_API_SetSdiCfg(pcFormat, pcFps, s32Cs, BU_FALSE);
+    TRACE("Format[%s] Fps[%s] \n", pcFormat, pcFps);
     return s32Ret;
 }
 
 BU_S32 viscaCtrlIrRecv(tagVISCA_CTRL_INFO_S *pstInfo)
 {
     const auto enType = pstInfo->enIrRecvCtrl;
-    BU_S32 s32Ret = 0;
-    if (enType == VISCA_MSG_E_IR_RECV_ON_OFF)
-        s32Ret = toggleIr();
-    else if (const auto *ppcWord = viscaFind(VISCA_SWITCH_WORDS, enType))
-        s32Ret = IR_API_SetSwitchByRam(*ppcWord);
-    else
-        return viscaRefuseType(enType);
+    const BU_S32 s32On = enType == VISCA_MSG_E_IR_RECV_ON_OFF ? otherIrSwitch() : cameraOf<codes::SWITCHES>(enType);
+    if (s32On == NONE) return refuseType(enType);
+    const BU_S32 s32Ret = IR_API_SetSwitchByRam(sysSwitchEnum2Str(s32On));
     TRACE("Type %d\n", enType);
     return s32Ret;
 }
@@ -104,8 +83,8 @@ BU_S32 viscaCtrlIrCtrl(tagVISCA_CTRL_INFO_S *pstInfo)
     BU_S32 s32Ret = -1;
     if (enType == VISCA_MSG_E_IR_ADDR)
         s32Ret = IR_API_SetAddr(u8Val, BU_TRUE, IRADDR_SWITCH_E_SOFT);
-    else if (const auto *ppcWord = viscaFind(VISCA_SWITCH_WORDS, u8Val); ppcWord && enType == VISCA_MSG_E_IR_MODE)
-        s32Ret = IR_API_SetSwitch(*ppcWord, BU_TRUE);
+    else if (const BU_S32 s32On = cameraOf<codes::SWITCHES>(u8Val); s32On != NONE && enType == VISCA_MSG_E_IR_MODE)
+        s32Ret = IR_API_SetSwitch(sysSwitchEnum2Str(s32On), BU_TRUE);
     TRACE("IrVal %d\n", u8Val);
     return s32Ret;
 }
@@ -135,7 +114,7 @@ BU_S32 viscaCtrlAudioVol(tagVISCA_CTRL_INFO_S *pstInfo)
         stAttr.s32Volume = u8Direct;
         break;
     default:
-        return viscaRefuseType(enType);
+        return refuseType(enType);
     }
     const BU_S32 s32Ret = AUDIO_AI_SetAttr(s32Id, &stAttr, BU_TRUE);
     UTIL_TRACE_Print("TODO -- [%s:%d] %d\n", __func__, __LINE__, stAttr.s32Volume);
@@ -144,13 +123,13 @@ BU_S32 viscaCtrlAudioVol(tagVISCA_CTRL_INFO_S *pstInfo)
 
 BU_S32 viscaCtrlAudioMute(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    SYS_API_SetAudioMute(pstInfo->enAudioMuteCtrl == VISCA_MSG_E_AUDIO_MUTE_ON, BU_TRUE, BU_TRUE);
+    direct<SYS_API_SetAudioMute>(pstInfo->enAudioMuteCtrl == VISCA_MSG_E_AUDIO_MUTE_ON);
     return 0;
 }
 
 BU_S32 viscaCtrlSysMenu(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    if (const auto *ppfnKey = viscaFind(MENU_KEYS, pstInfo->eSysMenuOpt)) (*ppfnKey)();
+    if (const auto *ppfnKey = find(MENU_KEYS, pstInfo->eSysMenuOpt)) (*ppfnKey)();
     TRACE("To restore factory settings \n");
     return 0;
 }

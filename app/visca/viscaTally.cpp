@@ -1,8 +1,11 @@
+// The tally lamp, by colour and by mode.
 #include "board/lamp.h"
 #include "led/led.h"
 #include "util/log.h"
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
+
+using namespace visca;
 
 namespace
 {
@@ -15,7 +18,7 @@ constexpr LED_TALLY_STATE_S state(LED_WORK_MODE_E enMode, BU_U32 u32Color, BU_S3
 }
 
 // clang-format off
-constexpr tagVISCA_CODE_S<LED_TALLY_STATE_S> LAMP_STATES[] = {
+constexpr Coded<LED_TALLY_STATE_S> LAMP_STATES[] = {
     {VISCA_MSG_E_LED_RED_SWITCH,    state(LED_WORK_MODE_E_HOLD,  RED)},
     {VISCA_MSG_E_LED_GREEN_SWITCH,  state(LED_WORK_MODE_E_HOLD,  GREEN)},
     {VISCA_MSG_E_LED_BLUE_SWITCH,   state(LED_WORK_MODE_E_HOLD,  BLUE)},
@@ -26,28 +29,22 @@ constexpr tagVISCA_CODE_S<LED_TALLY_STATE_S> LAMP_STATES[] = {
     {VISCA_MSG_E_LED_BLUE_FLICKER,  state(LED_WORK_MODE_E_FLICK, BLUE,  LED_MODE_FLICKER_1HZ)},
 };
 
-constexpr tagVISCA_CODE_S<LED_TALLY_STATE_S> NDI_STATES[] = {
+constexpr Coded<LED_TALLY_STATE_S> NDI_STATES[] = {
     {VISCA_MSG_TKV_NDI_TALLY_PREVIEW, state(LED_WORK_MODE_E_HOLD, GREEN)},
     {VISCA_MSG_TKV_NDI_TALLY_PROGRAM, state(LED_WORK_MODE_E_HOLD, RED)},
     {VISCA_MSG_TKV_NDI_TALLY_CLOSE,   state(LED_WORK_MODE_E_OFF,  0)},
-};
-constexpr tagVISCA_CODE_S<BU_S32> LAMP_MODES[] = {
-    {VISCA_MSG_TKV_NORMAL_TALLY_OFF,      LED_TALLY_MODE_E_CLOSE},
-    {VISCA_MSG_TKV_NORMAL_TALLY_WHITE,    LED_TALLY_MODE_E_COLOR_W},
-    {VISCA_MSG_TKV_NORMAL_TALLY_CUSTOM,   LED_TALLY_MODE_E_COLOR_CUSTOM},
-    {VISCA_MSG_TKV_NORMAL_TALLY_RGBCYCLE, LED_TALLY_MODE_E_COLOR_RGB_CIRCLE},
 };
 // clang-format on
 
 BU_S32 applyTally(const VISCA_MSG_TKV_TALLY_TYPE_S &stTally)
 {
-    if (const auto *pstState = viscaFind(NDI_STATES, stTally.enledmode)) {
+    if (const auto *pstState = find(NDI_STATES, stTally.enledmode)) {
         TKV_MX_NDITally_Manual(BU_TRUE, pstState);
         LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_NDI);
         return 0;
     }
-    if (const auto *ps32Mode = viscaFind(LAMP_MODES, stTally.enledmode))
-        return LED_API_SetTallyMode(LAMP, *ps32Mode, BU_TRUE, BU_TRUE);
+    if (const BU_S32 s32Mode = cameraOf<codes::TALLY_MODES>(stTally.enledmode); s32Mode != NONE)
+        return LED_API_SetTallyMode(LAMP, s32Mode, BU_TRUE, BU_TRUE);
     switch (stTally.enledmode) {
     case VISCA_MSG_TKV_NDI_TALLY_ON:
         return LED_API_SetTallyOnBoard(LAMP, BU_TRUE, BU_TRUE, BU_TRUE);
@@ -63,7 +60,7 @@ BU_S32 applyTally(const VISCA_MSG_TKV_TALLY_TYPE_S &stTally)
 
 BU_S32 viscaCtrlTallyLed(tagVISCA_CTRL_INFO_S *pstInfo)
 {
-    const auto *pstState = viscaFind(LAMP_STATES, pstInfo->enTallyLed);
+    const auto *pstState = find(LAMP_STATES, pstInfo->enTallyLed);
     LED_API_SetLedStateInfoFrom(LAMP, LED_EVENT_FROM_E_VISCA, pstState ? *pstState : LED_TALLY_STATE_S{});
     TRACE("To restore factory settings value %d\n", pstInfo->enTallyLed);
     return 0;

@@ -6,62 +6,34 @@
 #include "visca/viscaHandlers.h"
 #include "visca/viscaTable.h"
 
+using namespace visca;
+
 namespace
 {
 typedef tagVISCA_CTRL_INFO_S I;
-typedef BU_S32 (*PFN_SET)(BU_S32, BU_BOOL, BU_BOOL);
-
-// clang-format off
-constexpr tagVISCA_CODE_S<BU_S32> TRACK_MODES[] = {
-    {VISCA_MSG_E_AUTO_TRACKING_AUTOFRAM,   TRACK_MODE_E_AUTO_FRAMEING},
-    {VISCA_MSG_E_AUTO_TRACKING_DUAL,       TRACK_MODE_E_DUAL_TRACKING},
-    {VISCA_MSG_E_AUTO_TRACKING_EVERYTHING, TRACK_MODE_E_EVERYWHERE_TRACKING},
-    {VISCA_MSG_E_AUTO_TRACKING_ZONE,       TRACK_MODE_E_ZONE_TRACKING},
-    {VISCA_MSG_E_AUTO_TRACKING_STAGE,      TRACK_MODE_E_STAGE_TRACKING},
-};
-constexpr tagVISCA_CODE_S<BU_S32> START_POSITIONS[] = {{0, -1}, {1, 0}, {2, 1}, {3, -2}};
-constexpr tagVISCA_CODE_S<BU_S32> BODY_SIZES[] = {
-    {VISCA_MSG_E_FIGURE_SIZE_FULL,       TRACK_BODY_SIZE_E_FULL},
-    {VISCA_MSG_E_FIGURE_SIZE_HALF_BODY,  TRACK_BODY_SIZE_E_HALF},
-    {VISCA_MSG_E_FIGURE_SIZE_CLOSE_UP,   TRACK_BODY_SIZE_E_CLOSE_UP},
-    {VISCA_MSG_E_FIGURE_SIZE_CUSTOMIZED, TRACK_BODY_SIZE_E_CUSTOM},
-};
+constexpr codes::Column OTHER = &codes::Row::s32ViscaOther;
 constexpr BU_S32 MAX_FIGURE_SIZE = 360;
-constexpr tagVISCA_CODE_S<BU_S32 (*)()> SUBJECT_KEYS[] = {
-    {VISCA_MSG_E_SELECT_SUBJECT_LEFT,   ALG_API_PreSelectLastTarget},
-    {VISCA_MSG_E_SELECT_SUBJECT_RIGHT,  ALG_API_PreSelectNextTarget},
+constexpr Coded<BU_S32 (*)()> SUBJECT_KEYS[] = {
+    {VISCA_MSG_E_SELECT_SUBJECT_LEFT, ALG_API_PreSelectLastTarget},
+    {VISCA_MSG_E_SELECT_SUBJECT_RIGHT, ALG_API_PreSelectNextTarget},
     {VISCA_MSG_E_SELECT_SUBJECT_SELECT, ALG_API_ApplyPreSelectTarget},
 };
-constexpr tagVISCA_CODE_S<BU_S32> PEOPLE_POSITIONS[] = {
-    {VISCA_MSG_E_PLACEMENT_LEFT,   TRACK_PEOPLE_POS_LEFT},
-    {VISCA_MSG_E_PLACEMENT_CENTER, TRACK_PEOPLE_POS_CENTER},
-    {VISCA_MSG_E_PLACEMENT_RIGHT,  TRACK_PEOPLE_POS_RIGHT},
-};
-constexpr tagVISCA_CODE_S<BU_S32> LOST_TIMES[] = {{2, 0}, {4, 1}, {6, 2}}; ///< seconds
-constexpr tagVISCA_CODE_S<BU_S32> OSD_SWITCH[] = {{VISCA_MSG_E_OSD_REMINDER_OFF, 0}, {VISCA_MSG_E_OSD_REMINDER_ON, 1}};
-// Values of the speed setting: low 0, mid 1, high 2, smooth 3, fast 4.
-constexpr tagVISCA_CODE_S<BU_S32> SPEEDS[] = {
-    {VISCA_MSG_E_AT_SPEED_FASET, 2}, {VISCA_MSG_E_AT_SPEED_MID, 1}, {VISCA_MSG_E_AT_SPEED_SLOW, 0}};
-constexpr tagVISCA_CODE_S<BU_S32> STYLES[] = {{0, 3}, {1, 4}};
-// clang-format on
 
-/// Sets what the code stands for and traces the handler.
+/// Sets and stores what the code stands for and traces the handler.
 /// @return the setter's result, 0 for a code that means nothing
-template <std::size_t N>
-BU_S32 setAndReport(PFN_SET pfnSet, const tagVISCA_CODE_S<BU_S32> (&astTable)[N], BU_S32 s32Code,
-                    const BU_CHAR *pcHandler = __builtin_FUNCTION(), int iLine = __builtin_LINE())
+template <PFN_SET Set, const auto &TABLE = codes::SWITCHES, codes::Column COLUMN = &codes::Row::s32Visca>
+BU_S32 setAndReport(BU_S32 s32Code, const BU_CHAR *pcHandler = __builtin_FUNCTION(), int iLine = __builtin_LINE())
 {
     UTIL_TRACE_Print("[%s:%d]  \n", pcHandler, iLine);
-    const auto *ps32Value = viscaFind(astTable, s32Code);
-    return ps32Value ? pfnSet(*ps32Value, BU_TRUE, BU_TRUE) : 0;
+    const BU_S32 s32Value = cameraOf<TABLE, COLUMN>(s32Code);
+    return s32Value == NONE ? 0 : direct<Set>(s32Value);
 }
 
 /// The same, answered as done whatever the setter says.
-template <std::size_t N>
-BU_S32 set(PFN_SET pfnSet, const tagVISCA_CODE_S<BU_S32> (&astTable)[N], BU_S32 s32Code,
-           const BU_CHAR *pcHandler = __builtin_FUNCTION(), int iLine = __builtin_LINE())
+template <PFN_SET Set, const auto &TABLE = codes::SWITCHES, codes::Column COLUMN = &codes::Row::s32Visca>
+BU_S32 set(BU_S32 s32Code, const BU_CHAR *pcHandler = __builtin_FUNCTION(), int iLine = __builtin_LINE())
 {
-    setAndReport(pfnSet, astTable, s32Code, pcHandler, iLine);
+    setAndReport<Set, TABLE, COLUMN>(s32Code, pcHandler, iLine);
     return 0;
 }
 
@@ -81,24 +53,21 @@ bool zonePreset(const I &stInfo, BU_S32 *ps32Preset)
 
 BU_S32 viscaCtrlAutoTrackMode(I *pstInfo)
 {
-    return set(ALG_API_SetTrackMode, TRACK_MODES, pstInfo->stAutoTracking.enAutoTrackModeCtrl);
+    return set<ALG_API_SetTrackMode, codes::TRACK_MODES>(pstInfo->stAutoTracking.enAutoTrackModeCtrl);
 }
 
-BU_S32 viscaCtrlAutoPan(I *pstInfo)
-{
-    return set(ALG_API_SetAutoPan, VISCA_SWITCH, pstInfo->stAutoTracking.enAUtoPanCtrl);
-}
+BU_S32 viscaCtrlAutoPan(I *pstInfo) { return set<ALG_API_SetAutoPan>(pstInfo->stAutoTracking.enAUtoPanCtrl); }
 
 BU_S32 viscaCtrlTKVTrackingStartPreset(I *pstInfo)
 {
     const BU_S32 s32Preset = pstInfo->stAutoTracking.s32TrackingStartPositionpreset;
-    if (!viscaFind(START_POSITIONS, s32Preset)) return -1;
-    return set(ALG_API_SetStartPos, START_POSITIONS, s32Preset);
+    if (cameraOf<codes::START_POSITIONS>(s32Preset) == NONE) return -1;
+    return set<ALG_API_SetStartPos, codes::START_POSITIONS>(s32Preset);
 }
 
 BU_S32 viscaCtrlATLostTime(I *pstInfo)
 {
-    return setAndReport(ALG_API_SetLostTime, LOST_TIMES, pstInfo->stAutoTracking.s32AtLostTime);
+    return setAndReport<ALG_API_SetLostTime, codes::LOST_TIMES>(pstInfo->stAutoTracking.s32AtLostTime);
 }
 
 BU_S32 viscaCtrlATZoneSettingsArea(I *pstInfo)
@@ -137,17 +106,17 @@ BU_S32 viscaCtrlATHeadPos(I *pstInfo)
 BU_S32 viscaCtrlTrackSpeed(I *pstInfo)
 {
     const BU_S32 s32Speed = pstInfo->stAutoTracking.s32TrackSpeed;
-    if (!viscaFind(STYLES, s32Speed)) return -1;
-    return set(ALG_API_SetTrackSpeed, STYLES, s32Speed);
+    if (cameraOf<codes::TRACK_SPEEDS, OTHER>(s32Speed) == NONE) return -1;
+    return set<ALG_API_SetTrackSpeed, codes::TRACK_SPEEDS, OTHER>(s32Speed);
 }
 
 BU_S32 viscaCtrlATGestureDetect(I *pstInfo)
 {
-    return setAndReport(ALG_API_SetGesture, VISCA_SWITCH, pstInfo->stAutoTracking.enGestureDetect);
+    return setAndReport<ALG_API_SetGesture>(pstInfo->stAutoTracking.enGestureDetect);
 }
 
 // clang-format off
-constexpr tagVISCA_CODE_S<BU_S32 (*)(I *)> SUB_COMMANDS[] = {
+constexpr Coded<Handler *> SUB_COMMANDS[] = {
     {VISCA_MSG_E_TKV_AUTO_TRACKING,            viscaCtrlAutoTracking},
     {VISCA_MSG_E_TKV_AUTO_TRACKING_MODE,       viscaCtrlAutoTrackMode},
     {VISCA_MSG_E_TKV_AUTO_ZOOM,                viscaCtrlAutoZoom},
@@ -175,14 +144,14 @@ BU_S32 viscaCtrlTKVTrack(I *pstInfo)
 {
     const auto enType = pstInfo->stAutoTracking.enTRackParamType;
     TRACE("Type[%d]  \n", enType);
-    const auto *ppfnHandle = viscaFind(SUB_COMMANDS, enType);
+    const auto *ppfnHandle = find(SUB_COMMANDS, enType);
     return ppfnHandle ? (*ppfnHandle)(pstInfo) : -1;
 }
 
 BU_S32 viscaCtrlAutoTracking(I *pstInfo)
 {
     const auto enCtrl = pstInfo->stAutoTracking.enAutoTrackingCtrl;
-    if (enCtrl != VISCA_MSG_E_AUTO_TRACKING_ON_OFF) return set(ALG_API_SetEnable, VISCA_SWITCH, enCtrl);
+    if (enCtrl != VISCA_MSG_E_AUTO_TRACKING_ON_OFF) return set<ALG_API_SetEnable>(enCtrl);
     BU_S32 bEnable = BU_FALSE;
     ALG_API_GetEnable(&bEnable, BU_FALSE);
     ALG_API_SetEnable(!bEnable, BU_TRUE, BU_TRUE);
@@ -190,19 +159,13 @@ BU_S32 viscaCtrlAutoTracking(I *pstInfo)
     return 0;
 }
 
-BU_S32 viscaCtrlAutoZoom(I *pstInfo)
-{
-    return set(ALG_API_SetAutoZoom, VISCA_SWITCH, pstInfo->stAutoTracking.enAutoZoomCtrl);
-}
+BU_S32 viscaCtrlAutoZoom(I *pstInfo) { return set<ALG_API_SetAutoZoom>(pstInfo->stAutoTracking.enAutoZoomCtrl); }
 
-BU_S32 viscaCtrlAutoTilt(I *pstInfo)
-{
-    return set(ALG_API_SetAutoTilt, VISCA_SWITCH, pstInfo->stAutoTracking.enAUtoTiltCtrl);
-}
+BU_S32 viscaCtrlAutoTilt(I *pstInfo) { return set<ALG_API_SetAutoTilt>(pstInfo->stAutoTracking.enAUtoTiltCtrl); }
 
 BU_S32 viscaCtrlIndcator(I *pstInfo)
 {
-    return set(ALG_API_SetTallyIndicator, VISCA_SWITCH, pstInfo->stAutoTracking.enDetectedIndicatorCtrl);
+    return set<ALG_API_SetTallyIndicator>(pstInfo->stAutoTracking.enDetectedIndicatorCtrl);
 }
 
 BU_S32 viscaCtrlTrackingStartPreset(I *pstInfo)
@@ -216,7 +179,7 @@ BU_S32 viscaCtrlTrackingStartPreset(I *pstInfo)
 
 BU_S32 viscaCtrlOsdPeminder(I *pstInfo)
 {
-    return set(ALG_API_SetDebug, OSD_SWITCH, pstInfo->stAutoTracking.enOsdReminderCtrl);
+    return set<ALG_API_SetDebug, codes::OSD_REMINDERS>(pstInfo->stAutoTracking.enOsdReminderCtrl);
 }
 
 BU_S32 viscaCtrlFigureSize(I *pstInfo)
@@ -229,24 +192,24 @@ BU_S32 viscaCtrlFigureSize(I *pstInfo)
     } else if (enSize == VISCA_MSG_E_FIGURE_SIZE_BACK_TO_DEFAULT)
         ALG_API_GetBodySizeReset();
     else
-        return set(ALG_API_SetBodySize, BODY_SIZES, enSize);
+        return set<ALG_API_SetBodySize, codes::BODY_SIZES>(enSize);
     TRACE(" \n");
     return 0;
 }
 
 BU_S32 viscaCtrlSelectSubject(I *pstInfo)
 {
-    if (const auto *ppfnKey = viscaFind(SUBJECT_KEYS, pstInfo->stAutoTracking.enSelectSubjectCtrl)) (*ppfnKey)();
+    if (const auto *ppfnKey = find(SUBJECT_KEYS, pstInfo->stAutoTracking.enSelectSubjectCtrl)) (*ppfnKey)();
     TRACE(" \n");
     return 0;
 }
 
 BU_S32 viscaCtrlPlacement(I *pstInfo)
 {
-    return set(ALG_API_SetPeoplePos, PEOPLE_POSITIONS, pstInfo->stAutoTracking.enPlacementCtrl);
+    return set<ALG_API_SetPeoplePos, codes::PLACEMENTS>(pstInfo->stAutoTracking.enPlacementCtrl);
 }
 
 BU_S32 viscaCtrlATSpeed(I *pstInfo)
 {
-    return set(ALG_API_SetTrackSpeed, SPEEDS, pstInfo->stAutoTracking.enAtSpeedCtrl);
+    return set<ALG_API_SetTrackSpeed, codes::TRACK_SPEEDS>(pstInfo->stAutoTracking.enAtSpeedCtrl);
 }

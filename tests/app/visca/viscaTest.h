@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include <atomic>
+extern std::atomic<BU_S32> gs_s32PresetFlag;
 typedef tagVISCA_CTRL_INFO_S INFO;
 
 class ViscaTest : public PlatformTest
