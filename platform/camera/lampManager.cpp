@@ -186,6 +186,7 @@ BU_S32 LED_API_InitMgr(const BU_CHAR *pcName, const LED_TALLY_INIT_ATTR_S *pstAt
     }
     followSettings();
     manager->setState(LED_EVENT_FROM_E_CFG, lamp::restState());
+    const util::QuitSignalsBlocked blocked;
     std::thread([manager] { manager->run(); }).detach(); // the self-test may block it for as long as start-up takes
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include "journalStream.h"
 #include "root.h"
+#include "util/childProcess.h"
 #include "util/debug.h"
 #include "util/log.h"
 #include "util/platform.h"
@@ -64,6 +65,7 @@ BU_S32 restart(void *)
     argv.reserve(arguments.size() + 1);
     for (std::string &strArgument : arguments) argv.push_back(strArgument.data());
     argv.push_back(nullptr);
+    const util::ChildrenStopped stopped; // they would be left unreaped
     std::fflush(nullptr);
     close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
     execv(ownProgram().c_str(), argv.data());

@@ -1,7 +1,7 @@
 // The web server process: its ports, and that it runs.
 #include "camera/systemService.h"
 #include "config/store.h"
-#include "daemon.h"
+#include "util/childProcess.h"
 #include "util/file.h"
 #include "util/journal.h"
 #include "util/log.h"
@@ -12,7 +12,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
-#include <sys/wait.h>
 
 namespace
 {
@@ -22,7 +21,7 @@ constexpr BU_S64 REPORT_MS = 300; // so long a start waits to hear the ports
 struct tagSERVER_S {
     std::mutex lock; // guards the rest
     std::vector<std::string> arguments;
-    std::unique_ptr<web_rpc::Daemon> pstDaemon;
+    std::unique_ptr<util::ChildProcess> pstProgram;
 };
 tagSERVER_S &server()
 {
@@ -63,14 +62,13 @@ void tellEndpoint(std::string_view line)
 
 void run(tagSERVER_S &st, std::vector<std::string> arguments)
 {
-    if (st.pstDaemon && st.arguments == arguments) return;
-    st.pstDaemon.reset(); // the old one gives its ports away first
+    if (st.pstProgram && st.arguments == arguments) return;
+    st.pstProgram.reset(); // the old one gives its ports away first
     const std::string strProgram = program();
     if (strProgram.empty()) return;
-    while (waitpid(-1, nullptr, WNOHANG) > 0) {} // the web server of before a restart in place
     st.arguments = std::move(arguments);
-    st.pstDaemon = std::make_unique<web_rpc::Daemon>(strProgram, st.arguments, tellEndpoint);
-    st.pstDaemon->waitForReport(REPORT_MS);
+    st.pstProgram = std::make_unique<util::ChildProcess>(strProgram, st.arguments, tellEndpoint);
+    st.pstProgram->waitForReport(REPORT_MS);
 }
 } // namespace
 
@@ -91,6 +89,6 @@ BU_S32 SYSTEM_API_StopHttpDaemon()
 {
     if (const auto injected = journal::call(__func__)) return *injected;
     const std::lock_guard guard(server().lock);
-    server().pstDaemon.reset();
+    server().pstProgram.reset();
     return 0;
 }

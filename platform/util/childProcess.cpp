@@ -1,4 +1,5 @@
-#include "daemon.h"
+/// Starts child processes, watches and ends them.
+#include "util/childProcess.h"
 
 #include "util/log.h"
 
@@ -8,7 +9,9 @@
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
+#include <set>
 #include <sys/eventfd.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
@@ -16,7 +19,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace web_rpc
+namespace util
 {
 namespace
 {
@@ -36,33 +39,58 @@ constexpr std::size_t LINE_MAX_SIZE = 256;
     execv(pcProgram, ppcArguments);
     _exit(127);
 }
+
+/// The children of this process that are not reaped yet.
+struct Children {
+    std::mutex lock; // guards the rest
+    std::condition_variable gone;
+    std::set<pid_t> running;
+    bool bStopped = false; // none may be started
+};
+Children &children()
+{
+    static auto *pstChildren = new Children;
+    return *pstChildren;
+}
+
+/// Takes leave of a child that has ended or is about to. @return its status; empty: it was stopped with all others
+std::optional<int> reap(pid_t pid)
+{
+    const std::lock_guard guard(children().lock); // no signal goes to a number that may be somebody else's by now
+    int s32Status = 0;
+    waitpid(pid, &s32Status, 0);
+    children().running.erase(pid);
+    children().gone.notify_all();
+    return children().bStopped ? std::nullopt : std::optional(s32Status);
+}
 } // namespace
 
-Daemon::Daemon(std::string strProgram, std::vector<std::string> arguments,
-               std::function<void(std::string_view)> fnReport)
+ChildProcess::ChildProcess(std::string strProgram, std::vector<std::string> arguments,
+                           std::function<void(std::string_view)> fnReport)
     : m_strProgram(std::move(strProgram)), m_arguments(std::move(arguments)), m_fnReport(std::move(fnReport)),
-      m_wake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_thread("webDaemon", [this](const std::stop_token &) { work(); })
+      m_wake(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      m_thread(m_strProgram.substr(m_strProgram.rfind('/') + 1).c_str(), [this](const std::stop_token &) { work(); })
 {
 }
 
-Daemon::~Daemon()
+ChildProcess::~ChildProcess()
 {
     m_bStop = true;
     eventfd_write(m_wake, 1);
 }
 
-void Daemon::waitForReport(BU_S64 s64Ms)
+void ChildProcess::waitForReport(BU_S64 s64Ms)
 {
     std::unique_lock guard(m_lock);
     m_reported.wait_for(guard, std::chrono::milliseconds(s64Ms), [this] { return m_bReported; });
 }
 
-Daemon::tagCHILD_S Daemon::start()
+ChildProcess::tagCHILD_S ChildProcess::start()
 {
     int as32Pipe[2];
     if (pipe2(as32Pipe, O_CLOEXEC) != 0) return {};
-    tagCHILD_S stChild{-1, {}, util::FileDescriptor(as32Pipe[0])};
-    const util::FileDescriptor theirs(as32Pipe[1]);
+    tagCHILD_S stChild{-1, {}, FileDescriptor(as32Pipe[0])};
+    const FileDescriptor theirs(as32Pipe[1]);
     fcntl(stChild.report, F_SETFL, O_NONBLOCK);
     std::vector<std::string> arguments{m_strProgram};
     arguments.insert(arguments.end(), m_arguments.begin(), m_arguments.end());
@@ -72,19 +100,24 @@ Daemon::tagCHILD_S Daemon::start()
     for (std::string &str : arguments) argv.push_back(str.data());
     argv.push_back(nullptr);
     const pid_t parent = getpid();
-    stChild.pid = fork();
-    if (stChild.pid == 0) become(m_strProgram.c_str(), argv.data(), theirs, parent);
-    if (stChild.pid > 0)
-        stChild.handle = util::FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, stChild.pid, 0)));
-    if (stChild.pid > 0 && stChild.handle < 0) { // nobody would notice its end
+    {
+        const std::lock_guard guard(children().lock);
+        if (children().bStopped) return {};
+        stChild.pid = fork();
+        if (stChild.pid == 0) become(m_strProgram.c_str(), argv.data(), theirs, parent);
+        if (stChild.pid < 0) return stChild;
+        children().running.insert(stChild.pid);
+    }
+    stChild.handle = FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, stChild.pid, 0)));
+    if (stChild.handle < 0) { // nobody would notice its end
         kill(stChild.pid, SIGKILL);
-        waitpid(std::exchange(stChild.pid, -1), nullptr, 0);
+        reap(std::exchange(stChild.pid, -1));
         errno = EMFILE;
     }
     return stChild;
 }
 
-void Daemon::work()
+void ChildProcess::work()
 {
     for (BU_S64 s64Pause = RESTART_MS; !m_bStop; s64Pause = std::min(2 * s64Pause, RESTART_MAX_MS)) {
         const BU_S64 s64Start = UTIL_TIME_NowMs();
@@ -101,7 +134,7 @@ void Daemon::work()
     }
 }
 
-void Daemon::watch(tagCHILD_S &stChild)
+void ChildProcess::watch(tagCHILD_S &stChild)
 {
     std::string strLine;
     BU_S64 s64KillMs = 0;
@@ -120,15 +153,14 @@ void Daemon::watch(tagCHILD_S &stChild)
             kill(stChild.pid, SIGKILL);
     }
     endReport(stChild);
-    int s32Status = 0;
-    waitpid(stChild.pid, &s32Status, 0);
-    const bool bExited = WIFEXITED(s32Status);
-    if (m_bStop) return;
+    const auto status = reap(stChild.pid);
+    if (m_bStop || !status) return;
+    const bool bExited = WIFEXITED(*status);
     LOG_WARN("%s ended by itself (%s %d)\n", m_strProgram.c_str(), bExited ? "status" : "signal",
-             bExited ? WEXITSTATUS(s32Status) : WTERMSIG(s32Status));
+             bExited ? WEXITSTATUS(*status) : WTERMSIG(*status));
 }
 
-void Daemon::readReport(tagCHILD_S &stChild, std::string &strLine)
+void ChildProcess::readReport(tagCHILD_S &stChild, std::string &strLine)
 {
     std::array<char, LINE_MAX_SIZE> acBytes;
     const ssize_t length = read(stChild.report, acBytes.data(), acBytes.size());
@@ -142,15 +174,15 @@ void Daemon::readReport(tagCHILD_S &stChild, std::string &strLine)
             strLine += c;
 }
 
-void Daemon::endReport(tagCHILD_S &stChild)
+void ChildProcess::endReport(tagCHILD_S &stChild)
 {
-    stChild.report = util::FileDescriptor();
+    stChild.report = FileDescriptor();
     const std::lock_guard guard(m_lock);
     m_bReported = true;
     m_reported.notify_all();
 }
 
-void Daemon::pause(BU_S64 s64Ms)
+void ChildProcess::pause(BU_S64 s64Ms)
 {
     const BU_S64 s64Due = UTIL_TIME_NowMs() + s64Ms;
     wakeAt(s64Due);
@@ -162,8 +194,25 @@ void Daemon::pause(BU_S64 s64Ms)
     }
 }
 
-void Daemon::wakeAt(BU_S64 s64DueMs)
+void ChildProcess::wakeAt(BU_S64 s64DueMs)
 {
     m_queue.at(s64DueMs, [this] { eventfd_write(m_wake, 1); });
 }
-} // namespace web_rpc
+
+ChildrenStopped::ChildrenStopped()
+{
+    std::unique_lock guard(children().lock);
+    children().bStopped = true;
+    for (const int s32Signal : {SIGTERM, SIGKILL}) {
+        for (const pid_t pid : children().running) kill(pid, s32Signal);
+        const std::chrono::milliseconds wait(ChildProcess::TERM_MS);
+        if (children().gone.wait_for(guard, wait, [] { return children().running.empty(); })) return;
+    }
+}
+
+ChildrenStopped::~ChildrenStopped()
+{
+    const std::lock_guard guard(children().lock);
+    children().bStopped = false;
+}
+} // namespace util

@@ -14,9 +14,9 @@
 #include <sys/types.h>
 #include <vector>
 
-namespace web_rpc
+namespace util
 {
-class Daemon
+class ChildProcess
 {
 public:
     static constexpr BU_S64 RESTART_MS = 500, RESTART_MAX_MS = 30000; ///< after each end twice as long
@@ -24,12 +24,12 @@ public:
     static constexpr BU_S64 TERM_MS = 3000;                           ///< from the request to end to the kill
 
     /// Starts the program with the arguments and "--report-fd N": what it writes there comes to fnReport, line by line,
-    /// on the thread of the daemon.
-    Daemon(std::string strProgram, std::vector<std::string> arguments,
-           std::function<void(std::string_view line)> fnReport);
-    ~Daemon(); ///< asks it to end, kills it when it does not
-    Daemon(const Daemon &) = delete;
-    Daemon &operator=(const Daemon &) = delete;
+    /// on the thread that looks after it. It reads nothing, and writes to this one's standard error.
+    ChildProcess(std::string strProgram, std::vector<std::string> arguments,
+                 std::function<void(std::string_view line)> fnReport);
+    ~ChildProcess(); ///< asks it to end, kills it when it does not
+    ChildProcess(const ChildProcess &) = delete;
+    ChildProcess &operator=(const ChildProcess &) = delete;
 
     /// Waits until the program has closed its report, or ended, or for that time.
     void waitForReport(BU_S64 s64Ms);
@@ -38,7 +38,7 @@ public:
 private:
     struct tagCHILD_S {
         pid_t pid = -1;
-        util::FileDescriptor handle, report;
+        FileDescriptor handle, report;
     };
     tagCHILD_S start();
     void work();
@@ -51,13 +51,23 @@ private:
     const std::string m_strProgram;
     const std::vector<std::string> m_arguments;
     const std::function<void(std::string_view)> m_fnReport;
-    const util::FileDescriptor m_wake;
+    const FileDescriptor m_wake;
     std::atomic<bool> m_bStop{false};
     std::atomic<pid_t> m_pid{0};
     std::mutex m_lock; // guards m_bReported
     std::condition_variable m_reported;
     bool m_bReported = false;
-    util::TimerQueue m_queue{"webDaemonTimer"};
-    util::Thread m_thread; // last: ends first. The child dies with it, so it lives as long as the child may.
+    TimerQueue m_queue{"childTimer"};
+    Thread m_thread; // last: ends first. The child dies with it, so it lives as long as the child may.
 };
-} // namespace web_rpc
+
+/// All child processes have ended while it lives: for what replaces this process.
+class ChildrenStopped
+{
+public:
+    ChildrenStopped(); ///< asks them to end, kills those which do not within ChildProcess::TERM_MS; waits for all
+    ~ChildrenStopped();
+    ChildrenStopped(const ChildrenStopped &) = delete;
+    ChildrenStopped &operator=(const ChildrenStopped &) = delete;
+};
+} // namespace util

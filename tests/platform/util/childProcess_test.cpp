@@ -1,0 +1,72 @@
+#include "support/fakeWebServer.h"
+#include "support/platformTest.h"
+#include "util/childProcess.h"
+
+#include <csignal>
+#include <future>
+
+namespace
+{
+using util::ChildProcess;
+
+constexpr int LONG_MS = 20'000;
+
+bool isGone(pid_t pid) { return kill(pid, 0) != 0 && errno == ESRCH; }
+
+class ChildProcessTest : public PlatformTest
+{
+protected:
+    /// What starts next, while the clock goes on.
+    FakeWebServer::tagSTART_S nextStart(const FakeWebServer &server)
+    {
+        FakeWebServer::tagSTART_S st;
+        for (int i = 0; i < 1000 && st.pid == 0; ++i) {
+            clock().advance(ChildProcess::RESTART_MS);
+            st = server.waitForStart(20);
+        }
+        return st;
+    }
+};
+
+TEST_F(ChildProcessTest, StartsAgainAndEndsWhenAsked)
+{
+    const FakeWebServer server(root());
+    pid_t pid = 0;
+    std::vector<std::string> listReport; // the thread of the child ends before it is read
+    {
+        ChildProcess daemon(server.path(), {"--http", "80"},
+                            [&](std::string_view line) { listReport.emplace_back(line); });
+        daemon.waitForReport(LONG_MS);
+        const auto stFirst = server.waitForStart(LONG_MS);
+        EXPECT_THAT(stFirst.strArguments, testing::StartsWith("--http 80 --report-fd "));
+        for (pid = stFirst.pid; const int s32Signal : {SIGKILL, SIGTERM}) {
+            kill(pid, s32Signal);
+            const auto stNext = nextStart(server);
+            EXPECT_NE(stNext.pid, pid);
+            EXPECT_TRUE(isGone(pid));
+            pid = stNext.pid;
+        }
+        EXPECT_FALSE(isGone(pid));
+    }
+    EXPECT_TRUE(isGone(pid));
+    EXPECT_THAT(listReport,
+                testing::ElementsAre("http 8080", "https 8443", "http 8080", "https 8443", "http 8080", "https 8443"));
+}
+
+TEST_F(ChildProcessTest, IsKilledWhenItDoesNotEnd)
+{
+    const FakeWebServer server(root(), "trap '' TERM");
+    auto daemon = std::make_unique<ChildProcess>(server.path(), std::vector<std::string>(), [](std::string_view) {});
+    const pid_t pid = server.waitForStart(LONG_MS).pid;
+    auto ended = std::async(std::launch::async, [&] { daemon.reset(); });
+    for (int i = 0; i < 1000 && ended.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready; ++i)
+        clock().advance(ChildProcess::TERM_MS);
+    EXPECT_TRUE(isGone(pid));
+}
+
+TEST_F(ChildProcessTest, ProgramThatCannotRunIsTriedAgainUntilStopped)
+{
+    const ChildProcess daemon(root(), {}, [](std::string_view) {}); // a folder
+    clock().advance(100'000);
+}
+} // namespace
