@@ -1,3 +1,4 @@
+// The direction keys: what a press has started, its release ends, whatever has changed meanwhile.
 #include "input/directionKeys.h"
 
 #include "input/keyActions.h"
@@ -8,7 +9,7 @@ namespace
 {
 constexpr BU_S32 STEP_MS = 500;
 
-void startStepping(const input::tagDIRECTION_S &stDirection)
+void startStepping(const input::Direction &stDirection)
 {
     stDirection.pfnMenu();
     input::startTimer(SR_BR_GetTimerData(), stDirection.enKey, BU_TIMER_E_PERIODIC, STEP_MS,
@@ -26,7 +27,7 @@ bool stopStepping()
 
 namespace input
 {
-void pressDirection(const tagDIRECTION_S &stDirection, FAMILY_E enFamily, KEY_EVENT_E enEvent)
+void pressDirection(const Direction &stDirection, Family enFamily, KEY_EVENT_E enEvent)
 {
     // Menu and tracking may have changed since the press: first ends what it started. A press that finds something
     // started has missed its release.

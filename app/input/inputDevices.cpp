@@ -1,3 +1,4 @@
+// Which devices are watched, and who takes their events.
 #include "board/input.h"
 #include "input/input.h"
 #include "input/keyState.h"
@@ -8,13 +9,12 @@
 
 namespace
 {
-struct tagDEVICE_S {
+struct Device {
     const BU_CHAR *pcName;
     BSP_INPUT_EventCallBack pfEventCb;
 };
-constexpr std::array DEVICES{tagDEVICE_S{"NecSr", SR_COMMON_InputEventCb}, tagDEVICE_S{"NecBr", BR_COMMON_InputEventCb},
-                             tagDEVICE_S{"gpio-keys", KEYPAD_COMMON_InputEventCb},
-                             tagDEVICE_S{"NecYm", YM_COMMON_InputEventCb}};
+constexpr std::array DEVICES{Device{"NecSr", SR_COMMON_InputEventCb}, Device{"NecBr", BR_COMMON_InputEventCb},
+                             Device{"gpio-keys", KEYPAD_COMMON_InputEventCb}, Device{"NecYm", YM_COMMON_InputEventCb}};
 
 std::array<BSP_INPUT_THREAD_S, DEVICES.size()> gs_astInputHandle;
 } // namespace

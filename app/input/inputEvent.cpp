@@ -22,13 +22,13 @@ bool isForThisCamera(BU_S32 s32Code)
     return (s32Code >> KEY_BITS & ADDR_MASK) + 1 == u8IrAddr;
 }
 
-KEY_TYPE_E keyOf(const input::tagKEY_TABLES_S &stTables, BU_S32 s32KernCode)
+KEY_TYPE_E keyOf(const input::KeyTables &stTables, BU_S32 s32KernCode)
 {
     const auto row = std::ranges::find(stTables.map, s32KernCode, &KEY_TRANS_MAP_S::enKeyKernCode);
     return row == stTables.map.end() ? KEY_TYPE_E_BUTT : row->enKeyUserCode;
 }
 
-KEY_FUNC handlerOf(const input::tagKEY_TABLES_S &stTables, KEY_TYPE_E enKey)
+KEY_FUNC handlerOf(const input::KeyTables &stTables, KEY_TYPE_E enKey)
 {
     const auto row = std::ranges::find(stTables.handlers, enKey, &KEY_CB_S::enKeyCode);
     return row == stTables.handlers.end() ? nullptr : row->pfKeyCb;
@@ -37,19 +37,19 @@ KEY_FUNC handlerOf(const input::tagKEY_TABLES_S &stTables, KEY_TYPE_E enKey)
 
 namespace input
 {
-bool readRemote(const input_event &stEvent, tagKEY_EVENT_S &stKey)
+bool readRemote(const input_event &stEvent, KeyEvent &stKey)
 {
     if (!isForThisCamera(stEvent.code) || stEvent.type != EV_KEY) return false;
     stKey = {stEvent.code & KEY_MASK, static_cast<KEY_EVENT_E>(stEvent.value)};
     return true;
 }
 
-void press(const tagKEY_TABLES_S &stTables, const tagKEY_EVENT_S &stKey)
+void press(const KeyTables &stTables, const KeyEvent &stKey)
 {
     if (const KEY_FUNC pfKeyCb = handlerOf(stTables, keyOf(stTables, stKey.s32KernCode))) pfKeyCb(stKey.enEvent);
 }
 
-void pressAndTrace(const tagKEY_TABLES_S &stTables, const tagKEY_EVENT_S &stKey)
+void pressAndTrace(const KeyTables &stTables, const KeyEvent &stKey)
 {
     if (stKey.enEvent == KEY_REPEAT) return;
     const KEY_TYPE_E enKey = keyOf(stTables, stKey.s32KernCode);

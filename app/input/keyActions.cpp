@@ -1,3 +1,4 @@
+// What several remotes do on a press.
 #include "input/keyActions.h"
 
 #include "camera/menu.h"
@@ -43,12 +44,13 @@ void trackCloseUp() { ALG_API_SetBodySize(TRACK_BODY_SIZE_E_CLOSE_UP, BU_TRUE, B
 
 void recall(BU_S32 s32Preset) { PRESET_API_GotoById(s32Preset, PT_CTRL_E_FROM_REMOTE, nullptr); }
 
-void awaitNumber(PRESET_POINT_KEY_TYPE_E enCommand, KEY_TYPE_E enKey)
+void startCommand(PRESET_POINT_KEY_TYPE_E enCommand)
 {
+    constexpr std::array KEYS{KEY_TYPE_E_CALL, KEY_TYPE_E_SET, KEY_TYPE_E_DELETE};
     KEY_PRESET_POINT_HANDLE_S *pstPoint = BR_GetKeyPresetPointsData();
     pstPoint->s32Value = 0;
     pstPoint->enKeyType = enCommand;
-    startEntryTimer(enKey);
+    startEntryTimer(KEYS[enCommand]);
 }
 
 const BU_CHAR *presetName(BU_S32 s32Digit) { return PRESET_NAMES.at(static_cast<std::size_t>(s32Digit)); }

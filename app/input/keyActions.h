@@ -45,7 +45,8 @@ void trackHalfBody();
 void trackCloseUp();
 void recall(BU_S32 s32Preset);
 /// The number keys that follow type the preset's number.
-void awaitNumber(PRESET_POINT_KEY_TYPE_E enCommand, KEY_TYPE_E enKey);
+void startCommand(PRESET_POINT_KEY_TYPE_E enCommand);
+template <PRESET_POINT_KEY_TYPE_E Command> void awaitNumber() { startCommand(Command); }
 /// The name a number key stores its preset under.
 const BU_CHAR *presetName(BU_S32 s32Digit);
 } // namespace input

@@ -1,3 +1,4 @@
+// What the key handlers remember.
 #include "input/keyState.h"
 
 #include <array>
@@ -8,7 +9,7 @@ constexpr BU_S32 ENTRY_MS = 3000;
 
 KEY_EVENT_TIME_HANDLE_S gs_stIrKeyTimer, gs_stKeypadKeyTimer;
 KEY_PRESET_POINT_HANDLE_S gs_stKeyPresetPoints{0, PRESET_POINT_TYPE_E_BUTT};
-std::array<std::array<input::Started, KEY_TYPE_E_BUTT>, input::FAMILY_E_BUTT> gs_aenStarted;
+std::array<std::array<input::Started, KEY_TYPE_E_BUTT>, input::FAMILY_BUTT> gs_aenStarted;
 
 void clear(KEY_EVENT_TIME_HANDLE_S &stTimer)
 {
@@ -24,14 +25,13 @@ void SR_BR_InitKeyTimer()
     clear(gs_stIrKeyTimer);
     gs_stKeyPresetPoints.s32Value = 0;
     gs_stKeyPresetPoints.enKeyType = PRESET_POINT_TYPE_E_BUTT;
-    for (const auto enFamily : {input::FAMILY_E_SR, input::FAMILY_E_BR, input::FAMILY_E_YM})
-        gs_aenStarted[enFamily] = {};
+    for (const auto enFamily : {input::FAMILY_SR, input::FAMILY_BR, input::FAMILY_YM}) gs_aenStarted[enFamily] = {};
 }
 
 void KEYPAD_InitKeyTimer()
 {
     clear(gs_stKeypadKeyTimer);
-    gs_aenStarted[input::FAMILY_E_KEYPAD] = {};
+    gs_aenStarted[input::FAMILY_KEYPAD] = {};
 }
 
 KEY_EVENT_TIME_HANDLE_S *SR_BR_GetTimerData() { return &gs_stIrKeyTimer; }
@@ -69,5 +69,5 @@ void stopEntryTimer() { UTIL_TIMER_Stop(&gs_stIrKeyTimer.stTimerHandle); }
 
 bool isEntryTimerRunning() { return gs_stIrKeyTimer.stParam.bTimerRunning; }
 
-Started &startedBy(FAMILY_E enFamily, KEY_TYPE_E enKey) { return gs_aenStarted[enFamily][enKey]; }
+Started &startedBy(Family enFamily, KEY_TYPE_E enKey) { return gs_aenStarted[enFamily][enKey]; }
 } // namespace input

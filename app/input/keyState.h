@@ -54,11 +54,11 @@ void startEntryTimer(KEY_TYPE_E enKey);
 void stopEntryTimer();
 bool isEntryTimerRunning();
 
-enum FAMILY_E : BU_S32 { FAMILY_E_SR = 0, FAMILY_E_BR, FAMILY_E_YM, FAMILY_E_KEYPAD, FAMILY_E_BUTT };
+enum Family : BU_S32 { FAMILY_SR = 0, FAMILY_BR, FAMILY_YM, FAMILY_KEYPAD, FAMILY_BUTT };
 
 /// What the press of a key has started and its release ends. A release that finds nothing counts for nothing: a key
 /// held since before the start, a second release, a repeat.
 enum class Started : BU_U8 { NOTHING, HOLD, MOVE, STEPPING };
 /// Thread: the monitor of the family.
-Started &startedBy(FAMILY_E enFamily, KEY_TYPE_E enKey);
+Started &startedBy(Family enFamily, KEY_TYPE_E enKey);
 } // namespace input

@@ -17,7 +17,7 @@ constexpr BU_S32 RESET_HOLD_MS = 10000;
 BU_S32 KEYPAD_COMMON_ResetBtn(KEY_EVENT_E enEvent)
 {
     KEY_EVENT_TIME_HANDLE_S *pstTimer = KEYPAD_GetTimerData();
-    Started &enStarted = startedBy(FAMILY_E_KEYPAD, KEY_TYPE_E_RESET);
+    Started &enStarted = startedBy(FAMILY_KEYPAD, KEY_TYPE_E_RESET);
     const bool bHeld = std::exchange(enStarted, Started::NOTHING) == Started::HOLD;
     if (isPress(enEvent)) {
         enStarted = Started::HOLD;
@@ -31,12 +31,11 @@ BU_S32 KEYPAD_COMMON_ResetBtn(KEY_EVENT_E enEvent)
     return 0;
 }
 
-constexpr KEY_TRANS_MAP_S KEYPAD_COMMON_KEY_MAP[] = {{KEYPAD_KEY_TYPE_E_RESET, KEY_TYPE_E_RESET}};
-constexpr KEY_CB_S astKeyCb[] = {{KEY_TYPE_E_RESET, KEYPAD_COMMON_ResetBtn}};
+constexpr KeyRow KEYS[] = {{KEYPAD_KEY_TYPE_E_RESET, KEY_TYPE_E_RESET, KEYPAD_COMMON_ResetBtn}};
 } // namespace
 
 void KEYPAD_COMMON_InputEventCb(const input_event *pstEvent)
 {
     if (pstEvent->type != EV_KEY) return;
-    pressAndTrace({KEYPAD_COMMON_KEY_MAP, astKeyCb}, {pstEvent->code, static_cast<KEY_EVENT_E>(pstEvent->value)});
+    pressAndTrace(TABLES<KEYS>, {pstEvent->code, static_cast<KEY_EVENT_E>(pstEvent->value)});
 }

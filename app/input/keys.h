@@ -3,6 +3,8 @@
 
 #include "base/types.h"
 
+#include <algorithm>
+#include <array>
 #include <span>
 
 struct input_event;
@@ -45,7 +47,7 @@ void KEYPAD_COMMON_InputEventCb(const input_event *pstEvent); ///< front key
 namespace input
 {
 /// A key event of a device, addressed to this camera.
-struct tagKEY_EVENT_S {
+struct KeyEvent {
     BU_S32 s32KernCode;
     KEY_EVENT_E enEvent; ///< the kernel's value: also 2, the repeat of a held key
 };
@@ -53,14 +55,37 @@ inline constexpr BU_S32 KEY_REPEAT = 2;
 
 /// Whether a remote's event is a key event for this camera: the receiver is on, and the remote has the camera's
 /// address. Then it is taken apart.
-bool readRemote(const input_event &stEvent, tagKEY_EVENT_S &stKey);
+bool readRemote(const input_event &stEvent, KeyEvent &stKey);
 
-struct tagKEY_TABLES_S {
+/// One key of a device: the kernel's code, the key, its handler. Null: the key is taken in silence.
+struct KeyRow {
+    KEY_TRANS_MAP_S stCode;
+    KEY_FUNC pfKeyCb;
+};
+struct KeyTables {
     std::span<const KEY_TRANS_MAP_S> map;
     std::span<const KEY_CB_S> handlers;
 };
+
+// The two tables that the rows of a device make.
+template <const auto &ROWS>
+inline constexpr auto KEY_MAP = [] {
+    std::array<KEY_TRANS_MAP_S, std::size(ROWS)> map;
+    std::ranges::transform(ROWS, map.begin(), &KeyRow::stCode);
+    return map;
+}();
+template <const auto &ROWS>
+inline constexpr auto KEY_HANDLERS = [] {
+    std::array<KEY_CB_S, std::size(ROWS) - std::ranges::count(ROWS, nullptr, &KeyRow::pfKeyCb)> handlers;
+    auto at = handlers.begin();
+    for (const KeyRow &stRow : ROWS)
+        if (stRow.pfKeyCb) *at++ = {stRow.stCode.enKeyUserCode, stRow.pfKeyCb};
+    return handlers;
+}();
+template <const auto &ROWS> inline constexpr KeyTables TABLES{KEY_MAP<ROWS>, KEY_HANDLERS<ROWS>};
+
 /// Calls the handler of the event's key, if there is one.
-void press(const tagKEY_TABLES_S &stTables, const tagKEY_EVENT_S &stKey);
+void press(const KeyTables &stTables, const KeyEvent &stKey);
 /// The same without repeats; says on standard output which key it was, or that it is none.
-void pressAndTrace(const tagKEY_TABLES_S &stTables, const tagKEY_EVENT_S &stKey);
+void pressAndTrace(const KeyTables &stTables, const KeyEvent &stKey);
 } // namespace input

@@ -1,3 +1,4 @@
+// Recall, store and delete presets by number: what each number key does, by the command that waits and the timer.
 #include "input/numberKeys.h"
 
 #include "camera/menu.h"
@@ -15,50 +16,50 @@ using namespace input;
 
 constexpr BU_S32 NINE_DIGITS = 100'000'000; // a number from here on takes no further digit
 
-struct tagNUMBER_S {
-    BU_S32 s32Digit;
-    KEY_TYPE_E enKey;
-};
+KEY_TYPE_E keyOf(BU_S32 s32Digit)
+{
+    return s32Digit == 0 ? KEY_TYPE_E_NUM0 : static_cast<KEY_TYPE_E>(KEY_TYPE_E_NUM1 + s32Digit - 1);
+}
 
 PRESET_POINT_KEY_TYPE_E pending() { return BR_GetKeyPresetPointsData()->enKeyType; }
 void endCommand() { BR_GetKeyPresetPointsData()->enKeyType = PRESET_POINT_TYPE_E_BUTT; }
 
-void startHold(const tagNUMBER_S &stNumber) { startEntryTimer(stNumber.enKey); }
+void startHold(BU_S32 s32Digit) { startEntryTimer(keyOf(s32Digit)); }
 
-void recallShort(const tagNUMBER_S &stNumber)
+void recallShort(BU_S32 s32Digit)
 {
     stopEntryTimer();
-    recall(stNumber.s32Digit);
+    recall(s32Digit);
 }
 
-void storeHeld(const tagNUMBER_S &stNumber) { PRESET_API_SetCur(stNumber.s32Digit, presetName(stNumber.s32Digit)); }
+void storeHeld(BU_S32 s32Digit) { PRESET_API_SetCur(s32Digit, presetName(s32Digit)); }
 
-void awaitRelease(const tagNUMBER_S &)
+void awaitRelease(BU_S32)
 {
     stopEntryTimer();
     SR_BR_GetTimerData()->stParam.bTimerRunning = BU_FALSE;
 }
 
-void cancelCommand(const tagNUMBER_S &stNumber)
+void cancelCommand(BU_S32 s32Digit)
 {
     endCommand();
-    startEntryTimer(stNumber.enKey);
+    startEntryTimer(keyOf(s32Digit));
 }
 
-void takeDigit(const tagNUMBER_S &stNumber)
+void takeDigit(BU_S32 s32Digit)
 {
     std::atomic<BU_S32> &s32Value = BR_GetKeyPresetPointsData()->s32Value;
-    if (s32Value < NINE_DIGITS) s32Value = s32Value * 10 + stNumber.s32Digit;
-    startEntryTimer(stNumber.enKey);
+    if (s32Value < NINE_DIGITS) s32Value = s32Value * 10 + s32Digit;
+    startEntryTimer(keyOf(s32Digit));
 }
 
 /// What a number key does, by the command that waits, the event and the entry timer.
-struct tagNUMBER_ROW_S {
+struct NumberRow {
     bool bPending, bPress;
     std::optional<bool> bTimerRuns; ///< none: either
-    void (*pfnAct)(const tagNUMBER_S &);
+    void (*pfnAct)(BU_S32);
 };
-constexpr tagNUMBER_ROW_S NUMBER_ROWS[] = {
+constexpr NumberRow NUMBER_ROWS[] = {
     // clang-format off
     {false, true,  std::nullopt, startHold},
     {false, false, true,         recallShort},
@@ -73,19 +74,19 @@ constexpr tagNUMBER_ROW_S NUMBER_ROWS[] = {
 
 namespace input
 {
-void pressNumber(BU_S32 s32Digit, KEY_TYPE_E enKey, KEY_EVENT_E enEvent)
+void pressNumber(BU_S32 s32Digit, KEY_EVENT_E enEvent)
 {
     const bool bPress = isPress(enEvent), bIgnored = OSD_MENU_GetMenuStatus() == 1;
     const Started enBefore =
-        std::exchange(startedBy(FAMILY_E_BR, enKey), bPress && !bIgnored ? Started::HOLD : Started::NOTHING);
+        std::exchange(startedBy(FAMILY_BR, keyOf(s32Digit)), bPress && !bIgnored ? Started::HOLD : Started::NOTHING);
     if (bIgnored || (!bPress && enBefore != Started::HOLD)) return;
 
     const bool bPending = pending() != PRESET_POINT_TYPE_E_BUTT, bTimerRuns = isEntryTimerRunning();
-    const auto row = std::ranges::find_if(NUMBER_ROWS, [=](const tagNUMBER_ROW_S &stRow) {
+    const auto row = std::ranges::find_if(NUMBER_ROWS, [=](const NumberRow &stRow) {
         return stRow.bPending == bPending && stRow.bPress == bPress &&
                stRow.bTimerRuns.value_or(bTimerRuns) == bTimerRuns;
     });
-    row->pfnAct({s32Digit, enKey});
+    row->pfnAct(s32Digit);
 }
 
 void confirmNumber()

@@ -5,10 +5,10 @@
 
 namespace input
 {
-void pressNumber(BU_S32 s32Digit, KEY_TYPE_E enKey, KEY_EVENT_E enEvent);
-template <BU_S32 Digit, KEY_TYPE_E Key> BU_S32 numberKey(KEY_EVENT_E enEvent)
+void pressNumber(BU_S32 s32Digit, KEY_EVENT_E enEvent);
+template <BU_S32 Digit> BU_S32 numberKey(KEY_EVENT_E enEvent)
 {
-    pressNumber(Digit, Key, enEvent);
+    pressNumber(Digit, enEvent);
     return 0;
 }
 

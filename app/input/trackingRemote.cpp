@@ -23,8 +23,6 @@ void enterOrGoHome()
         goHome();
 }
 
-void awaitStoreNumber() { awaitNumber(PRESET_POINT_TYPE_E_SET, KEY_TYPE_E_SET); }
-
 /// Recalls its preset; with a command waiting, whichever it is and pressed or released, stores it.
 template <BU_S32 Digit> BU_S32 presetKey(KEY_EVENT_E enEvent)
 {
@@ -46,81 +44,42 @@ void resetIp()
     if (NET_API_SetIpAddr("NetCard0", RESET_IP) == 0) PROMPT_API_ShowIpaddr(RESET_IP);
 }
 
-constexpr KEY_FUNC YM_COMMON_PowerBtn = onPress<SYSTEM_API_SleepAppService>;
-constexpr KEY_FUNC YM_COMMON_MenuBtn = onPress<CMD_MENU_HandleMenuBtn>;
-constexpr KEY_FUNC YM_COMMON_ZoomOutBtn = zoom<ZOOM_ACTION_E_WIDE, 5>;
-constexpr KEY_FUNC YM_COMMON_ZoomInBtn = zoom<ZOOM_ACTION_E_TELE, 5>;
-constexpr KEY_FUNC YM_COMMON_UpBtn = direction<UP, FAMILY_E_YM>;
-constexpr KEY_FUNC YM_COMMON_DownBtn = direction<DOWN, FAMILY_E_YM>;
-constexpr KEY_FUNC YM_COMMON_LeftBtn = direction<LEFT, FAMILY_E_YM>;
-constexpr KEY_FUNC YM_COMMON_RightBtn = direction<RIGHT, FAMILY_E_YM>;
-constexpr KEY_FUNC YM_COMMON_HomeBtn = onPress<enterOrGoHome>;
-constexpr KEY_FUNC YM_COMMON_FocusNearBtn = focus<FOCUS_ACTION_E_NEAR, 5>;
-constexpr KEY_FUNC YM_COMMON_FocusFarBtn = focus<FOCUS_ACTION_E_FAR, 5>;
-constexpr KEY_FUNC YM_COMMON_FocusAutoBtn = onPress<focusAuto>;
-constexpr KEY_FUNC YM_COMMON_BackBtn = onPress<CMD_MENU_OnlyReturnMenu>;
-constexpr KEY_FUNC YM_COMMON_SetBtn = onPress<awaitStoreNumber>;
-constexpr KEY_FUNC YM_COMMON_Num1Btn = presetKey<1>;
-constexpr KEY_FUNC YM_COMMON_Num2Btn = presetKey<2>;
-constexpr KEY_FUNC YM_COMMON_Num3Btn = presetKey<3>;
-constexpr KEY_FUNC YM_COMMON_Num4Btn = presetKey<4>;
-constexpr KEY_FUNC YM_COMMON_F1Btn = onPress<toggleTracking>;
-constexpr KEY_FUNC YM_COMMON_F2Btn = onPress<trackFullBody>;
-constexpr KEY_FUNC YM_COMMON_F3Btn = onPress<trackHalfBody>;
-constexpr KEY_FUNC YM_COMMON_F4Btn = onPress<trackCloseUp>;
-constexpr KEY_FUNC YM_COMMON_ID1Btn = onPress<setAddress<1>>;
-constexpr KEY_FUNC YM_COMMON_ID2Btn = onPress<setAddress<2>>;
-constexpr KEY_FUNC YM_COMMON_ID3Btn = onPress<setAddress<3>>;
-constexpr KEY_FUNC YM_COMMON_ID4Btn = onPress<setAddress<4>>;
-constexpr KEY_FUNC YM_COMMON_IPResetBtn = onPress<resetIp>;
-
-constexpr KEY_TRANS_MAP_S YM_COMMON_KEY_MAP[] = {
-    {16, KEY_TYPE_E_POWER},       {30, KEY_TYPE_E_MENU},        {28, KEY_TYPE_E_ZOOM_OUT},
-    {29, KEY_TYPE_E_ZOOM_IN},     {32, KEY_TYPE_E_UP},          {33, KEY_TYPE_E_DOWN},
-    {34, KEY_TYPE_E_LEFT},        {35, KEY_TYPE_E_RIGHT},       {15, KEY_TYPE_E_HOME},
-    {23, KEY_TYPE_E_FOCUS_NEAR},  {24, KEY_TYPE_E_FOCUS_FAR},   {20, KEY_TYPE_E_FOCUS_AUTO},
-    {31, KEY_TYPE_E_BACK},        {39, KEY_TYPE_E_SET},         {2, KEY_TYPE_E_NUM1},
-    {3, KEY_TYPE_E_NUM2},         {4, KEY_TYPE_E_NUM3},         {5, KEY_TYPE_E_NUM4},
-    {11, KEY_TYPE_E_TRACK},       {12, KEY_TYPE_E_TRACK_FAR},   {13, KEY_TYPE_E_TRACK_MID},
-    {14, KEY_TYPE_E_TRACK_NEAR},  {102, KEY_TYPE_E_ID1},        {103, KEY_TYPE_E_ID2},
-    {104, KEY_TYPE_E_ID3},        {105, KEY_TYPE_E_ID4},        {89, KEY_TYPE_E_LONG_PRESS1},
-    {90, KEY_TYPE_E_LONG_PRESS2}, {91, KEY_TYPE_E_LONG_PRESS3},
+// clang-format off
+constexpr KeyRow KEYS[] = {
+    {16,  KEY_TYPE_E_POWER,       onPress<SYSTEM_API_SleepAppService>},           // YM_COMMON_PowerBtn
+    {30,  KEY_TYPE_E_MENU,        onPress<CMD_MENU_HandleMenuBtn>},               // YM_COMMON_MenuBtn
+    {28,  KEY_TYPE_E_ZOOM_OUT,    zoom<ZOOM_ACTION_E_WIDE, 5>},                   // YM_COMMON_ZoomOutBtn
+    {29,  KEY_TYPE_E_ZOOM_IN,     zoom<ZOOM_ACTION_E_TELE, 5>},                   // YM_COMMON_ZoomInBtn
+    {32,  KEY_TYPE_E_UP,          direction<UP, FAMILY_YM>},                      // YM_COMMON_UpBtn
+    {33,  KEY_TYPE_E_DOWN,        direction<DOWN, FAMILY_YM>},                    // YM_COMMON_DownBtn
+    {34,  KEY_TYPE_E_LEFT,        direction<LEFT, FAMILY_YM>},                    // YM_COMMON_LeftBtn
+    {35,  KEY_TYPE_E_RIGHT,       direction<RIGHT, FAMILY_YM>},                   // YM_COMMON_RightBtn
+    {15,  KEY_TYPE_E_HOME,        onPress<enterOrGoHome>},                        // YM_COMMON_HomeBtn
+    {23,  KEY_TYPE_E_FOCUS_NEAR,  focus<FOCUS_ACTION_E_NEAR, 5>},                 // YM_COMMON_FocusNearBtn
+    {24,  KEY_TYPE_E_FOCUS_FAR,   focus<FOCUS_ACTION_E_FAR, 5>},                  // YM_COMMON_FocusFarBtn
+    {20,  KEY_TYPE_E_FOCUS_AUTO,  onPress<focusAuto>},                            // YM_COMMON_FocusAutoBtn
+    {31,  KEY_TYPE_E_BACK,        onPress<CMD_MENU_OnlyReturnMenu>},              // YM_COMMON_BackBtn
+    {39,  KEY_TYPE_E_SET,         onPress<awaitNumber<PRESET_POINT_TYPE_E_SET>>}, // YM_COMMON_SetBtn
+    {2,   KEY_TYPE_E_NUM1,        presetKey<1>},                                  // YM_COMMON_Num1Btn
+    {3,   KEY_TYPE_E_NUM2,        presetKey<2>},                                  // YM_COMMON_Num2Btn
+    {4,   KEY_TYPE_E_NUM3,        presetKey<3>},                                  // YM_COMMON_Num3Btn
+    {5,   KEY_TYPE_E_NUM4,        presetKey<4>},                                  // YM_COMMON_Num4Btn
+    {11,  KEY_TYPE_E_TRACK,       onPress<toggleTracking>},                       // YM_COMMON_F1Btn
+    {12,  KEY_TYPE_E_TRACK_FAR,   onPress<trackFullBody>},                        // YM_COMMON_F2Btn
+    {13,  KEY_TYPE_E_TRACK_MID,   onPress<trackHalfBody>},                        // YM_COMMON_F3Btn
+    {14,  KEY_TYPE_E_TRACK_NEAR,  onPress<trackCloseUp>},                         // YM_COMMON_F4Btn
+    {102, KEY_TYPE_E_ID1,         onPress<setAddress<1>>},                        // YM_COMMON_ID1Btn
+    {103, KEY_TYPE_E_ID2,         onPress<setAddress<2>>},                        // YM_COMMON_ID2Btn
+    {104, KEY_TYPE_E_ID3,         onPress<setAddress<3>>},                        // YM_COMMON_ID3Btn
+    {105, KEY_TYPE_E_ID4,         onPress<setAddress<4>>},                        // YM_COMMON_ID4Btn
+    {89,  KEY_TYPE_E_LONG_PRESS1, nullptr},                                       // means something to the remote only
+    {90,  KEY_TYPE_E_LONG_PRESS2, nullptr},                                       // means something to the remote only
+    {91,  KEY_TYPE_E_LONG_PRESS3, onPress<resetIp>},                              // YM_COMMON_IPResetBtn
 };
-
-// The first two long presses mean something to the remote only.
-constexpr KEY_CB_S astKeyCb[] = {
-    {KEY_TYPE_E_POWER, YM_COMMON_PowerBtn},
-    {KEY_TYPE_E_MENU, YM_COMMON_MenuBtn},
-    {KEY_TYPE_E_ZOOM_OUT, YM_COMMON_ZoomOutBtn},
-    {KEY_TYPE_E_ZOOM_IN, YM_COMMON_ZoomInBtn},
-    {KEY_TYPE_E_UP, YM_COMMON_UpBtn},
-    {KEY_TYPE_E_DOWN, YM_COMMON_DownBtn},
-    {KEY_TYPE_E_LEFT, YM_COMMON_LeftBtn},
-    {KEY_TYPE_E_RIGHT, YM_COMMON_RightBtn},
-    {KEY_TYPE_E_HOME, YM_COMMON_HomeBtn},
-    {KEY_TYPE_E_FOCUS_NEAR, YM_COMMON_FocusNearBtn},
-    {KEY_TYPE_E_FOCUS_FAR, YM_COMMON_FocusFarBtn},
-    {KEY_TYPE_E_FOCUS_AUTO, YM_COMMON_FocusAutoBtn},
-    {KEY_TYPE_E_BACK, YM_COMMON_BackBtn},
-    {KEY_TYPE_E_SET, YM_COMMON_SetBtn},
-    {KEY_TYPE_E_NUM1, YM_COMMON_Num1Btn},
-    {KEY_TYPE_E_NUM2, YM_COMMON_Num2Btn},
-    {KEY_TYPE_E_NUM3, YM_COMMON_Num3Btn},
-    {KEY_TYPE_E_NUM4, YM_COMMON_Num4Btn},
-    {KEY_TYPE_E_TRACK, YM_COMMON_F1Btn},
-    {KEY_TYPE_E_TRACK_FAR, YM_COMMON_F2Btn},
-    {KEY_TYPE_E_TRACK_MID, YM_COMMON_F3Btn},
-    {KEY_TYPE_E_TRACK_NEAR, YM_COMMON_F4Btn},
-    {KEY_TYPE_E_ID1, YM_COMMON_ID1Btn},
-    {KEY_TYPE_E_ID2, YM_COMMON_ID2Btn},
-    {KEY_TYPE_E_ID3, YM_COMMON_ID3Btn},
-    {KEY_TYPE_E_ID4, YM_COMMON_ID4Btn},
-    {KEY_TYPE_E_LONG_PRESS3, YM_COMMON_IPResetBtn},
-};
-static_assert(std::size(YM_COMMON_KEY_MAP) == 29 && std::size(astKeyCb) == 27);
+// clang-format on
 } // namespace
 
 void YM_COMMON_InputEventCb(const input_event *pstEvent)
 {
-    if (tagKEY_EVENT_S stKey; readRemote(*pstEvent, stKey)) pressAndTrace({YM_COMMON_KEY_MAP, astKeyCb}, stKey);
+    if (KeyEvent stKey; readRemote(*pstEvent, stKey)) pressAndTrace(TABLES<KEYS>, stKey);
 }

@@ -1,23 +1,25 @@
+// What the lamps show: start-up, upgrade, tallies, tracking, stand-by, and which of them goes first.
 #include "led/led.h"
 
+#include "camera/settingEvent.h"
 #include "camera/tracking.h"
 #include "modules.h"
 #include "util/log.h"
 #include "util/time.h"
 
+#include <algorithm>
 #include <atomic>
 #include <iterator>
 #include <mutex>
+#include <string_view>
 
 namespace
 {
 constexpr const BU_CHAR *TALLY_LED = "TallyLed";
 constexpr BU_U32 RED = 0xFF0000, GREEN = 0x00FF00, BLUE = 0x0000FF, YELLOW = 0xFFFF00, ALL = 0xFF000000;
-constexpr LED_EVENT_FROM_E ALL_SOURCES[] = {LED_EVENT_FROM_E_CFG,   LED_EVENT_FROM_E_UPGRADE, LED_EVENT_FROM_E_VISCA,
-                                            LED_EVENT_FROM_E_NDI,   LED_EVENT_FROM_E_ALG,     LED_EVENT_FROM_E_IR,
-                                            LED_EVENT_FROM_E_SLEEP, LED_EVENT_FROM_E_ERR};
 
 BSP_LED_HANDLE gs_Tally, gs_Power;
+BU_S32 s32Listener;                // of the settings
 std::atomic<bool> bAppOver{false}; // start-up is over; written by the main thread
 std::atomic<bool> bFirst{true};    // no event has been handled yet
 
@@ -79,6 +81,25 @@ LED_TALLY_STATE_S upgradeState()
     return OFF;
 }
 
+LED_TALLY_STATE_S sleepState() { return state(LED_WORK_MODE_E_HOLD, YELLOW); }
+
+/// What the lamps show for a source, and which source goes before which.
+struct Source {
+    LED_EVENT_FROM_E enFrom;
+    BU_U32 u32Priority;
+    LED_TALLY_STATE_S (*pfnState)(); ///< null: set by whoever asks, or by the settings
+};
+constexpr Source SOURCES[] = {
+    {LED_EVENT_FROM_E_CFG, LED_PRIORITY_BASE, nullptr},
+    {LED_EVENT_FROM_E_UPGRADE, 4, upgradeState},
+    {LED_EVENT_FROM_E_VISCA, 1, nullptr},
+    {LED_EVENT_FROM_E_NDI, 3, ndiState},
+    {LED_EVENT_FROM_E_ALG, 2, trackingState},
+    {LED_EVENT_FROM_E_IR, LED_PRIORITY_BASE, nullptr},
+    {LED_EVENT_FROM_E_SLEEP, 5, sleepState},
+    {LED_EVENT_FROM_E_ERR, 6, nullptr},
+};
+
 void setState(LED_EVENT_FROM_E enFrom, LED_TALLY_STATE_S stState)
 {
     if (enFrom == LED_EVENT_FROM_E_NDI) TRACE("mode=%d color=%08x\n", stState.enMode, stState.u32ColorRGB);
@@ -95,28 +116,17 @@ BU_S32 led_Api_UpdateDefaultTallyState()
 BU_S32 TKV_MX_HandlerTallyEvent(LED_EVENT_FROM_E enFrom)
 {
     if (bFirst.exchange(false)) led_Api_UpdateDefaultTallyState();
-    switch (enFrom) {
-    case LED_EVENT_FROM_E_CFG:
-        LED_API_HandleCfgUpdateEvent(TALLY_LED);
-        break;
-    case LED_EVENT_FROM_E_UPGRADE:
-        setState(enFrom, upgradeState());
-        break;
-    case LED_EVENT_FROM_E_NDI:
-        setState(enFrom, ndiState());
-        break;
-    case LED_EVENT_FROM_E_ALG:
-        setState(enFrom, trackingState());
-        break;
-    case LED_EVENT_FROM_E_SLEEP:
-        setState(enFrom, state(LED_WORK_MODE_E_HOLD, YELLOW));
-        break;
-    case LED_EVENT_FROM_E_VISCA:
-    case LED_EVENT_FROM_E_IR:
-    case LED_EVENT_FROM_E_ERR:
-        break;
-    }
+    if (enFrom == LED_EVENT_FROM_E_CFG) LED_API_HandleCfgUpdateEvent(TALLY_LED);
+    const auto *pstSource = std::ranges::find(SOURCES, enFrom, &Source::enFrom);
+    if (pstSource != std::end(SOURCES) && pstSource->pfnState) setState(enFrom, pstSource->pfnState());
     return LED_API_ApplyLedStateInfo(TALLY_LED);
+}
+
+/// The lamp follows tracking and its switch.
+void onSetting(const CFG_SETTING_EVENT_S &stEvent)
+{
+    const std::string_view strKey = stEvent.pcKey;
+    if (strKey == "TrackEnabled" || strKey == "TallyIndicator") LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_ALG);
 }
 
 /// Blinks until start-up is over; runs on the manager's thread.
@@ -124,29 +134,6 @@ BU_S32 TKV_MX_PowerOnAction(LED_EVENT_FROM_E enFrom)
 {
     setState(enFrom, state(LED_WORK_MODE_E_FLICK, ALL, LED_MODE_FLICKER_2HZ));
     while (!bAppOver) UTIL_TIME_SleepMs(100);
-    return 0;
-}
-
-constexpr BU_U32 priorityOf(LED_EVENT_FROM_E enFrom)
-{
-    switch (enFrom) {
-    case LED_EVENT_FROM_E_CFG:
-        return 16;
-    case LED_EVENT_FROM_E_UPGRADE:
-        return 4;
-    case LED_EVENT_FROM_E_VISCA:
-        return 1;
-    case LED_EVENT_FROM_E_NDI:
-        return 3;
-    case LED_EVENT_FROM_E_ALG:
-        return 2;
-    case LED_EVENT_FROM_E_IR:
-        return 16;
-    case LED_EVENT_FROM_E_SLEEP:
-        return 5;
-    case LED_EVENT_FROM_E_ERR:
-        return 6;
-    }
     return 0;
 }
 } // namespace
@@ -159,17 +146,19 @@ BU_S32 LED_InitDev()
 
     LED_TALLY_INIT_ATTR_S stAttr{};
     stAttr.listDevices = {gs_Tally, gs_Power};
-    for (const LED_EVENT_FROM_E enFrom : ALL_SOURCES) stAttr.u32PriorityFrom[enFrom] = priorityOf(enFrom);
-    static_assert(std::size(ALL_SOURCES) == std::size(stAttr.u32PriorityFrom));
+    for (const Source &stSource : SOURCES) stAttr.u32PriorityFrom[stSource.enFrom] = stSource.u32Priority;
+    static_assert(std::size(SOURCES) == std::size(stAttr.u32PriorityFrom));
     stAttr.fnEventCallback = TKV_MX_HandlerTallyEvent;
     stAttr.fnSelfTestCallback = TKV_MX_PowerOnAction;
     stAttr.enWhiteMode = LED_WHITE_MODE_E_RGB;
     LED_API_InitMgr(TALLY_LED, &stAttr);
+    s32Listener = CFG_SETTING_Listen(onSetting);
     return 0;
 }
 
 BU_S32 LED_UnInitDev()
 {
+    CFG_SETTING_Unlisten(s32Listener);
     LED_API_DestroyMgr(TALLY_LED);
     for (BSP_LED_HANDLE *ppLamp : {&gs_Tally, &gs_Power}) {
         if (*ppLamp) BSP_LED_Destroy(*ppLamp);

@@ -8,15 +8,17 @@
 #include "util/log.h"
 
 #include <algorithm>
+#include <cstring>
+#include <string>
 #include <string_view>
 
 namespace
 {
-struct tagMENU_ZONE_S {
+struct Zone {
     std::string_view strZone;
     const BU_CHAR *(*pfnSection)();
 };
-constexpr tagMENU_ZONE_S ZONES[] = {
+constexpr Zone ZONES[] = {
     {"IMAGE", ISP_API_GetCurDevImageName},
     {"EXPOSURE", ISP_API_GetCurDevExposureName},
     {"WBLANCE", ISP_API_GetCurDevWhiteBalanceName},
@@ -32,6 +34,15 @@ OSD_MENU_CFG_S configuration()
     stParam.enFormat = OSD_FORMAT_E_ARGB4444;
     stParam.bSupport4K = BU_TRUE;
     return stParam;
+}
+
+/// One line on standard output: the key and the value.
+void traceValue(const ITEM_NODE_S &stItem)
+{
+    const auto value = [&](const BU_CHAR *pcText) { UTIL_TRACE_Print("menu %s: %s\n", stItem.acItemIndex, pcText); };
+    if (stItem.enValType == VALUE_TYPE_E_INT32) value(std::to_string(menu::numberOf(stItem)).c_str());
+    if (stItem.enValType == VALUE_TYPE_E_OPT_TXT) value(menu::wordOf(stItem));
+    if (stItem.enValType == VALUE_TYPE_E_EDIT_TXT) value(menu::textOf(stItem));
 }
 } // namespace
 
@@ -59,10 +70,11 @@ BU_S32 OSD_MENU_UnRegisterModule() { return 0; }
 BU_S32 OSD_MENU_SetParam(ITEM_NODE_S *pstItem)
 {
     const std::string_view strKey(pstItem->acItemIndex, strnlen(pstItem->acItemIndex, sizeof(pstItem->acItemIndex)));
-    const auto table = menuParamTable();
+    const auto table = menu::paramTable();
     const auto row = std::ranges::find_if(table, [&](const MENU_PARAM_MAP_S &st) { return strKey == st.acParam; });
     if (row == table.end()) return -1;
     UTIL_TRACE_Print("now while running %s \n", row->acParam);
+    traceValue(*pstItem);
     if (row->pFunc(pstItem, BU_TRUE) == 0) return 0;
     UTIL_TRACE_Print("Set param %s failed\n", row->acParam);
     return -1;
@@ -71,6 +83,6 @@ BU_S32 OSD_MENU_SetParam(ITEM_NODE_S *pstItem)
 const BU_CHAR *OSD_MENU_DataZoneGetSection(const BU_CHAR *pcZone)
 {
     if (!pcZone) return nullptr;
-    const auto *pstZone = std::ranges::find(ZONES, std::string_view(pcZone), &tagMENU_ZONE_S::strZone);
+    const auto *pstZone = std::ranges::find(ZONES, std::string_view(pcZone), &Zone::strZone);
     return pstZone == std::end(ZONES) ? nullptr : pstZone->pfnSection();
 }

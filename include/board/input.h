@@ -4,7 +4,7 @@
 /// as they are; where the machine has an input device of that name (in CAMERA_INPUT, default /dev/input), its events
 /// come as well. Either may go and come back.
 ///
-/// A move never outlives a lost release: a direction, zoom or focus key of a remote counts as released 5 s after its
+/// A move never outlives a lost release: a direction, zoom or focus key of a remote counts as released 15 s after its
 /// device was last heard with it, and every key at once when its device goes.
 #pragma once
 

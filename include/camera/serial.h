@@ -29,10 +29,9 @@ BU_S32 IR_API_SetSwitch(const BU_CHAR *pcWord, BU_BOOL bSaveCfg); ///< "On" or "
 BU_S32 IR_API_SetSwitchByRam(const BU_CHAR *pcWord);              ///< until the next start
 /// Which remotes the camera listens to: address 1-4, default 1 [IrAddr].
 BU_S32 IR_API_GetAddr(BU_U8 *pu8Addr, BU_BOOL bReread = BU_FALSE);
-/// @param enSource  who sets it: IRaddrCtrl_SWITCH_E. @return 0, or -1: another address, or the address is under the
-/// control of the other source
+/// @param enSource  who sets it: IRaddrCtrl_SWITCH_E, whatever [IrAddrCtrl] says. @return 0, or -1: another address
 BU_S32 IR_API_SetAddr(BU_U8 u8Addr, BU_BOOL bSaveCfg, BU_S32 enSource);
-BU_GETTER(IR_API_, Addrtrl) ///< who controls the address: IRaddrCtrl_SWITCH_E, default software [IrAddrCtrl]
+BU_GETTER(IR_API_, Addrtrl) ///< what pages show as its source: IRaddrCtrl_SWITCH_E, default software [IrAddrCtrl]
 BU_S32 IR_API_SetAddrCtrl(const BU_CHAR *pcWord, BU_BOOL bSaveCfg); ///< "SoftWare" or "DIPSwitch"
 
 // Ports with settings: UART_INSTANCE_TYPE_RS232 and UART_INSTANCE_TYPE_RS422.

@@ -70,7 +70,6 @@ BU_S32 IR_API_GetAddr(BU_U8 *pu8Addr, BU_BOOL bReread)
 BU_S32 IR_API_SetAddr(BU_U8 u8Addr, BU_BOOL bSaveCfg, BU_S32 enSource)
 {
     if (const auto injected = journal::call(__func__, u8Addr, bSaveCfg, enSource)) return *injected;
-    if (enSource != settings::value(settings::IR_API_Addrtrl)) return -1;
     return settings::set(settings::IR_API_Addr, 0, u8Addr, bSaveCfg, BU_TRUE);
 }
 

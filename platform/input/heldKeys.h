@@ -15,7 +15,7 @@
 class HeldKeys
 {
 public:
-    static constexpr BU_S64 SILENCE_MS = 5000;
+    static constexpr BU_S64 SILENCE_MS = 15000;
 
     void note(const input_event &stEvent, BU_S64 s64NowMs);
 

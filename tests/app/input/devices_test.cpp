@@ -4,6 +4,7 @@
 #include "board/profile.h"
 #include "camera/serial.h"
 #include "input/input.h"
+#include "support/await.h"
 
 #include <atomic>
 #include <fstream>
@@ -11,10 +12,7 @@
 
 namespace
 {
-
 using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 class Devices : public InputTest
 {
@@ -26,30 +24,15 @@ protected:
     void endDipSwitch()
     {
         std::atomic<bool> bEnded = false;
-        std::thread end([&] {
+        std::jthread end([&] {
             EXPECT_EQ(BSP_DipSwitchIrIdDeinit(), 0);
             bEnded = true;
         });
-        while (!bEnded) {
-            clock().advance(1000);
-            std::this_thread::yield();
-        }
-        end.join();
+        await([&] { return clock().advance(1000), bEnded.load(); });
     }
     void flip(int s32Switch, int s32Level)
     {
         std::ofstream(root() + "/sys/gpio/IR-DIP-SWITCH" + std::to_string(s32Switch) + "/value") << s32Level << '\n';
-    }
-    /// Lets time pass until the thread has set an address; gives what it did on the way.
-    Effects untilSet()
-    {
-        Effects all;
-        while (all.empty()) {
-            clock().advance(1000);
-            std::this_thread::yield();
-            all = journal::effects();
-        }
-        return all;
     }
 };
 
@@ -59,8 +42,8 @@ TEST_F(Devices, OneThatCannotBeWatchedIsLeftOut)
     testing::internal::CaptureStdout();
     EXPECT_EQ(BSP_RegisterInputDevice(), 0);
     clock().waitForSleepers(1);
-    EXPECT_THAT(testing::internal::GetCapturedStdout(),
-                HasSubstr("Warning: BSP_INPUT_StartMonitorEvent failed\nWarning: BSP_INPUT_StartMonitorEvent failed"));
+    const std::string strWarning = "Warning: BSP_INPUT_StartMonitorEvent failed\n";
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::HasSubstr(strWarning + strWarning));
     EXPECT_THAT(journal::effects(),
                 testing::IsSupersetOf(
                     {"BSP_INPUT_StartMonitorEvent(\"NecSr\")", "BSP_INPUT_StartMonitorEvent(\"NecBr\")",
@@ -71,34 +54,41 @@ TEST_F(Devices, OneThatCannotBeWatchedIsLeftOut)
     endDipSwitch();
 }
 
+/// A fresh camera; between two changes of the switch an ID key has its say.
 TEST_F(Devices, SwitchSetsTheAddressOncePerChange)
 {
-    IR_API_SetAddrCtrl("DIPSwitch", BU_FALSE);
     BSP_DipSwitchIrIdInit();
     clock().waitForSleepers(1);
     journal::effects();
-    struct {
+    const struct {
         int s32Switch, s32Level;
         const char *pcSet;
-    } const rows[] = {{0, 1, "IR_API_SetAddr(3, 1, 1)"},
-                      {1, 1, "IR_API_SetAddr(4, 1, 1)"},
-                      {0, 0, "IR_API_SetAddr(2, 1, 1)"},
-                      {1, 0, "IR_API_SetAddr(1, 1, 1)"}};
+    } rows[] = {{0, 1, "IR_API_SetAddr(3, 1, 1)"},
+                {1, 1, "IR_API_SetAddr(4, 1, 1)"},
+                {0, 0, "IR_API_SetAddr(2, 1, 1)"},
+                {1, 0, "IR_API_SetAddr(1, 1, 1)"}};
     for (const auto &row : rows) {
         flip(row.s32Switch, row.s32Level);
-        EXPECT_THAT(untilSet(), ElementsAre(row.pcSet)); // and no other one since the last
+        std::vector<std::string> set;
+        await([&] { return clock().advance(1000), !(set = journal::effects()).empty(); });
+        EXPECT_THAT(set, ElementsAre(row.pcSet)); // and no other one since the last
+        BU_U8 u8Addr = 0;
+        EXPECT_EQ(IR_API_GetAddr(&u8Addr), 0);
+        EXPECT_EQ(u8Addr, row.pcSet[15] - '0');
+        EXPECT_EQ(IR_API_SetAddr(3, BU_FALSE, IRADDR_SWITCH_E_SOFT), 0);
+        journal::effects();
+        for (int i = 0; i < 3; ++i) clock().waitForSleepers(1), clock().advance(1000);
     }
     endDipSwitch();
-    EXPECT_THAT(journal::effects(), IsEmpty());
+    EXPECT_THAT(journal::effects(), testing::IsEmpty());
 }
 
 TEST_F(Devices, WithoutTheSwitchTheThreadEnds)
 {
-    struct {
-        const char *pcModel, *pcCall;
-        const char *pcSaid;
-    } const rows[] = {{"minimal", nullptr, "call BSP_GetGpioNum failed, ret:-1 -1\n"},
-                      {"TKV-MX", "BSP_RequestGpioMode", "call BSP_RequestGpioMode failed, ret:0 1\n"}};
+    const struct {
+        const char *pcModel, *pcCall, *pcSaid;
+    } rows[] = {{"minimal", nullptr, "call BSP_GetGpioNum failed, ret:-1 -1\n"},
+                {"TKV-MX", "BSP_RequestGpioMode", "call BSP_RequestGpioMode failed, ret:0 1\n"}};
     for (const auto &row : rows) {
         BSP_PROFILE_Load(row.pcModel);
         if (row.pcCall) journal::inject(row.pcCall, -1);

@@ -234,8 +234,8 @@ TEST_F(MenuParams, EachKeyMakesItsCalls)
             keys.insert(stItem.acItemIndex);
             EXPECT_EQ(effectsOf(stItem), effects) << stItem.acItemIndex;
         }
-    for (const MENU_PARAM_MAP_S &st : menuParamTable()) EXPECT_TRUE(keys.contains(st.acParam)) << st.acParam;
-    EXPECT_EQ(keys.size(), menuParamTable().size());
+    for (const MENU_PARAM_MAP_S &st : menu::paramTable()) EXPECT_TRUE(keys.contains(st.acParam)) << st.acParam;
+    EXPECT_EQ(keys.size(), menu::paramTable().size());
 }
 
 TEST_F(MenuParams, LensesChangeTheDataZones)

@@ -132,7 +132,7 @@ TEST_F(MenuStart, TheServiceKnowsEveryDescribedItem)
     std::ifstream file(place::source("platform/menu/menu.json"));
     const auto description = menu::readDescription((std::stringstream() << file.rdbuf()).str());
     std::set<std::string> known;
-    for (const MENU_PARAM_MAP_S &st : menuParamTable()) known.insert(st.acParam);
+    for (const MENU_PARAM_MAP_S &st : menu::paramTable()) known.insert(st.acParam);
     for (const auto &page : description.listPages)
         for (const auto &item : page.listItems)
             if (item.enKind != menu::Kind::PAGE && item.enKind != menu::Kind::INFO) {

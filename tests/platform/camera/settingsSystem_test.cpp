@@ -256,14 +256,15 @@ TEST_F(SystemSettings, ProtocolWordsAreTakenByNameNotByTheirTableNumber)
     EXPECT_EQ(SERIAL_API_SetBaudrate(UART_INSTANCE_TYPE_12G_FPGA, "N9600", BU_TRUE), -1);
 }
 
-TEST_F(SystemSettings, TheInfraredAddressObeysItsController)
+TEST_F(SystemSettings, TheInfraredAddressIsSetByEitherSource)
 {
-    EXPECT_EQ(IR_API_SetAddr(3, BU_TRUE, IRADDR_SWITCH_E_DIP), -1);
-    EXPECT_EQ(IR_API_SetAddrCtrl("DIPSwitch", BU_TRUE), 0);
-    EXPECT_EQ(IR_API_SetAddr(2, BU_TRUE, IRADDR_SWITCH_E_SOFT), -1);
-    EXPECT_EQ(IR_API_SetAddr(5, BU_TRUE, IRADDR_SWITCH_E_DIP), -1);
-    EXPECT_EQ(IR_API_SetAddr(4, BU_TRUE, IRADDR_SWITCH_E_DIP), 0);
-    EXPECT_EQ(running("IrAddr"), 4);
+    for (const char *pcShown : {"SoftWare", "DIPSwitch"}) {
+        EXPECT_EQ(IR_API_SetAddrCtrl(pcShown, BU_TRUE), 0);
+        EXPECT_EQ(IR_API_SetAddr(2, BU_TRUE, IRADDR_SWITCH_E_SOFT), 0);
+        EXPECT_EQ(IR_API_SetAddr(4, BU_TRUE, IRADDR_SWITCH_E_DIP), 0);
+        EXPECT_EQ(IR_API_SetAddr(5, BU_TRUE, IRADDR_SWITCH_E_DIP), -1);
+        EXPECT_EQ(running("IrAddr"), 4);
+    }
     EXPECT_EQ(IR_API_SetSwitchByRam("Off"), 0);
     CFG_SETTING_Reload();
     EXPECT_EQ(running("IrSwitch"), 1);
