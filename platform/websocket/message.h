@@ -1,7 +1,7 @@
 /// The messages viewers get: a fixed header (docs/preview.md), numbers with the highest byte first, then one packet.
 #pragma once
 
-#include "base/types.h"
+#include "util/bytes.h"
 
 #include <cstddef>
 #include <memory>
@@ -9,13 +9,7 @@
 
 namespace preview
 {
-template <std::size_t N> struct BigEndian {
-    BU_U8 au8[N];
-    constexpr void set(BU_U64 u64)
-    {
-        for (std::size_t i = 0; i < N; ++i) au8[i] = u64 >> 8 * (N - 1 - i) & 0xFF;
-    }
-};
+using util::BigEndian;
 
 struct tagHEADER_S {
     static constexpr BU_U8 KEY_FRAME = 0x01;
