@@ -1,8 +1,10 @@
+// The outputs as rows, and what the manager does with them: start, stop, switch, restart.
 #include "live_media/liveMedia.h"
 
 #include "live/fullNdi.h"
 #include "live/pipelineLive.h"
 #include "live_media/liveMediaRecord.h"
+#include "live_media/perChannel.h"
 #include "model/model.h"
 #include "util/log.h"
 
@@ -10,6 +12,60 @@ namespace
 {
 APP_LM_HANDLER &gs_LmHandler = *new APP_LM_HANDLER; // lives on for pipeline threads that outlast an exit
 std::mutex lockRecord;                              // guards gs_LmHandler
+
+struct Row {
+    CFG_LM_PROTO_E enProto; ///< NONE: no output of a channel
+    BU_S32 (*pfnInit)();
+    BU_S32 (*pfnDeInit)();
+    BU_BOOL &(*pfnEnabled)(CFG_LM_CHANNEL_S &);
+    BU_S32 (*pfnSetChn)(CFG_LM_CHN_E, const CFG_LM_CHANNEL_S &); ///< hands the output its settings of the channel
+};
+
+/// @tparam SET  takes the channel, the output's settings, and BU_TRUE when it can also do without applying them
+template <class Out, auto INIT, auto DEINIT, auto SET>
+constexpr Row row{Out::enProto, INIT, DEINIT,
+                  [](CFG_LM_CHANNEL_S &st) -> BU_BOOL & { return Out::recordOf(st).bEnabled; },
+                  [](CFG_LM_CHN_E enChn, const CFG_LM_CHANNEL_S &st) -> BU_S32 {
+                      if constexpr (requires { SET(enChn, &Out::recordOf(st), BU_TRUE); })
+                          return SET(enChn, &Out::recordOf(st), BU_TRUE);
+                      else
+                          return SET(enChn, &Out::recordOf(st));
+                  }};
+
+/// An output that is not built yet: its settings are kept, each attempt to start it says so.
+template <class Out> auto &notBuilt()
+{
+    static auto &channels = *new live_media::PerChannel<Out, live_media::Instance<void>>(
+        [](CFG_LM_CHN_E, const CFG_LM_CHANNEL_S &, live_media::Instance<void> &) -> BU_S32 {
+            LOG_WARN("%s is not part of this build\n", Out::NAME);
+            return -1;
+        },
+        [](CFG_LM_CHN_E, live_media::Instance<void> &) {});
+    return channels;
+}
+template <class Out>
+constexpr Row notBuiltRow = row<Out, [] { return notBuilt<Out>().init(); }, [] { return notBuilt<Out>().deInit(); },
+                                [](CFG_LM_CHN_E enChn, const typename Out::Record *pstCfg) {
+                                    return notBuilt<Out>().setChnCfg(enChn, pstCfg);
+                                }>;
+
+// In the order in which they start and stop.
+constexpr Row OUTPUTS[] = {
+    {CFG_LM_PROTO_E_NONE, APP_LM_WS_Init, APP_LM_WS_DeInit, nullptr, nullptr},
+    row<live_media::Rtsp, APP_LM_RTSP_Init, APP_LM_RTSP_DeInit, APP_LM_RTSP_SetChnCfg>,
+    notBuiltRow<live_media::Rtmp>,
+    notBuiltRow<live_media::Ndi>,
+    notBuiltRow<live_media::Srt>,
+    {CFG_LM_PROTO_E_NONE, APP_LM_DANTE_Init, APP_LM_DANTE_DeInit, nullptr, nullptr},
+};
+
+/// @return null: no output of a channel
+const Row *find(CFG_LM_PROTO_E enProto)
+{
+    const Row *pst =
+        enProto == CFG_LM_PROTO_E_NONE ? std::end(OUTPUTS) : std::ranges::find(OUTPUTS, enProto, &Row::enProto);
+    return pst == std::end(OUTPUTS) ? nullptr : pst;
+}
 
 void loadRecord()
 {
@@ -57,29 +113,23 @@ BU_S32 APP_LM_DeInit()
 BU_S32 APP_LM_InitFromBusiness()
 {
     loadRecord();
-    APP_LM_WS_Init();
-    APP_LM_RTSP_Init();
-    APP_LM_RTMP_Init();
-    APP_LM_NDI_Init();
-    APP_LM_SRT_Init();
-    APP_LM_DANTE_Init();
+    for (const Row &st : OUTPUTS) st.pfnInit();
     return 0;
 }
 
 BU_S32 APP_LM_DeinitBusiness()
 {
-    APP_LM_WS_DeInit();
-    APP_LM_RTSP_DeInit();
-    APP_LM_RTMP_DeInit();
-    APP_LM_NDI_DeInit();
-    APP_LM_SRT_DeInit();
-    APP_LM_DANTE_DeInit();
+    for (const Row &st : OUTPUTS) st.pfnDeInit();
     return 0;
 }
 
 BU_S32 APP_LM_GetProtocolEnable(CFG_LM_CHN_E enChn, CFG_LM_PROTO_E enProto)
 {
-    return live_media::isChannel(enChn) && live_media::isOn(live_media::channelOf(enChn), enProto);
+    if (!live_media::isChannel(enChn)) return 0;
+    CFG_LM_CHANNEL_S stChn = live_media::channelOf(enChn);
+    if (stChn.bProtoExclusive) return stChn.enProto == enProto;
+    const Row *pstRow = find(enProto);
+    return pstRow && pstRow->pfnEnabled(stChn);
 }
 
 BU_S32 APP_LM_SetProtocolEnable(CFG_LM_CHN_E enChn, CFG_LM_PROTO_E enProto, BU_BOOL bEnable)
@@ -87,22 +137,10 @@ BU_S32 APP_LM_SetProtocolEnable(CFG_LM_CHN_E enChn, CFG_LM_PROTO_E enProto, BU_B
     if (!live_media::isChannel(enChn)) return -1;
     CFG_LM_CHANNEL_S stChn = live_media::channelOf(enChn);
     LOG_INFO("apply proto %d enable=%d", enProto, bEnable);
-    switch (enProto) {
-    case CFG_LM_PROTO_E_RTSP:
-        stChn.rtsp.bEnabled = bEnable;
-        return APP_LM_RTSP_SetChnCfg(enChn, &stChn.rtsp, BU_TRUE);
-    case CFG_LM_PROTO_E_RTMP:
-        stChn.rtmp.bEnabled = bEnable;
-        return APP_LM_RTMP_SetChnCfg(enChn, &stChn.rtmp);
-    case CFG_LM_PROTO_E_NDI:
-        stChn.ndi.bEnabled = bEnable;
-        return APP_LM_NDI_SetChnCfg(enChn, &stChn.ndi, BU_TRUE);
-    case CFG_LM_PROTO_E_SRT:
-        stChn.srt.bEnabled = bEnable;
-        return APP_LM_SRT_SetChnCfg(enChn, &stChn.srt);
-    default:
-        return 0;
-    }
+    const Row *pstRow = find(enProto);
+    if (!pstRow) return 0;
+    pstRow->pfnEnabled(stChn) = bEnable;
+    return pstRow->pfnSetChn(enChn, stChn);
 }
 
 BU_S32 APP_LM_GetProtocol(CFG_LM_CHN_E enChn, CFG_LM_PROTO_E *penProto)

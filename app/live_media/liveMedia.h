@@ -66,17 +66,6 @@ BU_S32 APP_LM_RTSP_AddExtraAuth(const APP_LM_RTSP_EXTRA_AUTH &stAuth);
 /// Removes every credential of an owner. @return 0
 BU_S32 APP_LM_RTSP_RemoveExtraAuth(APP_LM_RTSP_EXTRA_AUTH_FROM_E enFrom);
 
-// RTMP, NDI, SRT: an instance per channel.
-BU_S32 APP_LM_RTMP_Init();
-BU_S32 APP_LM_RTMP_DeInit();
-BU_S32 APP_LM_RTMP_SetChnCfg(CFG_LM_CHN_E enChn, const CFG_LM_RTMP_S *pstCfg);
-BU_S32 APP_LM_NDI_Init();
-BU_S32 APP_LM_NDI_DeInit();
-BU_S32 APP_LM_NDI_SetChnCfg(CFG_LM_CHN_E enChn, const CFG_LM_NDI_S *pstCfg, BU_BOOL bCreate);
-BU_S32 APP_LM_SRT_Init();
-BU_S32 APP_LM_SRT_DeInit();
-BU_S32 APP_LM_SRT_SetChnCfg(CFG_LM_CHN_E enChn, const CFG_LM_SRT_S *pstCfg);
-
 // The browser preview. @return 0, or the preview service's result
 BU_S32 APP_LM_WS_Init();
 BU_S32 APP_LM_WS_DeInit();

@@ -39,28 +39,12 @@ inline CFG_LM_CHANNEL_S channelOf(CFG_LM_CHN_E enChn)
     return withRecord([enChn](const APP_LM_HANDLER &st) { return st.stChnCfg[enChn]; });
 }
 
-inline BU_BOOL isOn(const CFG_LM_CHANNEL_S &stChn, CFG_LM_PROTO_E enProto)
+/// Whether the two agree in these fields.
+template <auto... FIELDS, class Record> bool agree(const Record &a, const Record &b)
 {
-    if (stChn.bProtoExclusive) return stChn.enProto == enProto;
-    switch (enProto) {
-    case CFG_LM_PROTO_E_RTSP:
-        return stChn.rtsp.bEnabled != BU_FALSE;
-    case CFG_LM_PROTO_E_RTMP:
-        return stChn.rtmp.bEnabled != BU_FALSE;
-    case CFG_LM_PROTO_E_NDI:
-        return stChn.ndi.bEnabled != BU_FALSE;
-    case CFG_LM_PROTO_E_SRT:
-        return stChn.srt.bEnabled != BU_FALSE;
-    default:
-        return BU_FALSE;
-    }
+    return ((a.*FIELDS == b.*FIELDS) && ...);
 }
 } // namespace live_media
-
-inline BU_BOOL appLmRtsp_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::isOn(st, CFG_LM_PROTO_E_RTSP); }
-inline BU_BOOL appLmRtmp_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::isOn(st, CFG_LM_PROTO_E_RTMP); }
-inline BU_BOOL appLmNdi_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::isOn(st, CFG_LM_PROTO_E_NDI); }
-inline BU_BOOL appLmSrt_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::isOn(st, CFG_LM_PROTO_E_SRT); }
 
 // Which stream caches feed a channel; -1: none.
 struct APP_LM_RTSP_USAGE_S {
@@ -92,19 +76,79 @@ inline constexpr std::array<APP_LM_NDI_USAGE_S, LM_CHN_COUNT> DEF_NDI_USAGE = {{
 
 namespace live_media
 {
-/// @return null for a channel without a row, and for channel 0, whose number the unused rows carry
-template <class Table> constexpr auto findUsage(const Table &table, CFG_LM_CHN_E enChn)
-{
-    const auto row =
-        enChn == CFG_LM_CHN_E_NONE ? table.end() : std::ranges::find(table, enChn, &Table::value_type::enChn);
-    return row == table.end() ? nullptr : &*row;
-}
+template <class T> T recordType(T CFG_LM_CHANNEL_S::*);
+
+/// An output that a channel can have.
+/// @tparam RECORD    its settings within the channel's
+/// @tparam STORE     checks and stores them
+/// @tparam USAGE     the caches that feed its channels
+/// @tparam COMPARED  the settings whose change concerns it
+template <CFG_LM_PROTO_E PROTO, auto RECORD, auto STORE, const auto &USAGE, auto... COMPARED> struct Output {
+    using Record = decltype(recordType(RECORD));
+    static constexpr CFG_LM_PROTO_E enProto = PROTO;
+
+    template <class Channel> static auto &recordOf(Channel &stChn) { return stChn.*RECORD; }
+    static BU_BOOL isOn(const CFG_LM_CHANNEL_S &stChn)
+    {
+        return stChn.bProtoExclusive ? stChn.enProto == PROTO : recordOf(stChn).bEnabled != BU_FALSE;
+    }
+    /// @return null for a channel without a row, and for channel 0, whose number the unused rows carry
+    static constexpr auto usageOf(CFG_LM_CHN_E enChn)
+    {
+        const auto row = enChn == CFG_LM_CHN_E_NONE
+                             ? USAGE.end()
+                             : std::ranges::find_if(USAGE, [=](const auto &st) { return st.enChn == enChn; });
+        return row == USAGE.end() ? nullptr : &*row;
+    }
+
+    /// @return 0, or -1: no such channel, null pointer
+    static BU_S32 get(CFG_LM_CHN_E enChn, Record *pstCfg)
+    {
+        if (!pstCfg || !isChannel(enChn)) return -1;
+        *pstCfg = channelOf(enChn).*RECORD;
+        return 0;
+    }
+    /// Settings with a change that concerns the output reach the store, then the record.
+    /// @return 0; the store's result, and nothing changes; -1: no such channel, null pointer
+    static BU_S32 set(CFG_LM_CHN_E enChn, const Record *pstCfg, bool *pbChanged)
+    {
+        if (!pstCfg || !isChannel(enChn)) return -1;
+        *pbChanged = !agree<COMPARED...>(*pstCfg, channelOf(enChn).*RECORD);
+        if (!*pbChanged) return 0;
+        if (const BU_S32 s32Ret = STORE(enChn, pstCfg)) return s32Ret;
+        withRecord([&](APP_LM_HANDLER &st) { recordOf(st.stChnCfg[enChn]) = *pstCfg; });
+        return 0;
+    }
+};
+
+struct Rtsp : Output<CFG_LM_PROTO_E_RTSP, &CFG_LM_CHANNEL_S::rtsp, CFG_LM_SetRtspCfgOfChn, DEF_RTSP_USAGE,
+                     &CFG_LM_RTSP_S::bEnabled, &CFG_LM_RTSP_S::sSessionName> {
+};
+struct Rtmp : Output<CFG_LM_PROTO_E_RTMP, &CFG_LM_CHANNEL_S::rtmp, CFG_LM_SetRtmpCfgOfChn, DEF_RTMP_USAGE,
+                     &CFG_LM_RTMP_S::bEnabled, &CFG_LM_RTMP_S::sServer, &CFG_LM_RTMP_S::sStreamCode,
+                     &CFG_LM_RTMP_S::bAuthEnable, &CFG_LM_RTMP_S::sUsername, &CFG_LM_RTMP_S::sPassword> {
+    static constexpr const BU_CHAR *NAME = "RTMP output";
+};
+struct Ndi : Output<CFG_LM_PROTO_E_NDI, &CFG_LM_CHANNEL_S::ndi, CFG_LM_SetNdiCfgOfChn, DEF_NDI_USAGE,
+                    &CFG_LM_NDI_S::bEnabled, &CFG_LM_NDI_S::sStreamName> {
+    static constexpr const BU_CHAR *NAME = "NDI output";
+};
+struct Srt
+    : Output<CFG_LM_PROTO_E_SRT, &CFG_LM_CHANNEL_S::srt, CFG_LM_SetSrtCfgOfChn, DEF_SRT_USAGE, &CFG_LM_SRT_S::bEnabled,
+             &CFG_LM_SRT_S::bIsListener, &CFG_LM_SRT_S::sStreamId, &CFG_LM_SRT_S::sHostname, &CFG_LM_SRT_S::s32Port,
+             &CFG_LM_SRT_S::s32AesMode, &CFG_LM_SRT_S::sPassword, &CFG_LM_SRT_S::s32Latency> {
+    static constexpr const BU_CHAR *NAME = "SRT output";
+};
 } // namespace live_media
 
-constexpr auto appLmRtsp_GetUsage(CFG_LM_CHN_E enChn) { return live_media::findUsage(DEF_RTSP_USAGE, enChn); }
-constexpr auto appLmRtmp_GetUsage(CFG_LM_CHN_E enChn) { return live_media::findUsage(DEF_RTMP_USAGE, enChn); }
-constexpr auto appLmSrt_GetUsage(CFG_LM_CHN_E enChn) { return live_media::findUsage(DEF_SRT_USAGE, enChn); }
-constexpr auto appLmNdi_GetUsage(CFG_LM_CHN_E enChn) { return live_media::findUsage(DEF_NDI_USAGE, enChn); }
+inline BU_BOOL appLmRtsp_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Rtsp::isOn(st); }
+inline BU_BOOL appLmRtmp_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Rtmp::isOn(st); }
+inline BU_BOOL appLmNdi_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Ndi::isOn(st); }
+inline BU_BOOL appLmSrt_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Srt::isOn(st); }
+constexpr auto appLmRtsp_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Rtsp::usageOf(enChn); }
+constexpr auto appLmRtmp_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Rtmp::usageOf(enChn); }
+constexpr auto appLmSrt_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Srt::usageOf(enChn); }
+constexpr auto appLmNdi_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Ndi::usageOf(enChn); }
 
 static_assert(!appLmRtsp_GetUsage(CFG_LM_CHN_E_NONE) && !appLmRtsp_GetUsage(CFG_LM_CHN_E_CLOSEUP1_MAIN) &&
               !appLmRtsp_GetUsage(CFG_LM_CHN_E_FULL_NDI));

@@ -1,3 +1,4 @@
+// The RTSP output: when its one server exists, what it carries, and when it is rebuilt.
 #include "live/rtsp.h"
 
 #include "live_media/liveMedia.h"
@@ -11,24 +12,55 @@ namespace
 {
 struct APP_LM_RTSP_MGR_S {
     std::mutex lockHandler; // held while the server is built or torn down; guards the members without a note
-    std::atomic<BU_BOOL> bRunning{BU_FALSE}; // also read without the lock
-    std::atomic<bool> bNeedRestart{false};   // a setting changed since the server was built; set without the lock
-    BU_S32 s32ChnRefCnt = 0;                 // channels with RTSP on, at the last build
+    std::atomic<BU_BOOL> bRunning{BU_FALSE};  // also read without the lock
+    std::atomic<bool> bNeedRestart{false};    // a setting changed since the server was built; set without the lock
+    std::atomic<bool> bEncoderChanged{false}; // and the sessions were not told yet; set without the lock
+    BU_S32 s32ChnRefCnt = 0;                  // channels with RTSP on, at the last build
     std::list<APP_LM_RTSP_EXTRA_AUTH> listExtraAuth;
     RTSP_MEDIA_SESSION_T *pstChnSession[LM_CHN_COUNT]{}; // by channel; null: none
 };
 APP_LM_RTSP_MGR_S &gs_AppRtspMgr = *new APP_LM_RTSP_MGR_S; // lives on for pipeline threads that outlast an exit
 std::mutex lockRebuild; // one rebuild at a time, from its tear-down to the end of its build
 
+void tellSessions();
+
+/// The lock of the server. A notice of an encoder that met it is carried out when it is free again.
+class Guard
+{
+public:
+    Guard() { gs_AppRtspMgr.lockHandler.lock(); }
+    ~Guard()
+    {
+        gs_AppRtspMgr.lockHandler.unlock();
+        tellSessions();
+    }
+    Guard(const Guard &) = delete;
+    Guard &operator=(const Guard &) = delete;
+};
+
 template <class Fn> void forEachEnabled(const APP_LM_HANDLER &stLm, Fn fn)
 {
     for (BU_S32 i = 0; i < LM_CHN_COUNT; ++i)
-        if (appLmRtsp_IsEnabled(stLm.stChnCfg[i])) fn(static_cast<CFG_LM_CHN_E>(i));
+        if (live_media::Rtsp::isOn(stLm.stChnCfg[i])) fn(static_cast<CFG_LM_CHN_E>(i));
 }
 
 APP_LM_HANDLER copyOfRecord()
 {
     return live_media::withRecord([](const APP_LM_HANDLER &st) { return st; });
+}
+
+/// Adapts the sessions to changed encoders; left to whoever holds the lock, so that the pipeline never waits for it.
+void tellSessions()
+{
+    while (gs_AppRtspMgr.bEncoderChanged) {
+        const std::unique_lock guard(gs_AppRtspMgr.lockHandler, std::try_to_lock);
+        if (!guard) return;
+        if (!gs_AppRtspMgr.bEncoderChanged.exchange(false)) continue;
+        forEachEnabled(copyOfRecord(), [](CFG_LM_CHN_E enChn) {
+            RTSP_checkAllMediaSubsessionCorrect(&gs_AppRtspMgr.pstChnSession[enChn]);
+            RTSP_updateSubsessionBitRateAndFrameRate(gs_AppRtspMgr.pstChnSession[enChn]);
+        });
+    }
 }
 
 void prepareServer(const CFG_LM_RTSP_GENERAL_S &stCfg)
@@ -62,7 +94,7 @@ BU_S32 addSubsession(RTSP_MEDIA_SESSION_T *pstSession, const CFG_LM_RTSP_S &stCf
 bool isSessionStale(CFG_LM_CHN_E enChn)
 {
     const bool bWanted = appLmRtsp_GetUsage(enChn) && appLmRtsp_IsEnabled(live_media::channelOf(enChn));
-    const std::lock_guard guard(gs_AppRtspMgr.lockHandler);
+    const Guard guard;
     return bWanted != (gs_AppRtspMgr.pstChnSession[enChn] != nullptr);
 }
 
@@ -79,7 +111,7 @@ BU_S32 APP_LM_RTSP_DeInit() { return APP_LM_RTSP_DestroyService(); }
 BU_S32 APP_LM_RTSP_CreateService()
 {
     const APP_LM_HANDLER stLm = copyOfRecord();
-    const std::lock_guard guard(gs_AppRtspMgr.lockHandler);
+    const Guard guard;
     gs_AppRtspMgr.s32ChnRefCnt = 0;
     forEachEnabled(stLm, [](CFG_LM_CHN_E) { ++gs_AppRtspMgr.s32ChnRefCnt; });
     if (gs_AppRtspMgr.s32ChnRefCnt == 0) {
@@ -97,7 +129,7 @@ BU_S32 APP_LM_RTSP_CreateService()
 
 BU_S32 APP_LM_RTSP_DestroyService()
 {
-    const std::lock_guard guard(gs_AppRtspMgr.lockHandler);
+    const Guard guard;
     RTSP_ServicePause();
     RTSP_ServiceStop();
     std::ranges::fill(gs_AppRtspMgr.pstChnSession, nullptr);
@@ -143,14 +175,8 @@ BU_S32 APP_LM_RTSP_CreateMediaSession(CFG_LM_CHN_E enChn, const CFG_LM_RTSP_S *p
 BU_S32 APP_LM_RTSP_ValidateStreamEncoder()
 {
     UTIL_TRACE_Print("APP_LM_RTSP_ValidateStreamEncoder");
-    const APP_LM_HANDLER stLm = copyOfRecord();
-    // A rebuild takes the new format by itself; waiting for it would hold up the pipeline.
-    const std::unique_lock guard(gs_AppRtspMgr.lockHandler, std::try_to_lock);
-    if (!guard) return 0;
-    forEachEnabled(stLm, [](CFG_LM_CHN_E enChn) {
-        RTSP_checkAllMediaSubsessionCorrect(&gs_AppRtspMgr.pstChnSession[enChn]);
-        RTSP_updateSubsessionBitRateAndFrameRate(gs_AppRtspMgr.pstChnSession[enChn]);
-    });
+    gs_AppRtspMgr.bEncoderChanged = true;
+    tellSessions();
     return 0;
 }
 
@@ -161,24 +187,13 @@ BU_S32 APP_LM_RTSP_GetGeneralCfg(CFG_LM_RTSP_GENERAL_S *pstCfg)
     return 0;
 }
 
-BU_S32 APP_LM_RTSP_GetChnCfg(CFG_LM_CHN_E enChn, CFG_LM_RTSP_S *pstCfg)
-{
-    if (!pstCfg || !live_media::isChannel(enChn)) return -1;
-    *pstCfg = live_media::channelOf(enChn).rtsp;
-    return 0;
-}
+BU_S32 APP_LM_RTSP_GetChnCfg(CFG_LM_CHN_E enChn, CFG_LM_RTSP_S *pstCfg) { return live_media::Rtsp::get(enChn, pstCfg); }
 
 BU_S32 APP_LM_RTSP_SetChnCfg(CFG_LM_CHN_E enChn, const CFG_LM_RTSP_S *pstCfg, BU_BOOL bApply)
 {
-    if (!pstCfg || !live_media::isChannel(enChn)) return -1;
-    const CFG_LM_RTSP_S stOld = live_media::channelOf(enChn).rtsp;
-    if (pstCfg->bEnabled != stOld.bEnabled || pstCfg->sSessionName != stOld.sSessionName) {
-        if (const BU_S32 s32Ret = CFG_LM_SetRtspCfgOfChn(enChn, pstCfg)) return s32Ret;
-        live_media::withRecord([&](APP_LM_HANDLER &st) { st.stChnCfg[enChn].rtsp = *pstCfg; });
-    } else if (!isSessionStale(enChn)) {
-        return 0;
-    }
-    markChanged(bApply);
+    bool bChanged = false;
+    if (const BU_S32 s32Ret = live_media::Rtsp::set(enChn, pstCfg, &bChanged)) return s32Ret;
+    if (bChanged || isSessionStale(enChn)) markChanged(bApply);
     return 0;
 }
 
@@ -187,9 +202,9 @@ BU_S32 APP_LM_RTSP_SetGeneralCfg(const CFG_LM_RTSP_GENERAL_S *pstCfg, BU_BOOL bA
     if (!pstCfg) return -1;
     CFG_LM_RTSP_GENERAL_S stOld;
     APP_LM_RTSP_GetGeneralCfg(&stOld);
-    if (pstCfg->s32Port == stOld.s32Port && pstCfg->s32HttpPort == stOld.s32HttpPort &&
-        pstCfg->bAuthEnable == stOld.bAuthEnable && pstCfg->sUsername == stOld.sUsername &&
-        pstCfg->sPassword == stOld.sPassword)
+    using General = CFG_LM_RTSP_GENERAL_S;
+    if (live_media::agree<&General::s32Port, &General::s32HttpPort, &General::bAuthEnable, &General::sUsername,
+                          &General::sPassword>(*pstCfg, stOld))
         return 0;
     LOG_INFO("update rtsp general");
     if (const BU_S32 s32Ret = CFG_LM_SaveRtspGeneralCfg(pstCfg)) {
@@ -206,7 +221,7 @@ BU_S32 APP_LM_RTSP_AddExtraAuth(const APP_LM_RTSP_EXTRA_AUTH &stAuth)
     const auto isSame = [&](const APP_LM_RTSP_EXTRA_AUTH &st) {
         return st.enFrom == stAuth.enFrom && st.sUserName == stAuth.sUserName;
     };
-    const std::lock_guard guard(gs_AppRtspMgr.lockHandler);
+    const Guard guard;
     auto &list = gs_AppRtspMgr.listExtraAuth;
     if (const auto known = std::ranges::find_if(list, isSame); known != list.end())
         *known = stAuth;
@@ -218,7 +233,7 @@ BU_S32 APP_LM_RTSP_AddExtraAuth(const APP_LM_RTSP_EXTRA_AUTH &stAuth)
 
 BU_S32 APP_LM_RTSP_RemoveExtraAuth(APP_LM_RTSP_EXTRA_AUTH_FROM_E enFrom)
 {
-    const std::lock_guard guard(gs_AppRtspMgr.lockHandler);
+    const Guard guard;
     const auto removed = gs_AppRtspMgr.listExtraAuth.remove_if([=](const auto &st) { return st.enFrom == enFrom; });
     if (removed > 0) gs_AppRtspMgr.bNeedRestart = true;
     return 0;

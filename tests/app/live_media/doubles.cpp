@@ -1,14 +1,7 @@
 #include "doubles.h"
 
-#include "board/device.h"
-#include "live/fullNdi.h"
-#include "live/pipelineLive.h"
 #include "live/rtsp.h"
 #include "live/websocket.h"
-#include "live_media/liveMedia.h"
-#include "util/journal.h"
-
-#include <cstring>
 
 struct STREAM_CACHE_S {
     BU_S32 s32Id;
@@ -22,42 +15,29 @@ struct RTSP_MEDIA_SESSION_T {
 
 namespace
 {
-struct tagSTATE_S {
-    tagLIBRARIES_S stPublic;
-    std::vector<std::unique_ptr<STREAM_CACHE_S>> caches;
+struct State {
+    Libraries stPublic;
+    std::map<BU_S32, STREAM_CACHE_S> caches;
     std::vector<std::unique_ptr<RTSP_MEDIA_SUBSESSION_T>> subsessions;
     std::vector<std::unique_ptr<RTSP_MEDIA_SESSION_T>> sessions; ///< made and neither destroyed nor stopped
     std::vector<RTSP_MEDIA_SESSION_T *> added;
 };
-std::unique_ptr<tagSTATE_S> g_pstState = std::make_unique<tagSTATE_S>();
+std::unique_ptr<State> g_pstState = std::make_unique<State>();
 
 /// Notes a call under the caller's name and answers it.
 template <class... A> BU_S32 note(const BU_CHAR *pcFunction, const A &...args)
 {
     return journal::call(pcFunction, args...).value_or(0);
 }
-const BU_CHAR *nameOf(const RTSP_MEDIA_SESSION_T *pstSession)
-{
-    return pstSession ? pstSession->strName.c_str() : nullptr;
-}
+const BU_CHAR *nameOf(const RTSP_MEDIA_SESSION_T *pst) { return pst ? pst->strName.c_str() : nullptr; }
 } // namespace
 
-tagLIBRARIES_S &libraries() { return g_pstState->stPublic; }
-void forgetLibraries() { g_pstState = std::make_unique<tagSTATE_S>(); }
-
-BU_S32 BSP_DEVATTR_GetDeviceModelInner(BU_CHAR *pcModel)
-{
-    std::strncpy(pcModel, libraries().strModel.c_str(), 32);
-    return 0;
-}
-
-BU_S32 MPP_LM_LoadAllLiveMediaService() { return note(__func__); }
-BU_S32 MPP_LM_StopAllLiveMediaService() { return note(__func__); }
+Libraries &libraries() { return g_pstState->stPublic; }
+void forgetLibraries() { g_pstState = std::make_unique<State>(); }
 
 STREAM_CACHE_S *STREAM_getStreamCacheById(BU_S32 s32Id)
 {
-    if (!libraries().caches.contains(s32Id)) return nullptr;
-    return g_pstState->caches.emplace_back(std::make_unique<STREAM_CACHE_S>(STREAM_CACHE_S{s32Id})).get();
+    return libraries().caches.contains(s32Id) ? &(g_pstState->caches[s32Id] = {s32Id}) : nullptr;
 }
 BU_S32 STREAM_getStreamCacheBitRate(STREAM_CACHE_S *pstCache) { return 1000 * pstCache->s32Id; }
 BU_S32 STREAM_registerCacheMetadataHandler(STREAM_CACHE_S *pstCache, const BU_CHAR *pcName, FN_STREAM_METADATA fn)
@@ -66,19 +46,20 @@ BU_S32 STREAM_registerCacheMetadataHandler(STREAM_CACHE_S *pstCache, const BU_CH
     return note(__func__, pstCache->s32Id, pcName);
 }
 
+// clang-format off
 BU_S32 RTSP_ServiceInit(BU_S32 s32Port) { return note(__func__, s32Port); }
 BU_S32 RTSP_SetRtspOverHttpPort(BU_S32 s32Port) { return note(__func__, s32Port); }
-BU_S32 RTSP_SetAuthentication(const BU_CHAR *pcUser, const BU_CHAR *pcPassword)
-{
-    return note(__func__, pcUser, pcPassword);
-}
+BU_S32 RTSP_SetAuthentication(const BU_CHAR *pcUser, const BU_CHAR *pcPw) { return note(__func__, pcUser, pcPw); }
+BU_S32 RTSP_ServicePause() { return note(__func__); }
+BU_S32 RTSP_checkAllMediaSubsessionCorrect(RTSP_MEDIA_SESSION_T **ppst) { return note(__func__, nameOf(*ppst)); }
+BU_S32 RTSP_updateSubsessionBitRateAndFrameRate(RTSP_MEDIA_SESSION_T *pst) { return note(__func__, nameOf(pst)); }
+// clang-format on
 BU_S32 RTSP_ServiceStart()
 {
     if (libraries().fnOnRtspStart) libraries().fnOnRtspStart();
     for (const auto *pstSession : g_pstState->added) libraries().served[pstSession->strName] = pstSession->strStreams;
     return note(__func__);
 }
-BU_S32 RTSP_ServicePause() { return note(__func__); }
 BU_S32 RTSP_ServiceStop()
 {
     libraries().served.clear();
@@ -111,16 +92,8 @@ BU_S32 RTSP_addMediaSession(RTSP_MEDIA_SESSION_T *pstSession)
 BU_S32 RTSP_destroyMediaSession(RTSP_MEDIA_SESSION_T **ppstSession)
 {
     note(__func__, nameOf(*ppstSession));
-    return static_cast<BU_S32>(
-        std::erase_if(g_pstState->sessions, [=](const auto &pst) { return pst.get() == *ppstSession; }));
-}
-BU_S32 RTSP_checkAllMediaSubsessionCorrect(RTSP_MEDIA_SESSION_T **ppstSession)
-{
-    return note(__func__, nameOf(*ppstSession));
-}
-BU_S32 RTSP_updateSubsessionBitRateAndFrameRate(RTSP_MEDIA_SESSION_T *pstSession)
-{
-    return note(__func__, nameOf(pstSession));
+    std::erase_if(g_pstState->sessions, [=](const auto &pst) { return pst.get() == *ppstSession; });
+    return 0;
 }
 
 BU_S32 WEBSOCKET_isServiceRunning() { return libraries().s32PreviewRunning; }
@@ -142,24 +115,3 @@ BU_S32 WEBSOCKET_StopService()
     libraries().s32PreviewRunning = 0;
     return note(__func__);
 }
-
-// The siblings of the RTSP module.
-BU_S32 APP_LM_RTMP_Init() { return note(__func__); }
-BU_S32 APP_LM_RTMP_DeInit() { return note(__func__); }
-BU_S32 APP_LM_RTMP_SetChnCfg(CFG_LM_CHN_E enChn, const CFG_LM_RTMP_S *pst)
-{
-    return note(__func__, enChn, pst->bEnabled);
-}
-BU_S32 APP_LM_NDI_Init() { return note(__func__); }
-BU_S32 APP_LM_NDI_DeInit() { return note(__func__); }
-BU_S32 APP_LM_NDI_SetChnCfg(CFG_LM_CHN_E enChn, const CFG_LM_NDI_S *pst, BU_BOOL bCreate)
-{
-    return note(__func__, enChn, pst->bEnabled, bCreate);
-}
-BU_S32 APP_LM_SRT_Init() { return note(__func__); }
-BU_S32 APP_LM_SRT_DeInit() { return note(__func__); }
-BU_S32 APP_LM_SRT_SetChnCfg(CFG_LM_CHN_E enChn, const CFG_LM_SRT_S *pst)
-{
-    return note(__func__, enChn, pst->bEnabled);
-}
-BU_S32 BSP_FULL_NDI_SetNDIEncode(BU_BOOL bEnable) { return note(__func__, bEnable); }
