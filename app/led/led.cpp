@@ -141,6 +141,7 @@ BU_S32 TKV_MX_PowerOnAction(LED_EVENT_FROM_E enFrom)
 BU_S32 LED_InitDev()
 {
     bAppOver = false;
+    bFirst = true;
     gs_Tally = BSP_LED_Init("/dev/tally_led");
     gs_Power = BSP_LED_Init("/dev/power_led");
 

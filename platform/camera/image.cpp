@@ -221,7 +221,11 @@ BU_S32 ISP_API_GetVersion(BU_S32 s32Pipe, BU_CHAR *pcText)
 BU_S32 ISP_API_GetCurDevImageId() { return g_s32CurImage; }
 BU_S32 ISP_API_GetCurDevExposureId() { return g_s32CurExposure; }
 BU_S32 ISP_API_GetCurDevWhiteBalanceId() { return g_s32CurWhiteBalance; }
-BU_S32 ISP_API_GetCurDevId() { return 0; } // one lens and one head have motors
+BU_S32 ISP_API_GetCurDevId()
+{
+    if (const auto injected = journal::ask(__func__)) return *injected;
+    return 0; // one lens and one head have motors
+}
 
 const BU_CHAR *ISP_API_GetCurDevImageName() { return settings::sectionName(Section::Image, g_s32CurImage); }
 const BU_CHAR *ISP_API_GetCurDevExposureName() { return settings::sectionName(Section::Exposure, g_s32CurExposure); }

@@ -1,98 +1,97 @@
+// The lamp manager: which source wins, how a state ends, what the settings show, what a lamp's line says.
 #include "board/lamp.h"
 
 #include "camera/settingEvent.h"
 #include "camera/systemService.h"
+#include "support/await.h"
 #include "support/platformTest.h"
 
-#include <condition_variable>
+#include <atomic>
 #include <fstream>
-#include <memory>
 #include <mutex>
-
-using testing::ElementsAre;
 
 namespace
 {
 constexpr const BU_CHAR *NAME = "TallyLed";
+constexpr BU_U32 ALL_ON = 0xFF000000;
 
-constexpr LED_TALLY_STATE_S hold(BU_U32 u32Color)
+constexpr LED_TALLY_STATE_S state(LED_WORK_MODE_E enMode, BU_U32 u32Color = 0, BU_S32 s32Flick = LED_CLOSE)
 {
-    return {LED_WORK_MODE_E_HOLD, u32Color, LED_BRIGHTNESS_80, LED_CLOSE, 0};
+    return {enMode, u32Color, LED_BRIGHTNESS_80, s32Flick, 5000};
 }
-constexpr LED_TALLY_STATE_S OFF{LED_WORK_MODE_E_OFF, 0, LED_BRIGHTNESS_80, LED_CLOSE, 0};
+constexpr LED_TALLY_STATE_S hold(BU_U32 u32Color) { return state(LED_WORK_MODE_E_HOLD, u32Color); }
+constexpr LED_TALLY_STATE_S OFF = state(LED_WORK_MODE_E_OFF);
 
-/// The callbacks of the manager under test, which carry no data of their own.
-struct tagCALLS_S {
-    std::mutex lock; // guards all members
-    std::condition_variable changed;
-    std::vector<LED_EVENT_FROM_E> listEvents;
-    bool bSelfTest = false, bHoldSelfTest = false;
-
-    void waitForEvents(std::size_t count)
-    {
-        std::unique_lock guard(lock);
-        ASSERT_TRUE(changed.wait_for(guard, std::chrono::seconds(5), [&] { return listEvents.size() >= count; }));
-    }
-};
-std::shared_ptr<tagCALLS_S> g_calls; // a callback keeps its own copy until it is through
-} // namespace
+// What the callbacks of the manager under test have seen; they carry no data of their own.
+std::mutex g_lock; // guards the list
+std::vector<BU_S32> g_listEvents;
+std::atomic<bool> g_bSelfTest, g_bHoldSelfTest;
+std::vector<BU_S32> events()
+{
+    const std::lock_guard guard(g_lock);
+    return g_listEvents;
+}
+BU_S32 onEvent(LED_EVENT_FROM_E en)
+{
+    const std::lock_guard guard(g_lock);
+    g_listEvents.push_back(en);
+    return 0;
+}
+BU_S32 onSelfTest(LED_EVENT_FROM_E en)
+{
+    EXPECT_EQ(en, LED_EVENT_FROM_E_ERR);
+    g_bSelfTest = true;
+    await([] { return !g_bHoldSelfTest; });
+    return 0;
+}
 
 class Lamp : public PlatformTest
 {
 protected:
-    void start(bool bHoldSelfTest = false)
+    ~Lamp() override { end(); }
+
+    void start(LED_WHITE_MODE_E enWhiteMode = LED_WHITE_MODE_E_RGB, bool bHoldSelfTest = false)
     {
-        m_stCalls.bHoldSelfTest = bHoldSelfTest;
+        end();
+        g_listEvents.clear();
+        g_bSelfTest = false;
+        g_bHoldSelfTest = bHoldSelfTest;
         m_pvLamp = BSP_LED_Init("/dev/tally_led");
-        LED_TALLY_INIT_ATTR_S stAttr{
-            {m_pvLamp, nullptr}, {16, 4, 1, 3, 2, 16, 5, 6}, nullptr, nullptr, LED_WHITE_MODE_E_RGB};
-        stAttr.fnEventCallback = [](LED_EVENT_FROM_E en) {
-            const auto calls = g_calls;
-            const std::lock_guard guard(calls->lock);
-            calls->listEvents.push_back(en);
-            calls->changed.notify_all();
-            return BU_S32{0};
-        };
-        stAttr.fnSelfTestCallback = [](LED_EVENT_FROM_E en) {
-            const auto calls = g_calls;
-            std::unique_lock guard(calls->lock);
-            EXPECT_EQ(en, LED_EVENT_FROM_E_ERR);
-            calls->bSelfTest = true;
-            calls->changed.notify_all();
-            calls->changed.wait(guard, [&] { return !calls->bHoldSelfTest; });
-            return BU_S32{0};
-        };
+        const LED_TALLY_INIT_ATTR_S stAttr{
+            {m_pvLamp, nullptr}, {16, 4, 1, 3, 2, 16, 5, 6}, onEvent, onSelfTest, enWhiteMode};
         ASSERT_EQ(LED_API_InitMgr(NAME, &stAttr), 0);
         EXPECT_EQ(LED_API_InitMgr(NAME, &stAttr), -1);
     }
-    void TearDown() override
+    void end()
     {
         if (!m_pvLamp) return;
-        releaseSelfTest();
+        g_bHoldSelfTest = false;
+        const std::size_t before = events().size();
         LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_CFG); // its thread is through with what came before
-        m_stCalls.waitForEvents(m_nEvents + 1);
+        await([=] { return events().size() > before; });
         LED_API_DestroyMgr(NAME);
         EXPECT_EQ(shown(), "off");
         BSP_LED_Destroy(m_pvLamp);
+        m_pvLamp = nullptr;
     }
-    void releaseSelfTest()
-    {
-        const std::lock_guard guard(m_stCalls.lock);
-        m_stCalls.bHoldSelfTest = false;
-        m_stCalls.changed.notify_all();
-    }
-    std::string shown()
+    std::string shown() const
     {
         std::ifstream in(root() + "/dev/tally_led");
         std::string strLine, strMore;
         std::getline(in, strLine);
         return std::getline(in, strMore) ? "more than a line" : strLine;
     }
-    tagCALLS_S &m_stCalls = *(g_calls = std::make_shared<tagCALLS_S>());
-    std::size_t m_nEvents = 0; ///< updates that the test has asked for
+    std::string shownFor(const LED_TALLY_STATE_S &stState, LED_EVENT_FROM_E enFrom = LED_EVENT_FROM_E_VISCA) const
+    {
+        EXPECT_EQ(LED_API_SetLedStateInfoFrom(NAME, enFrom, stState), 0);
+        return shown();
+    }
+
+private:
     BSP_LED_HANDLE m_pvLamp = nullptr;
 };
 
+// clang-format off
 TEST_F(Lamp, ShowsTheHighestSourceThatAsks)
 {
     start();
@@ -100,59 +99,80 @@ TEST_F(Lamp, ShowsTheHighestSourceThatAsks)
         LED_EVENT_FROM_E enFrom;
         LED_TALLY_STATE_S stState;
         const BU_CHAR *pcShown;
-    } astSteps[] = {
+    } steps[] = {
         {LED_EVENT_FROM_E_VISCA, hold(0x00FF00), "hold #00FF00 80%"},
-        {LED_EVENT_FROM_E_CFG, hold(0xFF000000), "hold #00FF00 80%"}, // the base level is below all others
-        {LED_EVENT_FROM_E_NDI, hold(0xFF0000), "hold #FF0000 80%"},
-        {LED_EVENT_FROM_E_ALG, hold(0x0000FF), "hold #FF0000 80%"},
-        {LED_EVENT_FROM_E_ERR,
-         {LED_WORK_MODE_E_FLICK, 0xFF000000, LED_BRIGHTNESS_80, LED_MODE_FLICKER_2HZ, 0},
-         "flick #FFFFFF 80% 2Hz"},
-        {LED_EVENT_FROM_E_SLEEP, hold(0xFFFF00), "flick #FFFFFF 80% 2Hz"},
-        {LED_EVENT_FROM_E_ERR, OFF, "hold #FFFF00 80%"},
-        {LED_EVENT_FROM_E_SLEEP, OFF, "hold #FF0000 80%"},
-        {LED_EVENT_FROM_E_NDI, OFF, "hold #0000FF 80%"},
-        {LED_EVENT_FROM_E_ALG, OFF, "hold #00FF00 80%"},
-        {LED_EVENT_FROM_E_VISCA, OFF, "hold #FFFFFF 80%"},
-        {LED_EVENT_FROM_E_IR, {LED_WORK_MODE_E_RGB_CIRCLE, 0, LED_BRIGHTNESS_100, 0, 0}, "circle 100%"},
-        {LED_EVENT_FROM_E_IR, OFF, "hold #FFFFFF 80%"},
-        {LED_EVENT_FROM_E_CFG, OFF, "off"},
+        {LED_EVENT_FROM_E_CFG,   hold(ALL_ON),   "hold #00FF00 80%"}, // the base level is below all others
+        {LED_EVENT_FROM_E_NDI,   hold(0xFF0000), "hold #FF0000 80%"},
+        {LED_EVENT_FROM_E_ALG,   hold(0x0000FF), "hold #FF0000 80%"},
+        {LED_EVENT_FROM_E_NDI,   OFF,            "hold #0000FF 80%"},
+        {LED_EVENT_FROM_E_ALG,   OFF,            "hold #00FF00 80%"},
+        {LED_EVENT_FROM_E_VISCA, OFF,            "hold #FFFFFF 80%"},
+        {LED_EVENT_FROM_E_IR,    hold(0x123456), "hold #123456 80%"}, // of two equal ones the later in the enumeration
+        {LED_EVENT_FROM_E_IR,    OFF,            "hold #FFFFFF 80%"},
+        {LED_EVENT_FROM_E_CFG,   OFF,            "off"},
     };
-    for (const auto &st : astSteps) {
-        EXPECT_EQ(LED_API_SetLedStateInfoFrom(NAME, st.enFrom, st.stState), 0);
-        EXPECT_EQ(shown(), st.pcShown) << "source " << st.enFrom;
-    }
+    for (const auto &st : steps) EXPECT_EQ(shownFor(st.stState, st.enFrom), st.pcShown) << "source " << st.enFrom;
     EXPECT_EQ(LED_API_SetLedStateInfoFrom(NAME, static_cast<LED_EVENT_FROM_E>(8), OFF), -1);
     EXPECT_EQ(LED_API_SetLedStateInfoFrom("OtherLed", LED_EVENT_FROM_E_CFG, OFF), -1);
 }
 
+TEST_F(Lamp, ALineTellsModeColourBrightnessAndRate)
+{
+    const struct {
+        LED_TALLY_STATE_S stState;
+        const BU_CHAR *pcShown;
+    } rows[] = {
+        {state(LED_WORK_MODE_E_RGB_CIRCLE),                                    "circle 80%"},
+        {{LED_WORK_MODE_E_HOLD, 0x010203, LED_BRIGHTNESS_100, LED_CLOSE, 0},   "hold #010203 100%"},
+        {state(LED_WORK_MODE_E_FLICK, ALL_ON, LED_MODE_FLICKER_50HZ),          "flick white 80% 50Hz"},
+        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_10HZ),        "flick #FF0000 80% 10Hz"},
+        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_5HZ),         "flick #FF0000 80% 5Hz"},
+        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_3HZ),         "flick #FF0000 80% 3Hz"},
+        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_2HZ),         "flick #FF0000 80% 2Hz"},
+        {state(LED_WORK_MODE_E_FLICK_DURATION, 0xFF0000, LED_MODE_FLICKER_1HZ), "flick #FF0000 80% 1Hz"},
+        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_HALFHZ),      "flick #FF0000 80% 0.5Hz"},
+        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, 99),                           "flick #FF0000 80% 1Hz"},
+    };
+    start(LED_WHITE_MODE_E_SINGLE);
+    for (const auto &row : rows) EXPECT_EQ(shownFor(row.stState), row.pcShown);
+    start(LED_WHITE_MODE_E_RGB);
+    EXPECT_EQ(shownFor(hold(ALL_ON)), "hold #FFFFFF 80%");
+}
+// clang-format on
+
 TEST_F(Lamp, AStateWithADurationEndsAndALaterOneIsNotCutShort)
 {
     start();
-    LED_API_SetLedStateInfoFrom(NAME, LED_EVENT_FROM_E_VISCA, hold(0x00FF00));
-    const LED_TALLY_STATE_S stFailed{LED_WORK_MODE_E_FLICK_DURATION, 0xFF0000, LED_BRIGHTNESS_80, LED_MODE_FLICKER_2HZ,
-                                     5000};
-    LED_API_SetLedStateInfoFrom(NAME, LED_EVENT_FROM_E_UPGRADE, stFailed);
-    clock().advance(4999);
-    EXPECT_EQ(shown(), "flick #FF0000 80% 2Hz");
-    LED_API_SetLedStateInfoFrom(NAME, LED_EVENT_FROM_E_UPGRADE, stFailed); // failed again
-    clock().advance(4999);
-    EXPECT_EQ(shown(), "flick #FF0000 80% 2Hz");
-    clock().advance(1);
-    EXPECT_EQ(shown(), "hold #00FF00 80%");
-    LED_API_SetLedStateInfoFrom(NAME, LED_EVENT_FROM_E_UPGRADE, stFailed);
-    LED_API_SetLedStateInfoFrom(NAME, LED_EVENT_FROM_E_UPGRADE, hold(0x0000FF));
-    clock().advance(6000);
-    EXPECT_EQ(shown(), "hold #0000FF 80%");
+    shownFor(hold(0x00FF00));
+    for (const LED_WORK_MODE_E enMode : {LED_WORK_MODE_E_FLICK_DURATION, LED_WORK_MODE_E_HOLD_DURATION}) {
+        const LED_TALLY_STATE_S stFailed = state(enMode, 0xFF0000, LED_MODE_FLICKER_2HZ);
+        const std::string strFailed = shownFor(stFailed, LED_EVENT_FROM_E_UPGRADE);
+        EXPECT_THAT(strFailed, testing::HasSubstr("#FF0000 80%"));
+        clock().advance(4999);
+        EXPECT_EQ(shown(), strFailed);
+        shownFor(stFailed, LED_EVENT_FROM_E_UPGRADE); // failed again
+        clock().advance(4999);
+        EXPECT_EQ(shown(), strFailed);
+        clock().advance(1);
+        EXPECT_EQ(shown(), "hold #00FF00 80%");
+        shownFor(stFailed, LED_EVENT_FROM_E_UPGRADE);
+        shownFor(hold(0x0000FF), LED_EVENT_FROM_E_UPGRADE);
+        clock().advance(6000);
+        EXPECT_EQ(shown(), "hold #0000FF 80%");
+    }
 }
 
-TEST_F(Lamp, RestStateComesFromTheSettings)
+TEST_F(Lamp, RestStateComesFromTheSettingsWithOrWithoutAManager)
 {
+    EXPECT_EQ(LED_API_SetTallyMode(NAME, LED_TALLY_MODE_E_COLOR_R, BU_TRUE, BU_TRUE), 0);
+    EXPECT_EQ(LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_CFG), -1);
+    EXPECT_EQ(LED_API_ApplyLedStateInfo(NAME), -1);
     start();
+    EXPECT_EQ(shown(), "hold #FF0000 80%");
     const struct {
         BU_S32 s32Mode, s32Result;
         const BU_CHAR *pcShown;
-    } astCases[] = {
+    } rows[] = {
         {LED_TALLY_MODE_E_COLOR_W, 0, "hold #FFFFFF 80%"},
         {LED_TALLY_MODE_E_COLOR_R, 0, "hold #FF0000 80%"},
         {LED_TALLY_MODE_E_COLOR_G, 0, "hold #00FF00 80%"},
@@ -165,9 +185,9 @@ TEST_F(Lamp, RestStateComesFromTheSettings)
     };
     EXPECT_EQ(LED_API_SetTallyCustomColor(NAME, 0x123456, BU_TRUE, BU_FALSE), 0);
     EXPECT_EQ(LED_API_SetTallyCustomColor(NAME, 0x1000000, BU_TRUE, BU_FALSE), -1);
-    for (const auto &st : astCases) {
-        EXPECT_EQ(LED_API_SetTallyMode(NAME, st.s32Mode, BU_TRUE, BU_FALSE), st.s32Result);
-        EXPECT_EQ(shown(), st.pcShown);
+    for (const auto &row : rows) {
+        EXPECT_EQ(LED_API_SetTallyMode(NAME, row.s32Mode, BU_TRUE, BU_FALSE), row.s32Result);
+        EXPECT_EQ(shown(), row.pcShown);
     }
     SYSTEM_API_FactoryRestoreConfiguration(SYSTEM_RESTORE_E_SYSTEM);
     EXPECT_EQ(shown(), "off");
@@ -176,28 +196,15 @@ TEST_F(Lamp, RestStateComesFromTheSettings)
 
 TEST_F(Lamp, UpdatesWaitForTheSelfTestAndComeInOrder)
 {
-    start(true);
+    start(LED_WHITE_MODE_E_RGB, true);
     LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_ALG);
     LED_API_SetTallyOnBoard(NAME, BU_FALSE, BU_TRUE, BU_TRUE);              // the network's tally has to be looked at
     LED_API_SetTallyMode(NAME, LED_TALLY_MODE_E_COLOR_R, BU_TRUE, BU_TRUE); // seen at once
     EXPECT_EQ(shown(), "hold #FF0000 80%");
-    {
-        std::unique_lock guard(m_stCalls.lock);
-        m_stCalls.changed.wait(guard, [this] { return m_stCalls.bSelfTest; });
-        EXPECT_TRUE(m_stCalls.listEvents.empty());
-    }
-    releaseSelfTest();
-    m_nEvents = 3;
-    m_stCalls.waitForEvents(m_nEvents);
-    EXPECT_THAT(m_stCalls.listEvents, ElementsAre(LED_EVENT_FROM_E_ALG, LED_EVENT_FROM_E_NDI, LED_EVENT_FROM_E_CFG));
+    await([] { return g_bSelfTest.load(); });
+    EXPECT_TRUE(events().empty());
+    g_bHoldSelfTest = false;
+    await([] { return events().size() >= 3; });
+    EXPECT_THAT(events(), testing::ElementsAre(LED_EVENT_FROM_E_ALG, LED_EVENT_FROM_E_NDI, LED_EVENT_FROM_E_CFG));
 }
-
-TEST_F(Lamp, SettingsWorkOnABoardWithoutLamps)
-{
-    EXPECT_EQ(LED_API_SetTallyMode(NAME, LED_TALLY_MODE_E_COLOR_R, BU_TRUE, BU_TRUE), 0);
-    EXPECT_EQ(LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_CFG), -1);
-    EXPECT_EQ(LED_API_ApplyLedStateInfo(NAME), -1);
-    BU_S32 s32Mode = 0;
-    EXPECT_EQ(LED_API_GetTallyMode(NAME, &s32Mode, BU_TRUE), 0);
-    EXPECT_EQ(s32Mode, LED_TALLY_MODE_E_COLOR_R);
-}
+} // namespace
