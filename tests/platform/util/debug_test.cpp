@@ -1,3 +1,4 @@
+/// Debug files: what their readers get, and when.
 #include "rootFolder.h"
 #include "util/debug.h"
 
@@ -5,10 +6,8 @@
 #include <cstdio>
 #include <future>
 #include <gmock/gmock.h>
-#include <memory>
 #include <mutex>
 #include <sstream>
-#include <sys/stat.h>
 #include <vector>
 
 namespace
@@ -31,7 +30,8 @@ public:
     void waitFor(const std::string &strContent)
     {
         std::unique_lock guard(m_lock);
-        m_changed.wait(guard, [&] { return !m_contents.empty() && m_contents.back() == strContent; });
+        const auto isThere = [&] { return !m_contents.empty() && m_contents.back() == strContent; };
+        ASSERT_TRUE(m_changed.wait_for(guard, std::chrono::seconds(20), isThere)) << strContent.substr(0, 40);
     }
     std::size_t count()
     {
@@ -46,51 +46,50 @@ private:
 };
 
 struct DebugTest : RootTest {
+    static BU_S32 open(const std::string &strName, FN_DEBUG_READER fnReader)
+    {
+        return UTIL_DebugRegister(("/var/debug/app/a/" + strName).c_str(), std::move(fnReader), nullptr);
+    }
+    void put(const std::string &strName, const std::string &strText) const { write(FOLDER + strName, strText); }
+    void move(const std::filesystem::path &from, const std::string &strName) const
+    {
+        std::filesystem::rename(from, root() + FOLDER + strName);
+    }
+    const std::string FOLDER = "/var/debug/app/a/";
     const std::shared_ptr<Contents> contents = std::make_shared<Contents>();
 };
 
-TEST_F(DebugTest, DeliversWritesReplacementsAndTheLastOfManyRewrites)
+TEST_F(DebugTest, DeliversRegularFilesWrittenOrMovedIntoPlaceCutAtTheirLimitAndTheLastOfManyRewrites)
 {
-    ASSERT_EQ(UTIL_DebugRegister("/var/debug/app/a/switch", contents->reader(), nullptr), 0);
-    write("/var/debug/app/a/switch", "1");
+    ASSERT_EQ(open("switch", contents->reader()), 0);
+    put("switch", "1");
     contents->waitFor("1");
-    write("/var/debug/app/a/other", "moved into place");
-    std::filesystem::rename(root() + "/var/debug/app/a/other", root() + "/var/debug/app/a/switch");
+    put("other", "moved into place");
+    move(root() + FOLDER + "other", "switch");
     contents->waitFor("moved into place");
     const std::size_t before = contents->count();
-    for (int i = 0; i <= 500; i++) write("/var/debug/app/a/switch", std::to_string(i));
+    for (int i = 0; i <= 500; i++) put("switch", std::to_string(i));
     contents->waitFor("500");
     EXPECT_LE(contents->count() - before, 501u);
+    put("switch", std::string(200000, 'x'));
+    contents->waitFor(std::string(65536, 'x'));
+    std::ofstream(outside() + "/secret") << "secret";
+    std::filesystem::create_symlink(outside() + "/secret", outside() + "/link");
+    move(outside() + "/link", "switch");
+    contents->waitFor("");
 }
 
 TEST_F(DebugTest, SecondReaderReplacesTheFirstAndMakingAFileIsNoWrite)
 {
     const auto second = std::make_shared<Contents>();
-    ASSERT_EQ(UTIL_DebugRegister("/var/debug/app/a/one", contents->reader(), nullptr), 0);
-    ASSERT_EQ(UTIL_DebugRegister("/var/debug/app/a/two", second->reader(), nullptr), 0);
-    ASSERT_EQ(UTIL_DebugRegister("/var/debug/app/a/one", second->reader(), nullptr), 0);
-    write("/var/debug/app/a/one", "x");
+    ASSERT_EQ(open("one", contents->reader()) + open("two", second->reader()) + open("one", second->reader()), 0);
+    put("one", "x");
     second->waitFor("x");
     EXPECT_EQ(second->count(), 1u);
     EXPECT_EQ(contents->count(), 0u);
-}
-
-TEST_F(DebugTest, CutsLongContentAndReadsNothingButRegularFiles)
-{
-    ASSERT_EQ(UTIL_DebugRegister("/var/debug/app/a/long", contents->reader(), nullptr), 0);
-    write("/var/debug/app/a/long", std::string(200000, 'x'));
-    contents->waitFor(std::string(65536, 'x'));
-    std::ofstream(outside() + "/secret") << "secret";
-    std::filesystem::create_symlink(outside() + "/secret", root() + "/var/debug/app/a/link");
-    std::filesystem::rename(root() + "/var/debug/app/a/link", root() + "/var/debug/app/a/long");
-    contents->waitFor("");
-}
-
-TEST_F(DebugTest, RefusesPathsOutsideTheDebugFolder)
-{
     for (const BU_CHAR *pcPath : {"/etc/x", "/var/debug/app", "/var/debug/app/../x", "/var/debug/apples/x"})
         EXPECT_EQ(UTIL_DebugRegister(pcPath, contents->reader(), nullptr), -1) << pcPath;
-    EXPECT_EQ(UTIL_DebugRegister("/var/debug/app/x", nullptr, nullptr), -1);
+    EXPECT_EQ(open("x", nullptr), -1);
     EXPECT_EQ(*UTIL_DebugRegisterOneInt("/etc/x"), 0) << "never null";
 }
 
@@ -98,25 +97,19 @@ TEST_F(DebugTest, RefusesPathsOutsideTheDebugFolder)
 TEST_F(DebugTest, LostNotesAreMadeGoodByAScan)
 {
     const auto started = std::make_shared<std::promise<void>>(), release = std::make_shared<std::promise<void>>();
-    ASSERT_EQ(UTIL_DebugRegister(
-                  "/var/debug/app/a/busy",
-                  [=](std::istream &, void *) -> BU_S32 {
-                      started->set_value();
-                      release->get_future().wait();
-                      return 0;
-                  },
-                  nullptr),
-              0);
-    ASSERT_EQ(UTIL_DebugRegister("/var/debug/app/a/late", contents->reader(), nullptr), 0);
-    write("/var/debug/app/a/busy", "1");
+    const auto hold = [=](std::istream &, void *) -> BU_S32 {
+        started->set_value();
+        release->get_future().wait();
+        return 0;
+    };
+    ASSERT_EQ(open("busy", hold) + open("late", contents->reader()), 0);
+    put("busy", "1");
     started->get_future().wait();
     BU_S32 s32Limit = 16384;
     std::ifstream("/proc/sys/fs/inotify/max_queued_events") >> s32Limit;
-    for (BU_S32 i = 0; i < s32Limit + 100; i++) {
-        // Two files in turn: notes of the same file in a row become one.
-        std::fclose(std::fopen((root() + "/var/debug/app/a/" + (i % 2 ? "x" : "y")).c_str(), "w"));
-    }
-    write("/var/debug/app/a/late", "arrived");
+    for (BU_S32 i = 0; i < s32Limit + 100; i++) // two files in turn: notes of the same file in a row become one
+        std::fclose(std::fopen((root() + FOLDER + (i % 2 ? "x" : "y")).c_str(), "w"));
+    put("late", "arrived");
     release->set_value();
     contents->waitFor("arrived");
 }
@@ -124,17 +117,13 @@ TEST_F(DebugTest, LostNotesAreMadeGoodByAScan)
 TEST_F(DebugTest, IntegerKeepsItsValueOverContentThatIsNone)
 {
     const auto ps32Value = UTIL_DebugRegisterOneInt("/var/debug/app/a/int");
-    ASSERT_EQ(UTIL_DebugRegister("/var/debug/app/a/after", contents->reader(), nullptr), 0);
-    const auto valueAfter = [&](const std::string &strText) {
-        static int s32Round = 0;
-        write("/var/debug/app/a/int", strText);
-        write("/var/debug/app/a/after", std::to_string(++s32Round));
+    ASSERT_EQ(open("after", contents->reader()), 0);
+    BU_S32 s32Round = 0;
+    for (const auto &[pcText, s32Value] : {std::pair(" -12\n", -12), {"off", -12}, {"", -12}, {"3", 3}}) {
+        put("int", pcText);
+        put("after", std::to_string(++s32Round));
         contents->waitFor(std::to_string(s32Round)); // one thread reads both, in order
-        return *ps32Value;
-    };
-    EXPECT_EQ(valueAfter(" -12\n"), -12);
-    EXPECT_EQ(valueAfter("off"), -12);
-    EXPECT_EQ(valueAfter(""), -12);
-    EXPECT_EQ(valueAfter("3"), 3);
+        EXPECT_EQ(*ps32Value, s32Value) << pcText;
+    }
 }
 } // namespace

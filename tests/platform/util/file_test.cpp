@@ -1,32 +1,29 @@
+/// Files inside the device root: paths, whole reads, replacements in one step.
 #include "rootFolder.h"
 
-#include <algorithm>
-#include <atomic>
 #include <gmock/gmock.h>
+#include <optional>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
 namespace
 {
-struct FileTest : RootTest {
-    /// A file as the service reads it; nullopt when that is refused.
-    static std::optional<std::string> readBuf(const BU_CHAR *pcPath)
-    {
-        BU_CHAR *pcBuf = nullptr;
-        BU_S32 s32Size = -1;
-        if (UTIL_FILE_ReadFileToBuf(pcPath, &pcBuf, &s32Size) != 0) return std::nullopt;
-        EXPECT_EQ(pcBuf[s32Size], 0);
-        std::string strText(pcBuf, static_cast<std::size_t>(s32Size));
-        std::free(pcBuf);
-        return strText;
-    }
-};
+/// A file as the service reads it; nullopt when that is refused.
+std::optional<std::string> readBuf(const BU_CHAR *pcPath)
+{
+    BU_CHAR *pcBuf = nullptr;
+    BU_S32 s32Size = -1;
+    if (UTIL_FILE_ReadFileToBuf(pcPath, &pcBuf, &s32Size) != 0) return std::nullopt;
+    EXPECT_EQ(pcBuf[s32Size], 0);
+    std::string strText(pcBuf, static_cast<std::size_t>(s32Size));
+    std::free(pcBuf);
+    return strText;
+}
 
-TEST_F(FileTest, NoPathLeavesTheRoot)
+TEST_F(RootTest, NoPathLeavesIt)
 {
     const std::pair<const BU_CHAR *, const BU_CHAR *> rows[] = {
-        {"/var/log", "/var/log"},
         {"var/log", "/var/log"},
         {"//var///log/", "/var/log"},
         {"/../etc/passwd", "/etc/passwd"},
@@ -34,22 +31,18 @@ TEST_F(FileTest, NoPathLeavesTheRoot)
         {"/var/../../etc", "/etc"},
         {"/var/./../log/..", ""},
         {"/var/..hidden", "/var/..hidden"},
+        {"/var/.../x", "/var/.../x"},
         {"..", ""},
         {"", ""},
-        {"/var/.../x", "/var/.../x"},
+        {nullptr, ""},
     };
-    for (const auto &[pcPath, pcInside] : rows) EXPECT_EQ(UTIL_ROOT_Path(pcPath), root() + pcInside) << pcPath;
-    EXPECT_EQ(UTIL_ROOT_Path(nullptr), root());
-}
-
-TEST_F(FileTest, RootThatCannotBeMadeIsTold)
-{
+    for (const auto &[pcPath, pcInside] : rows) EXPECT_EQ(UTIL_ROOT_Path(pcPath), root() + pcInside) << pcInside;
     write("/file", "");
     EXPECT_EQ(UTIL_ROOT_Set((root() + "/file/root").c_str()), -1);
-    EXPECT_EQ(UTIL_FILE_WriteBufToFile("/var/x", "x", 1), -1);
+    EXPECT_EQ(UTIL_FILE_WriteBufToFile("/var/x", "x", 1), -1) << "a root that cannot be made";
 }
 
-TEST_F(FileTest, ReadsOnlyRegularFiles)
+TEST_F(RootTest, OnlyRegularFilesAreRead)
 {
     write("/cfg0/zero", std::string("a\0b", 3));
     EXPECT_EQ(readBuf("/cfg0/zero"), std::string("a\0b", 3));
@@ -61,31 +54,31 @@ TEST_F(FileTest, ReadsOnlyRegularFiles)
         EXPECT_EQ(readBuf(pcPath), std::nullopt) << pcPath;
 }
 
-TEST_F(FileTest, ReaderSeesTheOldOrTheNewContentNeverAPart)
+TEST_F(RootTest, ReaderSeesTheOldOrTheNewContentNeverAPart)
 {
-    const std::string strOld(20000, 'o'), strNew(70000, 'n');
-    ASSERT_EQ(UTIL_FILE_WriteBufToFile("/cfg0/state", strOld.data(), 20000), 0);
-    std::atomic<bool> bDone{false};
-    std::thread writer([&] {
-        for (int i = 0; i < 40; i++) {
-            const std::string &strText = i % 2 ? strOld : strNew;
-            UTIL_FILE_WriteBufToFile("/cfg0/state", strText.data(), static_cast<BU_S32>(strText.size()));
-        }
-        bDone = true;
+    const std::string texts[] = {std::string(20000, 'o'), std::string(70000, 'n')};
+    const auto put = [&](std::size_t i) {
+        return UTIL_FILE_WriteBufToFile("/cfg0/state", texts[i].data(), static_cast<BU_S32>(texts[i].size()));
+    };
+    ASSERT_EQ(put(0), 0);
+    std::jthread writer([&] {
+        for (std::size_t i = 0; i < 40; i++) put(i % 2);
     });
-    while (!bDone) {
+    for (int i = 0; i < 200; i++) {
         const std::string strSeen = read("/cfg0/state");
-        EXPECT_TRUE(strSeen == strOld || strSeen == strNew) << strSeen.size();
+        EXPECT_TRUE(strSeen == texts[0] || strSeen == texts[1]) << strSeen.size();
     }
     writer.join();
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root() + "/cfg0"), {}), 1) << "leftover of a write";
-}
+    EXPECT_EQ(put(1), 0);
+    struct stat stState, stSecret;
+    EXPECT_EQ(UTIL_FILE_WriteSecretToFile("/cfg0/secret", "x", 1), 0);
+    stat((root() + "/cfg0/state").c_str(), &stState);
+    stat((root() + "/cfg0/secret").c_str(), &stSecret);
+    EXPECT_THAT((std::vector{stState.st_mode & 0777, stSecret.st_mode & 0777}), testing::ElementsAre(0644, 0600));
 
-TEST_F(FileTest, FailedReplacementKeepsTheOldContent)
-{
-    std::filesystem::create_directories(root() + "/cfg0/state/inside");
-    EXPECT_EQ(UTIL_FILE_WriteBufToFile("/cfg0/state", "new", 3), -1) << "a folder of that name is in the way";
-    EXPECT_TRUE(exists("/cfg0/state/inside"));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root() + "/cfg0"), {}), 1) << "leftover of a write";
+    std::filesystem::create_directories(root() + "/cfg0/folder/inside");
+    EXPECT_EQ(UTIL_FILE_WriteBufToFile("/cfg0/folder", "new", 3), -1) << "a folder of that name is in the way";
+    EXPECT_TRUE(exists("/cfg0/folder/inside"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root() + "/cfg0"), {}), 3) << "leftover of a write";
 }
 } // namespace

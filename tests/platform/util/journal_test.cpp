@@ -1,4 +1,4 @@
-#include "util/debug.h"
+/// What the journal writes and injects; the words of a table.
 #include "util/journal.h"
 #include "util/words.h"
 
@@ -10,25 +10,17 @@ using testing::ElementsAre;
 
 namespace
 {
-struct tagPAIR_S {
+struct Pair {
     BU_S32 s32First, s32Second;
 };
-std::string journalText(const tagPAIR_S &stPair) { return "{" + journal::text(BU_S64{stPair.s32First}) + "}"; }
+std::string journalText(const Pair &stPair) { return "{" + journal::text(BU_S64{stPair.s32First}) + "}"; }
 
-struct tagSILENT_S {
+struct Silent {
 };
 enum COLOUR_E : BU_S32 { COLOUR_E_RED = 7 };
 
-BU_S32 change(BU_S32 s32Value)
-{
-    if (const auto injected = journal::call("change", s32Value)) return *injected;
-    return s32Value;
-}
-BU_S32 question()
-{
-    if (const auto injected = journal::ask("question")) return *injected;
-    return 1;
-}
+BU_S32 change(BU_S32 s32Value) { return journal::call("change", s32Value).value_or(s32Value); }
+BU_S32 question() { return journal::ask("question").value_or(1); }
 
 struct JournalTest : testing::Test {
     JournalTest() { journal::start(); }
@@ -37,9 +29,9 @@ struct JournalTest : testing::Test {
 
 TEST_F(JournalTest, WritesEveryKindOfArgument)
 {
-    const tagPAIR_S stPair{3, 4};
-    const tagPAIR_S *pstNull = nullptr;
-    tagSILENT_S stSilent;
+    const Pair stPair{3, 4};
+    const Pair *pstNull = nullptr;
+    Silent stSilent;
     const BU_CHAR *pcNull = nullptr;
     journal::call("f");
     journal::call("f", BU_U8{200}, BU_S64{-5}, true, COLOUR_E_RED);
@@ -49,16 +41,12 @@ TEST_F(JournalTest, WritesEveryKindOfArgument)
                                                 "f({3}, {3}, NULL, &, ?)"));
 }
 
-TEST_F(JournalTest, InjectedResultHoldsForItsNumberOfCalls)
+TEST_F(JournalTest, InjectedResultHoldsForItsNumberOfCallsOrUntilItIsStopped)
 {
     journal::inject("change", -1, 2);
     journal::inject("question", 5);
     EXPECT_THAT((std::vector{change(3), change(3), change(3), question(), question()}), ElementsAre(-1, -1, 3, 5, 1));
     EXPECT_THAT(journal::effects(), ElementsAre("change(3)", "change(3)", "change(3)"));
-}
-
-TEST_F(JournalTest, StopForgetsEverything)
-{
     journal::inject("change", -1, 100);
     change(1);
     journal::stop();

@@ -1,3 +1,4 @@
+/// The process: watchdog, readiness, signals, crash, ports, log, restart in place.
 #include "rootFolder.h"
 #include "util/childProcess.h"
 #include "util/debug.h"

@@ -1,3 +1,4 @@
+/// A device root of its own, in a folder whose neighbours must stay untouched.
 #pragma once
 
 #include "util/file.h"
@@ -9,21 +10,19 @@
 #include <iterator>
 #include <string>
 
-/// A device root of its own for each test, in a folder whose neighbours must stay untouched.
-class RootTest : public testing::Test
+class Root
 {
-protected:
-    RootTest()
+public:
+    Root()
     {
         char acFolder[] = "/tmp/camera-util-XXXXXX";
         m_strOutside = mkdtemp(acFolder);
         UTIL_ROOT_Set(root().c_str());
     }
-    ~RootTest() override { std::filesystem::remove_all(m_strOutside); }
+    ~Root() { std::filesystem::remove_all(m_strOutside); }
 
     std::string root() const { return m_strOutside + "/root"; }
     const std::string &outside() const { return m_strOutside; }
-
     void write(const std::string &strPath, const std::string &strText) const
     {
         std::ofstream(root() + strPath) << strText;
@@ -37,4 +36,6 @@ protected:
 
 private:
     std::string m_strOutside;
+};
+struct RootTest : testing::Test, Root {
 };

@@ -1,3 +1,4 @@
+/// Clocks, timers and threads. With a manual clock but where the queue's own thread matters.
 #include "util/thread.h"
 #include "util/time.h"
 
@@ -16,7 +17,7 @@ using util::TimerQueue;
 namespace
 {
 /// What the callbacks did, in order, with the time since the start of the case.
-struct tagRECORD_S {
+struct Record {
     BU_S64 s64StartMs = UTIL_TIME_NowMs();
     std::vector<std::string> entries;
     void note(const std::string &strName)
@@ -25,15 +26,15 @@ struct tagRECORD_S {
     }
 };
 
-struct tagTIMER_CASE_S {
-    tagRECORD_S *pstRecord;
+struct TimerCase {
+    Record *pstRecord;
     BU_TIMER_DATA_S stHandle{};
-    BU_S32 (*pfnInside)(tagTIMER_CASE_S &) = nullptr; // what the callback does beside noting
+    BU_S32 (*pfnInside)(TimerCase &) = nullptr; // what the callback does beside noting
     BU_S32 s32Calls = 0;
 };
 BU_S32 onTimer(void *pvCase)
 {
-    auto &stCase = *static_cast<tagTIMER_CASE_S *>(pvCase);
+    auto &stCase = *static_cast<TimerCase *>(pvCase);
     stCase.s32Calls++;
     stCase.pstRecord->note("timer");
     return stCase.pfnInside ? stCase.pfnInside(stCase) : 0;
@@ -44,7 +45,7 @@ TEST(ManualClock, AllQueuesFireInOneOrderOfTimeThenOfGiving)
     TimerQueue early("early"); // made before the clock
     ManualClock clock;
     TimerQueue late("late");
-    tagRECORD_S stRecord;
+    Record stRecord;
     const auto at = [&](TimerQueue &queue, BU_S64 s64Ms, std::string strName) {
         queue.at(stRecord.s64StartMs + s64Ms, [&stRecord, strName] { stRecord.note(strName); });
     };
@@ -59,20 +60,7 @@ TEST(ManualClock, AllQueuesFireInOneOrderOfTimeThenOfGiving)
     EXPECT_EQ(UTIL_TIME_NowMs(), stRecord.s64StartMs + 40);
 }
 
-TEST(ManualClock, WhatStillWaitsAtItsEndNeverRuns)
-{
-    TimerQueue queue("queue");
-    tagRECORD_S stRecord;
-    {
-        ManualClock clock;
-        queue.at(UTIL_TIME_NowMs() + 10, [&] { stRecord.note("dropped"); });
-    }
-    ManualClock clock;
-    clock.advance(100000);
-    EXPECT_THAT(stRecord.entries, ElementsAre());
-}
-
-TEST(ManualClock, SleepersWakeAtTheirTimeAndAtTheEnd)
+TEST(ManualClock, SleepersWakeAtTheirTimeAndAtTheEndWhenWhatStillWaitsIsDropped)
 {
     auto clock = std::make_unique<ManualClock>();
     std::atomic<BU_S32> s32Woken{0};
@@ -84,68 +72,61 @@ TEST(ManualClock, SleepersWakeAtTheirTimeAndAtTheEnd)
     clock->advance(1);
     first.join();
     EXPECT_EQ(s32Woken, 1);
+    TimerQueue queue("queue");
+    queue.at(UTIL_TIME_NowMs() + 10, [] { FAIL() << "waited still when the clock ended"; });
     clock.reset();
     second.join();
+    ManualClock().advance(100000);
 }
 
-struct tagINSIDE_CASE_S {
-    const BU_CHAR *pcName;
-    BU_TIMER_TYPE_E enType;
-    BU_S32 (*pfnInside)(tagTIMER_CASE_S &);
-    std::vector<std::string> entries; // in 100 ms of a 20 ms timer
-};
-class TimerCallback : public testing::TestWithParam<tagINSIDE_CASE_S>
-{
-};
-TEST_P(TimerCallback, MayChangeItsOwnTimer)
-{
-    ManualClock clock;
-    tagRECORD_S stRecord;
-    tagTIMER_CASE_S stCase{&stRecord, {}, GetParam().pfnInside};
-    ASSERT_EQ(UTIL_TIMER_Start(GetParam().enType, 20, onTimer, &stCase, &stCase.stHandle), 0);
-    clock.advance(100);
-    EXPECT_EQ(stRecord.entries, GetParam().entries);
-    UTIL_TIMER_Stop(&stCase.stHandle);
-    clock.advance(1000);
-    EXPECT_EQ(stRecord.entries, GetParam().entries);
-}
-BU_S32 startOnceAgain(tagTIMER_CASE_S &stCase)
+BU_S32 startOnceAgain(TimerCase &stCase)
 {
     return stCase.s32Calls < 3 ? UTIL_TIMER_Start(BU_TIMER_E_ONCE, 30, onTimer, &stCase, &stCase.stHandle) : 0;
 }
-BU_S32 stopAtSecond(tagTIMER_CASE_S &stCase) { return stCase.s32Calls == 2 ? UTIL_TIMER_Stop(&stCase.stHandle) : 0; }
-BU_S32 slowDown(tagTIMER_CASE_S &stCase) { return UTIL_TIMER_UpdatePeriod(&stCase.stHandle, 30); }
-BU_S32 noMorePeriod(tagTIMER_CASE_S &stCase)
+BU_S32 stopAtSecond(TimerCase &stCase) { return stCase.s32Calls == 2 ? UTIL_TIMER_Stop(&stCase.stHandle) : 0; }
+BU_S32 slowDown(TimerCase &stCase) { return UTIL_TIMER_UpdatePeriod(&stCase.stHandle, 30); }
+BU_S32 noMorePeriod(TimerCase &stCase)
 {
     EXPECT_EQ(UTIL_TIMER_UpdatePeriod(&stCase.stHandle, 30), -1) << "a one-shot timer is over when it fires";
     return 0;
 }
-INSTANTIATE_TEST_SUITE_P(
-    Inside, TimerCallback,
-    testing::ValuesIn<tagINSIDE_CASE_S>({
-        {"Once", BU_TIMER_E_ONCE, nullptr, {"timer@20"}},
-        {"OnceAgain", BU_TIMER_E_ONCE, startOnceAgain, {"timer@20", "timer@50", "timer@80"}},
-        {"OnceIsOver", BU_TIMER_E_ONCE, noMorePeriod, {"timer@20"}},
-        {"Periodic", BU_TIMER_E_PERIODIC, nullptr, {"timer@20", "timer@40", "timer@60", "timer@80", "timer@100"}},
-        {"PeriodicStops", BU_TIMER_E_PERIODIC, stopAtSecond, {"timer@20", "timer@40"}},
-        {"PeriodChanges", BU_TIMER_E_PERIODIC, slowDown, {"timer@20", "timer@50", "timer@80"}},
-    }),
-    [](const auto &row) { return std::string(row.param.pcName); });
 
-TEST(Timer, RestartCountsFromNowWithTheNewValues)
+TEST(Timer, CallbackMayChangeItsOwnTimer)
+{
+    const struct {
+        BU_TIMER_TYPE_E enType;
+        BU_S32 (*pfnInside)(TimerCase &);
+        std::vector<std::string> entries; // in 100 ms of a 20 ms timer
+    } cases[] = {
+        {BU_TIMER_E_ONCE, nullptr, {"timer@20"}},
+        {BU_TIMER_E_ONCE, startOnceAgain, {"timer@20", "timer@50", "timer@80"}},
+        {BU_TIMER_E_ONCE, noMorePeriod, {"timer@20"}},
+        {BU_TIMER_E_PERIODIC, nullptr, {"timer@20", "timer@40", "timer@60", "timer@80", "timer@100"}},
+        {BU_TIMER_E_PERIODIC, stopAtSecond, {"timer@20", "timer@40"}},
+        {BU_TIMER_E_PERIODIC, slowDown, {"timer@20", "timer@50", "timer@80"}},
+    };
+    for (const auto &[enType, pfnInside, entries] : cases) {
+        ManualClock clock;
+        Record stRecord;
+        TimerCase stCase{&stRecord, {}, pfnInside};
+        ASSERT_EQ(UTIL_TIMER_Start(enType, 20, onTimer, &stCase, &stCase.stHandle), 0);
+        clock.advance(100);
+        UTIL_TIMER_Stop(&stCase.stHandle);
+        clock.advance(1000);
+        EXPECT_EQ(stRecord.entries, entries);
+    }
+}
+
+TEST(Timer, RestartCountsFromNowWithTheNewValuesAndWhatCannotRunIsRefused)
 {
     ManualClock clock;
-    tagRECORD_S stRecord;
-    tagTIMER_CASE_S stCase{&stRecord};
+    Record stRecord;
+    TimerCase stCase{&stRecord};
     UTIL_TIMER_Start(BU_TIMER_E_PERIODIC, 20, onTimer, &stCase, &stCase.stHandle);
     clock.advance(15);
     UTIL_TIMER_Start(BU_TIMER_E_ONCE, 20, onTimer, &stCase, &stCase.stHandle);
     clock.advance(200);
     EXPECT_THAT(stRecord.entries, ElementsAre("timer@35"));
-}
-
-TEST(Timer, RefusesWhatCannotRun)
-{
     BU_TIMER_DATA_S stHandle{};
     EXPECT_EQ(UTIL_TIMER_Start(BU_TIMER_E_ONCE, 0, onTimer, nullptr, &stHandle), -1);
     EXPECT_EQ(UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, nullptr, nullptr, &stHandle), -1);
@@ -155,44 +136,25 @@ TEST(Timer, RefusesWhatCannotRun)
 }
 
 // With the real clock: what the queue's own thread does.
-TEST(TimerQueue, CancelSaysWhetherItWasInTime)
+TEST(TimerQueue, CancelsInTimeRunsTheEarliestFirstAndEndsBehindTheRunningFunction)
 {
     std::promise<void> started, release;
-    TimerQueue queue("queue"); // after what its functions use
-    const auto running = queue.at(0, [&] {
-        started.set_value();
-        release.get_future().wait();
-    });
-    const auto waiting = queue.at(0, [] { FAIL() << "was cancelled"; });
-    started.get_future().wait();
-    EXPECT_FALSE(queue.cancel(running));
-    EXPECT_TRUE(queue.cancel(waiting));
-    EXPECT_FALSE(queue.cancel(waiting));
-    release.set_value();
-}
-
-TEST(TimerQueue, EarlierFunctionOvertakesTheOneItsThreadWaitsFor)
-{
-    std::promise<void> ran;
-    TimerQueue queue("queue");
-    queue.at(UTIL_TIME_NowMs() + 3600000, [] { FAIL() << "an hour has not passed"; });
-    queue.at(UTIL_TIME_NowMs() + 1, [&] { ran.set_value(); });
-    ran.get_future().wait();
-}
-
-TEST(TimerQueue, EndWaitsForTheRunningFunctionAndDropsTheOthers)
-{
-    std::promise<void> started;
     std::atomic<bool> bEnded{false};
     {
         TimerQueue queue("queue");
-        queue.at(0, [&] {
+        queue.at(UTIL_TIME_NowMs() + 3600000, [] { FAIL() << "an hour has not passed"; });
+        const auto running = queue.at(UTIL_TIME_NowMs() + 1, [&] {
             started.set_value();
+            release.get_future().wait();
             UTIL_TIME_SleepMs(5);
             bEnded = true;
         });
-        queue.at(0, [] { FAIL() << "waited still"; });
+        const auto waiting = queue.at(UTIL_TIME_NowMs() + 1, [] { FAIL() << "was cancelled"; });
         started.get_future().wait();
+        EXPECT_THAT((std::vector{queue.cancel(running), queue.cancel(waiting), queue.cancel(waiting)}),
+                    ElementsAre(false, true, false));
+        queue.at(0, [] { FAIL() << "waited still"; });
+        release.set_value();
     }
     EXPECT_TRUE(bEnded);
 }
@@ -200,41 +162,25 @@ TEST(TimerQueue, EndWaitsForTheRunningFunctionAndDropsTheOthers)
 /// A callback must not begin once Stop has returned and no callback was under way.
 TEST(Timer, StopHoldsAgainstTheTimerThread)
 {
-    struct tagSHARED_S {
-        std::atomic<BU_S32> s32Inside{0}, s32Forbidden{0}, s32Calls{0};
-        std::atomic<bool> bStopped{false};
-    } stShared;
-    const auto onTick = [](void *pvShared) -> BU_S32 {
-        auto &st = *static_cast<tagSHARED_S *>(pvShared);
-        st.s32Inside++;
-        st.s32Calls++;
-        if (st.bStopped) st.s32Forbidden++;
-        st.s32Inside--;
-        return 0;
-    };
-    BU_TIMER_DATA_S stHandle{};
+    static std::atomic<BU_S32> s32Forbidden, s32Calls;
+    static std::atomic<bool> bStopped;
+    const auto onTick = [](void *) -> BU_S32 { return s32Calls++, s32Forbidden += bStopped; };
+    const auto pass = [](void *pv) -> BU_S32 { return static_cast<std::promise<void> *>(pv)->set_value(), 0; };
+    BU_TIMER_DATA_S stHandle{}, stBarrier{};
     for (int round = 0; round < 50; round++) {
-        UTIL_TIMER_Start(BU_TIMER_E_PERIODIC, 1, onTick, &stShared, &stHandle);
+        UTIL_TIMER_Start(BU_TIMER_E_PERIODIC, 1, onTick, nullptr, &stHandle);
         std::thread restarter([&] { UTIL_TIMER_UpdatePeriod(&stHandle, 1); });
-        while (stShared.s32Calls <= round) std::this_thread::yield();
+        while (s32Calls <= round) std::this_thread::yield();
         restarter.join();
         UTIL_TIMER_Stop(&stHandle);
         std::promise<void> passed; // one way through the timer thread: a callback that had begun is over then
-        BU_TIMER_DATA_S stBarrier{};
-        UTIL_TIMER_Start(
-            BU_TIMER_E_ONCE, 1,
-            [](void *pv) -> BU_S32 {
-                static_cast<std::promise<void> *>(pv)->set_value();
-                return 0;
-            },
-            &passed, &stBarrier);
+        UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, pass, &passed, &stBarrier);
         passed.get_future().wait();
-        stShared.bStopped = true;
-        std::this_thread::yield();
-        EXPECT_EQ(stShared.s32Inside, 0);
-        stShared.bStopped = false;
+        bStopped = true;
+        UTIL_TIME_SleepMs(2);
+        bStopped = false;
     }
-    EXPECT_EQ(stShared.s32Forbidden, 0);
+    EXPECT_EQ(s32Forbidden, 0);
 }
 
 TEST(Thread, RepeatsPreparedFunctionAndRefusesASecondStart)
