@@ -1,3 +1,4 @@
+/// Board profiles: what they describe, and what is told of a faulty one; GPIO lines.
 #include "board/device.h"
 #include "board/gpio.h"
 #include "board/profile.h"
@@ -39,78 +40,71 @@ struct ProfileTest : PlatformTest {
     }
 };
 
-class Profiles : public ProfileTest, public testing::WithParamInterface<const BU_CHAR *>
+TEST_F(ProfileTest, EachDescribesACameraThatCanBeDriven)
 {
-};
-TEST_P(Profiles, DescribeACameraThatCanBeDriven)
-{
-    ASSERT_EQ(BSP_PROFILE_Load(GetParam()), 0);
-    BU_CHAR acModel[32];
-    ASSERT_EQ(BSP_DEVATTR_GetDeviceModelInner(acModel), 0);
-    EXPECT_STREQ(acModel, GetParam());
-    tagCFG_FEATURE_LIST_S stFeatures;
-    tagHW_ABILITY_S stAbility;
-    ASSERT_EQ(CFG_FEATURE_GetConfiguration(&stFeatures), 0);
-    ASSERT_EQ(BSP_HW_ABI_GetHwAbility(&stAbility), 0);
-    const auto &stGeneral = stFeatures.stGeneral;
-    EXPECT_TRUE(stGeneral.bEthernet && stGeneral.bPt && stGeneral.stSerial.bSupport);
-    std::set<std::string> devices;
-    for (BU_S32 i = 0; i < stGeneral.stSerial.s32NodeCnt; i++)
-        devices.insert(stGeneral.stSerial.astNode[i].acDeviceName);
-    EXPECT_EQ(devices.size(), static_cast<std::size_t>(stGeneral.stSerial.s32NodeCnt));
-    EXPECT_EQ(stAbility.enDataVaild, HW_ABI_DATA_E_INTERFACE_CHAIN_READY);
-    ASSERT_GE(stAbility.stLens.s32DevCnt, 1);
-    EXPECT_EQ(stAbility.stLens.astZfDevPub[0].enChipChain, DEVICE_SELFCHECK_E_PASS);
-    BSP_MAC_ADDR_S stMac;
-    ASSERT_EQ(BSP_DEVATTR_GetDeviceMacAddr(&stMac), 0);
-    EXPECT_EQ(stMac.acEth0MacAddr[0] & 3, 2) << "locally administered, no group address";
-    BU_CHAR acHost[64];
-    ASSERT_EQ(CFG_NETWORK_GetHostname(acHost, sizeof(acHost)), 0);
-    EXPECT_EQ(CFG_NETWORK_SetHostname(acHost), 0) << "the profile's name is a valid one";
+    for (const std::string strProfile : {"TKV-MX", "QLS-500", "minimal"}) {
+        SCOPED_TRACE(strProfile);
+        ASSERT_EQ(BSP_PROFILE_Load(strProfile.c_str()), 0);
+        BU_CHAR acModel[32], acHost[64];
+        tagCFG_FEATURE_LIST_S stFeatures;
+        tagHW_ABILITY_S stAbility;
+        BSP_MAC_ADDR_S stMac;
+        ASSERT_EQ(BSP_DEVATTR_GetDeviceModelInner(acModel), 0);
+        EXPECT_EQ(acModel, strProfile);
+        ASSERT_EQ(CFG_FEATURE_GetConfiguration(&stFeatures), 0);
+        ASSERT_EQ(BSP_HW_ABI_GetHwAbility(&stAbility), 0);
+        const auto &stGeneral = stFeatures.stGeneral;
+        EXPECT_TRUE(stGeneral.bEthernet && stGeneral.bPt && stGeneral.stSerial.bSupport);
+        std::set<std::string> devices;
+        for (BU_S32 i = 0; i < stGeneral.stSerial.s32NodeCnt; i++)
+            devices.insert(stGeneral.stSerial.astNode[i].acDeviceName);
+        EXPECT_EQ(devices.size(), static_cast<std::size_t>(stGeneral.stSerial.s32NodeCnt));
+        EXPECT_EQ(stAbility.enDataVaild, HW_ABI_DATA_E_INTERFACE_CHAIN_READY);
+        ASSERT_GE(stAbility.stLens.s32DevCnt, 1);
+        EXPECT_EQ(stAbility.stLens.astZfDevPub[0].enChipChain, DEVICE_SELFCHECK_E_PASS);
+        ASSERT_EQ(BSP_DEVATTR_GetDeviceMacAddr(&stMac), 0);
+        EXPECT_EQ(stMac.acEth0MacAddr[0] & 3, 2) << "locally administered, no group address";
+        ASSERT_EQ(CFG_NETWORK_GetHostname(acHost, sizeof(acHost)), 0);
+        EXPECT_EQ(CFG_NETWORK_SetHostname(acHost), 0) << "the profile's name is a valid one";
+    }
 }
-INSTANTIATE_TEST_SUITE_P(All, Profiles, testing::Values("TKV-MX", "QLS-500", "minimal"));
 
-struct tagFAULT_CASE_S {
-    const BU_CHAR *pcName, *pcOld, *pcNew; // the fault: a piece of the good profile and what stands there instead
-    const BU_CHAR *pcTold;                 // must be told, beside the file
+// clang-format off
+constexpr const BU_CHAR *FAULTS[][3] = { // a piece of the good profile, what stands there instead, what must be told
+    {"\"deviceName\":", "\"deviceName\"", "line 3"},
+    {"\"serialNumber\"", "\"serialNo\"", "serialNumber: is missing"},
+    {"\"opticalZoom\": 20", "\"opticalZoom\": \"20\"", "lens/opticalZoom: must be a whole number"},
+    {"\"opticalZoom\": 20", "\"opticalZoom\": 20.5", "lens/opticalZoom: must be a whole number"},
+    {"\"opticalZoom\": 20", "\"opticalZoom\": 99999999999", "from 1 to 100"},
+    {"\"TKV-MX\"", "\"A model name of 32 characters ...\"", "model: must have 1 to 31 bytes"},
+    {"\"TKV-MX\"", "\"\"", "model: must have"},
+    {"\"osdMenu\"", "\"osdmenu\"", "features/control/3: does not know the word \"osdmenu\""},
+    {"\"hdBaseT\"", "\"hdbaset\"", "features/av/hdbaset: is no known key"},
+    {"\"zoom\": true", "\"zoom\": 1", "ability/lenses/0/zoom: must be true or false"},
+    {"\"lens\": {\"opticalZoom\": 20}", "\"lens\": [20]", "lens: must be an object"},
+    {"\"display\": [\"oled\", \"led\"]", "\"display\": \"oled\"", "features/display: must be a list"},
+    {"\"gpioLines\": [", "\"gpioLines\": [1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,", "more than 16"},
+    {"IR-DIP-SWITCH0", "../../x", "gpioLines/0: must not contain"},
+    {"\"1.4.2.12\"", "\"1.4\"", "versions/camera: must be"},
+    {"\"1.4.2.12\"", "\"1.4.2.12b\"", "versions/camera: must be"},
+    {"\"1.4.2.12\"", "\"1.256.2\"", "versions/camera: must be"},
+    {"02:1a:4d:24:06:01", "02:1a:4d:24:06:1", "macAddresses/0: must be"},
+    {"\"zoomFocusCheck\": \"pass\"", "\"zoomFocusCheck\": \"ok\"", "zoomFocusCheck: does not know"},
+    {"/dev/ttyS_RS422", "/dev/a_device_name_beyond_its_field", "nodes/1/device: must have 1 to 31"},
 };
-class FaultyProfile : public ProfileTest, public testing::WithParamInterface<tagFAULT_CASE_S>
+// clang-format on
+
+TEST_F(ProfileTest, AFaultyOneIsRefusedWithPlaceAndReason)
 {
-};
-TEST_P(FaultyProfile, IsRefusedWithPlaceAndReason)
-{
-    std::string strText = textOf(PROFILES + "TKV-MX.json");
-    ASSERT_EQ(loadText(strText), "");
-    const std::size_t place = strText.find(GetParam().pcOld);
-    ASSERT_NE(place, std::string::npos);
-    strText.replace(place, std::strlen(GetParam().pcOld), GetParam().pcNew);
-    EXPECT_THAT(loadText(strText), AllOf(HasSubstr(root() + "/board.json"), HasSubstr(GetParam().pcTold)));
+    const std::string strGood = textOf(std::string(PROFILES) + "TKV-MX.json");
+    ASSERT_EQ(loadText(strGood), "");
+    for (const auto &[pcOld, pcNew, pcTold] : FAULTS) {
+        const std::size_t place = strGood.find(pcOld);
+        ASSERT_NE(place, std::string::npos) << pcOld;
+        EXPECT_THAT(loadText(std::string(strGood).replace(place, std::strlen(pcOld), pcNew)),
+                    AllOf(HasSubstr(root() + "/board.json"), HasSubstr(pcTold)));
+    }
 }
-INSTANTIATE_TEST_SUITE_P(
-    Faults, FaultyProfile,
-    testing::ValuesIn<tagFAULT_CASE_S>({
-        {"Syntax", "\"deviceName\":", "\"deviceName\"", "line 3"},
-        {"MissingKey", "\"serialNumber\"", "\"serialNo\"", "serialNumber: is missing"},
-        {"WrongType", "\"opticalZoom\": 20", "\"opticalZoom\": \"20\"", "lens/opticalZoom: must be a whole number"},
-        {"Fraction", "\"opticalZoom\": 20", "\"opticalZoom\": 20.5", "lens/opticalZoom: must be a whole number"},
-        {"TooLarge", "\"opticalZoom\": 20", "\"opticalZoom\": 99999999999", "from 1 to 100"},
-        {"TextTooLong", "\"TKV-MX\"", "\"A model name of 32 characters ...\"", "model: must have 1 to 31 bytes"},
-        {"EmptyText", "\"TKV-MX\"", "\"\"", "model: must have"},
-        {"UnknownWord", "\"osdMenu\"", "\"osdmenu\"", "features/control/3: does not know the word \"osdmenu\""},
-        {"UnknownInterface", "\"hdBaseT\"", "\"hdbaset\"", "features/av/hdbaset: is no known key"},
-        {"NoFlag", "\"zoom\": true", "\"zoom\": 1", "ability/lenses/0/zoom: must be true or false"},
-        {"NoObject", "\"lens\": {\"opticalZoom\": 20}", "\"lens\": [20]", "lens: must be an object"},
-        {"NoList", "\"display\": [\"oled\", \"led\"]", "\"display\": \"oled\"", "features/display: must be a list"},
-        {"TooManyItems", "\"gpioLines\": [", "\"gpioLines\": [1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,", "more than 16"},
-        {"GpioPath", "IR-DIP-SWITCH0", "../../x", "gpioLines/0: must not contain"},
-        {"VersionShort", "\"1.4.2.12\"", "\"1.4\"", "versions/camera: must be"},
-        {"VersionTail", "\"1.4.2.12\"", "\"1.4.2.12b\"", "versions/camera: must be"},
-        {"VersionByte", "\"1.4.2.12\"", "\"1.256.2\"", "versions/camera: must be"},
-        {"Mac", "02:1a:4d:24:06:01", "02:1a:4d:24:06:1", "macAddresses/0: must be"},
-        {"SelfCheck", "\"zoomFocusCheck\": \"pass\"", "\"zoomFocusCheck\": \"ok\"", "zoomFocusCheck: does not know"},
-        {"SerialDevice", "/dev/ttyS_RS422", "/dev/a_device_name_beyond_its_field", "nodes/1/device: must have 1 to 31"},
-    }),
-    [](const auto &row) { return std::string(row.param.pcName); });
 
 TEST_F(ProfileTest, WithoutOneEverythingIsRefused)
 {
@@ -131,23 +125,19 @@ TEST_F(ProfileTest, WithoutOneEverythingIsRefused)
     EXPECT_EQ(BSP_PROFILE_GetInt("lens/opticalZoom", 7), 7);
 }
 
-TEST_F(ProfileTest, OwnCopyInTheDeviceRootComesFirst)
-{
-    std::string strText = textOf(PROFILES + "minimal.json");
-    strText.replace(strText.find("MIN24060001"), 11, "OWN");
-    std::filesystem::create_directories(root() + "/app/profiles");
-    std::ofstream(root() + "/app/profiles/minimal.json") << strText;
-    ASSERT_EQ(BSP_PROFILE_Load("minimal"), 0);
-    EXPECT_EQ(BSP_PROFILE_GetText("serialNumber", ""), "OWN");
-}
-
-TEST_F(ProfileTest, ValuesAreReadByPath)
+TEST_F(ProfileTest, ValuesAreReadByPathAndAnOwnCopyInTheDeviceRootComesFirst)
 {
     ASSERT_EQ(BSP_PROFILE_Load("TKV-MX"), 0);
     EXPECT_THAT((std::vector{BSP_PROFILE_GetInt("panTilt/panMinDegrees", 1), BSP_PROFILE_GetInt("model", 1),
                              BSP_PROFILE_GetInt("ability/lenses/0/zoom", 0), BSP_PROFILE_GetInt("panTilt", 1)}),
                 ElementsAre(-170, 1, 1, 1));
     EXPECT_EQ(BSP_PROFILE_GetText("versions/product", "none"), "MX_1.4.2");
+    std::string strText = textOf(PROFILES + "minimal.json");
+    strText.replace(strText.find("MIN24060001"), 11, "OWN");
+    std::filesystem::create_directories(root() + "/app/profiles");
+    std::ofstream(root() + "/app/profiles/minimal.json") << strText;
+    ASSERT_EQ(BSP_PROFILE_Load("minimal"), 0);
+    EXPECT_EQ(BSP_PROFILE_GetText("serialNumber", ""), "OWN");
 }
 
 TEST_F(ProfileTest, IdentityReachesItsRecords)

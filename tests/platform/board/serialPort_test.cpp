@@ -1,54 +1,30 @@
+/// Serial ports as pseudo terminals: bytes both ways, controllers of every pace.
 #include "board/profile.h"
 #include "board/serialPort.h"
 #include "support/platformTest.h"
 #include "util/fileDescriptor.h"
+#include "util/mailbox.h"
 
 #include <algorithm>
-#include <condition_variable>
 #include <fcntl.h>
 #include <future>
-#include <mutex>
 #include <numeric>
 #include <poll.h>
 #include <span>
 #include <termios.h>
 
 using testing::ElementsAre;
-using testing::StartsWith;
 
 namespace
 {
 typedef std::vector<BU_U8> Bytes;
-
-/// What arrives from a port; the test waits for it.
-class Received
-{
-public:
-    void add(UART_INSTANCE_TYPE enPort, const BU_U8 *pu8Data, BU_U32 u32Len)
-    {
-        const std::lock_guard guard(m_lock);
-        m_bytes[enPort].insert(m_bytes[enPort].end(), pu8Data, pu8Data + u32Len);
-        m_changed.notify_all();
-    }
-    Bytes take(UART_INSTANCE_TYPE enPort, std::size_t count)
-    {
-        std::unique_lock guard(m_lock);
-        m_changed.wait(guard, [&] { return m_bytes[enPort].size() >= count; });
-        return std::exchange(m_bytes[enPort], {});
-    }
-
-private:
-    std::mutex m_lock; // guards m_bytes
-    std::condition_variable m_changed;
-    std::map<UART_INSTANCE_TYPE, Bytes> m_bytes;
-};
 
 struct SerialTest : PlatformTest {
     SerialTest()
     {
         BSP_PROFILE_Load("TKV-MX");
         UART_RegisterReceiver(RS_PROTO_E_VISCA, [this](UART_INSTANCE_TYPE enPort, const BU_U8 *pu8Data, BU_U32 u32Len) {
-            received.add(enPort, pu8Data, u32Len);
+            for (const BU_U8 u8 : std::span(pu8Data, u32Len)) m_received[enPort].post(u8);
         });
         EXPECT_EQ(UART_DevAllInit(), 0);
     }
@@ -61,6 +37,13 @@ struct SerialTest : PlatformTest {
         EXPECT_GE(clPort, 0);
         return clPort;
     }
+    Bytes take(UART_INSTANCE_TYPE enPort, std::size_t count)
+    {
+        Bytes bytes;
+        for (int i = 0; i < 20'000 && bytes.size() < count; i++, usleep(1000))
+            std::ranges::copy(m_received[enPort].take(), std::back_inserter(bytes));
+        return bytes;
+    }
     static void put(int s32Fd, const Bytes &bytes)
     {
         EXPECT_EQ(write(s32Fd, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
@@ -69,19 +52,19 @@ struct SerialTest : PlatformTest {
     {
         Bytes bytes(count);
         for (std::size_t done = 0; done < count;) {
-            const ssize_t size = read(s32Fd, bytes.data() + done, count - done);
+            const ssize_t size = isSilent(s32Fd, 20'000) ? 0 : read(s32Fd, bytes.data() + done, count - done);
             if (size <= 0) return {};
             done += static_cast<std::size_t>(size);
         }
         return bytes;
     }
-    static bool isSilent(int s32Fd)
+    static bool isSilent(int s32Fd, int s32Ms = 0)
     {
         pollfd stPoll{s32Fd, POLLIN, 0};
-        return poll(&stPoll, 1, 0) == 0;
+        return poll(&stPoll, 1, s32Ms) == 0;
     }
 
-    Received received;
+    util::Mailbox<BU_U8> m_received[2]; // by port
 };
 
 /// Every byte value: a terminal that is not raw changes line ends, acts on control characters or echoes.
@@ -91,7 +74,7 @@ TEST_F(SerialTest, EveryByteGoesBothWaysUnchanged)
     std::iota(all.begin(), all.end(), 0);
     const auto port = controller("RS232");
     put(port, all);
-    EXPECT_EQ(received.take(UART_INSTANCE_TYPE_RS232, all.size()), all);
+    EXPECT_EQ(take(UART_INSTANCE_TYPE_RS232, all.size()), all);
     EXPECT_TRUE(isSilent(port)) << "nothing comes back of what was sent";
     EXPECT_EQ(UART_RS232DevSend(all.data(), 256, nullptr, nullptr), 0);
     EXPECT_EQ(get(port, all.size()), all);
@@ -101,7 +84,7 @@ TEST_F(SerialTest, PortsAreApart)
 {
     const auto rs232 = controller("RS232"), rs422 = controller("RS422");
     put(rs422, {0x81, 0x09, 0x04, 0x00, 0xFF});
-    EXPECT_EQ(received.take(UART_INSTANCE_TYPE_RS422, 5).size(), 5u);
+    EXPECT_EQ(take(UART_INSTANCE_TYPE_RS422, 5).size(), 5u);
     Bytes reply{0x90, 0x50, 0x02, 0xFF};
     EXPECT_EQ(UART_RS422DevSend(reply.data(), 4, nullptr, nullptr), 0);
     EXPECT_EQ(get(rs422, 4), reply);
@@ -109,12 +92,13 @@ TEST_F(SerialTest, PortsAreApart)
     EXPECT_THAT(journal::effects(), testing::IsSupersetOf({"UART_DevAllInit()", "UART_RS422DevSend(90 50 02 FF)"}));
 }
 
-TEST_F(SerialTest, ControllersComeAndGo)
+TEST_F(SerialTest, ControllersComeAndGoAndASecondStartOpensFreshPortsUnderTheSameNames)
 {
     for (BU_U8 u8 = 0; u8 < 20; u8++) {
+        EXPECT_EQ(u8 == 10 ? UART_DevAllInit() : 0, 0);
         const auto port = controller("RS232");
         put(port, {u8});
-        EXPECT_THAT(received.take(UART_INSTANCE_TYPE_RS232, 1), ElementsAre(u8));
+        EXPECT_THAT(take(UART_INSTANCE_TYPE_RS232, 1), ElementsAre(u8));
         EXPECT_EQ(UART_RS232DevSend(&u8, 1, nullptr, nullptr), 0);
         EXPECT_THAT(get(port, 1), ElementsAre(u8));
     }
@@ -153,17 +137,21 @@ TEST_F(SerialTest, UnregisteringWaitsForTheRunningCall)
     EXPECT_TRUE(unregistered.get());
 }
 
-TEST_F(SerialTest, SecondStartOpensFreshPortsUnderTheSameNames)
+TEST_F(SerialTest, PortFollowsItsSpeedSettingAndMissingPortsAreRefused)
 {
-    const auto before = controller("RS232");
-    ASSERT_EQ(UART_DevAllInit(), 0);
-    const auto port = controller("RS232");
-    put(port, {7});
-    EXPECT_THAT(received.take(UART_INSTANCE_TYPE_RS232, 1), ElementsAre(7));
-}
-
-TEST_F(SerialTest, MissingPortsAreRefused)
-{
+    const auto rs232 = controller("RS232"), rs422 = controller("RS422");
+    const auto speeds = [&] {
+        std::vector<speed_t> list;
+        for (const int s32Fd : {int(rs232), int(rs422)}) {
+            termios stMode;
+            tcgetattr(s32Fd, &stMode);
+            list.push_back(cfgetospeed(&stMode));
+        }
+        return list;
+    };
+    EXPECT_THAT(speeds(), ElementsAre(B9600, B9600));
+    CFG_SETTING_Set("RS422Baudrate", 0, 3, BU_FALSE, BU_TRUE);
+    EXPECT_THAT(speeds(), ElementsAre(B9600, B38400));
     BSP_PROFILE_Load("minimal");
     EXPECT_EQ(UART_RegisterReceiver(static_cast<tagRS_PROTO_E>(9), nullptr), -1);
     for (const BU_S32 s32Port : {-1, static_cast<BU_S32>(UART_INSTANCE_TYPE_RS485), 99})
