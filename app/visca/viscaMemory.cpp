@@ -10,11 +10,10 @@
 
 using namespace visca;
 
-/// Motion ends that a preset recall still waits for: the recall sets it to 2, each end takes one away.
-std::atomic<BU_S32> gs_s32PresetFlag{0};
-
 namespace
 {
+/// Motion ends that a preset recall still waits for: the recall sets it to 2, each end takes one away.
+std::atomic<BU_S32> gs_s32PresetFlag{0};
 constexpr BU_S32 RECALL_ENDS = 2; ///< one of the head, one of the lens
 constexpr BU_S32 NO_PRESET = -1;
 } // namespace

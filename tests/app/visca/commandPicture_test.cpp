@@ -1,7 +1,4 @@
-// White balance, exposure, shutter, picture parameters and the extra image settings.
-#include "camera/image.h"
-#include "camera/system.h"
-#include "camera/systemService.h"
+// Commands of white balance, exposure, stepped settings, picture parameters and the extra image settings.
 #include "commandTest.h"
 
 namespace
@@ -9,194 +6,133 @@ namespace
 using CommandPicture = CommandTest;
 using testing::HasSubstr;
 
+/// The kind stands in one group, the direct value beside it.
+void colourTemperature(Info &st, const Numbers &numbers)
+{
+    put<&Info::stColorTempCtrl, &VISCA_CTRL_COLORTEMP_S::enColorTempType>(st, numbers);
+    st.u8WbColorTmpDirect = static_cast<BU_U8>(numbers.size() > 1 ? numbers[1] : 0);
+}
+
 // clang-format off
-TEST_F(CommandPicture, WhiteBalanceModesAreWords)
+const Message WB{VISCA_CMD_E_WB_MODE, put<&Info::enWbModeCtrl>}, TEMPERATURE{VISCA_CMD_E_WB_COLOR_TMP, colourTemperature},
+    STRENGTH{VISCA_CMD_E_AWB_GAIN, put<&Info::stAwbGainCtrl>}, AE{VISCA_CMD_E_AE, put<&Info::stAECtrl>},
+    SHUTTER{VISCA_CMD_E_SHUTTER, put<&Info::stShutterCtrl>}, WDR{VISCA_CMD_E_WDR, put<&Info::stWDRCtrl>, true},
+    BACKLIGHT{VISCA_CMD_E_BACKLIGHT, put<&Info::enBalklightCtrl>}, PARAM{VISCA_CMD_E_VIDEO_PARAMETER, put<&Info::stVideoParamCtrl>},
+    EXTRA{VISCA_CMD_E_EXTRA_ISP, put<&Info::stExtraIspCtrl>};
+
+TEST_F(CommandPicture, WhiteBalance)
 {
-    const auto mode = with<&Info::enWbModeCtrl, VISCA_CTRL_WB_MODE_E>;
-    passes(viscaCtrlWbMode, {{mode(VISCA_MSG_E_WB_AUTO),              {"ISP_API_SetWbMode(0, 0, 1, 1)"}},
-                             {mode(VISCA_MSG_E_WB_MANUAL),            {"ISP_API_SetWbMode(0, 1, 1, 1)"}},
-                             {mode(VISCA_MSG_E_WB_INDOOR),            {"ISP_API_SetWbMode(0, 2, 1, 1)"}},
-                             {mode(VISCA_MSG_E_WB_OUTDOOR),           {"ISP_API_SetWbMode(0, 3, 1, 1)"}},
-                             {mode(VISCA_MSG_E_WB_COLOR_TEMPERATURE), {"ISP_API_SetWbMode(0, 4, 1, 1)"}},
-                             {mode(VISCA_MSG_E_WB_ONE_PUSH_WB),       {"ISP_API_SetWbMode(0, 5, 1, 1)"}},
-                             {mode(VISCA_MSG_E_WB_ONE_PUSH_TRIGGER),  {"ISP_API_SetOnePushAwb(0, 0, 1, 1)"}}});
-    const auto strength = with<&Info::stAwbGainCtrl, VISCA_CTRL_AWB_GAIN_E, BU_S32>;
-    passes(viscaCtrlAwbGain, {{strength(VISCA_MSG_E_AWB_RGAIN, 77), {"ISP_API_SetRStrength(0, 77, 1, 1)"}},
-                              {strength(VISCA_MSG_E_AWB_BGAIN, 77), {"ISP_API_SetBStrength(0, 77, 1, 1)"}},
-                              {strength(VISCA_MSG_E_AWB_GGAIN, 77), {"ISP_API_SetGStrength(0, 77, 1, 1)"}}});
+    check({each(WB, "ISP WbMode %", {{0, 0}, {1, 2}, {2, 3}, {3, 5}, {5, 1}, {11, 4}}), each(WB, "ISP OnePushAwb %", {{12, 0}})});
+    check(Rows{{STRENGTH, {0, 77}, "ISP RStrength 77"}, {STRENGTH, {1, 77}, "ISP BStrength 77"}, {STRENGTH, {2, 77}, "ISP GStrength 77"},
+               {TEMPERATURE, {0}, "ISP StWbMode 5600", "ColorTemp 4000"}, // 2800 K to 6500 K in steps of 100 K
+               {TEMPERATURE, {1}, "ISP StWbMode 4100", "ColorTemp 4000"}, {TEMPERATURE, {1}, "ISP StWbMode 6500", "ColorTemp 6500"},
+               {TEMPERATURE, {2}, "ISP StWbMode 3900", "ColorTemp 4000"}, {TEMPERATURE, {2}, "ISP StWbMode 2800", "ColorTemp 2800"},
+               {TEMPERATURE, {3, 1}, "ISP StWbMode 2900"}, {TEMPERATURE, {3, 37}, "ISP StWbMode 6500"}, {TEMPERATURE, {3, 38}, REFUSED}});
+    EXPECT_THAT(traceOf([] { dispatch(TEMPERATURE, {3, 38}); }), HasSubstr("]: 38 out of rang[0 ~ 0x25]\n"));
 }
 
-/// 2800 K to 6500 K in steps of 100 K.
-TEST_F(CommandPicture, ColourTemperatureStaysInItsRange)
+TEST_F(CommandPicture, ExposureAndShutter)
 {
-    const auto step = [](VISCA_CTRL_COLORTEMP_E enType, BU_U8 u8Index = 0) {
-        return [=](Info &st) {
-            st.stColorTempCtrl = {enType, 0};
-            st.u8WbColorTmpDirect = u8Index;
-        };
-    };
-    const auto at = [](BU_S32 s32Kelvin) { return [=] { ISP_API_SetStWbMode(0, s32Kelvin, BU_FALSE, BU_FALSE); }; };
-    const tagCOMMAND_CASE_S stBeyond{step(VISCA_MSG_E_COLORTEMP_DIRECT, 38), {}, REFUSED};
-    passes(viscaCtrlWbColorTmp, {{step(VISCA_MSG_E_COLORTEMP_RESET),      {"ISP_API_SetStWbMode(0, 5600, 1, 1)"}},
-                                 {step(VISCA_MSG_E_COLORTEMP_UP),         {"ISP_API_SetStWbMode(0, 4100, 1, 1)"}, 0, at(4000)},
-                                 {step(VISCA_MSG_E_COLORTEMP_UP),         {"ISP_API_SetStWbMode(0, 6500, 1, 1)"}, 0, at(6500)},
-                                 {step(VISCA_MSG_E_COLORTEMP_DOWN),       {"ISP_API_SetStWbMode(0, 3900, 1, 1)"}, 0, at(4000)},
-                                 {step(VISCA_MSG_E_COLORTEMP_DOWN),       {"ISP_API_SetStWbMode(0, 2800, 1, 1)"}, 0, at(2800)},
-                                 {step(VISCA_MSG_E_COLORTEMP_DIRECT, 1),  {"ISP_API_SetStWbMode(0, 2900, 1, 1)"}},
-                                 {step(VISCA_MSG_E_COLORTEMP_DIRECT, 37), {"ISP_API_SetStWbMode(0, 6500, 1, 1)"}},
-                                 stBeyond});
-    EXPECT_THAT(traceOf(viscaCtrlWbColorTmp, stBeyond), HasSubstr("]: 38 out of rang[0 ~ 0x25]\n"));
+    check(each(AE, "ISP AeMode %", {{0, 0}, {3, 4}, {10, 2}, {11, 3}, {13, 1}}));
+    check(Rows{{AE, {14, 9}, "ISP GainLimit 9", "ExposureMode 0"}, {AE, {14, 9}, REFUSED, "ExposureMode 1"}, {AE, {14, 9}, REFUSED, "ExposureMode 2"},
+               {AE, {14, 9}, REFUSED, "ExposureMode 3"}, {AE, {14, 9}, REFUSED, "ExposureMode 4"},
+               {WDR, {2, 5}, "ISP DrcSwi 1"}, {WDR, {3, 5}, "ISP DrcSwi 0"}, {WDR, {4, 5}, REFUSED}, {WDR, {5, 5}, REFUSED}, {WDR, {6, 5}, REFUSED}, {WDR, {7, 5}, REFUSED},
+               {BACKLIGHT, {2}, "ISP BackLight 1"}, {BACKLIGHT, {3}, "ISP BackLight 0"},
+               // Shutters are 0...32 for 1/24 ... 1/10000; the lists follow the output rate: 0 is 60, 2 is 50, 5 is 25.
+               {SHUTTER, {1}, "ISP Shutter 11", "Fps 0, ShutterSpeedFps60 9"},  {SHUTTER, {1}, "ISP Shutter 5", "Fps 0, ShutterSpeedFps60 32"},
+               {SHUTTER, {1}, "ISP Shutter 10", "Fps 2, ShutterSpeedFps50 9"},  {SHUTTER, {2}, "ISP Shutter 7", "Fps 0, ShutterSpeedFps60 9"},
+               {SHUTTER, {2}, "ISP Shutter 32", "Fps 5, ShutterSpeedFps25 1"},  {SHUTTER, {3, 6}, "ISP Shutter 5", "Fps 0"},
+               {SHUTTER, {3, 21}, "ISP Shutter 32", "Fps 0"},                   {SHUTTER, {3, 12}, "ISP Shutter 16", "Fps 5"},
+               {SHUTTER, {3, 5}, REFUSED, "Fps 0"}, {SHUTTER, {3, 22}, REFUSED, "Fps 0"}, {SHUTTER, {4}, REFUSED, "Fps 0"},
+               {SHUTTER, {1}, "", "@ISP_API_GetShutter -7", -7}, {SHUTTER, {2}, "", "@ISP_API_GetShutter -7", -7},
+               // The factory setting: that of 60 for rates that have none.
+               {SHUTTER, {0}, "ISP Shutter 5", "Fps 0"}, {SHUTTER, {0}, "ISP Shutter 5", "Fps 1"}, {SHUTTER, {0}, "ISP Shutter 4", "Fps 2"},
+               {SHUTTER, {0}, "ISP Shutter 2", "Fps 3"}, {SHUTTER, {0}, "ISP Shutter 5", "Fps 4"}, {SHUTTER, {0}, "ISP Shutter 1", "Fps 5"},
+               {SHUTTER, {0}, "ISP Shutter 0", "Fps 6"}, {SHUTTER, {0}, "ISP Shutter 5", "Fps 7"}});
 }
 
-TEST_F(CommandPicture, ExposureModesAreWordsAndTheGainLimitNeedsAuto)
+/// Settings that are stepped: reset, up and down with the ends of the range, a value of its own.
+TEST_F(CommandPicture, SteppedSettings)
 {
-    const auto mode = with<&Info::stAECtrl, VISCA_CTRL_AE_E, BU_S32>;
-    const auto runs = [](BU_S32 s32Mode) { return [=] { ISP_API_SetAeMode(0, s32Mode, BU_FALSE, BU_FALSE); }; };
-    passes(viscaCtrlAE, {{mode(VISCA_MSG_E_AE_FULL_AUTO, 0),        {"ISP_API_SetAeMode(0, 0, 1, 1)"}},
-                         {mode(VISCA_MSG_E_AE_BRIGHT, 0),           {"ISP_API_SetAeMode(0, 1, 1, 1)"}},
-                         {mode(VISCA_MSG_E_AE_SHUTTER_PRIORITY, 0), {"ISP_API_SetAeMode(0, 2, 1, 1)"}},
-                         {mode(VISCA_MSG_E_AE_IRIS_PRIORITY, 0),    {"ISP_API_SetAeMode(0, 3, 1, 1)"}},
-                         {mode(VISCA_MSG_E_AE_NANUAL, 0),           {"ISP_API_SetAeMode(0, 4, 1, 1)"}},
-                         {mode(VISCA_MSG_E_AE_GAIN_LIMIT_POS, 9),   {"ISP_API_SetGainLimit(0, 9, 1, 1)"}, 0, runs(AE_MODE_E_AUTO)}});
-    for (const BU_S32 s32Mode : {AE_MODE_E_BRIGHT, AE_MODE_E_SHUTTER, AE_MODE_E_IRIS, AE_MODE_E_MANUAL})
-        check(viscaCtrlAE, {{mode(VISCA_MSG_E_AE_GAIN_LIMIT_POS, 9), {}, REFUSED, runs(s32Mode)}});
-}
-
-TEST_F(CommandPicture, ShutterFollowsTheOutputFrameRate)
-{
-    const auto step = with<&Info::stShutterCtrl, BU_S32, BU_S32>;
-    const auto sets = [](BU_S32 s32) { return Effects{"ISP_API_SetShutter(0, " + std::to_string(s32) + ", 1, 1)"}; };
-    const auto at = [](const char *pcFps, BU_S32 s32Shutter = SHUTTER_TIME_100) {
-        return [=] {
-            SYSTEM_API_SetHdmiFps(pcFps, BU_FALSE);
-            ISP_API_SetShutter(0, s32Shutter, BU_FALSE, BU_FALSE);
-        };
-    };
-    const auto RESET = VISCA_MSG_E_SHUTTER_RESET, UP = VISCA_MSG_E_SHUTTER_UP, DOWN = VISCA_MSG_E_SHUTTER_DOWN,
-               DIRECT = VISCA_MSG_E_SHUTTER_DIRECT;
-    passes(viscaCtrlShutter, {{step(UP, 0),      sets(SHUTTER_TIME_125),   0, at("Fps60")},
-                              {step(UP, 0),      sets(SHUTTER_TIME_120),   0, at("Fps50")},
-                              {step(UP, 0),      sets(SHUTTER_TIME_60),    0, at("Fps60", SHUTTER_TIME_10000)},
-                              {step(DOWN, 0),    sets(SHUTTER_TIME_90),    0, at("Fps60")},
-                              {step(DOWN, 0),    sets(SHUTTER_TIME_10000), 0, at("Fps25", SHUTTER_TIME_25)},
-                              {step(DIRECT, 6),  sets(SHUTTER_TIME_60),    0, at("Fps60")},
-                              {step(DIRECT, 21), sets(SHUTTER_TIME_10000), 0, at("Fps60")},
-                              {step(DIRECT, 12), sets(SHUTTER_TIME_300),   0, at("Fps25")},
-                              {step(DIRECT, 5),  {}, REFUSED, at("Fps60")}, // too slow for 60
-                              {step(DIRECT, 22), {}, REFUSED, at("Fps60")}, // beyond the fastest
-                              {step(4, 0),       {}, REFUSED, at("Fps60")}});
-    const std::pair<const char *, const char *> DEFAULTS[] = {
-        {"Fps60", "60"}, {"Fps59p94", "60"}, {"Fps50", "50"}, {"Fps30", "30"},
-        {"Fps29p97", "60"}, {"Fps25", "25"}, {"Fps24", "24"}, {"Fps23p98", "60"}};
-    for (const auto &[pcFps, pcKey] : DEFAULTS) {
-        BU_S32 s32Default = -1;
-        ASSERT_EQ(ISP_AF_GetDefVal((std::string("ShutterSpeedFps") + pcKey).c_str(), &s32Default), 0);
-        passes(viscaCtrlShutter, {{step(RESET, 0), sets(s32Default), 0, at(pcFps)}});
+    constexpr BU_S32 REFUSES = 9999;
+    const struct {
+        Message message;
+        const char *pcSetter, *pcKey;
+        BU_S32 s32First, s32AeMode; ///< the kind that means reset; the exposure mode in which it may change
+        std::vector<std::array<BU_S32, 4>> steps; ///< kind after the first, direct value, the setting before and after
+    } ROWS[] = {
+        {{VISCA_CMD_E_RGAIN, put<&Info::stRGainCtrl>}, "RGain", "RGain", 0, 0, {{0, 9, 3, 128}, {1, 9, 200, 201}, {1, 9, 255, 0}, {2, 9, 200, 199}, {2, 9, 0, 255}, {3, 254, 3, 254}}},
+        {{VISCA_CMD_E_BGAIN, put<&Info::stBGainCtrl>}, "BGain", "BGain", 0, 0, {{0, 9, 3, 128}, {1, 9, 200, 201}, {1, 9, 255, 0}, {2, 9, 200, 199}, {2, 9, 0, 255}, {3, 254, 3, 254}}},
+        {{VISCA_CMD_E_GGAIN, put<&Info::stGGainCtrl>}, "GGain", "GGain", 0, 0, {{0, 9, 3, 128}, {1, 9, 255, 256}, {2, 9, 0, -1}, {3, 7, 3, 7}}},
+        {{VISCA_CMD_E_IRIS, put<&Info::stIrisCtrl>, true}, "IrisLevel", "IrisLevel", 0, 0, {{0, 9, 3, 12}, {1, 9, 12, 13}, {1, 9, 13, 0}, {2, 9, 0, 13}, {3, 13, 3, 13}, {3, 14, 3, REFUSES}}},
+        {{VISCA_CMD_E_GAIN, put<&Info::stGainCtrl>}, "Gain", "Gain", 0, 4, {{0, 9, 3, 0}, {1, 9, 26, 27}, {1, 9, 27, 0}, {2, 9, 0, 27}, {3, 27, 3, 27}, {3, 28, 3, REFUSES}}},
+        {{VISCA_CMD_E_BRIGHT, put<&Info::stBrightCtrl>}, "ExpBrightness", "ExposureBrightness", 0, 1, {{0, 9, 3, 15}, {1, 9, 10, 11}, {2, 9, 10, 9}, {3, 12, 3, 12}}},
+        {{VISCA_CMD_E_EXP_COMP, put<&Info::stExpCompCtrl>}, "ExpCompLevel", "ExposureCompLevel", 4, 0, {{0, 9, 3, 0}, {1, 9, -3, -2}, {2, 9, -3, -4}, {3, 0x27, 0, 7}, {3, 0x19, 0, -7}}},
+        {{VISCA_CMD_E_APERTURE, put<&Info::stApertureCtrl>}, "Sharpness", "Sharpness", 0, 0, {{0, 9, 3, 6}, {1, 9, 5, 6}, {2, 9, 5, 4}, {3, 11, 3, 11}}}};
+    for (const auto &row : ROWS) {
+        for (const auto &[s32Kind, s32Direct, s32Before, s32After] : row.steps)
+            for (BU_S32 s32Mode = 0; s32Mode < 5; ++s32Mode) {
+                const bool bRefused = s32After == REFUSES || (row.s32AeMode && s32Mode != row.s32AeMode);
+                check(Rows{{row.message, {row.s32First + s32Kind, s32Direct}, bRefused ? REFUSED : "ISP " + std::string(row.pcSetter) + " " + std::to_string(s32After),
+                            "ExposureMode " + std::to_string(s32Mode) + ", " + row.pcKey + " " + std::to_string(s32Before)}});
+            }
+        const std::string strTrace = traceOf([&] { check(Rows{{row.message, {row.s32First + 4}, REFUSED, "ExposureMode " + std::to_string(row.s32AeMode)}}); });
+        EXPECT_THAT(strTrace, testing::ContainsRegex("\\[viscaCtrl[A-Za-z]+:[0-9]+\\] unknow type [48]\n"));
     }
-    for (const auto enType : {UP, DOWN})
-        check(viscaCtrlShutter, {{step(enType, 0), {}, -7, [] { journal::inject("ISP_API_GetShutter", -7); }}});
+    check(each({VISCA_CMD_E_EXP_COMP, put<&Info::stExpCompCtrl>}, "ISP ExpCompSwi %", {{2, 1}, {3, 0}}));
 }
-
-TEST_F(CommandPicture, WideDynamicRangeAndBacklight)
-{
-    const auto wdr = with<&Info::stWDRCtrl, VISCA_CTRL_WDR_E, BU_S32>;
-    check(viscaCtrlWDR, {{wdr(VISCA_MSG_E_WDR_ON, 5),     {"ISP_API_SetDrcSwi(0, 1, 1, 1)"}},
-                         {wdr(VISCA_MSG_E_WDR_OFF, 5),    {"ISP_API_SetDrcSwi(0, 0, 1, 1)"}},
-                         {wdr(VISCA_MSG_E_WDR_UP, 5),     {}, REFUSED},
-                         {wdr(VISCA_MSG_E_WDR_DIRECT, 5), {}, REFUSED}});
-    passes(viscaCtrlBacklight, {{with<&Info::enBalklightCtrl>(2), {"ISP_API_SetBackLight(0, 1, 1, 1)"}},
-                                {with<&Info::enBalklightCtrl>(3), {"ISP_API_SetBackLight(0, 0, 1, 1)"}}});
-}
-
-constexpr auto param = with<&Info::stVideoParamCtrl, BU_S32, BU_S32>;
-constexpr auto extra = with<&Info::stExtraIspCtrl, BU_S32, BU_S32>;
 
 TEST_F(CommandPicture, ParametersReachTheirSettings)
 {
-    passes(viscaCtrlVideoParam, {{param(0, 3),  {"ISP_API_SetSharpness(0, 3, 1, 1)"}},
-                                 {param(1, 3),  {"ISP_API_SetBrightness(0, 3, 1, 1)"}},
-                                 {param(2, 3),  {"ISP_API_SetContrast(0, 3, 1, 1)"}},
-                                 {param(3, 3),  {"ISP_API_SetSaturation(0, 3, 1, 1)"}},
-                                 {param(4, 3),  {"ISP_API_SetHue(0, 3, 1, 1)"}},
-                                 {param(5, 3),  {"ISP_API_Set2DNR(0, 3, 1, 1)"}},
-                                 {param(6, 3),  {"ISP_API_Set3DNR(0, 3, 1, 1)"}},
-                                 {param(7, 3),  {"ISP_API_SetGamma(0, 3, 1, 1)"}},
-                                 {param(11, 0), {"ISP_API_SetAntiFlicker(0, 2, 1, 1)"}},
-                                 {param(11, 1), {"ISP_API_SetAntiFlicker(0, 0, 1, 1)"}},
-                                 {param(11, 2), {"ISP_API_SetAntiFlicker(0, 1, 1, 1)"}},
-                                 {param(13, 4), {"ISP_API_SetAeMeterMode(0, 4, 1, 1)"}},
-                                 {param(14, 0), {"ISP_API_SetIspBinUsage(0, 0, 1, 1)"}},
-                                 {param(14, 1), {"ISP_API_SetIspBinUsage(0, 6, 1, 1)"}},
-                                 {param(14, 2), {"ISP_API_SetIspBinUsage(0, 7, 1, 1)"}}});
-    // Blue, cyan, green, red, yellow, magenta; hues count from the lowest, which is -10.
-    const char *const apcColours[] = {"5", "4", "3", "1", "2", "6"};
-    for (BU_S32 i = 0; i < 6; ++i)
-        passes(viscaCtrlVideoParam, {{param(15 + i, 3),  {std::string("ISP_API_SetColorHue(0, ") + apcColours[i] + ", -7, 1, 1)"}},
-                                     {param(21 + i, 90), {std::string("ISP_API_SetColorSat(0, ") + apcColours[i] + ", 90, 1, 1)"}}});
-    const std::string strOn = "ISP_API_SetDrcSwi(0, 1, 1, 1)";
-    passes(viscaCtrlVideoParam, {{param(8, 1), {strOn, "ISP_API_SetDrcMode(0, 0, 1, 1)"}},
-                                 {param(8, 6), {strOn, "ISP_API_SetDrcMode(0, 5, 1, 1)"}}}, "ISP_API_SetDrcMode");
-    check(viscaCtrlVideoParam, {{param(8, 0),  {"ISP_API_SetDrcSwi(0, 0, 1, 1)"}},
-                                {param(12, 2), {"SYS_API_SetImageFreeze(1, 1, 1)"}},
-                                {param(12, 3), {"SYS_API_SetImageFreeze(0, 1, 1)"}}});
+    const char *const SETTERS[] = {"Sharpness", "Brightness", "Contrast", "Saturation", "Hue", "2DNR", "3DNR", "Gamma"};
+    for (BU_S32 i = 0; i < 8; ++i) check(Rows{{PARAM, {i, 3}, "ISP " + std::string(SETTERS[i]) + " 3"}});
+    const char *const COLOURS[] = {"5", "4", "3", "1", "2", "6"}; // blue, cyan, green, red, yellow, magenta
+    for (BU_S32 i = 0; i < 6; ++i) // hues count from the lowest, which is -10
+        check(Rows{{PARAM, {15 + i, 3},  std::string("ISP_API_SetColorHue(0, ") + COLOURS[i] + ", -7, 1, 1)"},
+                   {PARAM, {21 + i, 90}, std::string("ISP_API_SetColorSat(0, ") + COLOURS[i] + ", 90, 1, 1)"}});
+    const Message RANGE{PARAM.enType, PARAM.fill, false, "ISP_API_SetDrcMode"}, DONE{PARAM.enType, PARAM.fill, true};
+    check(Rows{{RANGE, {8, 1}, "ISP DrcSwi 1; ISP DrcMode 0"}, {RANGE, {8, 6}, "ISP DrcSwi 1; ISP DrcMode 5"}, {DONE, {8, 0}, "ISP DrcSwi 0"},
+               {PARAM, {11, 0}, "ISP AntiFlicker 2"}, {PARAM, {11, 1}, "ISP AntiFlicker 0"}, {PARAM, {11, 2}, "ISP AntiFlicker 1"}, {PARAM, {11, 3}, REFUSED},
+               {DONE, {12, 2}, "SYS ImageFreeze 1"}, {DONE, {12, 3}, "SYS ImageFreeze 0"}, {PARAM, {13, 4}, "ISP AeMeterMode 4"},
+               {PARAM, {14, 0}, "ISP IspBinUsage 0"}, {PARAM, {14, 1}, "ISP IspBinUsage 6"}, {PARAM, {14, 2}, "ISP IspBinUsage 7"}, {PARAM, {14, 3}, REFUSED}});
+    for (const BU_S32 s32Value : {0, 1, 4, 255}) check(refused(PARAM, {{9, s32Value}, {10, s32Value}, {12, s32Value}}));
 }
 
-TEST_F(CommandPicture, MirrorFlipAndMountRebootOnSuccessOnly)
-{
-    struct {
-        PFN_HANDLER pfnHandle;
-        std::function<void(Info &)> fill;
-        const char *pcSetter, *pcArguments;
-    } const rows[] = {{viscaCtrlVideoParam, param(9, 2),  "SYS_API_SetMirror",    "(1, 1, 1)"},
-                      {viscaCtrlVideoParam, param(9, 3),  "SYS_API_SetMirror",    "(0, 1, 1)"},
-                      {viscaCtrlVideoParam, param(10, 2), "SYS_API_SetFlip",      "(1, 1, 1)"},
-                      {viscaCtrlVideoParam, param(10, 3), "SYS_API_SetFlip",      "(0, 1, 1)"},
-                      {viscaCtrlExtraISP,   extra(7, 2),  "SYS_API_SetMountMode", "(1, 1, 1)"},
-                      {viscaCtrlExtraISP,   extra(7, 3),  "SYS_API_SetMountMode", "(0, 1, 1)"}};
-    for (const auto &row : rows) {
-        const std::string strSet = std::string(row.pcSetter) + row.pcArguments;
-        passes(row.pfnHandle, {{row.fill, {strSet, "UTIL_CMD_RunSafe(\"sync; reboot\")"}},
-                               {row.fill, {strSet}, -3, [&] { journal::inject(row.pcSetter, -3); }}});
-    }
-}
-
+/// Mirror, flip and mount restart the camera, but only when they were set.
 TEST_F(CommandPicture, ExtraSettings)
 {
-    for (const char cOn : {'1', '0'}) {
-        const BU_S32 s32Value = cOn == '1' ? 2 : 3;
-        const std::string strOn = cOn + std::string(", 1, 1)");
-        passes(viscaCtrlExtraISP, {{extra(0, s32Value),  {"ISP_API_SetExposureFullViewFollow(0, " + strOn}},
-                                   {extra(1, s32Value),  {"ISP_API_SetWhiteBalanceFullViewFollow(0, " + strOn}},
-                                   {extra(8, s32Value),  {"AF_API_SetDistortionCorrection(" + strOn}},
-                                   {extra(12, s32Value), {"AF_API_SetFaceAF(0, " + strOn}},
-                                   {extra(13, s32Value), {"ISP_API_SetAutoIrisSwi(0, " + strOn}}});
-    }
-    passes(viscaCtrlExtraISP, {{extra(2, 0),  {"IMAGE_PRESET_API_GotoById(-250, 8, NULL)"}},
-                               {extra(3, 0),  {"IMAGE_PRESET_API_GotoById(-1, 8, NULL)"}},
-                               {extra(4, 0),  {"IMAGE_PRESET_API_GotoById(-2, 8, NULL)"}},
-                               {extra(5, 0),  {"IMAGE_PRESET_API_GotoById(-3, 8, NULL)"}},
-                               {extra(6, 2),  {"ISP_API_SetAwbSensitivity(0, 2, 1, 1)"}},
-                               {extra(10, 3), {"ISP_API_SetNDFilter(0, 3, 1, 1)"}}});
-    check(viscaCtrlExtraISP, {{extra(9, 0), {"ISP_API_Reset(0)", "ISP_API_Reset(1)"}}});
-}
-
-TEST_F(CommandPicture, TeleModeChangesOnlyWhatDiffers)
-{
-    const auto crop = [](BU_BOOL bOn) { return [=] { SYS_API_SetSensorCrop(bOn, BU_FALSE, BU_FALSE); }; };
-    passes(viscaCtrlExtraISP, {{extra(11, 2), {"SYS_API_SetSensorCrop(1, 1, 1)"}, 0, crop(BU_FALSE)},
-                               {extra(11, 3), {"SYS_API_SetSensorCrop(0, 1, 1)"}, 0, crop(BU_TRUE)},
-                               {extra(11, 2), {}, 0, crop(BU_TRUE)},
-                               {extra(11, 3), {}, 0, crop(BU_FALSE)}});
+    const std::string strReboot = "; UTIL_CMD_RunSafe(\"sync; reboot\")";
+    const struct {
+        Message message;
+        BU_S32 s32Type;
+        const char *pcEffect;
+        bool bReboots = false;
+    } ROWS[] = {{PARAM, 9, "SYS Mirror ", true}, {PARAM, 10, "SYS Flip ", true}, {EXTRA, 7, "SYS MountMode ", true},
+                {EXTRA, 0, "ISP ExposureFullViewFollow "}, {EXTRA, 1, "ISP WhiteBalanceFullViewFollow "}, {EXTRA, 12, "AF_API_SetFaceAF(0, "},
+                {EXTRA, 8, "AF_API_SetDistortionCorrection("}, {EXTRA, 13, "ISP AutoIrisSwi "}};
+    for (const auto &row : ROWS)
+        for (const BU_S32 s32Code : {2, 3}) {
+            const std::string strEffect = row.pcEffect + std::string(s32Code == 2 ? "1" : "0") + (strchr(row.pcEffect, '(') ? ", 1, 1)" : "");
+            if (!row.bReboots) {
+                check(Rows{{row.message, {row.s32Type, s32Code}, strEffect}});
+                continue;
+            }
+            const std::string strSet = longForm(strEffect), strFunction = strSet.substr(0, strSet.find('('));
+            EXPECT_EQ(dispatch(row.message, {row.s32Type, s32Code}), 0);
+            EXPECT_EQ(effects(), strSet + strReboot + "; " + answered(row.message.enType));
+            EXPECT_EQ(dispatch(row.message, {row.s32Type, s32Code}, "@" + strFunction + " -3"), -3);
+            EXPECT_EQ(effects(), strSet + "; ");
+        }
+    check(Rows{{EXTRA, {2}, "IMAGE_PRESET_API_GotoById(-250, 8, NULL)"}, {EXTRA, {3}, "IMAGE_PRESET_API_GotoById(-1, 8, NULL)"},
+               {EXTRA, {4}, "IMAGE_PRESET_API_GotoById(-2, 8, NULL)"},   {EXTRA, {5}, "IMAGE_PRESET_API_GotoById(-3, 8, NULL)"},
+               {EXTRA, {6, 2}, "ISP AwbSensitivity 2"}, {EXTRA, {10, 3}, "ISP NDFilter 3"},
+               {EXTRA, {11, 2}, "SYS SensorCrop 1", "SensorCrop 0"}, {EXTRA, {11, 3}, "SYS SensorCrop 0", "SensorCrop 1"}, // tele mode
+               {EXTRA, {11, 2}, "", "SensorCrop 1"},                 {EXTRA, {11, 3}, "", "SensorCrop 0"}});
+    check(Rows{{{EXTRA.enType, EXTRA.fill, true}, {9}, "ISP_API_Reset(0); ISP_API_Reset(1)"}});
+    journal::inject("ISP_API_Reset", -3, 2);
+    EXPECT_EQ(dispatch(EXTRA, {9}), -3) << "that of the second pipeline";
+    for (const BU_S32 s32Value : {0, 1, 4, 255})
+        for (const BU_S32 s32Type : {0, 1, 7, 8, 11, 12, 13}) check(refused(EXTRA, {{s32Type, s32Value}}));
 }
 // clang-format on
-
-TEST_F(CommandPicture, ValuesOutsideTheirListAreRefused)
-{
-    for (const BU_S32 s32Value : {0, 1, 4, 255}) {
-        for (const BU_S32 s32Type : {9, 10, 12}) check(viscaCtrlVideoParam, {{param(s32Type, s32Value), {}, REFUSED}});
-        for (const BU_S32 s32Type : {0, 1, 7, 8, 11, 12, 13})
-            check(viscaCtrlExtraISP, {{extra(s32Type, s32Value), {}, REFUSED}});
-    }
-    check(viscaCtrlVideoParam, {{param(11, 3), {}, REFUSED}, {param(14, 3), {}, REFUSED}});
-}
 } // namespace

@@ -1,103 +1,90 @@
-/// Tests of the command handlers: a record goes in; a result and the calls on the camera's services come out.
+/// Rows of command tests: a message goes in; a result, an answer and the calls on the camera's services come out.
 #pragma once
 
-#include "visca/viscaHandlers.h"
 #include "viscaTest.h"
 
-#include <functional>
-#include <string>
-#include <type_traits>
-#include <vector>
+#include <map>
 
-typedef INFO Info;
-typedef std::vector<std::string> Effects;
-constexpr BU_S32 REFUSED = -1;
+/// What the camera is asked to do, in order and with "; " between, as the journal has it or in short: "ISP Gain 3" is
+/// ISP_API_SetGain(0, 3, 1, 1); "ALG" and "SYS" go without the device; "lens X" and "head X" start a motion of the
+/// message. REFUSED: nothing, and answered with an error.
+const std::string REFUSED = "-";
 
-typedef BU_S32 (*PFN_HANDLER)(Info *);
-
-/// What a handler is given and what it makes of it.
-struct tagCOMMAND_CASE_S {
-    std::function<void(Info &)> fill; ///< of the record
-    Effects effects;                  ///< what the camera is asked to do, in order
-    BU_S32 s32Result = 0;
-    std::function<void()> setUp = [] {}; ///< of the camera, before
-};
-typedef std::vector<tagCOMMAND_CASE_S> Cases;
-
-/// A number for a field of whatever type.
-struct tagNUMBER_S {
-    BU_S32 s32;
-    template <class T> operator T() const { return static_cast<T>(s32); }
-};
-/// Fills a member of the record: a number, or the fields of a group in their order.
-template <auto Member, class... Values> std::function<void(Info &)> with(Values... values)
+inline std::string longForm(const std::string &strShort)
 {
-    return [=](Info &st) {
-        typedef std::remove_reference_t<decltype(st.*Member)> Type;
-        if constexpr (std::is_aggregate_v<Type>)
-            st.*Member = Type{tagNUMBER_S{static_cast<BU_S32>(values)}...};
-        else
-            st.*Member = static_cast<Type>((values, ...));
-    };
+    const auto first = strShort.find(' '), last = strShort.rfind(' ');
+    const std::string strHead = strShort.substr(0, first),
+                      strRest = first == strShort.npos ? "" : strShort.substr(first + 1);
+    if (strHead == "lens") return "BSP_ZFCtrlMotion(1, {" + strRest + "}, &)";
+    if (strHead == "head") return "BSP_PTCtrlMotion(1, {" + strRest + "}, &)";
+    if (strHead != "ISP" && strHead != "ALG" && strHead != "SYS") return strShort;
+    return strHead + "_API_Set" + strShort.substr(first + 1, last - first - 1) + (strHead == "ISP" ? "(0, " : "(") +
+           strShort.substr(last + 1) + ", 1, 1)";
 }
 
-/// A request to the lens as the journal writes it. @param pcPrivate  "&" with data, "NULL" without
-inline std::string lensMotion(const ZF_MOTION_CTRL_S &stMotion, const char *pcPrivate)
+struct Row {
+    Message message;
+    Numbers numbers;
+    std::string strEffects;
+    std::string strSettings = "";
+    BU_S32 s32Result = 0; ///< more than 0: answered when the motion has ended
+};
+typedef std::vector<Row> Rows;
+
+/// A row for each pair: code, and what stands for '%' in the effect.
+inline Rows each(const Message &message, const std::string &strEffect,
+                 const std::vector<std::pair<BU_S32, BU_S32>> &pairs, const std::string &strSettings = "")
 {
-    return "BSP_ZFCtrlMotion(1, " + journal::argument(&stMotion) + ", " + pcPrivate + ")";
+    Rows rows;
+    for (const auto &[s32Code, s32Value] : pairs) {
+        std::string str = strEffect;
+        rows.push_back({message, {s32Code}, str.replace(str.find('%'), 1, std::to_string(s32Value)), strSettings});
+    }
+    return rows;
+}
+inline Rows refused(const Message &message, const std::vector<Numbers> &list)
+{
+    Rows rows;
+    for (const Numbers &numbers : list) rows.push_back({message, numbers, REFUSED});
+    return rows;
 }
 
 class CommandTest : public ViscaTest
 {
 protected:
-    CommandTest()
+    /// Every row as it stands, and again with a failing service behind it.
+    static void check(const Rows &rows)
     {
-        UTIL_CMD_SetRebootHandler([] {});
+        for (const Row &row : rows) {
+            const Type enType = row.message.enType;
+            std::string strCase = "type " + std::to_string(enType) + ", row " + std::to_string(&row - rows.data());
+            for (const BU_S32 s32 : row.numbers) strCase += " " + std::to_string(s32);
+            SCOPED_TRACE(strCase);
+            std::string strExpected, strFirst;
+            std::istringstream list(row.strEffects == REFUSED ? "" : row.strEffects);
+            for (std::string strOne; std::getline(list >> std::ws, strOne, ';');) {
+                strExpected += longForm(strOne) + "; ";
+                if (strFirst.empty()) strFirst = longForm(strOne).substr(0, longForm(strOne).find('('));
+            }
+            const BU_S32 s32Result = row.strEffects == REFUSED ? -1 : row.s32Result;
+            EXPECT_EQ(dispatch(row.message, row.numbers, row.strSettings), s32Result);
+            EXPECT_EQ(effects(), strExpected + answerOf(enType, s32Result));
+            if (strFirst.empty()) continue;
+            if (row.message.pcFailing) strFirst = row.message.pcFailing;
+            const BU_S32 s32Failed = row.message.bSwallows ? 0 : -5;
+            EXPECT_EQ(dispatch(row.message, row.numbers, row.strSettings + ", @" + strFirst + " -5"), s32Failed)
+                << "with a failing service";
+            EXPECT_THAT(effects(), testing::EndsWith(answerOf(enType, s32Failed)));
+        }
     }
-    ~CommandTest() override { UTIL_CMD_SetRebootHandler(nullptr); }
-
-    /// @param strFailing  a service that fails with FAILURE when it is asked
-    static BU_S32 run(PFN_HANDLER pfnHandle, const tagCOMMAND_CASE_S &stCase, const std::string &strFailing = "")
+    static void check(const std::vector<Rows> &lists)
     {
-        Info stInfo{};
-        stCase.fill(stInfo);
-        stCase.setUp();
-        journal::effects();
-        if (!strFailing.empty()) journal::inject(strFailing.c_str(), FAILURE);
-        return pfnHandle(&stInfo);
-    }
-
-    /// Every case as it stands, and again with a failing service behind it: the first one, whose failure changes
-    /// nothing.
-    static void check(PFN_HANDLER pfnHandle, const Cases &listCases) { checkAll(pfnHandle, listCases, 0, ""); }
-    /// The same, but the failure is passed through. @param strService  the one that fails; empty: the first
-    static void passes(PFN_HANDLER pfnHandle, const Cases &listCases, const std::string &strService = "")
-    {
-        checkAll(pfnHandle, listCases, FAILURE, strService);
-    }
-
-    static std::string traceOf(PFN_HANDLER pfnHandle, const tagCOMMAND_CASE_S &stCase)
-    {
-        testing::internal::CaptureStdout();
-        run(pfnHandle, stCase);
-        return testing::internal::GetCapturedStdout();
+        for (const Rows &rows : lists) check(rows);
     }
 
 private:
-    static constexpr BU_S32 FAILURE = -5;
-
-    static void checkAll(PFN_HANDLER pfnHandle, const Cases &listCases, BU_S32 s32Failed, const std::string &strService)
+    static std::string answerOf(Type enType, BU_S32 s32Result)
     {
-        for (const auto &stCase : listCases) {
-            SCOPED_TRACE("case " + std::to_string(&stCase - listCases.data()));
-            EXPECT_EQ(run(pfnHandle, stCase), stCase.s32Result);
-            EXPECT_EQ(journal::effects(), stCase.effects);
-            if (stCase.s32Result < 0 || stCase.effects.empty()) continue;
-            const std::string &strFirst = stCase.effects[0];
-            EXPECT_EQ(run(pfnHandle, stCase, strService.empty() ? strFirst.substr(0, strFirst.find('(')) : strService),
-                      s32Failed)
-                << "with a failing service";
-            journal::effects();
-        }
+        return s32Result == 0 || s32Result == -1 ? answered(enType, s32Result == 0) : "";
     }
 };

@@ -1,5 +1,5 @@
-/// Base of the tests of the VISCA module: the service's handlers above the platform, without the protocol library's
-/// receivers. What would be sent is read from the journal.
+/// Base of the tests of the VISCA module. Every message goes through the dispatcher to the virtual camera; what would
+/// be sent is read from the journal. Cases are rows, with the settings before and the calls after as text.
 #pragma once
 
 #include "board/profile.h"
@@ -8,14 +8,65 @@
 #include "support/platformTest.h"
 #include "visca/visca.h"
 
-#include <cstdio>
 #include <functional>
+#include <sstream>
 #include <string>
+#include <type_traits>
 #include <vector>
 
-#include <atomic>
-extern std::atomic<BU_S32> gs_s32PresetFlag;
-typedef tagVISCA_CTRL_INFO_S INFO;
+typedef tagVISCA_CTRL_INFO_S Info;
+typedef tagVISCA_CMD_INQ_TYPE_E Type;
+typedef std::vector<BU_S32> Numbers;
+
+/// A number for a field of whatever type.
+struct Number {
+    BU_S32 s32;
+    template <class T> operator T() const { return static_cast<T>(s32); }
+};
+/// Numbers for the fields of a record, in their order; the rest is 0.
+template <class T, std::size_t... I> T recordOf(const Numbers &numbers, std::index_sequence<I...>)
+{
+    if constexpr (requires { T{Number{static_cast<BU_S32>(I)}...}; })
+        return T{Number{I < numbers.size() ? numbers[I] : 0}...};
+    else
+        return recordOf<T>(numbers, std::make_index_sequence<sizeof...(I) - 1>());
+}
+/// Fills a member of the control record: a group of fields, or one number.
+template <auto... Path> void put(Info &st, const Numbers &numbers)
+{
+    auto &target = (st.*....*Path);
+    typedef std::remove_reference_t<decltype(target)> Target;
+    if constexpr (std::is_aggregate_v<Target>)
+        target = recordOf<Target>(numbers, std::make_index_sequence<8>());
+    else if (!numbers.empty())
+        target = static_cast<Target>(numbers[0]);
+}
+inline void nothing(Info &, const Numbers &) {}
+
+/// A message, and where its numbers stand in the record.
+struct Message {
+    Type enType;
+    void (*fill)(Info &, const Numbers &) = nothing;
+    bool bSwallows = false;          ///< a failure of the camera's service is answered as done
+    const char *pcFailing = nullptr; ///< the service whose failure counts; the first one asked
+};
+
+/// @param settings  before: "Gain 26, !Mirror 1" by their keys, "!": stored as well, "@function result": injected
+inline void prepare(const std::string &strSettings)
+{
+    std::istringstream list(strSettings);
+    for (std::string strOne; std::getline(list >> std::ws, strOne, ',');) {
+        if (strOne.empty()) continue;
+        const auto space = strOne.find(' ');
+        const BU_S32 s32Value = std::stoi(strOne.substr(space), nullptr, 0);
+        const std::string strKey =
+            strOne.substr(strOne[0] == '!' || strOne[0] == '@', space - (strOne[0] == '!' || strOne[0] == '@'));
+        if (strOne[0] == '@')
+            journal::inject(strKey.c_str(), s32Value);
+        else
+            EXPECT_EQ(CFG_SETTING_Set(strKey.c_str(), 0, s32Value, strOne[0] == '!', BU_TRUE), 0) << strOne;
+    }
+}
 
 class ViscaTest : public PlatformTest
 {
@@ -27,19 +78,45 @@ protected:
         CFG_SETTING_Reload();
         BSP_PTProcInit(0, nullptr);
         ZF_API_StartService();
+        UTIL_CMD_SetRebootHandler([] {});
         journal::effects();
         journal::inject("VISCA_CtrlMsgReturn", 0, 1000000);
     }
+    ~ViscaTest() override { UTIL_CMD_SetRebootHandler(nullptr); }
 
-    /// Dispatches a message that arrived with the fields of stInfo.
-    static BU_S32 dispatch(tagVISCA_CMD_INQ_TYPE_E enType, INFO &stInfo)
+    static BU_S32 dispatch(const Message &message, const Numbers &numbers, const std::string &strSettings = "")
     {
-        stInfo.stMsgPri.enMsgType = enType;
-        return viscaCtrlHandlerCallFunc(enType, &stInfo);
+        Info stInfo{};
+        return dispatch(message, numbers, strSettings, stInfo);
+    }
+    static BU_S32 dispatch(const Message &message, const Numbers &numbers, const std::string &strSettings, Info &stInfo)
+    {
+        message.fill(stInfo, numbers);
+        stInfo.stMsgPri.enMsgType = message.enType;
+        prepare(strSettings);
+        journal::effects();
+        return viscaCtrlHandlerCallFunc(message.enType, &stInfo);
+    }
+    /// What was done and answered since, each with "; " behind.
+    static std::string effects()
+    {
+        std::string strAll;
+        for (const std::string &strOne : journal::effects()) strAll += strOne + "; ";
+        return strAll;
+    }
+    static std::string answered(Type enType, bool bOk = true)
+    {
+        return "VISCA_CtrlMsgReturn(" + std::to_string(enType) + (bOk ? ", 1); " : ", 0); ");
+    }
+    static std::string traceOf(const std::function<void()> &fnRun)
+    {
+        testing::internal::CaptureStdout();
+        fnRun();
+        return testing::internal::GetCapturedStdout();
     }
 
     /// The payload of an answer in hexadecimal, "0A 0B", without its terminator.
-    static std::string payload(tagVISCA_CMD_INQ_TYPE_E enType, INFO &stInfo)
+    static std::string payload(Type enType, Info &stInfo)
     {
         constexpr BU_U32 HEAD = 2;
         tagVISCA_MSG_REQ_S stReq{};
@@ -49,51 +126,16 @@ protected:
         std::string strHex;
         char acByte[4];
         for (BU_U32 i = HEAD; i + 1 < stReq.u32CmdLen; ++i) {
-            std::snprintf(acByte, sizeof(acByte), " %02X", stReq.acCmd[i]);
+            std::snprintf(acByte, sizeof(acByte), i == HEAD ? "%02X" : " %02X", stReq.acCmd[i]);
             strHex += acByte;
         }
-        return strHex.empty() ? "" : strHex.substr(1);
+        return strHex;
     }
-
     /// Dispatches an inquiry and gives its payload, or "refused" or "silent" as the controller would see it.
-    static std::string answer(tagVISCA_CMD_INQ_TYPE_E enType, INFO &stInfo)
+    static std::string answer(const Message &message, const Numbers &numbers = {}, const std::string &strSettings = "",
+                              Info stInfo = {})
     {
-        const BU_S32 s32Ret = dispatch(enType, stInfo);
-        return s32Ret == 0 ? payload(enType, stInfo) : s32Ret == -1 ? "refused" : "silent";
-    }
-    static std::string answer(tagVISCA_CMD_INQ_TYPE_E enType)
-    {
-        INFO stInfo{};
-        return answer(enType, stInfo);
-    }
-};
-
-/// Flags of the setters: not stored, told to listeners.
-constexpr BU_BOOL RAM = BU_FALSE, NOW = BU_TRUE;
-
-/// Settings of the camera, an inquiry, and the payload worked out by hand.
-struct tagINQUIRY_CASE_S {
-    tagVISCA_CMD_INQ_TYPE_E enType;
-    std::vector<std::pair<std::string, BU_S32>> settings; ///< by their keys; "!key" is stored as well
-    const char *pcPayload;
-    std::function<void(INFO &)> fill{}; ///< of the record
-};
-
-class ViscaInquiry : public ViscaTest
-{
-protected:
-    static void check(const std::vector<tagINQUIRY_CASE_S> &listCases)
-    {
-        for (const auto &[enType, settings, pcPayload, fill] : listCases) {
-            std::string strCase = "type " + std::to_string(enType);
-            INFO stInfo{};
-            for (const auto &[strKey, s32Value] : settings) {
-                const bool bStored = strKey[0] == '!';
-                EXPECT_EQ(CFG_SETTING_Set(strKey.c_str() + bStored, 0, s32Value, bStored, NOW), 0) << strKey;
-                strCase += ", " + strKey + ' ' + std::to_string(s32Value);
-            }
-            if (fill) fill(stInfo);
-            EXPECT_EQ(answer(enType, stInfo), pcPayload) << strCase;
-        }
+        const BU_S32 s32Ret = dispatch(message, numbers, strSettings, stInfo);
+        return s32Ret == 0 ? payload(message.enType, stInfo) : s32Ret == -1 ? "refused" : "silent";
     }
 };
