@@ -1,3 +1,4 @@
+/// Which of the output's frames a slower consumer takes.
 #include "frameRate.h"
 
 #include <gtest/gtest.h>
@@ -8,19 +9,17 @@ using media::FrameRate;
 
 namespace
 {
-struct tagCASE_S {
-    BU_S64 s64Output, s64Wanted, s64Gets;
-    std::vector<BU_S64> frames; // of the output's first ones
-};
-
 TEST(FrameRates, ConsumersTakeAnEvenShare)
 {
-    const tagCASE_S astCases[] = {
+    const struct {
+        BU_S64 s64Output, s64Wanted, s64Gets;
+        std::vector<BU_S64> frames; // of the output's first ones
+    } cases[] = {
         {60, 30, 30, {0, 2, 4, 6, 8}},      {60, 60, 60, {0, 1, 2, 3}},       {30, 60, 30, {0, 1, 2, 3}},
         {60, 25, 25, {0, 3, 5, 8, 10, 12}}, {30, 15, 15, {0, 2, 4}},          {60, 1, 1, {0, 60, 120}},
         {59940, 30, 29970, {0, 2, 4, 6}},   {59940, 60, 59940, {0, 1, 2, 3}}, {50, 29970, 29970, {0, 2, 4, 6, 7}},
         {23980, 24, 23980, {0, 1, 2, 3}},   {24, 23980, 23980, {0, 2, 3, 4}}};
-    for (const auto &st : astCases) {
+    for (const auto &st : cases) {
         const FrameRate stOutput = *FrameRate::ofCode(st.s64Output),
                         stGets = FrameRate::ofCode(st.s64Wanted)->from(stOutput);
         EXPECT_EQ(stGets.code(), st.s64Gets) << st.s64Wanted << " from " << st.s64Output;
@@ -29,6 +28,7 @@ TEST(FrameRates, ConsumersTakeAnEvenShare)
             frames.push_back(stGets.nextOf(stOutput, s64));
         EXPECT_EQ(frames, st.frames) << st.s64Wanted << " from " << st.s64Output;
     }
+    for (const BU_S64 s64Code : {0, -1, 61, 30000, 59941}) EXPECT_FALSE(FrameRate::ofCode(s64Code)) << s64Code;
 }
 
 TEST(FrameRates, NothingDriftsOverAHundredDays)
@@ -44,10 +44,5 @@ TEST(FrameRates, NothingDriftsOverAHundredDays)
     }
     const FrameRate stSlow{30, 1}, stFast{60, 1};
     EXPECT_EQ(stSlow.nextOf(stFast, stFast.frameAt(DAYS_US)), 2 * stSlow.frameAt(DAYS_US));
-}
-
-TEST(FrameRates, WhatIsNoRate)
-{
-    for (const BU_S64 s64Code : {0, -1, 61, 30000, 59941}) EXPECT_FALSE(FrameRate::ofCode(s64Code)) << s64Code;
 }
 } // namespace

@@ -19,35 +19,30 @@ protected:
 
 TEST_F(Frames, BothPipesAtTheirOwnSizeAndFormat)
 {
-    const struct {
+    struct {
         BU_S32 s32Usage;
         MPP_YUV_PARAM_S stParam;
         BU_U32 u32Length;
-    } astCases[] = {
+        std::vector<BU_U64> times{};
+        std::promise<std::thread::id> enough{};
+    } aCases[] = {
         {MPP_PIPE_USAGE_E_TRACK_ALG_CLOSEUP, PARAM, 128 * 72 * 3 / 2},
         {MPP_PIPE_USAGE_E_TRACK_ALG_PANORAMA, {MPP_YUV_FORMAT_E_YUV, 160, 90, 30, MPP_MEM_TYPE_E_CV}, 160 * 90 * 2}};
-    struct tagSEEN_S {
-        std::vector<BU_U64> times;
-        std::vector<int> indices;
-        std::promise<std::thread::id> enough;
-    } astSeen[2];
-    for (int i = 0; i < 2; ++i)
-        ASSERT_EQ(MPP_StartYuvStream(astCases[i].s32Usage, &astCases[i].stParam,
-                                     [&, i](MPP_FRAME_INFO_S *pst) {
-                                         EXPECT_EQ(pst->u32Length, astCases[i].u32Length);
-                                         EXPECT_EQ(pst->u32Width, astCases[i].stParam.u32Width);
-                                         astSeen[i].times.push_back(pst->u64Pts);
-                                         astSeen[i].indices.push_back((*pst->ps32Index)++);
-                                         if (astSeen[i].times.size() == 4)
-                                             astSeen[i].enough.set_value(std::this_thread::get_id());
+    for (auto &st : aCases)
+        ASSERT_EQ(MPP_StartYuvStream(st.s32Usage, &st.stParam,
+                                     [&st](MPP_FRAME_INFO_S *pst) {
+                                         EXPECT_EQ(pst->u32Length, st.u32Length);
+                                         EXPECT_EQ(pst->u32Width, st.stParam.u32Width);
+                                         EXPECT_EQ((*pst->ps32Index)++, static_cast<int>(st.times.size()));
+                                         st.times.push_back(pst->u64Pts);
+                                         if (st.times.size() == 4) st.enough.set_value(std::this_thread::get_id());
                                          return 0;
                                      }),
                   0);
-    EXPECT_NE(soon(astSeen[0].enough), soon(astSeen[1].enough)); // a thread each
-    for (int i = 0; i < 2; ++i) EXPECT_EQ(MPP_StopYuvStream(astCases[i].s32Usage, BU_TRUE), 0);
-    for (const auto &stSeen : astSeen) {
-        EXPECT_EQ(stSeen.indices.back(), static_cast<int>(stSeen.times.size()) - 1);
-        EXPECT_TRUE(std::ranges::is_sorted(stSeen.times, std::less_equal{}));
+    EXPECT_NE(soon(aCases[0].enough), soon(aCases[1].enough)); // a thread each
+    for (auto &st : aCases) {
+        EXPECT_EQ(MPP_StopYuvStream(st.s32Usage, BU_TRUE), 0);
+        EXPECT_TRUE(std::ranges::is_sorted(st.times, std::less_equal{}));
     }
 }
 
@@ -58,8 +53,7 @@ TEST_F(Frames, StopWaitsForTheLastCall)
     ASSERT_EQ(MPP_StartYuvStream(11, &PARAM,
                                  [&](MPP_FRAME_INFO_S *pst) {
                                      entered.set_value();
-                                     while (std::atomic_ref(pst->bEnable)) std::this_thread::yield();
-                                     bReturned = true;
+                                     bReturned = waitUntil([&] { return !std::atomic_ref(pst->bEnable); });
                                      return 0;
                                  }),
               0);
@@ -89,6 +83,7 @@ TEST_F(Frames, Refused)
     EXPECT_EQ(MPP_StartYuvStream(11, nullptr, fn), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, &PARAM, nullptr), -1);
     for (const MPP_YUV_PARAM_S &st : {MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 129, 72, 30, {}},
+                                      MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 128, 73, 30, {}},
                                       MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 128, 0, 30, {}},
                                       MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 128, 72, 0, {}},
                                       MPP_YUV_PARAM_S{static_cast<MPP_YUV_FORMAT_E>(2), 128, 72, 30, {}}})
@@ -108,14 +103,18 @@ TEST_F(Frames, StillIsAJpegOfItsSize)
         EXPECT_EQ(st.s32Height, 360);
         EXPECT_GT(*std::ranges::max_element(st.vecY) - *std::ranges::min_element(st.vecY), 100); // a picture
     }
-    std::vector<BU_U8> vecTiny(100);
-    SDL_RWops *pstFull = SDL_RWFromMem(vecTiny.data(), static_cast<int>(vecTiny.size()));
-    EXPECT_EQ(MPP_SnapImage(MPP_PIPE_USAGE_E_CLOSEUP_FULL, 640, 360, 90, pstFull, 5000), -1);
-    EXPECT_EQ(MPP_SnapImage(MPP_PIPE_USAGE_E_CLOSEUP_FULL, 641, 360, 90, pstFull, 5000), -1);
-    EXPECT_EQ(MPP_SnapImage(MPP_PIPE_USAGE_E_BUTT, 640, 360, 90, pstFull, 5000), -1);
-    EXPECT_EQ(MPP_SnapImage(MPP_PIPE_USAGE_E_CLOSEUP_FULL, 640, 360, 90, pstFull, 0), -1); // no picture in no time
-    EXPECT_EQ(MPP_SnapImage(MPP_PIPE_USAGE_E_CLOSEUP_FULL, 640, 360, 90, nullptr, 5000), -1);
+    SDL_RWops *pstFull = SDL_RWFromMem(vec.data(), 100), *pstRoom = SDL_RWFromMem(vec.data(), 1 << 20);
+    const auto snap = [](MPP_PIPE_USAGE_E enUsage, BU_U32 u32Width, SDL_RWops *pst, BU_S32 s32Ms) {
+        return MPP_SnapImage(enUsage, u32Width, 360, 90, pst, s32Ms);
+    };
+    constexpr auto FULL = MPP_PIPE_USAGE_E_CLOSEUP_FULL;
+    EXPECT_EQ(snap(FULL, 640, pstFull, 5000), -1);
+    EXPECT_EQ(snap(FULL, 641, pstRoom, 5000), -1);
+    EXPECT_EQ(snap(MPP_PIPE_USAGE_E_BUTT, 640, pstRoom, 5000), -1);
+    EXPECT_EQ(snap(FULL, 640, pstRoom, 0), -1) << "no picture in no time";
+    EXPECT_EQ(snap(FULL, 640, nullptr, 5000), -1);
     SDL_RWclose(pstFull);
+    SDL_RWclose(pstRoom);
 }
 
 TEST(Images, Nv12BecomesPlanesAndScales)

@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <future>
 #include <memory>
+#include <thread>
 
 inline MPP_VENC_PARAM_S smallVideo(MPP_VENC_FORMAT_E enType = MPP_VENC_FORMAT_E_H264)
 {
@@ -56,6 +57,13 @@ protected:
 private:
     std::string m_strRoot;
 };
+
+/// @return false: fn did not say so in ten seconds
+template <class F> bool waitUntil(F fn)
+{
+    for (int i = 0; i < 10'000 && !fn(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return fn();
+}
 
 /// What a promise of another thread holds; fails the test when it takes too long.
 template <class T> T soon(std::promise<T> &promise)

@@ -35,27 +35,31 @@ private:
 };
 constexpr std::array<int, 3> GREY{128, 128, 128}, RED{63, 102, 240}, GREEN{173, 42, 26};
 
-class Overlay : public testing::TestWithParam<OSD_FORMAT_E>
+/// A canvas of that place and format with a surface, shown on some targets.
+class Overlay
 {
-protected:
-    Overlay()
+public:
+    explicit Overlay(BU_S32 s32Targets, SDL_Rect stRect = {0, 0, W, H}, OSD_FORMAT_E enFormat = OSD_FORMAT_E_ARGB8888)
     {
-        m_stCanvas.stMenuRect = {0, 0, W, H};
+        m_stCanvas.stMenuRect = stRect;
         m_stCanvas.stVideoRect = {0, 0, W, H};
         m_stCanvas.fgAlpha = 255;
+        m_stCanvas.enFormat = enFormat;
+        m_pstSurface = OSD_COMM_CreateSurface(&m_stCanvas);
+        EXPECT_TRUE(m_pstSurface);
+        EXPECT_EQ(MPP_OSD_OneToManyCreate(&m_stManager, s32Targets), 0);
+        EXPECT_EQ(MPP_OSD_OneToManyInitCanvas(&m_stManager, &m_stCanvas, nullptr), 0);
     }
-    ~Overlay() override
+    ~Overlay()
     {
         MPP_OSD_OneToManyDestroy(&m_stManager);
         OSD_COMM_DestroySurface(&m_stCanvas, &m_pstSurface);
     }
-    void create(BU_S32 s32Targets, OSD_FORMAT_E enFormat = OSD_FORMAT_E_ARGB8888)
+    Overlay(const Overlay &) = delete;
+    Overlay &operator=(const Overlay &) = delete;
+    void box(SDL_Rect stRect, BU_S32 s32Line, BU_U32 u32Argb)
     {
-        m_stCanvas.enFormat = enFormat;
-        m_pstSurface = OSD_COMM_CreateSurface(&m_stCanvas);
-        ASSERT_TRUE(m_pstSurface);
-        ASSERT_EQ(MPP_OSD_OneToManyCreate(&m_stManager, s32Targets), 0);
-        ASSERT_EQ(MPP_OSD_OneToManyInitCanvas(&m_stManager, &m_stCanvas, nullptr), 0);
+        EXPECT_EQ(OSD_COMM_DrawRect(m_pstSurface, stRect, s32Line, u32Argb), 0);
     }
     void show(BU_BOOL bShow = BU_TRUE)
     {
@@ -66,90 +70,80 @@ protected:
     SDL_Surface *m_pstSurface = nullptr;
 };
 
-TEST_P(Overlay, BoxIsBlendedWhereItIsDrawn)
+TEST(Overlays, BoxIsBlendedWhereItIsDrawn)
 {
-    create(3, GetParam());
-    OSD_COMM_DrawRect(m_pstSurface, {8, 16, 32, 24}, 4, 0xFFFF0000);
-    EXPECT_EQ(Target(0).at(9, 17), GREY); // drawn, not shown yet
-    show();
-    const Target target(0);
-    for (const auto &[x, y] : {std::pair(8, 16), {39, 39}, {10, 30}, {37, 30}, {20, 18}, {20, 37}})
-        EXPECT_EQ(target.at(x, y), RED) << x << ' ' << y;
-    for (const auto &[x, y] : {std::pair(7, 16), {8, 15}, {40, 39}, {20, 30}, {12, 20}, {35, 35}})
-        EXPECT_EQ(target.at(x, y)[0], 128) << x << ' ' << y;
-    std::memset(m_stCanvas.stMenuMem.pvVirAddr, 0, m_stCanvas.stMenuMem.u32MemLen);
-    EXPECT_EQ(Target(0).at(9, 17), RED); // until it is shown again
-    show();
-    EXPECT_EQ(Target(0).at(9, 17), GREY);
+    for (const auto enFormat : {OSD_FORMAT_E_ARGB1555, OSD_FORMAT_E_ARGB4444, OSD_FORMAT_E_ARGB8888}) {
+        Overlay overlay(3, {0, 0, W, H}, enFormat);
+        overlay.box({8, 16, 32, 24}, 4, 0xFFFF0000);
+        EXPECT_EQ(Target(0).at(9, 17), GREY); // drawn, not shown yet
+        overlay.show();
+        const Target target(0);
+        for (const auto &[x, y] : {std::pair(8, 16), {39, 39}, {10, 30}, {37, 30}, {20, 18}, {20, 37}})
+            EXPECT_EQ(target.at(x, y), RED) << x << ' ' << y;
+        for (const auto &[x, y] : {std::pair(7, 16), {8, 15}, {40, 39}, {20, 30}, {12, 20}, {35, 35}})
+            EXPECT_EQ(target.at(x, y)[0], 128) << x << ' ' << y;
+        std::memset(overlay.m_stCanvas.stMenuMem.pvVirAddr, 0, overlay.m_stCanvas.stMenuMem.u32MemLen);
+        EXPECT_EQ(Target(0).at(9, 17), RED); // until it is shown again
+        overlay.show();
+        EXPECT_EQ(Target(0).at(9, 17), GREY);
+    }
 }
-INSTANTIATE_TEST_SUITE_P(Formats, Overlay,
-                         testing::Values(OSD_FORMAT_E_ARGB1555, OSD_FORMAT_E_ARGB4444, OSD_FORMAT_E_ARGB8888));
 
-TEST_F(Overlay, HalfTransparentAndHidden)
+TEST(Overlays, HalfTransparentAndHidden)
 {
-    create(1);
-    OSD_COMM_DrawRect(m_pstSurface, {0, 0, 16, 16}, 8, 0x80FFFFFF);
-    show();
+    Overlay overlay(1);
+    overlay.box({0, 0, 16, 16}, 8, 0x80FFFFFF);
+    overlay.show();
     EXPECT_NEAR(Target(0).at(4, 4)[0], 128 + (235 - 128) * 128 / 255, 1);
     EXPECT_FALSE(media::overlay::isShown(1)); // the sub encoder was not chosen
     EXPECT_EQ(Target(1).at(4, 4), GREY);
-    show(BU_FALSE);
+    overlay.show(BU_FALSE);
     EXPECT_FALSE(media::overlay::isShown(0));
     EXPECT_EQ(Target(0).at(4, 4), GREY);
 }
 
-TEST_F(Overlay, ScalesToEachOutputWithoutFringesAndIsCutAtTheEdge)
+TEST(Overlays, ScaleToEachOutputWithoutFringesAndAreCutAtTheEdge)
 {
-    m_stCanvas.stMenuRect = {32, 32, 64, 64}; // half of it beyond the picture of 64
-    create(3);
-    OSD_COMM_DrawRect(m_pstSurface, {0, 0, 64, 64}, 16, 0xFF00FF00);
-    show();
+    Overlay overlay(3, {32, 32, 64, 64}); // half of it beyond the picture of 64
+    overlay.box({0, 0, 64, 64}, 16, 0xFF00FF00);
+    overlay.show();
     const Target half(1, 32, 32), same(0);
-    EXPECT_EQ(same.at(33, 63), GREEN);
-    EXPECT_EQ(same.at(63, 33), GREEN);
-    EXPECT_EQ(same.at(63, 63), GREY);
-    EXPECT_EQ(half.at(17, 17), GREEN);
-    EXPECT_EQ(half.at(15, 15), GREY);
-    EXPECT_EQ(half.at(17, 31), GREEN);
+    EXPECT_THAT((std::vector{same.at(33, 63), same.at(63, 33), half.at(17, 17), half.at(17, 31)}),
+                testing::Each(GREEN));
+    EXPECT_THAT((std::vector{same.at(63, 63), half.at(15, 15)}), testing::Each(GREY));
 }
 
-TEST_F(Overlay, LaterOnesLieOnTopAndRefusals)
+TEST(Overlays, LaterOnesLieOnTopAndRefusals)
 {
-    create(1);
-    OSD_COMM_DrawRect(m_pstSurface, {0, 0, 16, 16}, 8, 0xFFFF0000);
-    show();
+    Overlay overlay(1);
+    overlay.box({0, 0, 16, 16}, 8, 0xFFFF0000);
+    overlay.show();
     OSD_ONE_TO_MANY_S stSecond{};
     ASSERT_EQ(MPP_OSD_OneToManyCreate(&stSecond, 1), 0);
-    OSD_COMM_DrawRect(m_pstSurface, {0, 0, 16, 16}, 8, 0xFF00FF00);
-    MPP_OSD_OneToManyUpdateAllTarget(&stSecond, BU_TRUE, &m_stCanvas);
+    overlay.box({0, 0, 16, 16}, 8, 0xFF00FF00);
+    MPP_OSD_OneToManyUpdateAllTarget(&stSecond, BU_TRUE, &overlay.m_stCanvas);
     EXPECT_EQ(Target(0).at(4, 4), GREEN);
     MPP_OSD_OneToManyDestroy(&stSecond);
     EXPECT_EQ(Target(0).at(4, 4), RED);
 
     EXPECT_EQ(MPP_OSD_OneToManyDestroy(&stSecond), 0); // twice
-    EXPECT_EQ(MPP_OSD_OneToManyUpdateAllTarget(&stSecond, BU_TRUE, &m_stCanvas), -1);
+    EXPECT_EQ(MPP_OSD_OneToManyUpdateAllTarget(&stSecond, BU_TRUE, &overlay.m_stCanvas), -1);
     EXPECT_EQ(MPP_OSD_OneToManyCreate(&stSecond, 4), -1);
     EXPECT_EQ(MPP_OSD_OneToManyCreate(&stSecond, 0), -1);
-    EXPECT_EQ(OSD_COMM_DrawRect(m_pstSurface, {-5, -5, 1000, 1000}, 500, 0), 0); // cut
-    EXPECT_EQ(OSD_COMM_DrawRect(m_pstSurface, {0, 0, -1, 4}, 1, 0), -1);
+    overlay.box({-5, -5, 1000, 1000}, 500, 0); // cut
+    EXPECT_EQ(OSD_COMM_DrawRect(overlay.m_pstSurface, {0, 0, -1, 4}, 1, 0), -1);
     EXPECT_EQ(OSD_COMM_DrawRect(nullptr, {0, 0, 1, 4}, 1, 0), -1);
     OSD_MENU_CANVAS_S stEmpty{};
     EXPECT_EQ(OSD_COMM_CreateSurface(&stEmpty), nullptr);
-    EXPECT_EQ(MPP_OSD_OneToManyInitCanvas(&m_stManager, &stEmpty, nullptr), -1);
+    EXPECT_EQ(MPP_OSD_OneToManyInitCanvas(&overlay.m_stManager, &stEmpty, nullptr), -1);
 }
 
 /// The main encoder shows it, raw frames of the same pipe do not.
 TEST_F(MediaTest, OverlayReachesTheEncoderAndNotTheRawFrames)
 {
-    OSD_ONE_TO_MANY_S stManager{};
-    OSD_MENU_CANVAS_S stCanvas{};
-    stCanvas.stMenuRect = {0, 0, 160, 90};
-    stCanvas.enFormat = OSD_FORMAT_E_ARGB8888;
-    SDL_Surface *pstSurface = OSD_COMM_CreateSurface(&stCanvas);
-    MPP_OSD_OneToManyCreate(&stManager, 1);
-    OSD_COMM_DrawRect(pstSurface, {0, 0, 160, 90}, 45, 0xFF00FF00);
-    MPP_OSD_OneToManyUpdateAllTarget(&stManager, BU_TRUE, &stCanvas);
-
+    Overlay overlay(1);
+    overlay.box({0, 0, W, H}, 32, 0xFF00FF00);
+    overlay.show();
     std::atomic<int> s32Green = 0, s32Raw = 0;
     const MPP_YUV_PARAM_S stParam{MPP_YUV_FORMAT_E_NV12, 160, 90, 60, MPP_MEM_TYPE_E_CV};
     MPP_StartYuvStream(MPP_PIPE_USAGE_E_CLOSEUP_FULL, &stParam, [&](MPP_FRAME_INFO_S *pst) {
@@ -165,10 +159,8 @@ TEST_F(MediaTest, OverlayReachesTheEncoderAndNotTheRawFrames)
         EXPECT_NEAR(stMain.vecV[80 * 22 + 40], 26, 12);
         EXPECT_GT(*std::ranges::max_element(stSub.vecV), 80);
     }
-    while (s32Raw < 2) std::this_thread::yield();
+    EXPECT_TRUE(waitUntil([&] { return s32Raw >= 2; }));
     MPP_StopYuvStream(MPP_PIPE_USAGE_E_CLOSEUP_FULL, BU_TRUE);
     EXPECT_EQ(s32Green, 0);
-    MPP_OSD_OneToManyDestroy(&stManager);
-    OSD_COMM_DestroySurface(&stCanvas, &pstSurface);
 }
 } // namespace

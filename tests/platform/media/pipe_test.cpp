@@ -62,30 +62,21 @@ TEST(Pipe, RendersOnceForAllWhoAreDue)
     EXPECT_NEAR(pstMain->m_u8Middle, pstSub->m_u8Middle, 40); // the same place of the same scene
 }
 
-TEST(Pipe, NobodyWantsNothing)
-{
-    Pipe pipe(media::PIPE_PANORAMA);
-    const auto pst = std::make_shared<Taker>(tagSIZE_S{160, 90}, 60);
-    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 0));
-    pipe.add(pst);
-    EXPECT_EQ(pipe.nextFrame(OUTPUT, 41), 42);
-    pst->m_bWants = false;
-    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 42));
-    pst->m_bWants = true;
-    pipe.remove(pst.get());
-    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 42));
-}
-
-TEST(Pipe, OnceTakesTheVeryNext)
+TEST(Pipe, NobodyWantsNothingAndOnceTakesTheVeryNext)
 {
     Pipe pipe(media::PIPE_PANORAMA);
     const auto pst = std::make_shared<Taker>(tagSIZE_S{160, 90}, 1);
+    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 0));
     pipe.add(pst);
     EXPECT_EQ(pipe.nextFrame(OUTPUT, 600), 660);
-    pst->m_stWish.bOnce = true;
+    pst->m_bWants = false;
+    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 600));
+    pst->m_bWants = pst->m_stWish.bOnce = true;
     EXPECT_EQ(pipe.nextFrame(OUTPUT, 600), 601);
     pipe.render(OUTPUT, 601);
     EXPECT_EQ(pst->m_times.size(), 1U);
+    pipe.remove(pst.get());
+    EXPECT_FALSE(pipe.nextFrame(OUTPUT, 602));
 }
 
 /// Keeps the whole luma of what it took last.

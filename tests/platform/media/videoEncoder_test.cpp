@@ -56,35 +56,31 @@ private:
     std::vector<BU_U8> m_vec;
 };
 
-class Encoders : public testing::TestWithParam<MPP_VENC_PARAM_S>
+TEST(VideoEncoders, EachPictureIsAPacketThatDecodes)
 {
-};
-
-TEST_P(Encoders, EachPictureIsAPacketThatDecodes)
-{
-    const MPP_VENC_PARAM_S &stParam = GetParam();
-    const auto pstEncoder = VideoEncoder::open(stParam, FrameRate{30, 1});
-    ASSERT_TRUE(pstEncoder);
-    auto pstDecoder = std::make_unique<Decoder>(media::streamType(stParam.enType));
-    TestPicture picture(static_cast<int>(stParam.u32Width), static_cast<int>(stParam.u32Height));
-    for (int i = 0; i < 12; ++i) {
-        const BU_U64 u64Time = 1'000'000'000 + static_cast<BU_U64>(i) * 33'333;
-        const auto pst = pstEncoder->encode(picture.draw(i), u64Time, i % 8 == 0);
-        ASSERT_TRUE(pst) << i;
-        EXPECT_EQ(pst->u64Timestamp, u64Time);
-        EXPECT_EQ(pst->s32EncodeType, media::streamType(stParam.enType));
-        EXPECT_EQ(pst->bKeyFrame != 0, stParam.enType == MPP_VENC_FORMAT_E_MJPEG || i % 8 == 0) << i;
-        if (i == 8)
-            pstDecoder = std::make_unique<Decoder>(pst->s32EncodeType); // a viewer who starts at the second key frame
-        const auto st = pstDecoder->decode(pst->pu8Data, pst->u32Length);
-        EXPECT_EQ(st.s32Width, static_cast<int>(stParam.u32Width));
-        EXPECT_EQ(st.s32Height, static_cast<int>(stParam.u32Height));
-        EXPECT_LT(picture.error(st, stParam.enType == MPP_VENC_FORMAT_E_MJPEG), 8) << i;
+    for (const MPP_VENC_PARAM_S &stParam : {paramOf(MPP_VENC_FORMAT_E_H264), paramOf(MPP_VENC_FORMAT_E_H264, 322, 182),
+                                            paramOf(MPP_VENC_FORMAT_E_H265), paramOf(MPP_VENC_FORMAT_E_MJPEG)}) {
+        SCOPED_TRACE(stParam.enType);
+        const bool bJpeg = stParam.enType == MPP_VENC_FORMAT_E_MJPEG;
+        const auto pstEncoder = VideoEncoder::open(stParam, FrameRate{30, 1});
+        ASSERT_TRUE(pstEncoder);
+        auto pstDecoder = std::make_unique<Decoder>(media::streamType(stParam.enType));
+        TestPicture picture(static_cast<int>(stParam.u32Width), static_cast<int>(stParam.u32Height));
+        for (int i = 0; i < 12; ++i) {
+            const BU_U64 u64Time = 1'000'000'000 + static_cast<BU_U64>(i) * 33'333;
+            const auto pst = pstEncoder->encode(picture.draw(i), u64Time, i % 8 == 0);
+            ASSERT_TRUE(pst) << i;
+            EXPECT_EQ(pst->u64Timestamp, u64Time);
+            EXPECT_EQ(pst->s32EncodeType, media::streamType(stParam.enType));
+            EXPECT_EQ(pst->bKeyFrame != 0, bJpeg || i % 8 == 0) << i;
+            if (i == 8) pstDecoder = std::make_unique<Decoder>(pst->s32EncodeType); // a viewer who starts here
+            const auto st = pstDecoder->decode(pst->pu8Data, pst->u32Length);
+            EXPECT_EQ(st.s32Width, static_cast<int>(stParam.u32Width));
+            EXPECT_EQ(st.s32Height, static_cast<int>(stParam.u32Height));
+            EXPECT_LT(picture.error(st, bJpeg), 8) << i;
+        }
     }
 }
-INSTANTIATE_TEST_SUITE_P(Formats, Encoders,
-                         testing::Values(paramOf(MPP_VENC_FORMAT_E_H264), paramOf(MPP_VENC_FORMAT_E_H264, 322, 182),
-                                         paramOf(MPP_VENC_FORMAT_E_H265), paramOf(MPP_VENC_FORMAT_E_MJPEG)));
 
 TEST(EncoderProfiles, AreInTheStream)
 {
@@ -103,14 +99,14 @@ TEST(EncoderProfiles, AreInTheStream)
 
 TEST(EncoderChanges, WhatNeedsANewEncoder)
 {
+    using P = MPP_VENC_PARAM_S;
     const struct {
-        BU_U32 MPP_VENC_PARAM_S::*pu32Field;
+        BU_U32 P::*pu32Field;
         BU_U32 u32Value;
         bool bH264, bH265;
     } astCases[] = {
-        {&MPP_VENC_PARAM_S::u32GOP, 10, true, true},      {&MPP_VENC_PARAM_S::u32BitRate, 100, true, false},
-        {&MPP_VENC_PARAM_S::u32Width, 320, false, false}, {&MPP_VENC_PARAM_S::u32FrmRate, 15, false, false},
-        {&MPP_VENC_PARAM_S::u32Profile, 2, false, false}, {&MPP_VENC_PARAM_S::u32QpMaxP, 40, false, false},
+        {&P::u32GOP, 10, true, true},       {&P::u32BitRate, 100, true, false}, {&P::u32Width, 320, false, false},
+        {&P::u32FrmRate, 15, false, false}, {&P::u32Profile, 2, false, false},  {&P::u32QpMaxP, 40, false, false},
     };
     for (const auto enType : {MPP_VENC_FORMAT_E_H264, MPP_VENC_FORMAT_E_H265})
         for (const auto &st : astCases) {
@@ -131,11 +127,10 @@ TEST(EncoderChanges, BitRateFollowsWhileItRuns)
     int s32Number = 0;
     const auto second = [&] {
         BU_U32 u32Bytes = 0;
-        for (int i = 0; i < 30; ++i, ++s32Number)
-            u32Bytes += pstEncoder
-                            ->encode(picture.draw(s32Number * s32Number), static_cast<BU_U64>(s32Number) * 33'333,
-                                     s32Number == 0)
-                            ->u32Length;
+        for (int i = 0; i < 30; ++i, ++s32Number) {
+            const auto u64Time = static_cast<BU_U64>(s32Number) * 33'333;
+            u32Bytes += pstEncoder->encode(picture.draw(s32Number * s32Number), u64Time, s32Number == 0)->u32Length;
+        }
         return u32Bytes * 8 / 1000;
     };
     second();
@@ -148,21 +143,16 @@ TEST(EncoderChanges, BitRateFollowsWhileItRuns)
 
 TEST(EncoderParameters, Refused)
 {
-    const struct {
-        BU_U32 MPP_VENC_PARAM_S::*pu32Field;
-        BU_U32 u32Value;
-    } astCases[] = {
-        {&MPP_VENC_PARAM_S::u32Width, 62},           {&MPP_VENC_PARAM_S::u32Width, 161},
-        {&MPP_VENC_PARAM_S::u32Width, 4098},         {&MPP_VENC_PARAM_S::u32Height, 0},
-        {&MPP_VENC_PARAM_S::u32Height, 91},          {&MPP_VENC_PARAM_S::u32FrmRate, 0},
-        {&MPP_VENC_PARAM_S::u32FrmRate, 61},         {&MPP_VENC_PARAM_S::u32BitRate, 15},
-        {&MPP_VENC_PARAM_S::u32BitRate, UINT32_MAX}, {&MPP_VENC_PARAM_S::u32GOP, 3601},
-        {&MPP_VENC_PARAM_S::u32Profile, 3},          {&MPP_VENC_PARAM_S::u32QpMinI, 52},
+    using P = MPP_VENC_PARAM_S;
+    const std::pair<BU_U32 P::*, BU_U32> cases[] = {
+        {&P::u32Width, 62},  {&P::u32Width, 161}, {&P::u32Width, 4098}, {&P::u32Height, 0},
+        {&P::u32Height, 91}, {&P::u32FrmRate, 0}, {&P::u32FrmRate, 61}, {&P::u32BitRate, 15},
+        {&P::u32GOP, 3601},  {&P::u32Profile, 3}, {&P::u32QpMinI, 52},  {&P::u32BitRate, UINT32_MAX},
     };
-    for (const auto &st : astCases) {
+    for (const auto &[pu32Field, u32Value] : cases) {
         MPP_VENC_PARAM_S stParam = paramOf(MPP_VENC_FORMAT_E_H264);
-        stParam.*st.pu32Field = st.u32Value;
-        EXPECT_FALSE(VideoEncoder::open(stParam, FrameRate{30, 1})) << st.u32Value;
+        stParam.*pu32Field = u32Value;
+        EXPECT_FALSE(VideoEncoder::open(stParam, FrameRate{30, 1})) << u32Value;
     }
     EXPECT_FALSE(VideoEncoder::open(paramOf(static_cast<MPP_VENC_FORMAT_E>(3)), FrameRate{30, 1}));
 }
