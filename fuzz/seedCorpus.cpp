@@ -35,9 +35,9 @@ std::vector<Bytes> packets()
 
 Bytes datagram(const Bytes &packet, BU_U32 u32Sequence)
 {
-    const auto u16Type = packet[1] == 0x09 ? overip::kInquiry : overip::kCommand;
-    Bytes bytes(1 + overip::kHeader);
-    bytes[0] = static_cast<BU_U8>(overip::kHeader + packet.size());
+    const auto u16Type = packet[1] == 0x09 ? overip::INQUIRY : overip::COMMAND;
+    Bytes bytes(1 + overip::HEADER);
+    bytes[0] = static_cast<BU_U8>(overip::HEADER + packet.size());
     overip::writeHeader(&bytes[1], OVER_IP_MSG_E_VISCA_REPLY, static_cast<BU_U32>(packet.size()), u32Sequence);
     bytes[1] = u16Type >> 8;
     bytes[2] = u16Type & 0xFF;

@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pu8Data, size_t size)
 {
     using namespace visca;
-    if (size == 0 || pu8Data[0] < 0x81 || pu8Data[0] > kBroadcast) return 0; // the receivers look at the head
+    if (size == 0 || pu8Data[0] < 0x81 || pu8Data[0] > BROADCAST) return 0; // the receivers look at the head
     tagVISCA_CTRL_INFO_S stInfo, stAgain;
     const Row *row = decode({pu8Data, size}, stInfo);
     if (!row) return 0;

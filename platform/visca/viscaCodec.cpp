@@ -8,7 +8,7 @@ namespace visca
 {
 namespace
 {
-constexpr std::size_t kLetters = 'z' - 'p' + 1;
+constexpr std::size_t LETTERS = 'z' - 'p' + 1;
 
 /// Rows by length and first three bytes. Rows whose first three bytes are not all literal stand in a list of their own.
 class Index
@@ -62,9 +62,9 @@ bool literalsFit(const Pattern &pattern, std::span<const BU_U8> body)
 BU_U8 nibbleOf(std::span<const BU_U8> body, std::size_t i) { return i % 2 ? body[i / 2] & 0x0F : body[i / 2] >> 4; }
 
 /// The values of a packet by letter.
-std::array<BU_U32, kLetters> valuesOf(const Pattern &pattern, std::span<const BU_U8> body)
+std::array<BU_U32, LETTERS> valuesOf(const Pattern &pattern, std::span<const BU_U8> body)
 {
-    std::array<BU_U32, kLetters> value{};
+    std::array<BU_U32, LETTERS> value{};
     for (std::size_t i = 0; i < 2 * pattern.size; ++i)
         if (const char c = pattern.acNibble[i]) value[c - 'p'] = value[c - 'p'] << 4 | nibbleOf(body, i);
     return value;
@@ -73,7 +73,7 @@ std::array<BU_U32, kLetters> valuesOf(const Pattern &pattern, std::span<const BU
 bool fits(const Row &row, std::span<const BU_U8> packet)
 {
     const auto body = packet.subspan(1, packet.size() - 2);
-    if (row.pattern.bBroadcast != (packet[0] == kBroadcast) || !literalsFit(row.pattern, body)) return false;
+    if (row.pattern.bBroadcast != (packet[0] == BROADCAST) || !literalsFit(row.pattern, body)) return false;
     const auto value = valuesOf(row.pattern, body);
     return std::all_of(row.astPart.begin(), row.astPart.begin() + row.u8Parts, [&](const Part &part) {
         if (!part.cLetter) return true;
@@ -107,17 +107,17 @@ void writeField(tagVISCA_CTRL_INFO_S &stInfo, Place place, BU_U32 u32Value)
 
 Packet ackOf(BU_U8 u8Address, BU_U8 u8Socket)
 {
-    return {{replyHead(u8Address), static_cast<BU_U8>(0x40 | u8Socket), kTerminator}, 3};
+    return {{replyHead(u8Address), static_cast<BU_U8>(0x40 | u8Socket), TERMINATOR}, 3};
 }
 
 Packet faultOf(BU_U8 u8Address, BU_U8 u8Socket, Fault enFault)
 {
-    return {{replyHead(u8Address), static_cast<BU_U8>(0x60 | u8Socket), static_cast<BU_U8>(enFault), kTerminator}, 4};
+    return {{replyHead(u8Address), static_cast<BU_U8>(0x60 | u8Socket), static_cast<BU_U8>(enFault), TERMINATOR}, 4};
 }
 
 const Row *decode(std::span<const BU_U8> packet, tagVISCA_CTRL_INFO_S &stInfo)
 {
-    if (packet.size() < kMinPacket || packet.size() > kMaxPacket) return nullptr;
+    if (packet.size() < MIN_PACKET || packet.size() > MAX_PACKET) return nullptr;
     const auto body = packet.subspan(1, packet.size() - 2);
     const Row *row = index().find(body, [&](const Row &r) { return fits(r, packet); });
     if (!row) return nullptr;
@@ -131,11 +131,11 @@ const Row *decode(std::span<const BU_U8> packet, tagVISCA_CTRL_INFO_S &stInfo)
 Packet encode(const Row &row, const tagVISCA_CTRL_INFO_S &stInfo, BU_U8 u8Address)
 {
     const Pattern &p = row.pattern;
-    std::array<BU_U32, kLetters> value{};
+    std::array<BU_U32, LETTERS> value{};
     for (const Part &part : std::span(row.astPart.data(), row.u8Parts))
         if (part.cLetter) value[part.cLetter - 'p'] = readField(stInfo, part.place);
     Packet packet;
-    packet.au8[0] = p.bBroadcast ? kBroadcast : static_cast<BU_U8>(0x80 | u8Address);
+    packet.au8[0] = p.bBroadcast ? BROADCAST : static_cast<BU_U8>(0x80 | u8Address);
     std::copy_n(p.au8Value.begin(), p.size, packet.au8.begin() + 1);
     for (std::size_t i = 2 * p.size; i-- > 0;) { // from the back: the last nibble of a value is its lowest
         if (!p.acNibble[i]) continue;
@@ -143,7 +143,7 @@ Packet encode(const Row &row, const tagVISCA_CTRL_INFO_S &stInfo, BU_U8 u8Addres
         packet.au8[1 + i / 2] |= static_cast<BU_U8>((u32Value & 0x0F) << (i % 2 ? 0 : 4));
         u32Value >>= 4;
     }
-    packet.au8[1 + p.size] = kTerminator;
+    packet.au8[1 + p.size] = TERMINATOR;
     packet.u8Size = static_cast<BU_U8>(p.size + 2);
     return packet;
 }
@@ -168,13 +168,13 @@ std::optional<Splitter::Result> Splitter::next(std::span<const BU_U8> &stream)
         const BU_U8 u8 = stream.front();
         stream = stream.subspan(1);
         if (m_bSkipping) {
-            m_bSkipping = u8 != kTerminator;
+            m_bSkipping = u8 != TERMINATOR;
             continue;
         }
         if (m_u8Size == 0 && (u8 & 0xF0) != 0x80) continue;
         m_au8[m_u8Size++] = u8;
-        const bool bTooLong = m_u8Size == kMaxPacket && u8 != kTerminator;
-        if (u8 != kTerminator && !bTooLong) continue;
+        const bool bTooLong = m_u8Size == MAX_PACKET && u8 != TERMINATOR;
+        if (u8 != TERMINATOR && !bTooLong) continue;
         m_bSkipping = bTooLong;
         return Result{{m_au8.data(), std::exchange(m_u8Size, BU_U8{0})}, bTooLong};
     }

@@ -10,7 +10,7 @@ namespace visca
 {
 /// A packet or an answer of at most 16 bytes.
 struct Packet {
-    std::array<BU_U8, kMaxPacket> au8{};
+    std::array<BU_U8, MAX_PACKET> au8{};
     BU_U8 u8Size = 0;
     std::span<const BU_U8> bytes() const { return {au8.data(), u8Size}; }
 };
@@ -59,7 +59,7 @@ public:
     std::span<const BU_U8> cutOff() { return {m_au8.data(), std::exchange(m_u8Size, BU_U8{0})}; }
 
 private:
-    std::array<BU_U8, kMaxPacket> m_au8{};
+    std::array<BU_U8, MAX_PACKET> m_au8{};
     BU_U8 m_u8Size = 0;
     bool m_bSkipping = false; ///< in the rest of a packet that was too long
 };

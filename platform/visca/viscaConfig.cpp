@@ -13,9 +13,9 @@ using namespace visca;
 
 namespace
 {
-constexpr BU_S32 kUdpPort = 1259, kTcpPort = 5678, kMaxPort = 65535;
-constexpr BU_CHAR kAddressKey[] = "Visca/Address";
-enum Protocols : BU_U8 { kUdpOnly = 0, kTcpOnly = 1, kUdpAndTcp = 2 };
+constexpr BU_S32 UDP_PORT = 1259, TCP_PORT = 5678, MAX_PORT = 65535;
+constexpr BU_CHAR ADDRESS_KEY[] = "Visca/Address";
+enum Protocols : BU_U8 { UDP_ONLY = 0, TCP_ONLY = 1, UDP_AND_TCP = 2 };
 
 struct Config {
     std::mutex updating; // one change of endpoints at a time
@@ -40,11 +40,11 @@ std::vector<Endpoint> endpointsOf(const tagCFG_VISCA_NET_S &stNet, const tagCFG_
     std::vector<Endpoint> list;
     if (stOverIp.bEnable) list.push_back(endpointOf(CMD_FROM_E_OVER_IP_IN, stOverIp, stOverIp.PortNum));
     if (!stNet.bEnable) return list;
-    const bool bUsual = stNet.bProtocolType == kUdpAndTcp && (stNet.PortNum == kUdpPort || stNet.PortNum == kTcpPort);
-    if (stNet.bProtocolType != kTcpOnly)
-        list.push_back(endpointOf(CMD_FROM_E_NET_UDP_IN, stNet, bUsual ? kUdpPort : stNet.PortNum));
-    if (stNet.bProtocolType != kUdpOnly)
-        list.push_back(endpointOf(CMD_FROM_E_NET_TCP_IN, stNet, bUsual ? kTcpPort : stNet.PortNum));
+    const bool bUsual = stNet.bProtocolType == UDP_AND_TCP && (stNet.PortNum == UDP_PORT || stNet.PortNum == TCP_PORT);
+    if (stNet.bProtocolType != TCP_ONLY)
+        list.push_back(endpointOf(CMD_FROM_E_NET_UDP_IN, stNet, bUsual ? UDP_PORT : stNet.PortNum));
+    if (stNet.bProtocolType != UDP_ONLY)
+        list.push_back(endpointOf(CMD_FROM_E_NET_TCP_IN, stNet, bUsual ? TCP_PORT : stNet.PortNum));
     return list;
 }
 
@@ -79,7 +79,7 @@ BU_S32 current(tagCFG_VISCA_NET_S *pstCfg, const tagCFG_VISCA_NET_S Config::*pst
 
 BU_S32 update(const tagCFG_VISCA_NET_S *pstCfg, tagCFG_VISCA_NET_S Config::*pstWhich, const BU_CHAR *pcSection)
 {
-    if (!pstCfg || pstCfg->PortNum < 1 || pstCfg->PortNum > kMaxPort || pstCfg->bProtocolType > kUdpAndTcp) return -1;
+    if (!pstCfg || pstCfg->PortNum < 1 || pstCfg->PortNum > MAX_PORT || pstCfg->bProtocolType > UDP_AND_TCP) return -1;
     const std::unique_lock updating(config().updating, std::try_to_lock);
     if (!updating) return -1; // another change is under way
     tagCFG_VISCA_NET_S stNet, stOverIp;
@@ -170,7 +170,7 @@ BU_S32 VISCA_API_GetAddr(BU_U8 *pu8Addr, BU_BOOL bReread)
     if (const auto injected = journal::ask(__func__, bReread)) return *injected;
     if (!pu8Addr) return -1;
     BU_S32 s32Stored = 0;
-    if (bReread && CFG_STORE_GetInt(kAddressKey, &s32Stored) == 0 && s32Stored >= 1 && s32Stored <= 7)
+    if (bReread && CFG_STORE_GetInt(ADDRESS_KEY, &s32Stored) == 0 && s32Stored >= 1 && s32Stored <= 7)
         library().u8Address = static_cast<BU_U8>(s32Stored);
     *pu8Addr = library().u8Address;
     return 0;
@@ -181,7 +181,7 @@ BU_S32 VISCA_API_SetAddr(BU_U8 u8Addr, BU_BOOL bSaveCfg)
     if (const auto injected = journal::call(__func__, u8Addr, bSaveCfg)) return *injected;
     if (u8Addr < 1 || u8Addr > 7) return -1;
     library().u8Address = u8Addr;
-    return bSaveCfg ? CFG_STORE_SetInt(kAddressKey, u8Addr) : 0;
+    return bSaveCfg ? CFG_STORE_SetInt(ADDRESS_KEY, u8Addr) : 0;
 }
 
 BU_S32 VISCA_NET_GetCurConfig(tagCFG_VISCA_NET_S *pstCfg)

@@ -16,9 +16,9 @@ namespace visca
 namespace
 {
 // What an event is about: a TCP client has its number, the others stand above all of them.
-constexpr BU_U64 kWake = 1ull << 32, kListener = 2ull << 32, kOverIp = 3ull << 32, kPlain = 4ull << 32;
-constexpr int kRetryListenMs = 1000;
-constexpr int kSocketBuffer = 1 << 20; // a burst of datagrams waits while a command works
+constexpr BU_U64 WAKE = 1ull << 32, LISTENER = 2ull << 32, OVER_IP = 3ull << 32, PLAIN = 4ull << 32;
+constexpr int RETRY_LISTEN_MS = 1000;
+constexpr int SOCKET_BUFFER = 1 << 20; // a burst of datagrams waits while a command works
 
 thread_local const Net *t_pstNet = nullptr;
 
@@ -47,7 +47,7 @@ int openSocket(const Endpoint &endpoint)
     const int fd = ::socket(AF_INET, (bTcp ? SOCK_STREAM : SOCK_DGRAM) | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     const int on = 1;
     if (fd >= 0 && bTcp) ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on); // past connections in TIME_WAIT
-    if (fd >= 0 && !bTcp) ::setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &kSocketBuffer, sizeof kSocketBuffer);
+    if (fd >= 0 && !bTcp) ::setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &SOCKET_BUFFER, sizeof SOCKET_BUFFER);
     errno = EINVAL;
     if (fd >= 0 && ::inet_pton(AF_INET, endpoint.strAddress.c_str(), &stAddress.sin_addr) == 1 &&
         ::bind(fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof stAddress) == 0 &&
@@ -71,7 +71,7 @@ bool Net::start(const std::vector<Endpoint> &listEndpoints)
     m_fdEpoll = ::epoll_create1(EPOLL_CLOEXEC);
     m_fdWake = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
     epoll_event stWake{EPOLLIN, {}};
-    stWake.data.u64 = kWake;
+    stWake.data.u64 = WAKE;
     ::epoll_ctl(m_fdEpoll, EPOLL_CTL_ADD, m_fdWake, &stWake);
     std::vector<Open> listOpen;
     for (const Endpoint &endpoint : listEndpoints)
@@ -130,9 +130,9 @@ void Net::install(const std::vector<Open> &listOpen)
         const auto open = std::ranges::find(list, enFrom, [](const Open &o) { return o.endpoint.enFrom; });
         return open == list.end() ? -1 : open->fd;
     };
-    for (const auto &[enFrom, u64What] : {std::pair{CMD_FROM_E_OVER_IP_IN, kOverIp},
-                                          {CMD_FROM_E_NET_UDP_IN, kPlain},
-                                          {CMD_FROM_E_NET_TCP_IN, kListener}}) {
+    for (const auto &[enFrom, u64What] : {std::pair{CMD_FROM_E_OVER_IP_IN, OVER_IP},
+                                          {CMD_FROM_E_NET_UDP_IN, PLAIN},
+                                          {CMD_FROM_E_NET_TCP_IN, LISTENER}}) {
         const int fdOld = fdOf(listOld, enFrom), fdNew = fdOf(listOpen, enFrom);
         if (fdOld == fdNew) continue;
         if (enFrom == CMD_FROM_E_NET_TCP_IN) {
@@ -194,7 +194,7 @@ void Net::loop(const std::stop_token &stop)
         m_buffers = 0;
         m_u32Turn = m_turn.begin();
         const bool bPaused = m_fdListen >= 0 && !m_bListening;
-        collect(bPaused ? kRetryListenMs : -1);
+        collect(bPaused ? RETRY_LISTEN_MS : -1);
         m_turn.process();
         flush();
         if (bPaused) listenForClients(true);
@@ -214,14 +214,14 @@ void Net::collect(int timeoutMs)
 void Net::handleEvent(BU_U64 u64What, BU_U32 u32Events)
 {
     const auto buffers = std::span(m_buffer).subspan(m_buffers);
-    if (u64What == kWake)
+    if (u64What == WAKE)
         runTasks();
-    else if (u64What == kListener)
+    else if (u64What == LISTENER)
         listenForClients(m_tcp.acceptFrom(m_fdListen, m_fdEpoll));
     else if (buffers.empty())
         return; // heard of again in the next turn
-    else if (u64What == kOverIp || u64What == kPlain)
-        m_buffers += m_udp.receive(u64What == kOverIp ? CMD_FROM_E_OVER_IP_IN : CMD_FROM_E_NET_UDP_IN, m_turn,
+    else if (u64What == OVER_IP || u64What == PLAIN)
+        m_buffers += m_udp.receive(u64What == OVER_IP ? CMD_FROM_E_OVER_IP_IN : CMD_FROM_E_NET_UDP_IN, m_turn,
                                    m_u32Turn, buffers);
     else if (m_tcp.handle(static_cast<BU_U32>(u64What), u32Events, m_turn, m_u32Turn, buffers.front()))
         ++m_buffers;
@@ -234,7 +234,7 @@ void Net::listenForClients(bool bOn)
     m_bListening = bOn;
     if (!bOn) LOG_WARN("no file descriptors for VISCA clients, new ones wait\n");
     epoll_event stEvent{bOn ? BU_U32{EPOLLIN} : 0u, {}};
-    stEvent.data.u64 = kListener;
+    stEvent.data.u64 = LISTENER;
     ::epoll_ctl(m_fdEpoll, EPOLL_CTL_MOD, m_fdListen, &stEvent);
 }
 

@@ -64,7 +64,7 @@ private:
     bool m_bListening = false;
     UdpPorts m_udp;
     TcpClients m_tcp;
-    std::vector<std::array<BU_U8, 512>> m_buffer{Turn::kMaxSources};
+    std::vector<std::array<BU_U8, 512>> m_buffer{Turn::MAX_SOURCES};
     std::size_t m_buffers = 0; ///< in use in this turn
     BU_U32 m_u32Turn = 0;
     Turn m_turn{[this] { flush(); }, [this] { collect(0); }};

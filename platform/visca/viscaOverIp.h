@@ -5,16 +5,16 @@
 
 namespace visca::overip
 {
-constexpr std::size_t kHeader = 8;
-constexpr std::size_t kMaxPayload = 16;
+constexpr std::size_t HEADER = 8;
+constexpr std::size_t MAX_PAYLOAD = 16;
 
 enum PayloadType : BU_U16 {
-    kCommand = 0x0100,
-    kInquiry = 0x0110,
-    kReply = 0x0111,
-    kDeviceSetting = 0x0120,
-    kControl = 0x0200,
-    kControlReply = 0x0201
+    COMMAND = 0x0100,
+    INQUIRY = 0x0110,
+    REPLY = 0x0111,
+    DEVICE_SETTING = 0x0120,
+    CONTROL = 0x0200,
+    CONTROL_REPLY = 0x0201
 };
 
 /// The sequence number a controller sent last.

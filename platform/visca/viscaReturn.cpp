@@ -60,7 +60,7 @@ BU_S32 onWatchTimer(void *)
     const Whereabouts here = Whereabouts::now();
     {
         const std::lock_guard lock(watch().mutex);
-        if (!(std::exchange(watch().last, here) == here)) library().sockets.extend(s64NowMs + kCommandTimeoutMs);
+        if (!(std::exchange(watch().last, here) == here)) library().sockets.extend(s64NowMs + COMMAND_TIMEOUT_MS);
     }
     while (const auto ended = library().sockets.expired(s64NowMs)) {
         LOG_WARN("VISCA command %d never ended\n", ended->stPri.enMsgType);
@@ -78,7 +78,7 @@ void onSuperseded(PT_CTRL_FROM_E, const void *pvPrivate, BU_S32 s32Size)
     std::memcpy(static_cast<void *>(&stInfo), pvPrivate, sizeof stInfo);
     const VISCA_MSG_PRI_S &stPri = stInfo.stMsgPri;
     if (!library().sockets.isOfThisRun(stPri) || !library().sockets.claim(origin::ticketOf(stPri))) return;
-    answerEnded({stPri, kNoMotor}, Fault::Cancelled);
+    answerEnded({stPri, NO_MOTOR}, Fault::Cancelled);
     library().sockets.close(origin::ticketOf(stPri));
 }
 
@@ -111,7 +111,7 @@ BU_S32 answerDone(tagVISCA_CTRL_INFO_S &stInfo, const Row *pstRow)
         stReq.acCmd[u32Payload++] = 0;
         stReq.acCmd[u32Payload++] = 0;
     }
-    stReq.acCmd[u32Payload] = kTerminator;
+    stReq.acCmd[u32Payload] = TERMINATOR;
     stReq.u32CmdLen = u32Payload + 1;
     if (const auto pfnComplete = library().pfnComplete.load(std::memory_order_acquire))
         pfnComplete(&stInfo, &stReq, stPri.enMsgType, u32Payload);
@@ -129,7 +129,7 @@ BU_S32 answer(tagVISCA_CTRL_INFO_S &stInfo, BU_BOOL bOk)
         return transmit(stPri, faultOf(answerAddress(stPri), stPri.u8SocketNum & 0x0F, enFault).bytes());
     }
     if (stPri.enMsgType == VISCA_CMD_E_SET_ADDRESS && origin::addressOf(stPri) == 8) {
-        const BU_U8 au8Next[] = {kBroadcast, 0x30, static_cast<BU_U8>(stInfo.u8Address + 1), kTerminator};
+        const BU_U8 au8Next[] = {BROADCAST, 0x30, static_cast<BU_U8>(stInfo.u8Address + 1), TERMINATOR};
         return transmit(stPri, au8Next);
     }
     return answerDone(stInfo, pstRow);
@@ -154,7 +154,7 @@ void stopWatch()
 void watchCommand(const VISCA_MSG_PRI_S &stPri)
 {
     if (stPri.enMsgType == VISCA_CMD_E_POWER) return; // answered after the next start
-    if (!library().sockets.expectBy(origin::ticketOf(stPri), UTIL_TIME_NowMs() + kCommandTimeoutMs)) return;
+    if (!library().sockets.expectBy(origin::ticketOf(stPri), UTIL_TIME_NowMs() + COMMAND_TIMEOUT_MS)) return;
     if (!watch().bArmed) {
         const Whereabouts here = Whereabouts::now();
         const std::lock_guard lock(watch().mutex);

@@ -13,10 +13,10 @@
 
 namespace visca
 {
-constexpr std::size_t kMaxPacket = 16; ///< address, up to 14 bytes, terminator
-constexpr std::size_t kMinPacket = 3;
-constexpr BU_U8 kTerminator = 0xFF;
-constexpr BU_U8 kBroadcast = 0x88;
+constexpr std::size_t MAX_PACKET = 16; ///< address, up to 14 bytes, terminator
+constexpr std::size_t MIN_PACKET = 3;
+constexpr BU_U8 TERMINATOR = 0xFF;
+constexpr BU_U8 BROADCAST = 0x88;
 
 /// A place in the control record.
 struct Place {
@@ -71,8 +71,8 @@ public:
     const char *pcText;
     bool bBroadcast = false;
     std::size_t size = 0; ///< bytes between address and terminator
-    std::array<BU_U8, kMaxPacket - 2> au8Value{}, au8Mask{};
-    std::array<char, 2 * (kMaxPacket - 2)> acNibble{}; ///< letter of a value's nibble, 0 for a literal
+    std::array<BU_U8, MAX_PACKET - 2> au8Value{}, au8Mask{};
+    std::array<char, 2 * (MAX_PACKET - 2)> acNibble{}; ///< letter of a value's nibble, 0 for a literal
 
 private:
     static constexpr BU_U8 digit(char c)

@@ -12,8 +12,8 @@ thread_local void (*t_pfnFlush)() = nullptr;
 
 namespace
 {
-constexpr std::array<BU_U8, 3> kClear = {0x01, 0x00, 0x01};
-constexpr BU_U8 kSilent = 0;
+constexpr std::array<BU_U8, 3> CLEAR = {0x01, 0x00, 0x01};
+constexpr BU_U8 SILENT = 0;
 
 void refuse(const VISCA_MSG_PRI_S &stPri, BU_U8 u8Socket, Fault enFault)
 {
@@ -23,13 +23,13 @@ void refuse(const VISCA_MSG_PRI_S &stPri, BU_U8 u8Socket, Fault enFault)
 /// Checks head and framing; answers what is wrong. @return whether the packet is for this camera and whole
 bool isForUs(std::span<const BU_U8> packet, VISCA_MSG_PRI_S &stFrom)
 {
-    const BU_U8 u8Address = packet.empty() ? kSilent : addressOf(packet[0]);
+    const BU_U8 u8Address = packet.empty() ? SILENT : addressOf(packet[0]);
     const bool bHead = !packet.empty() && (packet[0] & 0xF0) == 0x80 && u8Address >= 1 && u8Address <= 8;
     if (isSerial(stFrom) && (!bHead || (u8Address != 8 && u8Address != library().u8Address))) return false;
     if (!bHead) return refuse(stFrom, 0, Fault::Syntax), false;
     origin::setAddress(stFrom, u8Address);
-    if (packet.size() < kMinPacket || packet.size() > kMaxPacket) return refuse(stFrom, 0, Fault::Length), false;
-    if (std::ranges::find(packet, kTerminator) != packet.end() - 1) return refuse(stFrom, 0, Fault::Syntax), false;
+    if (packet.size() < MIN_PACKET || packet.size() > MAX_PACKET) return refuse(stFrom, 0, Fault::Length), false;
+    if (std::ranges::find(packet, TERMINATOR) != packet.end() - 1) return refuse(stFrom, 0, Fault::Syntax), false;
     return true;
 }
 
@@ -38,8 +38,8 @@ void acceptClear(std::span<const BU_U8> packet, const VISCA_MSG_PRI_S &stFrom, P
     for (BU_U8 u8Socket = 1; u8Socket <= 2; ++u8Socket)
         if (const auto ended = library().sockets.closeSocket(peer, u8Socket)) job.u8StopMotors |= ended->u8Motors;
     job.enKind = Job::Clear;
-    const BU_U8 au8Done[] = {replyHead(answerAddress(stFrom)), 0x50, kTerminator};
-    transmit(stFrom, packet[0] == kBroadcast ? packet : std::span<const BU_U8>(au8Done));
+    const BU_U8 au8Done[] = {replyHead(answerAddress(stFrom)), 0x50, TERMINATOR};
+    transmit(stFrom, packet[0] == BROADCAST ? packet : std::span<const BU_U8>(au8Done));
 }
 
 void acceptCancel(const VISCA_MSG_PRI_S &stFrom, Peer &peer, Job &job)
@@ -60,7 +60,7 @@ void acceptAddress(std::span<const BU_U8> packet, const VISCA_MSG_PRI_S &stFrom,
         job.enKind = Job::Address;
         return;
     }
-    const BU_U8 au8Next[] = {kBroadcast, 0x30, static_cast<BU_U8>(packet[2] + 1), kTerminator};
+    const BU_U8 au8Next[] = {BROADCAST, 0x30, static_cast<BU_U8>(packet[2] + 1), TERMINATOR};
     transmit(stFrom, au8Next);
 }
 
@@ -70,7 +70,7 @@ void acceptInquiry(const VISCA_MSG_PRI_S &stFrom, Job &job)
         job.enKind = Job::Inquiry;
         return;
     }
-    const BU_U8 au8Off[] = {replyHead(answerAddress(stFrom)), 0x50, VISCA_MSG_E_POWER_OFF, kTerminator};
+    const BU_U8 au8Off[] = {replyHead(answerAddress(stFrom)), 0x50, VISCA_MSG_E_POWER_OFF, TERMINATOR};
     if (stFrom.enMsgType == VISCA_INQ_E_POWER)
         transmit(stFrom, au8Off);
     else
@@ -97,12 +97,12 @@ void stopMotors(BU_U8 u8Motors)
 {
     PT_MOTION_CTRL_S stPanTilt{};
     stPanTilt.enMotionType = PT_MOTION_E_STOP;
-    if (u8Motors & kPanTilt) BSP_PTCtrlMotion(PT_CTRL_E_FROM_VISCA, &stPanTilt, nullptr);
+    if (u8Motors & PAN_TILT) BSP_PTCtrlMotion(PT_CTRL_E_FROM_VISCA, &stPanTilt, nullptr);
     ZF_MOTION_CTRL_S stLens{};
     stLens.enMotionType = ZF_E_ZOOM_STOP;
-    if (u8Motors & kZoom) BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_VISCA, &stLens, nullptr);
+    if (u8Motors & ZOOM) BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_VISCA, &stLens, nullptr);
     stLens.enMotionType = ZF_E_FOCUS_STOP;
-    if (u8Motors & kFocus) BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_VISCA, &stLens, nullptr);
+    if (u8Motors & FOCUS) BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_VISCA, &stLens, nullptr);
 }
 
 BU_U16 movedBy(BU_U32 u32Current, BU_U16 u16Offset)
@@ -203,10 +203,10 @@ bool isCommand(std::span<const BU_U8> packet) { return packet.size() > 1 && pack
 void accept(std::span<const BU_U8> packet, VISCA_MSG_PRI_S stFrom, Peer &peer, Job &job)
 {
     job.enKind = Job::None;
-    job.u8StopMotors = kNoMotor;
+    job.u8StopMotors = NO_MOTOR;
     job.bStop = false;
     if (!isForUs(packet, stFrom)) return;
-    if (std::ranges::equal(packet.subspan(1, packet.size() - 2), kClear)) return acceptClear(packet, stFrom, peer, job);
+    if (std::ranges::equal(packet.subspan(1, packet.size() - 2), CLEAR)) return acceptClear(packet, stFrom, peer, job);
     job.pstRow = decode(packet, job.stInfo);
     if (!job.pstRow) return refuse(stFrom, 0, Fault::Syntax);
     stFrom.enMsgType = job.pstRow->enType;
@@ -223,7 +223,7 @@ void accept(std::span<const BU_U8> packet, VISCA_MSG_PRI_S stFrom, Peer &peer, J
 
 void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom)
 {
-    const std::array<BU_U8, kMaxPacket + 1> au8TooLong{u8Head};
+    const std::array<BU_U8, MAX_PACKET + 1> au8TooLong{u8Head};
     isForUs(au8TooLong, stFrom);
 }
 

@@ -23,7 +23,7 @@ struct Job {
         Wake ///< power on in stand-by
     } enKind = None;
     const Row *pstRow = nullptr;
-    BU_U8 u8StopMotors = kNoMotor;
+    BU_U8 u8StopMotors = NO_MOTOR;
     bool bStop = false; ///< stops motors: goes before the jobs of other controllers
     tagVISCA_CTRL_INFO_S stInfo;
 };
@@ -71,5 +71,5 @@ void startWatch();
 void stopWatch();
 /// A command waits for the end of its motion: it is closed when nothing has moved for two minutes.
 void watchCommand(const VISCA_MSG_PRI_S &stPri);
-constexpr BU_S64 kCommandTimeoutMs = 120'000;
+constexpr BU_S64 COMMAND_TIMEOUT_MS = 120'000;
 } // namespace visca

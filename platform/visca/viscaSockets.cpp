@@ -8,8 +8,8 @@ namespace visca
 {
 namespace
 {
-constexpr BU_U32 kIndexBits = 12;
-constexpr BU_U32 kIndexMask = (1u << kIndexBits) - 1;
+constexpr BU_U32 INDEX_BITS = 12;
+constexpr BU_U32 INDEX_MASK = (1u << INDEX_BITS) - 1;
 } // namespace
 
 BU_U8 targetMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
@@ -17,18 +17,18 @@ BU_U8 targetMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S 
     const auto enPanTilt = stInfo.stPTCtlr.enPanTiltType;
     switch (enType) {
     case VISCA_CMD_E_PAN_TILT:
-        if (enPanTilt == VISCA_MSG_E_PT_HOME) return kPanTilt | kZoom;
-        return enPanTilt >= VISCA_MSG_E_PT_ABS_POS && enPanTilt <= VISCA_MSG_E_PT_RESET ? kPanTilt : kNoMotor;
+        if (enPanTilt == VISCA_MSG_E_PT_HOME) return PAN_TILT | ZOOM;
+        return enPanTilt >= VISCA_MSG_E_PT_ABS_POS && enPanTilt <= VISCA_MSG_E_PT_RESET ? PAN_TILT : NO_MOTOR;
     case VISCA_CMD_E_ZOOM:
-        return stInfo.stZoomCtrl.enZoomType == VISCA_MSG_E_SET_ZOOM_DIRECT_POS ? kZoom : kNoMotor;
+        return stInfo.stZoomCtrl.enZoomType == VISCA_MSG_E_SET_ZOOM_DIRECT_POS ? ZOOM : NO_MOTOR;
     case VISCA_CMD_E_FOCUS:
-        return stInfo.stFocusCtrl.enFocusType == VISCA_MSG_E_SET_FOCUS_DIRECT_POS ? kFocus : kNoMotor;
+        return stInfo.stFocusCtrl.enFocusType == VISCA_MSG_E_SET_FOCUS_DIRECT_POS ? FOCUS : NO_MOTOR;
     case VISCA_CMD_E_ZOOM_FOCUS:
-        return kZoom | kFocus;
+        return ZOOM | FOCUS;
     case VISCA_CMD_E_MEMORY:
-        return stInfo.stMemoryCtrl.enMemoryType == VISCA_MSG_E_MEMORY_RECALL ? kPanTilt | kZoom | kFocus : kNoMotor;
+        return stInfo.stMemoryCtrl.enMemoryType == VISCA_MSG_E_MEMORY_RECALL ? PAN_TILT | ZOOM | FOCUS : NO_MOTOR;
     default:
-        return kNoMotor;
+        return NO_MOTOR;
     }
 }
 
@@ -37,13 +37,13 @@ BU_U8 driveMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &
     const auto enPanTilt = stInfo.stPTCtlr.enPanTiltType;
     const auto enFocus = stInfo.stFocusCtrl.enFocusType;
     if (enType == VISCA_CMD_E_PAN_TILT)
-        return enPanTilt <= VISCA_MSG_E_PT_STOP || enPanTilt >= VISCA_MSG_E_PT_UP_PRECISE ? kPanTilt : kNoMotor;
+        return enPanTilt <= VISCA_MSG_E_PT_STOP || enPanTilt >= VISCA_MSG_E_PT_UP_PRECISE ? PAN_TILT : NO_MOTOR;
     if (enType == VISCA_CMD_E_ZOOM)
-        return stInfo.stZoomCtrl.enZoomType != VISCA_MSG_E_SET_ZOOM_DIRECT_POS ? kZoom : kNoMotor;
+        return stInfo.stZoomCtrl.enZoomType != VISCA_MSG_E_SET_ZOOM_DIRECT_POS ? ZOOM : NO_MOTOR;
     if (enType == VISCA_CMD_E_FOCUS)
-        return enFocus >= VISCA_MSG_E_SET_FOCUS_STOP && enFocus <= VISCA_MSG_E_SET_FOCUS_NEAR_VARIABLE ? kFocus
-                                                                                                       : kNoMotor;
-    return kNoMotor;
+        return enFocus >= VISCA_MSG_E_SET_FOCUS_STOP && enFocus <= VISCA_MSG_E_SET_FOCUS_NEAR_VARIABLE ? FOCUS
+                                                                                                       : NO_MOTOR;
+    return NO_MOTOR;
 }
 
 bool isStop(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
@@ -99,13 +99,13 @@ BU_U32 Sockets::take(Peer *pstPeer, VISCA_MSG_PRI_S &stPri, BU_U8 u8Motors)
     BU_U16 u16Index = m_u16Free;
     if (u16Index)
         m_u16Free = m_slot[u16Index].u16NextFree;
-    else if (m_u16Touched < kMaxCommands)
+    else if (m_u16Touched < MAX_COMMANDS)
         u16Index = ++m_u16Touched;
     else
         return 0;
     Slot &slot = m_slot[u16Index];
-    slot.u32Generation = (slot.u32Generation + 1) & (0xFFFFFFFFu >> kIndexBits);
-    const BU_U32 u32Ticket = slot.u32Generation << kIndexBits | u16Index;
+    slot.u32Generation = (slot.u32Generation + 1) & (0xFFFFFFFFu >> INDEX_BITS);
+    const BU_U32 u32Ticket = slot.u32Generation << INDEX_BITS | u16Index;
     origin::setTicket(stPri, u32Ticket);
     stPri.stIpMsg.u32Port = (stPri.stIpMsg.u32Port & 0xFFFFF) | m_u32Run << 20;
     slot.pstPeer = pstPeer;
@@ -120,8 +120,8 @@ BU_U32 Sockets::take(Peer *pstPeer, VISCA_MSG_PRI_S &stPri, BU_U8 u8Motors)
 
 Sockets::Slot *Sockets::find(BU_U32 u32Ticket)
 {
-    Slot &slot = m_slot[u32Ticket & kIndexMask];
-    return slot.bTaken && slot.u32Generation == u32Ticket >> kIndexBits ? &slot : nullptr;
+    Slot &slot = m_slot[u32Ticket & INDEX_MASK];
+    return slot.bTaken && slot.u32Generation == u32Ticket >> INDEX_BITS ? &slot : nullptr;
 }
 
 Sockets::Slot *Sockets::findRunning(BU_U32 u32Ticket)

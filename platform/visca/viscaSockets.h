@@ -11,7 +11,7 @@
 namespace visca
 {
 /// Motors that a command keeps busy.
-enum Motors : BU_U8 { kNoMotor = 0, kPanTilt = 1, kZoom = 2, kFocus = 4 };
+enum Motors : BU_U8 { NO_MOTOR = 0, PAN_TILT = 1, ZOOM = 2, FOCUS = 4 };
 
 /// Motors that the message moves to a target, and thereby holds a socket for a while.
 BU_U8 targetMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo);
@@ -42,7 +42,7 @@ struct Peer {
 /// A command that was taken out of its socket.
 struct Ended {
     VISCA_MSG_PRI_S stPri{};
-    BU_U8 u8Motors = kNoMotor;
+    BU_U8 u8Motors = NO_MOTOR;
 };
 
 class Sockets
@@ -87,7 +87,7 @@ public:
     /// Places of commands that are taken, for tests and the memory bound.
     std::size_t running() const;
 
-    static constexpr std::size_t kMaxCommands = 4095;
+    static constexpr std::size_t MAX_COMMANDS = 4095;
 
 private:
     struct Slot {
@@ -96,7 +96,7 @@ private:
         BU_U32 u32Generation = 0;
         BU_S64 s64DeadlineMs = 0; ///< 0: none
         BU_U16 u16NextFree = 0;
-        BU_U8 u8Motors = kNoMotor;
+        BU_U8 u8Motors = NO_MOTOR;
         bool bTaken = false;
         bool bEnding = false; ///< its answer is being sent
     };
@@ -106,7 +106,7 @@ private:
     BU_U32 take(Peer *pstPeer, VISCA_MSG_PRI_S &stPri, BU_U8 u8Motors);
 
     mutable std::mutex m_mutex; ///< guards everything below and all Peer records
-    std::array<Slot, kMaxCommands + 1> m_slot{};
+    std::array<Slot, MAX_COMMANDS + 1> m_slot{};
     BU_U16 m_u16Free = 0;    ///< first of the free list, 0: empty; slot 0 is not used
     BU_U16 m_u16Touched = 0; ///< slots that were ever taken
     std::size_t m_taken = 0;

@@ -15,9 +15,9 @@ namespace visca
 namespace
 {
 thread_local bool t_bGather = false;
-constexpr BU_U32 kIndexBits = 10;
-constexpr std::size_t kKeptCapacity = 512; // of an idle client's answers
-static_assert(TcpClients::kMaxClients <= 1u << kIndexBits);
+constexpr BU_U32 INDEX_BITS = 10;
+constexpr std::size_t KEPT_CAPACITY = 512; // of an idle client's answers
+static_assert(TcpClients::MAX_CLIENTS <= 1u << INDEX_BITS);
 
 /// A peer that vanished without a word is found within two minutes; a client that is only silent stays.
 void prepare(int fd)
@@ -31,22 +31,22 @@ void prepare(int fd)
 }
 } // namespace
 
-TcpClients::TcpClients() : m_client(kMaxClients), m_fdReserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
+TcpClients::TcpClients() : m_client(MAX_CLIENTS), m_fdReserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
 {
-    for (std::size_t i = kMaxClients; i-- > 0;) m_free.push_back(static_cast<BU_U16>(i));
-    m_dirty.reserve(kMaxClients);
+    for (std::size_t i = MAX_CLIENTS; i-- > 0;) m_free.push_back(static_cast<BU_U16>(i));
+    m_dirty.reserve(MAX_CLIENTS);
 }
 
 void TcpClients::gatherHere() { t_bGather = true; }
 
 BU_U32 TcpClients::idOf(const Client &client) const
 {
-    return client.u32Generation << kIndexBits | static_cast<BU_U32>(&client - m_client.data());
+    return client.u32Generation << INDEX_BITS | static_cast<BU_U32>(&client - m_client.data());
 }
 
 TcpClients::Client *TcpClients::find(BU_U32 u32Id)
 {
-    const BU_U32 u32Index = u32Id & ((1u << kIndexBits) - 1);
+    const BU_U32 u32Index = u32Id & ((1u << INDEX_BITS) - 1);
     if (u32Index >= m_client.size()) return nullptr;
     Client &client = m_client[u32Index];
     return client.fd >= 0 && idOf(client) == u32Id ? &client : nullptr;
@@ -86,7 +86,7 @@ void TcpClients::admit(int fd, int fdEpoll, BU_U16 u16Port)
     Client &client = m_client[m_free.back()];
     {
         const std::lock_guard lock(m_mutex);
-        client.u32Generation = (client.u32Generation + 1) & (0xFFFFFFFFu >> kIndexBits);
+        client.u32Generation = (client.u32Generation + 1) & (0xFFFFFFFFu >> INDEX_BITS);
         client.fd = fd;
         client.u16Port = u16Port;
         client.bLeft = false;
@@ -178,7 +178,7 @@ BU_S32 TcpClients::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> byt
     const std::lock_guard lock(m_mutex);
     Client *client = find(u32Id);
     if (!client) return -1;
-    if (client->out.size() + bytes.size() > kMaxUnread) {
+    if (client->out.size() + bytes.size() > MAX_UNREAD) {
         ::shutdown(client->fd, SHUT_RDWR); // the network thread hears of it and closes
         return -1;
     }
@@ -211,7 +211,7 @@ void TcpClients::sendOut(Client &client, BU_U32 u32Id)
         return;
     }
     if (sent > 0) client.out.erase(client.out.begin(), client.out.begin() + sent);
-    if (client.out.empty() && client.out.capacity() > kKeptCapacity) std::vector<BU_U8>().swap(client.out);
+    if (client.out.empty() && client.out.capacity() > KEPT_CAPACITY) std::vector<BU_U8>().swap(client.out);
     if (client.out.empty() && client.bLeft && !library().sockets.isBusy(client.peer))
         ::shutdown(client.fd, SHUT_RDWR); // all answered
     listenFor(client, u32Id);

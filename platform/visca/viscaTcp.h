@@ -11,8 +11,8 @@ namespace visca
 class TcpClients
 {
 public:
-    static constexpr std::size_t kMaxClients = 1000;
-    static constexpr std::size_t kMaxUnread = 16 * 1024; ///< answers that a client leaves unread before it is closed
+    static constexpr std::size_t MAX_CLIENTS = 1000;
+    static constexpr std::size_t MAX_UNREAD = 16 * 1024; ///< answers that a client leaves unread before it is closed
 
     TcpClients();
 

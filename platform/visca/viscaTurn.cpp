@@ -5,7 +5,7 @@
 namespace visca
 {
 Turn::Turn(std::function<void()> fnFlush, std::function<void()> fnMore)
-    : m_fnFlush(std::move(fnFlush)), m_fnMore(std::move(fnMore)), m_source(kMaxSources), m_lane(kMaxSources)
+    : m_fnFlush(std::move(fnFlush)), m_fnMore(std::move(fnMore)), m_source(MAX_SOURCES), m_lane(MAX_SOURCES)
 {
 }
 
@@ -19,19 +19,19 @@ BU_U16 Turn::addLane(Peer &peer)
 {
     Lane &lane = m_lane[m_lanes];
     lane.pstPeer = &peer;
-    lane.u16First = lane.u16Last = kNone;
+    lane.u16First = lane.u16Last = NONE;
     lane.packet = {};
     return static_cast<BU_U16>(m_lanes++);
 }
 
 void Turn::addStream(BU_U16 u16Lane, const VISCA_MSG_PRI_S &stFrom, std::span<const BU_U8> bytes, Splitter *pstSplitter)
 {
-    add(u16Lane, {stFrom, bytes, pstSplitter, {}, false, kNone});
+    add(u16Lane, {stFrom, bytes, pstSplitter, {}, false, NONE});
 }
 
 void Turn::addPacket(BU_U16 u16Lane, const VISCA_MSG_PRI_S &stFrom, std::span<const BU_U8> packet)
 {
-    add(u16Lane, {stFrom, packet, nullptr, {}, true, kNone});
+    add(u16Lane, {stFrom, packet, nullptr, {}, true, NONE});
 }
 
 void Turn::add(BU_U16 u16Lane, const Source &source)
@@ -40,7 +40,7 @@ void Turn::add(BU_U16 u16Lane, const Source &source)
     const auto u16Source = static_cast<BU_U16>(m_sources++);
     m_source[u16Source] = source;
     Lane &lane = m_lane[u16Lane];
-    (lane.u16First == kNone ? lane.u16First : m_source[lane.u16Last].u16Next) = u16Source;
+    (lane.u16First == NONE ? lane.u16First : m_source[lane.u16Last].u16Next) = u16Source;
     lane.u16Last = u16Source;
 }
 
@@ -65,7 +65,7 @@ bool Turn::fetchFrom(Lane &lane, Source &source)
 
 bool Turn::fetch(Lane &lane)
 {
-    while (lane.packet.empty() && lane.u16First != kNone) {
+    while (lane.packet.empty() && lane.u16First != NONE) {
         Source &source = m_source[lane.u16First];
         if (!fetchFrom(lane, source)) lane.u16First = source.u16Next;
     }

@@ -16,7 +16,7 @@ namespace visca
 class Turn
 {
 public:
-    static constexpr std::size_t kMaxSources = 96;
+    static constexpr std::size_t MAX_SOURCES = 96;
 
     /// @param fnFlush  sends what the transmitters have gathered
     /// @param fnMore   after a round of commands: adds what has arrived meanwhile
@@ -29,11 +29,11 @@ public:
     void addStream(BU_U16 u16Lane, const VISCA_MSG_PRI_S &stFrom, std::span<const BU_U8> bytes, Splitter *pstSplitter);
     /// One packet as it stands, right or wrong.
     void addPacket(BU_U16 u16Lane, const VISCA_MSG_PRI_S &stFrom, std::span<const BU_U8> packet);
-    bool isFull() const { return m_sources == kMaxSources; }
+    bool isFull() const { return m_sources == MAX_SOURCES; }
     void process();
 
 private:
-    static constexpr BU_U16 kNone = 0xFFFF;
+    static constexpr BU_U16 NONE = 0xFFFF;
     struct Source {
         VISCA_MSG_PRI_S stFrom;
         std::span<const BU_U8> bytes;

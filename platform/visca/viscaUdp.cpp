@@ -30,12 +30,12 @@ VISCA_MSG_PRI_S originOf(CMD_FROM_E enFrom, const sockaddr_in &stFrom)
 }
 } // namespace
 
-UdpOut::UdpOut() : m_datagram(kBatch), m_header(kBatch) {}
+UdpOut::UdpOut() : m_datagram(BATCH), m_header(BATCH) {}
 
 void UdpOut::add(int fd, BU_U32 u32Address, BU_U16 u16Port, std::span<const BU_U8> head, std::span<const BU_U8> body)
 {
-    if (head.size() + body.size() > kMaxDatagram) return;
-    if (m_count == kBatch) flush();
+    if (head.size() + body.size() > MAX_DATAGRAM) return;
+    if (m_count == BATCH) flush();
     Datagram &datagram = m_datagram[m_count];
     std::ranges::copy(head, datagram.au8.begin());
     std::ranges::copy(body, datagram.au8.begin() + static_cast<std::ptrdiff_t>(head.size()));
@@ -76,11 +76,11 @@ void UdpPorts::set(CMD_FROM_E enFrom, int fd)
 
 std::size_t UdpPorts::receive(CMD_FROM_E enFrom, Turn &turn, BU_U32 u32Turn, std::span<std::array<BU_U8, 512>> buffers)
 {
-    constexpr std::size_t kBatch = 32;
-    std::array<mmsghdr, kBatch> header;
-    std::array<iovec, kBatch> part;
-    std::array<sockaddr_in, kBatch> from;
-    const std::size_t count = std::min(kBatch, buffers.size());
+    constexpr std::size_t BATCH = 32;
+    std::array<mmsghdr, BATCH> header;
+    std::array<iovec, BATCH> part;
+    std::array<sockaddr_in, BATCH> from;
+    const std::size_t count = std::min(BATCH, buffers.size());
     for (std::size_t i = 0; i < count; ++i) {
         part[i] = {buffers[i].data(), buffers[i].size()};
         header[i].msg_hdr = {};
@@ -99,7 +99,7 @@ void UdpPorts::addDatagram(CMD_FROM_E enFrom, const sockaddr_in &stFrom, std::sp
                            BU_U32 u32Turn)
 {
     const bool bBare = overip::isBare(bytes);
-    if (!bBare && (enFrom != CMD_FROM_E_OVER_IP_IN || bytes.size() < overip::kHeader)) return; // noise
+    if (!bBare && (enFrom != CMD_FROM_E_OVER_IP_IN || bytes.size() < overip::HEADER)) return; // noise
     VISCA_MSG_PRI_S stPri = originOf(enFrom, stFrom);
     UdpPeer &peer = m_peers.get(enFrom, origin::peerOf(stPri), origin::portOf(stPri));
     if (peer.u32Turn != u32Turn) {
@@ -119,7 +119,7 @@ void UdpPorts::addDatagram(CMD_FROM_E enFrom, const sockaddr_in &stFrom, std::sp
 
 BU_S32 UdpPorts::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes)
 {
-    std::array<BU_U8, overip::kHeader> header;
+    std::array<BU_U8, overip::HEADER> header;
     const bool bHeader = stPri.enFrom == CMD_FROM_E_OVER_IP_IN && stPri.stIpMsg.bEnable;
     if (bHeader)
         overip::writeHeader(header.data(), stPri.stIpMsg.enMsgType, static_cast<BU_U32>(bytes.size()),

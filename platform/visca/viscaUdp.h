@@ -19,10 +19,10 @@ public:
     void flush();
 
 private:
-    static constexpr std::size_t kBatch = 64;
-    static constexpr std::size_t kMaxDatagram = overip::kHeader + sizeof(tagVISCA_MSG_REQ_S::acCmd);
+    static constexpr std::size_t BATCH = 64;
+    static constexpr std::size_t MAX_DATAGRAM = overip::HEADER + sizeof(tagVISCA_MSG_REQ_S::acCmd);
     struct Datagram {
-        std::array<BU_U8, kMaxDatagram> au8;
+        std::array<BU_U8, MAX_DATAGRAM> au8;
         sockaddr_in stTo;
         iovec stPart;
         int fd;

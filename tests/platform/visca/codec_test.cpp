@@ -113,7 +113,7 @@ TEST(ViscaCodec, EveryRowReadsWhatItWrites)
                 writeField(stInfo, part.place, bHighest ? part.u32Max : part.u32Min);
             }
             const Packet packet = encode(*row, stInfo, 3);
-            EXPECT_EQ(std::ranges::count(packet.bytes(), kTerminator), 1);
+            EXPECT_EQ(std::ranges::count(packet.bytes(), TERMINATOR), 1);
             ASSERT_EQ(decode(packet.bytes(), stRead), row) << hex(packet.bytes());
             EXPECT_EQ(std::memcmp(&stInfo, &stRead, sizeof stInfo), 0) << "fields, or others not zero";
             const Packet again = encode(row->enType, stRead, 3); // an alias may be written in its other form

@@ -15,7 +15,7 @@ namespace
 {
 const char *const ABS = "81 01 06 02 05 05 00 01 00 00 00 00 00 00 FF";
 const char *const INQUIRY = "81 09 04 00 FF";
-constexpr int kPatienceMs = 20'000;
+constexpr int PATIENCE_MS = 20'000;
 
 /// A controller with a socket of its own.
 class Controller
@@ -40,7 +40,7 @@ public:
     void shutdown() const { ::shutdown(m_fd, SHUT_WR); }
 
     /// The next datagram, or everything of a stream up to so many bytes; "" at its end or when nothing comes.
-    std::string receive(std::size_t size = 0, int waitMs = kPatienceMs) const
+    std::string receive(std::size_t size = 0, int waitMs = PATIENCE_MS) const
     {
         Bytes data;
         do {

@@ -4,11 +4,11 @@ using namespace visca;
 
 namespace
 {
-struct tagSTEP_S {
+struct Step {
     const char *pcDatagram;
     const char *pcOutcome; // "deliver BYTES", "answer BYTES" with its header, or "drop"
 };
-typedef std::vector<tagSTEP_S> DIALOGUE;
+typedef std::vector<Step> Dialogue;
 
 std::string outcome(const char *pcDatagram, overip::Sequence &sequence)
 {
@@ -16,13 +16,13 @@ std::string outcome(const char *pcDatagram, overip::Sequence &sequence)
     const overip::Received received = overip::receive(datagram, sequence);
     if (received.enKind == overip::Received::Drop) return "drop";
     if (received.enKind == overip::Received::Deliver) return "deliver " + hex(received.packet);
-    Bytes answer(overip::kHeader);
+    Bytes answer(overip::HEADER);
     overip::writeHeader(answer.data(), received.enMsgType, received.answer.u8Size, received.u32Sequence);
     answer.insert(answer.end(), received.answer.bytes().begin(), received.answer.bytes().end());
     return "answer " + hex(answer);
 }
 
-class OverIpDialogue : public testing::TestWithParam<DIALOGUE>
+class OverIpDialogue : public testing::TestWithParam<Dialogue>
 {
 };
 } // namespace
@@ -30,33 +30,33 @@ class OverIpDialogue : public testing::TestWithParam<DIALOGUE>
 TEST_P(OverIpDialogue, IsAnsweredByTheRules)
 {
     overip::Sequence sequence;
-    for (const tagSTEP_S &step : GetParam()) EXPECT_EQ(outcome(step.pcDatagram, sequence), step.pcOutcome);
+    for (const Step &step : GetParam()) EXPECT_EQ(outcome(step.pcDatagram, sequence), step.pcOutcome);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, OverIpDialogue,
     testing::Values(
         // any start value, jumps both ways, wrap
-        DIALOGUE{{"01 10 00 05 00 00 12 34 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+        Dialogue{{"01 10 00 05 00 00 12 34 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
                  {"01 10 00 05 00 00 00 02 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
                  {"01 00 00 05 FF FF FF FF 81 01 06 04 FF", "deliver 81 01 06 04 FF"},
                  {"01 20 00 05 00 00 00 00 81 01 06 04 FF", "deliver 81 01 06 04 FF"}},
         // the number of the message before
-        DIALOGUE{{"01 10 00 05 00 00 00 09 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+        Dialogue{{"01 10 00 05 00 00 00 09 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
                  {"01 10 00 05 00 00 00 09 81 09 04 00 FF", "answer 02 01 00 02 00 00 00 09 0F 01"},
                  {"01 10 00 05 00 00 00 0A 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
         // RESET: its own number does not count, the next may be any, also the last one again
-        DIALOGUE{{"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+        Dialogue{{"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
                  {"02 00 00 01 00 00 00 00 01", "answer 02 01 00 01 00 00 00 00 01"},
                  {"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
         // message types and control messages that are none
-        DIALOGUE{{"01 11 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
+        Dialogue{{"01 11 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
                  {"07 77 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
                  {"02 00 00 01 00 00 00 02 05", "answer 02 01 00 02 00 00 00 02 0F 02"},
                  {"02 00 00 02 00 00 00 02 0F 01", "answer 02 01 00 02 00 00 00 02 0F 02"},
                  {"02 00 00 00 00 00 00 02", "answer 02 01 00 02 00 00 00 02 0F 02"}},
         // payload lengths
-        DIALOGUE{{"01 00 00 00 00 00 00 01", "answer 01 11 00 04 00 00 00 01 90 60 01 FF"},
+        Dialogue{{"01 00 00 00 00 00 00 01", "answer 01 11 00 04 00 00 00 01 90 60 01 FF"},
                  {"01 00 00 06 00 00 00 02 81 09 04 00 FF", "answer 01 11 00 04 00 00 00 02 90 60 01 FF"},
                  {"01 00 00 11 00 00 00 03 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F FF",
                   "answer 01 11 00 04 00 00 00 03 90 60 01 FF"},

@@ -21,13 +21,13 @@ const char *const STOP = "81 01 06 01 05 05 03 03 FF";
 const char *const TELE = "81 01 04 07 02 FF";
 const char *const INQUIRY = "81 09 04 00 FF";
 
-struct tagSTEP_S {
+struct Step {
     std::string strIn;
     std::vector<std::string> listOut;
 };
-struct tagDIALOGUE_S {
+struct Dialogue {
     const char *pcName;
-    std::vector<tagSTEP_S> steps;
+    std::vector<Step> steps;
 };
 
 class Session : public ViscaLibTest
@@ -49,35 +49,35 @@ protected:
         BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMove, nullptr);
     }
 };
-class SessionDialogue : public Session, public testing::WithParamInterface<tagDIALOGUE_S>
+class SessionDialogue : public Session, public testing::WithParamInterface<Dialogue>
 {
 };
 } // namespace
 
 TEST_P(SessionDialogue, Answers)
 {
-    for (const tagSTEP_S &step : GetParam().steps)
+    for (const Step &step : GetParam().steps)
         EXPECT_THAT(feed(step.strIn), ElementsAreArray(step.listOut)) << step.strIn;
 }
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Rows, SessionDialogue, testing::Values(
-    tagDIALOGUE_S{"InquiryHasNoAcknowledgement", {{INQUIRY, {"90 50 02 FF"}}}},
-    tagDIALOGUE_S{"CommandsInTurnUseTheFirstSocket", {{std::string(TELE) + " " + STOP, {"90 41 FF", "90 51 FF", "90 41 FF", "90 51 FF"}}}},
-    tagDIALOGUE_S{"OwnMessagesKeepTheirOrder", {{std::string(INQUIRY) + " " + TELE + " " + INQUIRY, {"90 50 02 FF", "90 41 FF", "90 51 FF", "90 50 02 FF"}}}},
-    tagDIALOGUE_S{"TwoSocketsThenFull", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {FOCUS_DIRECT, {"90 60 03 FF"}},
+    Dialogue{"InquiryHasNoAcknowledgement", {{INQUIRY, {"90 50 02 FF"}}}},
+    Dialogue{"CommandsInTurnUseTheFirstSocket", {{std::string(TELE) + " " + STOP, {"90 41 FF", "90 51 FF", "90 41 FF", "90 51 FF"}}}},
+    Dialogue{"OwnMessagesKeepTheirOrder", {{std::string(INQUIRY) + " " + TELE + " " + INQUIRY, {"90 50 02 FF", "90 41 FF", "90 51 FF", "90 50 02 FF"}}}},
+    Dialogue{"TwoSocketsThenFull", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {FOCUS_DIRECT, {"90 60 03 FF"}},
                                          {"81 01 04 35 00 FF", {"90 60 03 FF"}}, {INQUIRY, {"90 50 02 FF"}}}},
-    tagDIALOGUE_S{"StopNeedsNoSocketAndEndsTheMove", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {STOP, {"90 61 04 FF", "90 41 FF", "90 51 FF"}},
+    Dialogue{"StopNeedsNoSocketAndEndsTheMove", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {STOP, {"90 61 04 FF", "90 41 FF", "90 51 FF"}},
                                                       {"81 22 FF", {"90 62 04 FF"}}}},
-    tagDIALOGUE_S{"DriveOfOtherMotorsLeavesBothMoves", {{FOCUS_DIRECT, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {LEFT, {"90 41 FF", "90 51 FF"}},
+    Dialogue{"DriveOfOtherMotorsLeavesBothMoves", {{FOCUS_DIRECT, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {LEFT, {"90 41 FF", "90 51 FF"}},
                                                         {"81 21 FF", {"90 61 04 FF"}}, {"81 22 FF", {"90 62 04 FF"}}}},
-    tagDIALOGUE_S{"CancelNamesARunningCommand", {{ABS, {"90 41 FF"}}, {"81 22 FF", {"90 62 05 FF"}}, {"81 21 FF", {"90 61 04 FF"}}, {"81 21 FF", {"90 61 05 FF"}}}},
-    tagDIALOGUE_S{"ClearFreesBothSockets", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {"88 01 00 01 FF", {"88 01 00 01 FF"}}, {ABS, {"90 41 FF"}},
+    Dialogue{"CancelNamesARunningCommand", {{ABS, {"90 41 FF"}}, {"81 22 FF", {"90 62 05 FF"}}, {"81 21 FF", {"90 61 04 FF"}}, {"81 21 FF", {"90 61 05 FF"}}}},
+    Dialogue{"ClearFreesBothSockets", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {"88 01 00 01 FF", {"88 01 00 01 FF"}}, {ABS, {"90 41 FF"}},
                                             {"81 01 00 01 FF", {"90 50 FF"}}, {ABS, {"90 41 FF"}}}},
-    tagDIALOGUE_S{"WrongPackets", {{"81 FF", {"90 60 01 FF"}}, {"81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F 10 FF", {"90 60 01 FF"}},
+    Dialogue{"WrongPackets", {{"81 FF", {"90 60 01 FF"}}, {"81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F 10 FF", {"90 60 01 FF"}},
                                    {"81 01 04 77 00 FF", {"90 60 02 FF"}}, {"88 01 04 00 02 FF", {"90 60 02 FF"}}, {"8C 09 04 00 FF", {"90 60 02 FF"}}}},
-    tagDIALOGUE_S{"AnswersComeFromTheAddressAsked", {{"84 09 04 00 FF", {"C0 50 02 FF"}}, {"87 01 04 07 00 FF", {"F0 41 FF", "F0 51 FF"}}, {"83 01 04 07 FF", {"B0 60 02 FF"}}}},
-    tagDIALOGUE_S{"AddressSettingOnTheNetworkChangesNothing", {{"88 30 01 FF", {"88 30 02 FF"}}}}),
+    Dialogue{"AnswersComeFromTheAddressAsked", {{"84 09 04 00 FF", {"C0 50 02 FF"}}, {"87 01 04 07 00 FF", {"F0 41 FF", "F0 51 FF"}}, {"83 01 04 07 FF", {"B0 60 02 FF"}}}},
+    Dialogue{"AddressSettingOnTheNetworkChangesNothing", {{"88 30 01 FF", {"88 30 02 FF"}}}}),
     [](const auto &row) { return row.param.pcName; });
 // clang-format on
 
@@ -179,15 +179,15 @@ TEST_F(Session, RelativeMoveStartsFromWhereTheCameraIs)
 TEST_F(Session, CommandThatNeverEndsIsClosedWhenNothingMoves)
 {
     feed(ABS);
-    clock().advance(kCommandTimeoutMs - 1);
+    clock().advance(COMMAND_TIMEOUT_MS - 1);
     EXPECT_THAT(sent(), IsEmpty());
     clock().advance(1);
     EXPECT_THAT(sent(), ElementsAre("90 61 41 FF"));
     feed(ABS);
     moveTo(0x0100); // somebody else moves the camera: it may still be on its way
-    clock().advance(kCommandTimeoutMs);
+    clock().advance(COMMAND_TIMEOUT_MS);
     EXPECT_THAT(sent(), IsEmpty());
-    clock().advance(kCommandTimeoutMs);
+    clock().advance(COMMAND_TIMEOUT_MS);
     EXPECT_THAT(sent(), ElementsAre("90 61 41 FF"));
     EXPECT_EQ(library().sockets.running(), 0u);
 }
@@ -236,7 +236,7 @@ TEST_F(Session, StandbyAnswersPowerOnly)
     EXPECT_THAT(feed(INQUIRY), ElementsAre("90 50 03 FF"));
     EXPECT_THAT(feed("81 09 04 47 FF"), ElementsAre("90 60 41 FF"));
     EXPECT_THAT(feed(STOP), ElementsAre("90 61 41 FF"));
-    clock().advance(10 * kCommandTimeoutMs);
+    clock().advance(10 * COMMAND_TIMEOUT_MS);
     EXPECT_THAT(sent(), ElementsAre("90 61 41 FF")) << "the move; power-off is answered after the next start";
     EXPECT_THAT(feed("81 01 04 00 02 FF"), ElementsAre("90 41 FF", "90 51 FF"));
     EXPECT_FALSE(SYSTEM_API_IsAsleep());
@@ -279,20 +279,20 @@ TEST_F(Session, SerialChainCountsAddressesAndListensToItsOwn)
 // Ends come from the motion threads while the receiver cancels and starts: each command is answered exactly once.
 TEST_F(Session, EveryCommandEndsOnceWithManyThreads)
 {
-    constexpr BU_U32 kPeers = 4, kRounds = 300;
+    constexpr BU_U32 PEERS = 4, ROUNDS = 300;
     std::vector<util::Thread> threads;
     Service::fnHandle = [](auto enType, auto &stInfo) {
         if (!targetMotorsOf(enType, stInfo)) return 0;
         UTIL_THREAD_RunFuncAsync([stCopy = stInfo](void *) mutable { VISCA_CtrlMsgReturn(&stCopy, BU_TRUE); }, nullptr);
         return 1;
     };
-    for (BU_U32 u32 = 0; u32 < kPeers; ++u32)
+    for (BU_U32 u32 = 0; u32 < PEERS; ++u32)
         threads.emplace_back("controller", [peer = &m_peer[u32], u32](std::stop_token) {
             VISCA_MSG_PRI_S stFrom{};
             stFrom.enFrom = CMD_FROM_E_NET_TCP_IN;
             stFrom.stIpMsg.u64IpAddr = u32;
             Job job;
-            for (BU_U32 i = 0; i < kRounds; ++i)
+            for (BU_U32 i = 0; i < ROUNDS; ++i)
                 for (const char *pcIn : {ABS, "81 21 FF"}) {
                     accept(bytes(pcIn), stFrom, *peer, job);
                     run(job);
@@ -305,7 +305,7 @@ TEST_F(Session, EveryCommandEndsOnceWithManyThreads)
         u32Accepted += strSent[3] == '4';
         u32Ended += strSent[3] == '5' || strSent.ends_with(" 04 FF");
     }
-    EXPECT_GT(u32Accepted, kPeers);
+    EXPECT_GT(u32Accepted, PEERS);
     EXPECT_EQ(u32Accepted, u32Ended);
     EXPECT_EQ(library().sockets.running(), 0u);
 }
