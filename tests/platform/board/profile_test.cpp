@@ -106,6 +106,65 @@ TEST_F(ProfileTest, AFaultyOneIsRefusedWithPlaceAndReason)
     }
 }
 
+template <class Record, class Member> struct Word {
+    const BU_CHAR *pcWord;
+    Member Record::*pMember;
+};
+using Control = CFG_FEATURE_CONTROL_S;
+using Display = CFG_FEATURE_DISPLAY_S;
+using General = CFG_FEATURE_GENERAL_S;
+using Av = CFG_FEATURE_AV_S;
+using Ability = tagHW_ABILITY_S;
+// clang-format off
+constexpr Word<Control, BU_BOOL> CONTROL[] = {
+    {"viscaEthernet", &Control::bViscaEtherSupport}, {"onvif", &Control::bOnvifSupport}, {"webUi", &Control::bWebUiSupport},
+    {"osdMenu", &Control::bOsdMenuSupport}, {"freeD", &Control::bFreeDSupport}, {"ai", &Control::bAiSupport},
+    {"dvip", &Control::bDvipSupport}};
+constexpr Word<Display, BU_BOOL> DISPLAY[] = {
+    {"eink", &Display::bEinkSupport}, {"oled", &Display::bOledSupport}, {"led", &Display::bLedSupport}};
+constexpr Word<General, BU_BOOL> GENERAL[] = {
+    {"ethernet", &General::bEthernet}, {"panTilt", &General::bPt}, {"autoFocus", &General::bAf}, {"ntp", &General::bNtp},
+    {"resetKey", &General::bRstKey}, {"infrared", &General::bIr}, {"audio", &General::bAudio}};
+constexpr Word<Av, tagCFG_FEATURE_AV_INTF_S> AV[] = {
+    {"hdmi", &Av::stHdmi}, {"hdBaseT", &Av::stHdBaseT}, {"sdi", &Av::stSdi}, {"usb", &Av::stUsb}, {"ndi", &Av::stNdi},
+    {"rtsp", &Av::stRtsp}, {"rtmp", &Av::stRtmp}, {"srt", &Av::stSrt}, {"dante", &Av::stDante}};
+constexpr Word<Ability, HW_CAPS_COUNT_S> COUNTS[] = {
+    {"chips", &Ability::stChipData}, {"net", &Ability::stNet}, {"usb", &Ability::stUsb}, {"sdCard", &Ability::stSdcard},
+    {"hdmi", &Ability::stHdmi}, {"sdi", &Ability::stSdi}, {"fullNdi", &Ability::stFullNdi}, {"eink", &Ability::stEink},
+    {"uart", &Ability::stUart}, {"resetKey", &Ability::stResetKey}, {"infrared", &Ability::stIr}, {"audio", &Ability::stAudio}};
+// clang-format on
+
+/// A profile with one word of a list: its own field is set, and no other.
+TEST_F(ProfileTest, EachWordIsTheFieldOfItsName)
+{
+    const std::string strGood = textOf(std::string(PROFILES) + "TKV-MX.json");
+    tagCFG_FEATURE_LIST_S stFeatures;
+    tagHW_ABILITY_S stAbility;
+    const auto check = [&](const auto &words, const BU_CHAR *pcList, const BU_CHAR *pcNext, std::string strBefore,
+                           std::string strAfter, const auto &stRecord, auto isSet) {
+        for (const auto &[pcWord, pMember] : words) {
+            std::string strText = strGood;
+            const std::size_t from = strText.find(pcList), to = strText.find(pcNext, from);
+            strText.replace(from, to - from, pcList + strBefore + '"' + pcWord + '"' + strAfter + ", ");
+            ASSERT_EQ(loadText(strText), "") << pcWord;
+            CFG_FEATURE_GetConfiguration(&stFeatures);
+            BSP_HW_ABI_GetHwAbility(&stAbility);
+            for (const auto &[pcOther, pOther] : words)
+                EXPECT_EQ(isSet(stRecord.*pOther), pcOther == pcWord) << pcWord << ": " << pcOther;
+        }
+    };
+    const auto isOn = [](BU_BOOL b) { return b != BU_FALSE; };
+    check(CONTROL, "\"control\": ", "\"av\"", "[", "]", stFeatures.stControl, isOn);
+    check(DISPLAY, "\"display\": ", "\"general\"", "[", "]", stFeatures.stDisplay, isOn);
+    check(GENERAL, "\"general\": ", "\"serial\"", "[", "]", stFeatures.stGeneral, isOn);
+    check(AV, "\"av\": ", "\"display\"", "{", ": [{\"direction\": \"in\", \"video\": true, \"audio\": false}]}",
+          stFeatures.stAv, [](const auto &st) {
+              return st.bSupport && st.s32NodeCnt == 1 && st.astPub[0].enDataDir == CFG_FEATURE_DATA_DIR_E_IN;
+          });
+    check(COUNTS, "\"interfaces\": ", "\"lenses\"", "{", ": 3}", stAbility,
+          [](const auto &st) { return st.bSupport && st.s32DevCnt == 3; });
+}
+
 TEST_F(ProfileTest, WithoutOneEverythingIsRefused)
 {
     ASSERT_EQ(BSP_PROFILE_Load("no such model"), -1);

@@ -16,15 +16,15 @@ bool isGone(pid_t pid) { return kill(pid, 0) != 0 && errno == ESRCH; }
 class ChildProcessTest : public PlatformTest
 {
 protected:
-    /// What starts next, while the clock goes on.
-    FakeWebServer::tagSTART_S nextStart(const FakeWebServer &server)
+    /// What starts next, after so long.
+    std::pair<pid_t, BU_S64> nextStart(const FakeWebServer &server, const ChildProcess &child)
     {
-        FakeWebServer::tagSTART_S st;
-        for (int i = 0; i < 1000 && st.pid == 0; ++i) {
-            clock().advance(ChildProcess::RESTART_MS);
-            st = server.waitForStart(20);
+        BU_S64 s64WaitedMs = 0;
+        for (int i = 0; i < 4000; ++i) {
+            if (child.pid() == 0) clock().advance(100), s64WaitedMs += 100;
+            if (const auto st = server.waitForStart(5); st.pid != 0) return {st.pid, s64WaitedMs};
         }
-        return st;
+        return {};
     }
 };
 
@@ -39,12 +39,15 @@ TEST_F(ChildProcessTest, StartsAgainAndEndsWhenAsked)
         daemon.waitForReport(LONG_MS);
         const auto stFirst = server.waitForStart(LONG_MS);
         EXPECT_THAT(stFirst.strArguments, testing::StartsWith("--http 80 --report-fd "));
-        for (pid = stFirst.pid; const int s32Signal : {SIGKILL, SIGTERM}) {
+        pid = stFirst.pid;
+        for (BU_S64 s64PauseMs = ChildProcess::RESTART_MS; const int s32Signal : {SIGKILL, SIGTERM}) {
             kill(pid, s32Signal);
-            const auto stNext = nextStart(server);
-            EXPECT_NE(stNext.pid, pid);
+            const auto [next, s64WaitedMs] = nextStart(server, daemon);
+            EXPECT_NE(next, pid);
             EXPECT_TRUE(isGone(pid));
-            pid = stNext.pid;
+            EXPECT_GE(s64WaitedMs, s64PauseMs);
+            s64PauseMs *= 2;
+            pid = next;
         }
         EXPECT_FALSE(isGone(pid));
     }

@@ -57,6 +57,7 @@ const Case CASES[] = {
     {"touch '/quoted'\"name\"", 0, {"quotedname"}},
     {"touch /$(rm /a)", 0, {"a"}},
     {"touch \"/`rm /a`\"", 0, {"a"}},
+    {"touch /`rm /b`", 0, {"!`rm"}},
     {"", 0, {}},
     {"rm /a '", -1, {"a"}},
     {"rm /a &&", -1, {"a"}},
