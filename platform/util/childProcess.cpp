@@ -85,11 +85,11 @@ void ChildProcess::waitForReport(BU_S64 s64Ms)
     m_reported.wait_for(guard, std::chrono::milliseconds(s64Ms), [this] { return m_bReported; });
 }
 
-ChildProcess::tagCHILD_S ChildProcess::start()
+ChildProcess::Child ChildProcess::start()
 {
     int as32Pipe[2];
     if (pipe2(as32Pipe, O_CLOEXEC) != 0) return {};
-    tagCHILD_S stChild{-1, {}, FileDescriptor(as32Pipe[0])};
+    Child stChild{-1, {}, FileDescriptor(as32Pipe[0])};
     const FileDescriptor theirs(as32Pipe[1]);
     fcntl(stChild.report, F_SETFL, O_NONBLOCK);
     std::vector<std::string> arguments{m_strProgram};
@@ -121,7 +121,7 @@ void ChildProcess::work()
 {
     for (BU_S64 s64Pause = RESTART_MS; !m_bStop; s64Pause = std::min(2 * s64Pause, RESTART_MAX_MS)) {
         const BU_S64 s64Start = UTIL_TIME_NowMs();
-        tagCHILD_S stChild = start();
+        Child stChild = start();
         if (stChild.pid > 0) {
             m_pid = stChild.pid;
             watch(stChild);
@@ -134,7 +134,7 @@ void ChildProcess::work()
     }
 }
 
-void ChildProcess::watch(tagCHILD_S &stChild)
+void ChildProcess::watch(Child &stChild)
 {
     std::string strLine;
     BU_S64 s64KillMs = 0;
@@ -160,7 +160,7 @@ void ChildProcess::watch(tagCHILD_S &stChild)
              bExited ? WEXITSTATUS(*status) : WTERMSIG(*status));
 }
 
-void ChildProcess::readReport(tagCHILD_S &stChild, std::string &strLine)
+void ChildProcess::readReport(Child &stChild, std::string &strLine)
 {
     std::array<char, LINE_MAX_SIZE> acBytes;
     const ssize_t length = read(stChild.report, acBytes.data(), acBytes.size());
@@ -174,7 +174,7 @@ void ChildProcess::readReport(tagCHILD_S &stChild, std::string &strLine)
             strLine += c;
 }
 
-void ChildProcess::endReport(tagCHILD_S &stChild)
+void ChildProcess::endReport(Child &stChild)
 {
     stChild.report = FileDescriptor();
     const std::lock_guard guard(m_lock);

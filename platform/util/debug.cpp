@@ -1,3 +1,4 @@
+/// Debug files: who reads which, and the thread that notices what is written.
 #include "util/debug.h"
 
 #include "util/file.h"
@@ -25,21 +26,21 @@ constexpr std::size_t CONTENT_LIMIT = 64 * 1024;
 constexpr BU_U32 WRITTEN = IN_CLOSE_WRITE | IN_MOVED_TO;
 constexpr const BU_CHAR *DEBUG_FOLDER = "/var/debug/app/";
 
-struct tagREADER_S {
+struct Reader {
     FN_DEBUG_READER fn;
     void *pvParam;
     timespec stReadTime; // change time of the content last read
 };
 
-struct tagDEBUG_S {
+struct Debug {
     std::mutex lock; // guards all members
     int s32Inotify = -1;
-    std::map<int, std::string> folders;         // by watch
-    std::map<std::string, tagREADER_S> readers; // by full path
+    std::map<int, std::string> folders;    // by watch
+    std::map<std::string, Reader> readers; // by full path
 };
-tagDEBUG_S &debug()
+Debug &debug()
 {
-    static auto *pstDebug = new tagDEBUG_S;
+    static auto *pstDebug = new Debug;
     return *pstDebug;
 }
 
@@ -69,7 +70,7 @@ void deliver(const std::string &strPath)
     const auto reader = debug().readers.find(strPath);
     if (reader == debug().readers.end()) return;
     std::istringstream stIn(contentOf(strPath, reader->second.stReadTime));
-    const tagREADER_S stReader = reader->second;
+    const Reader stReader = reader->second;
     guard.unlock();
     stReader.fn(stIn, stReader.pvParam);
 }

@@ -1,3 +1,4 @@
+/// What a crash prints.
 #include "util/watchdog.h"
 
 #include <array>

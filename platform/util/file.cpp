@@ -1,3 +1,4 @@
+/// Whole files: read within limits, replaced in one step that survives a loss of power.
 #include "util/file.h"
 
 #include "util/fileDescriptor.h"

@@ -1,6 +1,7 @@
+/// The record of platform calls: in memory for tests, as a stream for people, with injected results.
 #include "util/journal.h"
 
-#include "journalStream.h"
+#include "internal.h"
 #include "util/file.h"
 #include "util/log.h"
 #include "util/time.h"
@@ -16,33 +17,33 @@ namespace
 {
 constexpr long STREAM_LIMIT = 4 * 1024 * 1024;
 
-struct tagINJECTION_S {
+struct Injection {
     BU_S32 s32Result, s32Times;
 };
 
-struct tagJOURNAL_S {
+struct Journal {
     std::mutex lock; // guards all members
     bool bRecording = false;
     std::vector<std::string> effects;
-    std::map<std::string, tagINJECTION_S, std::less<>> injections;
+    std::map<std::string, Injection, std::less<>> injections;
     std::unique_ptr<std::FILE, int (*)(std::FILE *)> stream{nullptr, std::fclose};
     std::string strStreamPath;
 };
-tagJOURNAL_S &state()
+Journal &state()
 {
-    static auto *pstJournal = new tagJOURNAL_S;
+    static auto *pstJournal = new Journal;
     return *pstJournal;
 }
 
-void updateSwitch(const tagJOURNAL_S &stJournal) { journal::g_bOn = stJournal.bRecording || stJournal.stream; }
+void updateSwitch(const Journal &stJournal) { journal::g_bOn = stJournal.bRecording || stJournal.stream; }
 
-void openStream(tagJOURNAL_S &stJournal)
+void openStream(Journal &stJournal)
 {
     stJournal.stream.reset(std::fopen(stJournal.strStreamPath.c_str(), "ae"));
     if (stJournal.stream) std::fseek(stJournal.stream.get(), 0, SEEK_END);
 }
 
-void writeStream(tagJOURNAL_S &stJournal, const std::string &strCall)
+void writeStream(Journal &stJournal, const std::string &strCall)
 {
     const BU_S64 s64Us = UTIL_TIME_NowUs();
     std::fprintf(stJournal.stream.get(), "%" PRId64 ".%06" PRId64 " %s\n", s64Us / 1000000, s64Us % 1000000,

@@ -1,6 +1,7 @@
+/// Where lines of the log go: console and a rotating file of the present device root.
 #include "util/log.h"
 
-#include "root.h"
+#include "internal.h"
 #include "util/file.h"
 
 #include <algorithm>
@@ -75,7 +76,7 @@ private:
     void followRoot()
     {
         thread_local bool bOpening = false;
-        if (bOpening || m_u32Generation == utilRootGeneration()) return;
+        if (bOpening || m_u32Generation == util::rootGeneration()) return;
         bOpening = true;
         const std::string strPath = UTIL_ROOT_Path((std::string("/var/log/") + g_pcFile.load()).c_str());
         FileSink sink;
@@ -88,7 +89,7 @@ private:
         {
             const std::lock_guard guard(m_lock);
             m_clFile = std::move(sink);
-            m_u32Generation = utilRootGeneration();
+            m_u32Generation = util::rootGeneration();
         }
         bOpening = false;
     }

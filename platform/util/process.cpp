@@ -1,7 +1,5 @@
-#include "process.h"
-
-#include "journalStream.h"
-#include "root.h"
+/// The process: its start, restart, readiness, address and ports.
+#include "internal.h"
 #include "util/childProcess.h"
 #include "util/debug.h"
 #include "util/log.h"
@@ -29,15 +27,15 @@ namespace
 constexpr BU_S32 RESTART_DELAY_MS = 300;
 constexpr BU_S32 PORT_MAX = 65535;
 
-struct tagPROCESS_S {
+struct Process {
     std::mutex lock; // guards all members
     std::vector<std::string> endpoints;
     bool bReady = false;
     BU_TIMER_DATA_S stRestartTimer{};
 };
-tagPROCESS_S &process()
+Process &process()
 {
-    static auto *pstProcess = new tagPROCESS_S;
+    static auto *pstProcess = new Process;
     return *pstProcess;
 }
 
@@ -97,11 +95,11 @@ void notifyServiceManager(std::string_view text)
 }
 } // namespace
 
-void processStartUp()
+void util::startProcess()
 {
     static std::once_flag once;
     std::call_once(once, [] {
-        utilRootLock();
+        util::lockRoot();
         UTIL_DebugRegister(
             "/var/debug/app/platform/journal",
             [](std::istream &stIn, void *) -> BU_S32 {
@@ -113,7 +111,7 @@ void processStartUp()
     });
 }
 
-void processRestartSoon()
+void util::restartSoon()
 {
     const std::lock_guard guard(process().lock);
     UTIL_TIMER_Start(BU_TIMER_E_ONCE, RESTART_DELAY_MS, restart, nullptr, &process().stRestartTimer);

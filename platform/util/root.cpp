@@ -1,4 +1,5 @@
-#include "root.h"
+/// The device root: which folder it is, and that no path leaves it.
+#include "internal.h"
 
 #include "util/file.h"
 #include "util/log.h"
@@ -23,17 +24,17 @@ namespace fs = std::filesystem;
 
 namespace
 {
-constexpr const BU_CHAR *g_apcFolders[] = {"app",   "cfg0",     "dev", "etc",     "mnt/sdcard",
-                                           "model", "sys/gpio", "tmp", "var/log", "var/debug/app"};
+constexpr const BU_CHAR *FOLDERS[] = {"app",   "cfg0",     "dev", "etc",     "mnt/sdcard",
+                                      "model", "sys/gpio", "tmp", "var/log", "var/debug/app"};
 
-struct tagROOT_S {
+struct Root {
     std::mutex lock; // guards strFolder
     std::optional<std::string> strFolder;
     std::atomic<BU_U32> u32Generation{0};
 };
-tagROOT_S &root()
+Root &root()
 {
-    static auto *pstRoot = new tagROOT_S;
+    static auto *pstRoot = new Root;
     return *pstRoot;
 }
 
@@ -100,7 +101,7 @@ constexpr int EXIT_IN_USE = 75;
 }
 } // namespace
 
-BU_U32 utilRootGeneration() { return root().u32Generation.load(std::memory_order_relaxed); }
+BU_U32 util::rootGeneration() { return root().u32Generation.load(std::memory_order_relaxed); }
 
 std::string UTIL_ROOT_Path(const BU_CHAR *pcPath)
 {
@@ -116,7 +117,7 @@ BU_S32 UTIL_ROOT_Set(const BU_CHAR *pcFolder)
         root().strFolder = strFolder;
     }
     root().u32Generation++;
-    for (const BU_CHAR *pcName : g_apcFolders) {
+    for (const BU_CHAR *pcName : FOLDERS) {
         std::error_code error;
         fs::create_directories(strFolder + "/" + pcName, error);
         if (!error && access((strFolder + "/" + pcName).c_str(), W_OK) != 0)
@@ -128,7 +129,7 @@ BU_S32 UTIL_ROOT_Set(const BU_CHAR *pcFolder)
     return 0;
 }
 
-void utilRootLock()
+void util::lockRoot()
 {
     const std::string strPath = UTIL_ROOT_Path("/var/camera.lock"), strSelf = std::to_string(getpid());
     const int s32Lock = open(strPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644); // open until the process ends

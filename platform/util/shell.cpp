@@ -1,5 +1,5 @@
-#include "process.h"
-#include "shellWords.h"
+/// The shell commands that have a meaning here, performed inside the device root.
+#include "internal.h"
 #include "util/file.h"
 #include "util/journal.h"
 #include "util/log.h"
@@ -15,10 +15,13 @@ namespace fs = std::filesystem;
 
 namespace
 {
+using util::After;
+using util::ShellCommand;
+
 std::atomic<void (*)()> g_pfnReboot{nullptr};
 
 /// A command's options as one text of letters, and its other words.
-struct tagARGUMENTS_S {
+struct Arguments {
     std::string strOptions;
     std::vector<std::string> words;
     bool has(BU_CHAR cOption) const { return strOptions.find(cOption) != std::string::npos; }
@@ -33,19 +36,19 @@ fs::path inFolder(const fs::path &target, const std::string &strSource)
     return fs::is_directory(target) ? target / fs::path(strSource).filename() : target;
 }
 
-BU_S32 runReboot(const tagARGUMENTS_S &)
+BU_S32 runReboot(const Arguments &)
 {
     if (void (*pfnReboot)() = g_pfnReboot.load())
         pfnReboot();
     else
-        processRestartSoon();
+        util::restartSoon();
     return 0;
 }
 
-BU_S32 runSync(const tagARGUMENTS_S &) { return 0; } // files are durable when their writing returns
+BU_S32 runSync(const Arguments &) { return 0; } // files are durable when their writing returns
 
 /// The link's text leads from its folder to the target, so that the device root can be moved.
-BU_S32 runLink(const tagARGUMENTS_S &stArgs)
+BU_S32 runLink(const Arguments &stArgs)
 {
     if (!stArgs.has('s') || stArgs.words.size() != 2) return -1;
     const fs::path link = inFolder(stArgs.path(1), stArgs.words[0]);
@@ -62,7 +65,7 @@ BU_S32 runLink(const tagARGUMENTS_S &stArgs)
     return error ? -1 : 0;
 }
 
-BU_S32 runRemove(const tagARGUMENTS_S &stArgs)
+BU_S32 runRemove(const Arguments &stArgs)
 {
     BU_S32 s32Ret = stArgs.words.empty() && !stArgs.has('f') ? -1 : 0;
     for (std::size_t word = 0; word < stArgs.words.size(); word++) {
@@ -80,7 +83,7 @@ BU_S32 runRemove(const tagARGUMENTS_S &stArgs)
     return s32Ret;
 }
 
-BU_S32 runMove(const tagARGUMENTS_S &stArgs)
+BU_S32 runMove(const Arguments &stArgs)
 {
     if (stArgs.words.size() != 2 || isRoot(stArgs.path(0))) return -1;
     std::error_code error;
@@ -88,7 +91,7 @@ BU_S32 runMove(const tagARGUMENTS_S &stArgs)
     return error ? -1 : 0;
 }
 
-BU_S32 runTouch(const tagARGUMENTS_S &stArgs)
+BU_S32 runTouch(const Arguments &stArgs)
 {
     BU_S32 s32Ret = stArgs.words.empty() ? -1 : 0;
     for (std::size_t word = 0; word < stArgs.words.size(); word++) {
@@ -99,7 +102,7 @@ BU_S32 runTouch(const tagARGUMENTS_S &stArgs)
     return s32Ret;
 }
 
-BU_S32 runMakeFolder(const tagARGUMENTS_S &stArgs)
+BU_S32 runMakeFolder(const Arguments &stArgs)
 {
     BU_S32 s32Ret = stArgs.words.empty() ? -1 : 0;
     for (std::size_t word = 0; word < stArgs.words.size(); word++) {
@@ -111,19 +114,19 @@ BU_S32 runMakeFolder(const tagARGUMENTS_S &stArgs)
     return s32Ret;
 }
 
-struct tagSHELL_ROW_S {
+struct Command {
     std::string_view name;
     std::string_view options; // the ones it knows; with another one the command is skipped
-    BU_S32 (*pfnRun)(const tagARGUMENTS_S &);
+    BU_S32 (*pfnRun)(const Arguments &);
 };
-constexpr tagSHELL_ROW_S g_astCommands[] = {
+constexpr Command COMMANDS[] = {
     {"reboot", "f", runReboot}, {"sync", "", runSync},   {"ln", "sf", runLink},         {"rm", "rRf", runRemove},
     {"mv", "f", runMove},       {"touch", "", runTouch}, {"mkdir", "p", runMakeFolder},
 };
 
-tagARGUMENTS_S argumentsOf(const std::vector<std::string> &words)
+Arguments argumentsOf(const std::vector<std::string> &words)
 {
-    tagARGUMENTS_S stArgs;
+    Arguments stArgs;
     for (auto word = words.begin() + 1; word != words.end(); ++word)
         if (word->size() > 1 && word->starts_with('-'))
             stArgs.strOptions += word->substr(1);
@@ -132,11 +135,11 @@ tagARGUMENTS_S argumentsOf(const std::vector<std::string> &words)
     return stArgs;
 }
 
-BU_S32 runOne(const tagSHELL_COMMAND_S &stCommand)
+BU_S32 runOne(const ShellCommand &stCommand)
 {
-    const auto row = std::ranges::find(g_astCommands, std::string_view(stCommand.words.front()), &tagSHELL_ROW_S::name);
-    const tagARGUMENTS_S stArgs = argumentsOf(stCommand.words);
-    if (stCommand.bNeedsShell || row == std::end(g_astCommands) ||
+    const auto row = std::ranges::find(COMMANDS, std::string_view(stCommand.words.front()), &Command::name);
+    const Arguments stArgs = argumentsOf(stCommand.words);
+    if (stCommand.bNeedsShell || row == std::end(COMMANDS) ||
         stArgs.strOptions.find_first_not_of(row->options) != std::string::npos) {
         LOG_INFO("shell: skipped: %s", stCommand.strText.c_str());
         return 0;
@@ -150,15 +153,15 @@ BU_S32 runOne(const tagSHELL_COMMAND_S &stCommand)
 BU_S32 UTIL_CMD_RunSafe(const BU_CHAR *pcCommand)
 {
     if (const auto injected = journal::call(__func__, pcCommand)) return *injected;
-    const auto commands = shellCommands(pcCommand ? pcCommand : "");
+    const auto commands = util::shellCommands(pcCommand ? pcCommand : "");
     if (!commands) {
         LOG_WARN("shell: not understood: %s", pcCommand ? pcCommand : "NULL");
         return -1;
     }
     BU_S32 s32Ret = 0;
-    for (const tagSHELL_COMMAND_S &stCommand : *commands) {
-        const bool bRun = stCommand.enAfter == SHELL_AFTER_E_ANY ||
-                          (stCommand.enAfter == SHELL_AFTER_E_DONE ? s32Ret == 0 : s32Ret != 0);
+    for (const ShellCommand &stCommand : *commands) {
+        const bool bRun =
+            stCommand.enAfter == After::ANY || (stCommand.enAfter == After::DONE ? s32Ret == 0 : s32Ret != 0);
         if (bRun) s32Ret = runOne(stCommand);
     }
     return s32Ret;

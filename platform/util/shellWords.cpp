@@ -1,13 +1,17 @@
-#include "shellWords.h"
+/// A shell text taken apart into commands and words.
+#include "internal.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace
 {
-constexpr std::string_view g_acBlank = " \t\n";
-constexpr std::string_view g_acOperator = ";&|";
-constexpr std::string_view g_acShellOnly = "<>$`()*?[]{}~#!";
+using util::After;
+using util::ShellCommand;
+
+constexpr std::string_view BLANKS = " \t\n";
+constexpr std::string_view OPERATORS = ";&|";
+constexpr std::string_view SHELL_ONLY = "<>$`()*?[]{}~#!";
 
 bool has(std::string_view set, BU_CHAR c) { return set.find(c) != std::string_view::npos; }
 
@@ -16,18 +20,18 @@ class Parser
 public:
     explicit Parser(std::string_view text) : m_text(text) {}
 
-    std::optional<std::vector<tagSHELL_COMMAND_S>> commands()
+    std::optional<std::vector<ShellCommand>> commands()
     {
         while (skipBlanks(), !m_text.empty()) {
-            if (has(g_acOperator, m_text.front()) ? !takeOperator() : !takeWord()) return std::nullopt;
+            if (has(OPERATORS, m_text.front()) ? !takeOperator() : !takeWord()) return std::nullopt;
         }
         // Behind ';' and '&' the text may end, behind the others a command must follow.
-        if (!endCommand() && (m_bPipe || m_stCommand.enAfter != SHELL_AFTER_E_ANY)) return std::nullopt;
+        if (!endCommand() && (m_bPipe || m_stCommand.enAfter != After::ANY)) return std::nullopt;
         return std::move(m_commands);
     }
 
 private:
-    void skipBlanks() { take(std::min(m_text.find_first_not_of(g_acBlank), m_text.size())); }
+    void skipBlanks() { take(std::min(m_text.find_first_not_of(BLANKS), m_text.size())); }
 
     void take(std::size_t count)
     {
@@ -39,8 +43,8 @@ private:
     {
         if (m_stCommand.words.empty() || m_bPipe) return false;
         auto &strText = m_stCommand.strText;
-        strText.erase(0, strText.find_first_not_of(g_acBlank));
-        strText.erase(strText.find_last_not_of(g_acBlank) + 1);
+        strText.erase(0, strText.find_first_not_of(BLANKS));
+        strText.erase(strText.find_last_not_of(BLANKS) + 1);
         m_commands.push_back(std::exchange(m_stCommand, {}));
         return true;
     }
@@ -57,22 +61,20 @@ private:
         }
         if (!endCommand()) return false;
         m_text.remove_prefix(bTwice ? 2 : 1);
-        m_stCommand.enAfter = !bTwice            ? SHELL_AFTER_E_ANY
-                              : cOperator == '&' ? SHELL_AFTER_E_DONE
-                                                 : SHELL_AFTER_E_FAILED;
+        m_stCommand.enAfter = !bTwice ? After::ANY : cOperator == '&' ? After::DONE : After::FAILED;
         return true;
     }
 
     bool takeWord()
     {
         std::string strWord;
-        while (!m_text.empty() && !has(g_acBlank, m_text.front()) && !has(g_acOperator, m_text.front())) {
+        while (!m_text.empty() && !has(BLANKS, m_text.front()) && !has(OPERATORS, m_text.front())) {
             const BU_CHAR c = m_text.front();
             if (c == '\'' || c == '"' || c == '\\') {
                 if (!takeQuoted(c, strWord)) return false;
                 continue;
             }
-            if (has(g_acShellOnly, c)) m_stCommand.bNeedsShell = true;
+            if (has(SHELL_ONLY, c)) m_stCommand.bNeedsShell = true;
             const std::size_t count = m_text.starts_with(">&") ? 2 : 1; // that '&' ends no command
             strWord += m_text.substr(0, count);
             take(count);
@@ -100,10 +102,10 @@ private:
     }
 
     std::string_view m_text;
-    tagSHELL_COMMAND_S m_stCommand;
+    ShellCommand m_stCommand;
     bool m_bPipe = false; // the next word begins another part of the pipeline
-    std::vector<tagSHELL_COMMAND_S> m_commands;
+    std::vector<ShellCommand> m_commands;
 };
 } // namespace
 
-std::optional<std::vector<tagSHELL_COMMAND_S>> shellCommands(std::string_view text) { return Parser(text).commands(); }
+std::optional<std::vector<ShellCommand>> util::shellCommands(std::string_view text) { return Parser(text).commands(); }

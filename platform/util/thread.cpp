@@ -1,3 +1,4 @@
+/// Threads of the service's own kind: repeating ones, and functions run once.
 #include "util/thread.h"
 
 #include "util/log.h"
@@ -11,22 +12,22 @@
 
 namespace
 {
-struct tagREPEAT_S {
+struct Repeat {
     std::string strName;
     std::function<void(void *)> fn;
     void *pvArg;
 };
 
-struct tagTHREADS_S {
+struct Threads {
     std::mutex lock; // guards all members
     std::condition_variable asyncEnded;
     BU_U32 u32AsyncRunning = 0;
     std::uintptr_t lastId = 0;
-    std::map<std::uintptr_t, tagREPEAT_S> prepared; // by the id in a handle; gone once started
+    std::map<std::uintptr_t, Repeat> prepared; // by the id in a handle; gone once started
 };
-tagTHREADS_S &threads()
+Threads &threads()
 {
-    static auto *pstThreads = new tagTHREADS_S;
+    static auto *pstThreads = new Threads;
     return *pstThreads;
 }
 

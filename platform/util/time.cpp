@@ -1,3 +1,4 @@
+/// The clock, real or a test's, and the queues that run functions at their time.
 #include "util/time.h"
 #include "util/log.h"
 #include "util/thread.h"
@@ -18,7 +19,7 @@ typedef std::chrono::steady_clock Steady;
 constexpr BU_S64 REAL_TIME = -1;
 
 /// What all queues and the clock share. One lock for all: a manual clock runs the queues in one common order.
-struct tagTIME_S {
+struct Time {
     std::mutex lock; // guards all members but s64ManualUs, and all members of every queue
     std::set<util::TimerQueue::Impl *> queues;
     util::TimerQueue::Id lastId = 0;
@@ -27,9 +28,9 @@ struct tagTIME_S {
     BU_U32 u32Clock = 0;                        // counts the manual clocks
     std::atomic<BU_S64> s64ManualUs{REAL_TIME}; // written under the lock, read without
 };
-tagTIME_S &shared()
+Time &shared()
 {
-    static auto *pstTime = new tagTIME_S;
+    static auto *pstTime = new Time;
     return *pstTime;
 }
 

@@ -8,7 +8,7 @@
 
 namespace
 {
-struct tagTIMER_S {
+struct Timer {
     BU_TIMER_TYPE_E enType;
     BU_S32 s32Ms;
     BU_S32 (*pfnCb)(void *);
@@ -18,23 +18,23 @@ struct tagTIMER_S {
     util::TimerQueue::Id queued; // in the queue
 };
 
-struct tagTIMERS_S {
-    std::mutex lock;                              // guards all members but the queue
-    std::map<std::uintptr_t, tagTIMER_S> running; // by the id in a handle
+struct Timers {
+    std::mutex lock;                         // guards all members but the queue
+    std::map<std::uintptr_t, Timer> running; // by the id in a handle
     std::uintptr_t lastHandle = 0;
     BU_U64 u64LastRun = 0;
     util::TimerQueue queue{"timer"};
 };
-tagTIMERS_S &timers()
+Timers &timers()
 {
-    static auto *pstTimers = new tagTIMERS_S;
+    static auto *pstTimers = new Timers;
     return *pstTimers;
 }
 
 void fire(std::uintptr_t handle, BU_U64 u64Run);
 
 /// With the lock held.
-void enqueue(std::uintptr_t handle, tagTIMER_S &stTimer, BU_S64 s64DueMs)
+void enqueue(std::uintptr_t handle, Timer &stTimer, BU_S64 s64DueMs)
 {
     stTimer.s64DueMs = s64DueMs;
     stTimer.u64Run = ++timers().u64LastRun;
@@ -46,7 +46,7 @@ void fire(std::uintptr_t handle, BU_U64 u64Run)
     std::unique_lock guard(timers().lock);
     const auto timer = timers().running.find(handle);
     if (timer == timers().running.end() || timer->second.u64Run != u64Run) return;
-    const tagTIMER_S stTimer = timer->second;
+    const Timer stTimer = timer->second;
     if (stTimer.enType == BU_TIMER_E_PERIODIC) {
         const BU_S64 s64Missed = std::max<BU_S64>(0, UTIL_TIME_NowMs() - stTimer.s64DueMs) / stTimer.s32Ms;
         enqueue(handle, timer->second, stTimer.s64DueMs + (s64Missed + 1) * stTimer.s32Ms);

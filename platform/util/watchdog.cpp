@@ -1,6 +1,7 @@
+/// The watchdog of the start-up.
 #include "util/watchdog.h"
 
-#include "process.h"
+#include "internal.h"
 #include "util/log.h"
 #include "util/platform.h"
 #include "util/time.h"
@@ -14,14 +15,14 @@ namespace
 {
 constexpr int EXIT_STATUS = 70;
 
-struct tagWATCHDOG_S {
+struct Watchdog {
     std::mutex lock; // guards queue
     // A thread of its own: a timer callback that hangs must not stop the watchdog.
     std::unique_ptr<util::TimerQueue> queue;
 };
-tagWATCHDOG_S &watchdog()
+Watchdog &watchdog()
 {
-    static auto *pstWatchdog = new tagWATCHDOG_S;
+    static auto *pstWatchdog = new Watchdog;
     return *pstWatchdog;
 }
 
@@ -35,7 +36,7 @@ void bite(BU_S32 s32Seconds)
 BU_S32 UTIL_WDT_SW_StartTimeout(BU_S32 s32Seconds)
 {
     if (s32Seconds < 1) return -1;
-    processStartUp();
+    util::startProcess();
     const std::lock_guard guard(watchdog().lock);
     watchdog().queue = std::make_unique<util::TimerQueue>("watchdog");
     watchdog().queue->at(UTIL_TIME_NowMs() + 1000LL * s32Seconds, [s32Seconds] { bite(s32Seconds); });

@@ -1,3 +1,4 @@
+/// Words and values of a table, both ways.
 #include "util/words.h"
 
 #include <algorithm>

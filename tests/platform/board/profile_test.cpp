@@ -117,21 +117,22 @@ using Av = CFG_FEATURE_AV_S;
 using Ability = tagHW_ABILITY_S;
 // clang-format off
 constexpr Word<Control, BU_BOOL> CONTROL[] = {
-    {"viscaEthernet", &Control::bViscaEtherSupport}, {"onvif", &Control::bOnvifSupport}, {"webUi", &Control::bWebUiSupport},
-    {"osdMenu", &Control::bOsdMenuSupport}, {"freeD", &Control::bFreeDSupport}, {"ai", &Control::bAiSupport},
+    {"viscaEthernet", &Control::bViscaEtherSupport}, {"onvif", &Control::bOnvifSupport},
+    {"webUi", &Control::bWebUiSupport}, {"osdMenu", &Control::bOsdMenuSupport}, {"freeD", &Control::bFreeDSupport}, {"ai", &Control::bAiSupport},
     {"dvip", &Control::bDvipSupport}};
 constexpr Word<Display, BU_BOOL> DISPLAY[] = {
     {"eink", &Display::bEinkSupport}, {"oled", &Display::bOledSupport}, {"led", &Display::bLedSupport}};
 constexpr Word<General, BU_BOOL> GENERAL[] = {
-    {"ethernet", &General::bEthernet}, {"panTilt", &General::bPt}, {"autoFocus", &General::bAf}, {"ntp", &General::bNtp},
-    {"resetKey", &General::bRstKey}, {"infrared", &General::bIr}, {"audio", &General::bAudio}};
+    {"ethernet", &General::bEthernet}, {"panTilt", &General::bPt}, {"autoFocus", &General::bAf},
+    {"ntp", &General::bNtp}, {"resetKey", &General::bRstKey}, {"infrared", &General::bIr}, {"audio", &General::bAudio}};
 constexpr Word<Av, tagCFG_FEATURE_AV_INTF_S> AV[] = {
     {"hdmi", &Av::stHdmi}, {"hdBaseT", &Av::stHdBaseT}, {"sdi", &Av::stSdi}, {"usb", &Av::stUsb}, {"ndi", &Av::stNdi},
     {"rtsp", &Av::stRtsp}, {"rtmp", &Av::stRtmp}, {"srt", &Av::stSrt}, {"dante", &Av::stDante}};
 constexpr Word<Ability, HW_CAPS_COUNT_S> COUNTS[] = {
     {"chips", &Ability::stChipData}, {"net", &Ability::stNet}, {"usb", &Ability::stUsb}, {"sdCard", &Ability::stSdcard},
     {"hdmi", &Ability::stHdmi}, {"sdi", &Ability::stSdi}, {"fullNdi", &Ability::stFullNdi}, {"eink", &Ability::stEink},
-    {"uart", &Ability::stUart}, {"resetKey", &Ability::stResetKey}, {"infrared", &Ability::stIr}, {"audio", &Ability::stAudio}};
+    {"uart", &Ability::stUart}, {"resetKey", &Ability::stResetKey}, {"infrared", &Ability::stIr},
+    {"audio", &Ability::stAudio}};
 // clang-format on
 
 /// A profile with one word of a list: its own field is set, and no other.

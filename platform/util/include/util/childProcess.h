@@ -36,15 +36,15 @@ public:
     pid_t pid() const { return m_pid; } ///< 0: it does not run now
 
 private:
-    struct tagCHILD_S {
+    struct Child {
         pid_t pid = -1;
         FileDescriptor handle, report;
     };
-    tagCHILD_S start();
+    Child start();
     void work();
-    void watch(tagCHILD_S &stChild);
-    void readReport(tagCHILD_S &stChild, std::string &strLine);
-    void endReport(tagCHILD_S &stChild);
+    void watch(Child &stChild);
+    void readReport(Child &stChild, std::string &strLine);
+    void endReport(Child &stChild);
     void pause(BU_S64 s64Ms);
     void wakeAt(BU_S64 s64DueMs);
 
