@@ -1,3 +1,4 @@
+// Packets to records and back, by the packet table.
 #include "viscaCodec.h"
 
 #include <algorithm>
@@ -10,39 +11,54 @@ namespace
 {
 constexpr std::size_t LETTERS = 'z' - 'p' + 1;
 
-/// Rows by length and first three bytes. Rows whose first three bytes are not all literal stand in a list of their own.
+/// All rows, sorted by length and first three bytes. A row's place is its number, from 1. Rows whose first three bytes
+/// are not all literal stand in front.
 class Index
 {
 public:
     Index()
     {
         for (const Topic &topic : topics())
-            for (const Row &row : topic.rows) add(row);
+            for (const Row &row : topic.rows) m_rows.push_back({keyOf(row.pattern), &row});
+        std::ranges::stable_sort(m_rows, {}, &Entry::u32Key);
+        m_loose = std::ranges::subrange(m_rows.begin(), std::ranges::upper_bound(m_rows, LOOSE, {}, &Entry::u32Key));
     }
     template <class F> const Row *find(std::span<const BU_U8> body, F fits) const
     {
-        const auto &bucket = m_bucket[body.size() >= 3 ? slotOf(body) : 0];
-        for (const Row *row : bucket)
-            if (fits(*row)) return row;
-        for (const Row *row : m_loose)
-            if (fits(*row)) return row;
+        const BU_U32 u32Key = body.size() >= 3 ? keyOf(body) : LOOSE;
+        for (auto at = std::ranges::lower_bound(m_rows, u32Key, {}, &Entry::u32Key);
+             at != m_rows.end() && at->u32Key == u32Key; ++at)
+            if (fits(*at->row)) return at->row;
+        for (const Entry &entry : m_loose)
+            if (fits(*entry.row)) return entry.row;
         return nullptr;
+    }
+    BU_U32 numberOf(const Row &row) const
+    {
+        return static_cast<BU_U32>(std::ranges::find(m_rows, &row, &Entry::row) - m_rows.begin()) + 1;
+    }
+    const Row *at(BU_U32 u32Number) const
+    {
+        return u32Number >= 1 && u32Number <= m_rows.size() ? m_rows[u32Number - 1].row : nullptr;
     }
 
 private:
-    static std::size_t slotOf(std::span<const BU_U8> body)
+    static constexpr BU_U32 LOOSE = 0;
+    struct Entry {
+        BU_U32 u32Key;
+        const Row *row;
+    };
+    static BU_U32 keyOf(std::span<const BU_U8> body)
     {
-        const BU_U32 u32Key = body[0] << 24 | body[1] << 16 | body[2] << 8 | static_cast<BU_U32>(body.size());
-        return (u32Key * 0x9E3779B1u) >> 23; // the upper 9 bits of a multiplicative hash
+        return static_cast<BU_U32>(body.size()) << 24 | body[0] << 16 | body[1] << 8 | body[2];
     }
-    void add(const Row &row)
+    static BU_U32 keyOf(const Pattern &p)
     {
-        const Pattern &p = row.pattern;
         const bool bFixed = p.size >= 3 && p.au8Mask[0] == 0xFF && p.au8Mask[1] == 0xFF && p.au8Mask[2] == 0xFF;
-        (bFixed ? m_bucket[slotOf({p.au8Value.data(), p.size})] : m_loose).push_back(&row);
+        return bFixed ? keyOf({p.au8Value.data(), p.size}) : LOOSE;
     }
-    std::array<std::vector<const Row *>, 512> m_bucket;
-    std::vector<const Row *> m_loose;
+    std::vector<Entry> m_rows;
+    std::ranges::subrange<std::vector<Entry>::const_iterator> m_loose;
 };
 
 const Index &index()
@@ -82,6 +98,9 @@ bool fits(const Row &row, std::span<const BU_U8> packet)
     });
 }
 } // namespace
+
+BU_U32 numberOf(const Row &row) { return index().numberOf(row); }
+const Row *rowOf(BU_U32 u32Number) { return index().at(u32Number); }
 
 BU_U32 readField(const tagVISCA_CTRL_INFO_S &stInfo, Place place)
 {

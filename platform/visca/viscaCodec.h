@@ -34,6 +34,10 @@ Packet faultOf(BU_U8 u8Address, BU_U8 u8Socket, Fault enFault);
 /// the record, zeroed before. Null: no row fits, or a value is out of its range; the record is then undefined.
 const Row *decode(std::span<const BU_U8> packet, tagVISCA_CTRL_INFO_S &stInfo);
 
+/// A number for each row, from 1, for the life of the process; null for a number that no row has.
+BU_U32 numberOf(const Row &row);
+const Row *rowOf(BU_U32 u32Number);
+
 /// The packet of a row with the values of a record.
 Packet encode(const Row &row, const tagVISCA_CTRL_INFO_S &stInfo, BU_U8 u8Address = 1);
 /// The packet of a message: the first row of the type whose fields and ranges the record fits. Empty: there is none.

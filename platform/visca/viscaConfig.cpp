@@ -14,7 +14,8 @@ using namespace visca;
 namespace
 {
 constexpr BU_S32 UDP_PORT = 1259, TCP_PORT = 5678, MAX_PORT = 65535;
-constexpr BU_CHAR ADDRESS_KEY[] = "Visca/Address";
+constexpr BU_CHAR ADDRESS_KEY[] = "Visca/Address", RUN_KEY[] = "Visca/Run";
+constexpr BU_S32 MAX_RUN = 0xFFF;
 enum Protocols : BU_U8 { UDP_ONLY = 0, TCP_ONLY = 1, UDP_AND_TCP = 2 };
 
 struct Config {
@@ -93,6 +94,17 @@ BU_S32 update(const tagCFG_VISCA_NET_S *pstCfg, tagCFG_VISCA_NET_S Config::*pstW
     return bOk ? 0 : -1;
 }
 
+/// The number of this start: one more than the last, so that a record kept over a restart is never taken for one of
+/// now.
+BU_U32 nextRun()
+{
+    BU_S32 s32Run = 0;
+    if (CFG_STORE_GetInt(RUN_KEY, &s32Run) != 0 || s32Run < 0) s32Run = 0;
+    s32Run = s32Run % MAX_RUN + 1;
+    if (CFG_STORE_SetInt(RUN_KEY, s32Run) != 0) LOG_WARN("the number of this VISCA start could not be stored\n");
+    return static_cast<BU_U32>(s32Run);
+}
+
 void install(const VISCA_TRAN_CALL_FUNC_S *pstTrans, const VISCA_CTRL_CALL_FUNC_S *pstCtrl)
 {
     for (auto &pfnTransmit : library().pfnTransmit) pfnTransmit = nullptr;
@@ -119,6 +131,7 @@ BU_S32 VISCA_HandlerInit(const VISCA_TRAN_CALL_FUNC_S *pstTrans, const VISCA_CTR
     if (const auto injected = journal::call(__func__)) return *injected;
     if (!pstTrans || !pstCtrl || !pstNet || !pstOverIp) return -1;
     VISCA_HandlerExit();
+    library().sockets.begin(nextRun());
     install(pstTrans, pstCtrl);
     BU_U8 u8Address = 1;
     VISCA_API_GetAddr(&u8Address, BU_TRUE);

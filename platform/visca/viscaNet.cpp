@@ -186,7 +186,6 @@ void Net::runTasks()
 void Net::loop(const std::stop_token &stop)
 {
     t_pstNet = this;
-    t_pfnFlush = [] { net().flush(); };
     m_udp.gatherHere();
     m_tcp.gatherHere();
     const std::stop_callback wake(stop, [this] { ::eventfd_write(m_fdWake, 1); });
@@ -199,7 +198,6 @@ void Net::loop(const std::stop_token &stop)
         flush();
         if (bPaused) listenForClients(true);
     }
-    t_pfnFlush = nullptr;
     t_pstNet = nullptr;
 }
 

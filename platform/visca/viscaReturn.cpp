@@ -1,3 +1,4 @@
+// Answers: their form, which of them are still due, and commands that never end.
 #include "viscaSession.h"
 
 #include "camera/preset.h"
@@ -77,19 +78,19 @@ void onSuperseded(PT_CTRL_FROM_E, const void *pvPrivate, BU_S32 s32Size)
     if (!pvPrivate || s32Size < static_cast<BU_S32>(sizeof stInfo)) return;
     std::memcpy(static_cast<void *>(&stInfo), pvPrivate, sizeof stInfo);
     const VISCA_MSG_PRI_S &stPri = stInfo.stMsgPri;
-    if (!library().sockets.isOfThisRun(stPri) || !library().sockets.claim(origin::ticketOf(stPri))) return;
+    if (!library().sockets.isOfThisRun(stPri)) return;
+    if (library().sockets.claim(origin::ticketOf(stPri)) == Claim::Ended) return;
     answerEnded({stPri, NO_MOTOR}, Fault::Cancelled);
     library().sockets.close(origin::ticketOf(stPri));
 }
 
 void onSleep(BU_BOOL bAsleep) { library().bStandby = bAsleep != BU_FALSE; }
 
-/// The row of a message that this thread is running, where the answer's form depends on it.
-const Row *rowOf(const VISCA_MSG_PRI_S &stPri)
+/// The form that the row of an inquiry gives its answer.
+Shape shapeOf(const VISCA_MSG_PRI_S &stPri)
 {
-    if (!t_pstCurrent || t_pstCurrent->pstRow->enType != stPri.enMsgType) return nullptr;
-    t_pstCurrent->bAnswered = true;
-    return t_pstCurrent->pstRow;
+    const Row *row = stPri.enMsgType > VISCA_INQ_E_NONE ? rowOf(origin::ticketOf(stPri)) : nullptr;
+    return row && row->enType == stPri.enMsgType ? row->reply.enShape : Shape::AsWritten;
 }
 
 void shape(tagVISCA_MSG_REQ_S &stReq, BU_U32 u32Payload, Shape enShape)
@@ -98,16 +99,19 @@ void shape(tagVISCA_MSG_REQ_S &stReq, BU_U32 u32Payload, Shape enShape)
         stReq.acCmd[u32Payload] = stReq.acCmd[u32Payload] ? 0x02 : 0x03;
 }
 
-BU_S32 answerDone(tagVISCA_CTRL_INFO_S &stInfo, const Row *pstRow)
+BU_S32 answerDone(tagVISCA_CTRL_INFO_S &stInfo)
 {
     const VISCA_MSG_PRI_S stPri = stInfo.stMsgPri;
+    const Shape enShape = shapeOf(stPri);
+    const bool bTellsAddress =
+        stPri.enMsgType == VISCA_INQ_E_GET_ADDRESS && stInfo.u8Address >= 1 && stInfo.u8Address <= 7;
     tagVISCA_MSG_REQ_S stReq;
     stReq.enFrom = stPri.enFrom;
     stReq.stIpMsg = stPri.stIpMsg;
-    stReq.acCmd[0] = replyHead(answerAddress(stPri));
+    stReq.acCmd[0] = replyHead(bTellsAddress ? stInfo.u8Address : answerAddress(stPri));
     stReq.acCmd[1] = 0x50 | (stPri.u8SocketNum & 0x0F);
     BU_U32 u32Payload = 2;
-    if (pstRow && pstRow->reply.enShape == Shape::TwoZeros) {
+    if (enShape == Shape::TwoZeros) {
         stReq.acCmd[u32Payload++] = 0;
         stReq.acCmd[u32Payload++] = 0;
     }
@@ -115,24 +119,20 @@ BU_S32 answerDone(tagVISCA_CTRL_INFO_S &stInfo, const Row *pstRow)
     stReq.u32CmdLen = u32Payload + 1;
     if (const auto pfnComplete = library().pfnComplete.load(std::memory_order_acquire))
         pfnComplete(&stInfo, &stReq, stPri.enMsgType, u32Payload);
-    if (pstRow) shape(stReq, u32Payload, pstRow->reply.enShape);
+    shape(stReq, u32Payload, enShape);
     return transmit(stPri, {stReq.acCmd, std::min<std::size_t>(stReq.u32CmdLen, sizeof stReq.acCmd)});
 }
 
-BU_S32 answer(tagVISCA_CTRL_INFO_S &stInfo, BU_BOOL bOk)
+/// @param enFault  what a failure is
+BU_S32 answer(tagVISCA_CTRL_INFO_S &stInfo, BU_BOOL bOk, Fault enFault)
 {
     const VISCA_MSG_PRI_S stPri = stInfo.stMsgPri;
-    const Row *pstRow = rowOf(stPri);
-    if (!bOk) {
-        // Refused while it runs; a failure that comes later is a motion that another command took over.
-        const Fault enFault = t_pstCurrent ? Fault::NotNow : Fault::Cancelled;
-        return transmit(stPri, faultOf(answerAddress(stPri), stPri.u8SocketNum & 0x0F, enFault).bytes());
-    }
+    if (!bOk) return transmit(stPri, faultOf(answerAddress(stPri), stPri.u8SocketNum & 0x0F, enFault).bytes());
     if (stPri.enMsgType == VISCA_CMD_E_SET_ADDRESS && origin::addressOf(stPri) == 8) {
         const BU_U8 au8Next[] = {BROADCAST, 0x30, static_cast<BU_U8>(stInfo.u8Address + 1), TERMINATOR};
         return transmit(stPri, au8Next);
     }
-    return answerDone(stInfo, pstRow);
+    return answerDone(stInfo);
 }
 } // namespace
 
@@ -171,13 +171,13 @@ BU_S32 VISCA_CtrlMsgReturn(tagVISCA_CTRL_INFO_S *pstInfo, BU_BOOL bOk)
     if (const auto injected = journal::call(__func__, pstInfo->stMsgPri.enMsgType, bOk)) return *injected;
     const VISCA_MSG_PRI_S stPri = pstInfo->stMsgPri;
     if (stPri.enMsgType == VISCA_CMD_E_CANCEL) return 0; // its answer names the cancelled command and has been sent
-    if (stPri.enMsgType > VISCA_INQ_E_NONE || !library().sockets.isOfThisRun(stPri)) return answer(*pstInfo, bOk);
+    if (stPri.enMsgType > VISCA_INQ_E_NONE || !library().sockets.isOfThisRun(stPri))
+        return answer(*pstInfo, bOk, Fault::NotNow);
     const BU_U32 u32Ticket = origin::ticketOf(stPri);
-    if (!library().sockets.claim(u32Ticket)) {
-        rowOf(stPri);
-        return 0;
-    }
-    const BU_S32 s32Ret = answer(*pstInfo, bOk);
+    const Claim enClaim = library().sockets.claim(u32Ticket);
+    if (enClaim == Claim::Ended) return 0;
+    // Refused while it runs; a failure that comes later is a motion that another command took over.
+    const BU_S32 s32Ret = answer(*pstInfo, bOk, enClaim == Claim::Waiting ? Fault::Cancelled : Fault::NotNow);
     library().sockets.close(u32Ticket);
     return s32Ret;
 }

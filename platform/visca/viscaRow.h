@@ -83,26 +83,45 @@ private:
     }
 };
 
+/// Motors that a command keeps busy.
+enum Motors : BU_U8 { NO_MOTOR = 0, PAN_TILT = 1, ZOOM = 2, FOCUS = 4 };
+constexpr Motors operator|(Motors a, Motors b) { return static_cast<Motors>(BU_U8{a} | BU_U8{b}); }
+
+/// Motors that a command moves to a target, and thereby holds a socket for a while.
+struct Moves {
+    Motors motors = NO_MOTOR;
+};
+/// Motors that it drives or stops; such a command ends at once and must never be refused for want of a socket.
+struct Drives {
+    Motors motors = NO_MOTOR;
+    bool bStop = false;
+};
+constexpr Drives stops(Motors motors) { return {motors, true}; }
+
+/// The rest behind the meaning in any order: parts, the answer of an inquiry, the motors of a command.
 struct Row {
     template <class... P>
-    constexpr Row(tagVISCA_CMD_INQ_TYPE_E enMsgType, Pattern stPattern, const char *pcMeans, P... parts)
-        : enType(enMsgType), pattern(stPattern), pcMeaning(pcMeans), astPart{parts...}, u8Parts(sizeof...(parts))
+    constexpr Row(tagVISCA_CMD_INQ_TYPE_E enMsgType, Pattern stPattern, const char *pcMeans, P... rest)
+        : enType(enMsgType), pattern(stPattern), pcMeaning(pcMeans)
     {
-    }
-    template <class... P>
-    constexpr Row(tagVISCA_CMD_INQ_TYPE_E enMsgType, Pattern stPattern, const char *pcMeans, Reply stReply, P... parts)
-        : Row(enMsgType, stPattern, pcMeans, parts...)
-    {
-        reply = stReply;
+        (set(rest), ...);
     }
     constexpr bool isInquiry() const { return enType > VISCA_INQ_E_NONE; }
 
     tagVISCA_CMD_INQ_TYPE_E enType;
     Pattern pattern;
     const char *pcMeaning;
-    std::array<Part, 5> astPart;
-    BU_U8 u8Parts;
+    std::array<Part, 5> astPart{};
+    BU_U8 u8Parts = 0;
     Reply reply{};
+    Moves moves{};
+    Drives drives{};
+
+private:
+    constexpr void set(const Part &part) { astPart.at(u8Parts++) = part; }
+    constexpr void set(Reply stReply) { reply = stReply; }
+    constexpr void set(Moves stMoves) { moves = stMoves; }
+    constexpr void set(Drives stDrives) { drives = stDrives; }
 };
 
 /// The record field `member` is `value` in this message.

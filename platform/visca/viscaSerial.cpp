@@ -1,3 +1,4 @@
+// The serial ports: each is a stream of packets with a controller at its end.
 #include "viscaSerial.h"
 
 #include "viscaSession.h"
@@ -33,7 +34,7 @@ void receive(UART_INSTANCE_TYPE enPort, const BU_U8 *pu8Data, BU_U32 u32Len)
             continue;
         }
         accept(result->packet, stFrom, port.peer, port.job);
-        run(port.job);
+        run(port.job, [] {});
     }
 }
 } // namespace

@@ -1,3 +1,4 @@
+// What is accepted, what is refused and what a message does.
 #include "viscaSession.h"
 
 #include "camera/motion.h"
@@ -7,9 +8,6 @@
 
 namespace visca
 {
-thread_local Current *t_pstCurrent = nullptr;
-thread_local void (*t_pfnFlush)() = nullptr;
-
 namespace
 {
 constexpr std::array<BU_U8, 3> CLEAR = {0x01, 0x00, 0x01};
@@ -64,9 +62,10 @@ void acceptAddress(std::span<const BU_U8> packet, const VISCA_MSG_PRI_S &stFrom,
     transmit(stFrom, au8Next);
 }
 
-void acceptInquiry(const VISCA_MSG_PRI_S &stFrom, Job &job)
+void acceptInquiry(VISCA_MSG_PRI_S &stFrom, Job &job)
 {
     if (!library().bStandby) {
+        origin::setTicket(stFrom, numberOf(*job.pstRow)); // its answer has the form of the row
         job.enKind = Job::Inquiry;
         return;
     }
@@ -79,18 +78,15 @@ void acceptInquiry(const VISCA_MSG_PRI_S &stFrom, Job &job)
 
 void acceptCommand(VISCA_MSG_PRI_S &stFrom, Peer &peer, Job &job)
 {
-    const auto enType = job.pstRow->enType;
     const bool bStandby = library().bStandby;
-    const bool bWake = enType == VISCA_CMD_E_POWER && job.stInfo.enPowerCtrl == VISCA_MSG_E_POWER_ON;
+    const bool bWake = job.pstRow->enType == VISCA_CMD_E_POWER && job.stInfo.enPowerCtrl == VISCA_MSG_E_POWER_ON;
     if (bStandby && !bWake) return refuse(stFrom, 1, Fault::NotNow);
     std::optional<Ended> superseded;
-    const bool bOpen = library().sockets.open(peer, stFrom, targetMotorsOf(enType, job.stInfo),
-                                              driveMotorsOf(enType, job.stInfo), superseded);
+    const bool bOpen = library().sockets.open(peer, stFrom, job.pstRow->moves, job.pstRow->drives, superseded);
     if (superseded) answerEnded(*superseded, Fault::Cancelled);
     if (!bOpen) return refuse(stFrom, 0, Fault::BufferFull);
     transmit(stFrom, ackOf(answerAddress(stFrom), stFrom.u8SocketNum).bytes());
     job.enKind = bStandby ? Job::Wake : Job::Command;
-    job.bStop = isStop(enType, job.stInfo);
 }
 
 void stopMotors(BU_U8 u8Motors)
@@ -122,52 +118,30 @@ void resolveRelative(tagVISCA_CTRL_INFO_S &stInfo)
     stPanTilt.u16TiltPos = movedBy(stPos.u32TiltPos, stPanTilt.u16TiltPos);
 }
 
-/// This thread's current message, as long as it is worked on.
-struct Working : Current {
-    explicit Working(const Job &job) : Current{job.pstRow} { t_pstCurrent = this; }
-    ~Working() { t_pstCurrent = nullptr; }
-    Working(const Working &) = delete;
-    Working &operator=(const Working &) = delete;
-};
-
 BU_S32 callService(Job &job)
 {
     const auto pfnControl = library().pfnControl.load(std::memory_order_acquire);
     return pfnControl ? pfnControl(job.pstRow->enType, &job.stInfo) : -2;
 }
 
-/// No end can follow a negative result other than -1, which the service has answered: the answer is given here.
-void runCommand(Job &job)
+/// The service has answered when it is done or refuses. A command may be on its way; any other result is a failure that
+/// is answered here.
+void runService(Job &job)
 {
     if (job.pstRow->enType == VISCA_CMD_E_PAN_TILT) resolveRelative(job.stInfo);
     const VISCA_MSG_PRI_S stPri = job.stInfo.stMsgPri;
-    const Working working(job);
     const BU_S32 s32Ret = callService(job);
-    if (working.bAnswered) return;
-    if (s32Ret >= 0) return watchCommand(stPri);
+    if (s32Ret == 0 || s32Ret == -1) return;
+    if (s32Ret > 0 && !job.pstRow->isInquiry()) return watchCommand(stPri);
     job.stInfo.stMsgPri = stPri;
     VISCA_CtrlMsgReturn(&job.stInfo, BU_FALSE);
 }
 
-void runInquiry(Job &job)
-{
-    const Working working(job);
-    callService(job);
-    if (!working.bAnswered) VISCA_CtrlMsgReturn(&job.stInfo, BU_FALSE);
-}
-
-/// A message whose answer does not depend on what the service says.
-void runAnswered(Job &job)
-{
-    const Working working(job);
-    callService(job);
-}
-
 /// The camera restarts; the power-off command that sent it to stand-by is answered after the start.
-void runWake(Job &job)
+void runWake(Job &job, const std::function<void()> &fnFlush)
 {
     VISCA_CtrlMsgReturn(&job.stInfo, BU_TRUE);
-    if (t_pfnFlush) t_pfnFlush();
+    fnFlush();
     SYSTEM_API_WakeAppService();
 }
 } // namespace
@@ -204,7 +178,6 @@ void accept(std::span<const BU_U8> packet, VISCA_MSG_PRI_S stFrom, Peer &peer, J
 {
     job.enKind = Job::None;
     job.u8StopMotors = NO_MOTOR;
-    job.bStop = false;
     if (!isForUs(packet, stFrom)) return;
     if (std::ranges::equal(packet.subspan(1, packet.size() - 2), CLEAR)) return acceptClear(packet, stFrom, peer, job);
     job.pstRow = decode(packet, job.stInfo);
@@ -227,19 +200,19 @@ void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom)
     isForUs(au8TooLong, stFrom);
 }
 
-void run(Job &job)
+void run(Job &job, const std::function<void()> &fnFlush)
 {
     if (job.u8StopMotors) stopMotors(job.u8StopMotors);
     switch (job.enKind) {
     case Job::Inquiry:
-        return runInquiry(job);
     case Job::Command:
-        return runCommand(job);
+        return runService(job);
     case Job::Wake:
-        return runWake(job);
-    case Job::Address:
+        return runWake(job, fnFlush);
+    case Job::Address: // answered whatever the service says
     case Job::Cancel:
-        return runAnswered(job);
+        callService(job);
+        return;
     case Job::Clear:
     case Job::None:
         return;

@@ -8,6 +8,7 @@
 #include "viscaSockets.h"
 
 #include <atomic>
+#include <functional>
 
 namespace visca
 {
@@ -24,8 +25,9 @@ struct Job {
     } enKind = None;
     const Row *pstRow = nullptr;
     BU_U8 u8StopMotors = NO_MOTOR;
-    bool bStop = false; ///< stops motors: goes before the jobs of other controllers
     tagVISCA_CTRL_INFO_S stInfo;
+    /// Goes before the jobs of other controllers.
+    bool isStop() const { return enKind != None && pstRow && pstRow->drives.bStop; }
 };
 
 /// Whether the next packet of a controller holds a socket while it runs; only then it is accepted ahead of its turn.
@@ -34,7 +36,8 @@ bool isCommand(std::span<const BU_U8> packet);
 /// @param packet  one packet as it was cut out of the stream, right or wrong
 /// @param stFrom  origin, connection or address and port, and the over-IP fields
 void accept(std::span<const BU_U8> packet, VISCA_MSG_PRI_S stFrom, Peer &peer, Job &job);
-void run(Job &job);
+/// @param fnFlush  sends the answers that have been gathered
+void run(Job &job, const std::function<void()> &fnFlush);
 /// Answers a packet that was too long to be held.
 void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom);
 
@@ -50,15 +53,6 @@ struct Library {
     Sockets sockets;
 };
 Library &library();
-
-/// The message that this thread's run() is about; null outside.
-struct Current {
-    const Row *pstRow;
-    bool bAnswered = false;
-};
-extern thread_local Current *t_pstCurrent;
-/// Sends what this thread has gathered for sending; null: this thread gathers nothing.
-extern thread_local void (*t_pfnFlush)();
 
 bool isSerial(const VISCA_MSG_PRI_S &stPri);
 /// The camera's address in answers to a message.

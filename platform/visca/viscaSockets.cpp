@@ -1,7 +1,7 @@
+// The table of running commands and the tickets by which records find them again.
 #include "viscaSockets.h"
 
 #include <algorithm>
-#include <random>
 #include <utility>
 
 namespace visca
@@ -11,47 +11,6 @@ namespace
 constexpr BU_U32 INDEX_BITS = 12;
 constexpr BU_U32 INDEX_MASK = (1u << INDEX_BITS) - 1;
 } // namespace
-
-BU_U8 targetMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
-{
-    const auto enPanTilt = stInfo.stPTCtlr.enPanTiltType;
-    switch (enType) {
-    case VISCA_CMD_E_PAN_TILT:
-        if (enPanTilt == VISCA_MSG_E_PT_HOME) return PAN_TILT | ZOOM;
-        return enPanTilt >= VISCA_MSG_E_PT_ABS_POS && enPanTilt <= VISCA_MSG_E_PT_RESET ? PAN_TILT : NO_MOTOR;
-    case VISCA_CMD_E_ZOOM:
-        return stInfo.stZoomCtrl.enZoomType == VISCA_MSG_E_SET_ZOOM_DIRECT_POS ? ZOOM : NO_MOTOR;
-    case VISCA_CMD_E_FOCUS:
-        return stInfo.stFocusCtrl.enFocusType == VISCA_MSG_E_SET_FOCUS_DIRECT_POS ? FOCUS : NO_MOTOR;
-    case VISCA_CMD_E_ZOOM_FOCUS:
-        return ZOOM | FOCUS;
-    case VISCA_CMD_E_MEMORY:
-        return stInfo.stMemoryCtrl.enMemoryType == VISCA_MSG_E_MEMORY_RECALL ? PAN_TILT | ZOOM | FOCUS : NO_MOTOR;
-    default:
-        return NO_MOTOR;
-    }
-}
-
-BU_U8 driveMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
-{
-    const auto enPanTilt = stInfo.stPTCtlr.enPanTiltType;
-    const auto enFocus = stInfo.stFocusCtrl.enFocusType;
-    if (enType == VISCA_CMD_E_PAN_TILT)
-        return enPanTilt <= VISCA_MSG_E_PT_STOP || enPanTilt >= VISCA_MSG_E_PT_UP_PRECISE ? PAN_TILT : NO_MOTOR;
-    if (enType == VISCA_CMD_E_ZOOM)
-        return stInfo.stZoomCtrl.enZoomType != VISCA_MSG_E_SET_ZOOM_DIRECT_POS ? ZOOM : NO_MOTOR;
-    if (enType == VISCA_CMD_E_FOCUS)
-        return enFocus >= VISCA_MSG_E_SET_FOCUS_STOP && enFocus <= VISCA_MSG_E_SET_FOCUS_NEAR_VARIABLE ? FOCUS
-                                                                                                       : NO_MOTOR;
-    return NO_MOTOR;
-}
-
-bool isStop(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
-{
-    return (enType == VISCA_CMD_E_PAN_TILT && stInfo.stPTCtlr.enPanTiltType == VISCA_MSG_E_PT_STOP) ||
-           (enType == VISCA_CMD_E_ZOOM && stInfo.stZoomCtrl.enZoomType == VISCA_MSG_E_SET_ZOOM_STOP) ||
-           (enType == VISCA_CMD_E_FOCUS && stInfo.stFocusCtrl.enFocusType == VISCA_MSG_E_SET_FOCUS_STOP);
-}
 
 void origin::setTicket(VISCA_MSG_PRI_S &stPri, BU_U32 u32Ticket)
 {
@@ -63,23 +22,22 @@ void origin::setAddress(VISCA_MSG_PRI_S &stPri, BU_U8 u8Address)
     stPri.stIpMsg.u32Port = (stPri.stIpMsg.u32Port & ~0xF0000u) | static_cast<BU_U32>(u8Address & 0x0F) << 16;
 }
 
-Sockets::Sockets()
+void Sockets::begin(BU_U32 u32Run)
 {
-    std::random_device random;
-    m_u32Run = 1 + random() % 0xFFF;
+    clear();
+    m_u32Run = u32Run;
 }
 
-bool Sockets::open(Peer &peer, VISCA_MSG_PRI_S &stPri, BU_U8 u8TargetMotors, BU_U8 u8DriveMotors,
-                   std::optional<Ended> &superseded)
+bool Sockets::open(Peer &peer, VISCA_MSG_PRI_S &stPri, Moves moves, Drives drives, std::optional<Ended> &superseded)
 {
     const std::lock_guard lock(m_mutex);
     auto socket = std::ranges::find(peer.au32Ticket, 0u);
     const bool bShares = socket == peer.au32Ticket.end();
     if (bShares) {
-        if (!u8DriveMotors) return false;
+        if (!drives.motors) return false;
         socket = std::ranges::find_if(peer.au32Ticket, [&](BU_U32 u32Ticket) {
             const Slot *slot = findRunning(u32Ticket);
-            return slot && slot->u8Motors & u8DriveMotors;
+            return slot && slot->u8Motors & drives.motors;
         });
         if (socket != peer.au32Ticket.end()) {
             superseded = release(*find(*socket));
@@ -89,7 +47,7 @@ bool Sockets::open(Peer &peer, VISCA_MSG_PRI_S &stPri, BU_U8 u8TargetMotors, BU_
     }
     const bool bHolds = *socket == 0;
     stPri.u8SocketNum = static_cast<BU_U8>(1 + (socket - peer.au32Ticket.begin()));
-    const BU_U32 u32Ticket = take(bHolds ? &peer : nullptr, stPri, u8TargetMotors);
+    const BU_U32 u32Ticket = take(bHolds ? &peer : nullptr, stPri, moves.motors);
     if (u32Ticket && bHolds) *socket = u32Ticket;
     return u32Ticket != 0;
 }
@@ -141,12 +99,13 @@ Ended Sockets::release(Slot &slot)
     return ended;
 }
 
-bool Sockets::claim(BU_U32 u32Ticket)
+Claim Sockets::claim(BU_U32 u32Ticket)
 {
     const std::lock_guard lock(m_mutex);
     Slot *slot = findRunning(u32Ticket);
-    if (slot) slot->bEnding = true;
-    return slot != nullptr;
+    if (!slot) return Claim::Ended;
+    slot->bEnding = true;
+    return slot->s64DeadlineMs ? Claim::Waiting : Claim::Running;
 }
 
 void Sockets::close(BU_U32 u32Ticket)

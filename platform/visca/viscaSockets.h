@@ -5,24 +5,16 @@
 #include "viscaCodec.h"
 
 #include <array>
+#include <atomic>
 #include <mutex>
 #include <optional>
 
 namespace visca
 {
-/// Motors that a command keeps busy.
-enum Motors : BU_U8 { NO_MOTOR = 0, PAN_TILT = 1, ZOOM = 2, FOCUS = 4 };
-
-/// Motors that the message moves to a target, and thereby holds a socket for a while.
-BU_U8 targetMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo);
-/// Motors that the message drives or stops; such a message ends at once and must never be refused for want of a socket.
-BU_U8 driveMotorsOf(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo);
-/// Whether it stops motors.
-bool isStop(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo);
-
 /// What the library writes into the origin record of a message beside origin, kind, socket and sequence number:
-/// u64IpAddr low half: IPv4 address or TCP connection; high half: the ticket of a command. u32Port bits 0-15: port;
-/// 16-19: the address the message was sent to (0: unknown); 20-31: the run of this process.
+/// u64IpAddr low half: IPv4 address or TCP connection; high half: the ticket of a command, the number of an inquiry's
+/// row. u32Port bits 0-15: port; 16-19: the address the message was sent to (0: unknown); 20-31: the run of this
+/// process.
 namespace origin
 {
 inline BU_U32 ticketOf(const VISCA_MSG_PRI_S &stPri) { return static_cast<BU_U32>(stPri.stIpMsg.u64IpAddr >> 32); }
@@ -45,20 +37,27 @@ struct Ended {
     BU_U8 u8Motors = NO_MOTOR;
 };
 
+/// How a command stands when it is about to be answered.
+enum class Claim : BU_U8 {
+    Ended,   ///< it has ended before; nothing more is answered
+    Running, ///< the service works on it
+    Waiting  ///< it waits for the end of its motion
+};
+
 class Sockets
 {
 public:
-    Sockets();
+    /// Everything from here on belongs to another run. @param u32Run  1...4095, never that of the run before
+    void begin(BU_U32 u32Run);
 
     /// Gives a command a socket: fills socket number, ticket and run of stPri. A drive or stop that finds both taken
     /// ends a move of the same motors (stSuperseded), or else shares the number of a socket.
     /// @return false: both are taken, or too many commands run
-    bool open(Peer &peer, VISCA_MSG_PRI_S &stPri, BU_U8 u8TargetMotors, BU_U8 u8DriveMotors,
-              std::optional<Ended> &superseded);
+    bool open(Peer &peer, VISCA_MSG_PRI_S &stPri, Moves moves, Drives drives, std::optional<Ended> &superseded);
 
     /// The command is about to be answered: from now nobody else can end it, but its socket stays taken until close, so
-    /// that no later acknowledgement overtakes the answer. @return false: it has ended before; nothing more is answered
-    bool claim(BU_U32 u32Ticket);
+    /// that no later acknowledgement overtakes the answer.
+    Claim claim(BU_U32 u32Ticket);
     void close(BU_U32 u32Ticket);
     /// Ends the running command of a socket. Nothing: there is none.
     std::optional<Ended> closeSocket(Peer &peer, BU_U8 u8Socket);
@@ -110,6 +109,6 @@ private:
     BU_U16 m_u16Free = 0;    ///< first of the free list, 0: empty; slot 0 is not used
     BU_U16 m_u16Touched = 0; ///< slots that were ever taken
     std::size_t m_taken = 0;
-    BU_U32 m_u32Run; ///< 12 random bits, not 0: records of an earlier run are told by them
+    std::atomic<BU_U32> m_u32Run = 0; ///< records of an earlier run are told by it
 };
 } // namespace visca

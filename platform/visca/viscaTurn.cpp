@@ -98,8 +98,8 @@ bool Turn::acceptCommands()
 void Turn::runCommands(bool bStops)
 {
     for (Lane &lane : std::span(m_lane.data(), m_lanes)) {
-        if (lane.job.enKind == Job::None || lane.job.bStop != bStops) continue;
-        run(lane.job);
+        if (lane.job.enKind == Job::None || lane.job.isStop() != bStops) continue;
+        run(lane.job, m_fnFlush);
         lane.job.enKind = Job::None;
         m_fnFlush();
     }
@@ -110,7 +110,7 @@ void Turn::answerInquiries()
     for (Lane &lane : std::span(m_lane.data(), m_lanes))
         while (fetch(lane) && !isCommand(lane.packet)) {
             acceptNext(lane);
-            run(lane.job);
+            run(lane.job, m_fnFlush);
             lane.job.enKind = Job::None;
         }
     m_fnFlush();

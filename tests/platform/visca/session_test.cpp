@@ -35,7 +35,7 @@ class Session : public ViscaLibTest
 protected:
     Session()
     {
-        Service::fnHandle = [](auto enType, auto &stInfo) { return targetMotorsOf(enType, stInfo) ? 1 : 0; };
+        Service::fnHandle = [](auto enType, auto &stInfo) { return isMove(enType, stInfo) ? 1 : 0; };
         Service::payload = {2};
     }
     /// Another source sends the head to a VISCA position.
@@ -151,7 +151,7 @@ TEST_F(Session, NobodyWaitsForAnothersWork)
     std::vector<std::string> listOrder;
     Service::fnHandle = [&](auto enType, auto &stInfo) {
         listOrder.push_back(std::to_string(enType) + " after " + std::to_string(sent().size()));
-        return targetMotorsOf(enType, stInfo) ? 1 : 0;
+        return isMove(enType, stInfo) ? 1 : 0;
     };
     Turn turn([] {}, [] {});
     turn.begin();
@@ -214,15 +214,28 @@ TEST_F(Session, SupersededRecallIsCancelled)
     EXPECT_THAT(sent(), ElementsAre("90 61 04 FF"));
 }
 
-// The record of a power-off command is kept in a file; after the restart no session knows of it.
+// The record of a power-off command is kept in a file; after the restart no session knows of it, whoever has its
+// ticket.
 TEST_F(Session, RecordOfAnEarlierRunIsAnsweredByItself)
 {
-    feed("82 01 04 00 03 FF");
-    tagVISCA_CTRL_INFO_S stKept = Service::seen(0);
-    stKept.stMsgPri.stIpMsg.u32Port ^= 1u << 20; // another run
-    sent();
-    EXPECT_EQ(VISCA_CtrlMsgReturn(&stKept, BU_TRUE), 0);
-    EXPECT_THAT(sent(), ElementsAre("A0 51 FF"));
+    std::vector<tagVISCA_CTRL_INFO_S> listKept;
+    for (int i = 0; i < 3; ++i) {
+        start({}, {}, captured());
+        Service::listSeen.clear();
+        feed("82 01 04 35 00 FF"); // the same socket and ticket in each run
+        sent();
+        for (tagVISCA_CTRL_INFO_S &stKept : listKept) {
+            EXPECT_EQ(VISCA_CtrlMsgReturn(&stKept, BU_TRUE), 0);
+            EXPECT_THAT(sent(), ElementsAre("A0 51 FF"));
+        }
+        listKept.push_back(Service::seen(0));
+    }
+    BU_S32 s32Run = 0;
+    EXPECT_EQ(CFG_STORE_GetInt("Visca/Run", &s32Run), 0);
+    CFG_STORE_SetInt("Visca/Run", 0xFFF); // the numbers start over after 4095
+    start({}, {}, captured());
+    EXPECT_EQ(CFG_STORE_GetInt("Visca/Run", &s32Run), 0);
+    EXPECT_EQ(s32Run, 1);
 }
 
 TEST_F(Session, StandbyAnswersPowerOnly)
@@ -269,6 +282,8 @@ TEST_F(Session, SerialChainCountsAddressesAndListensToItsOwn)
     EXPECT_THAT(serial("81 09 04 00 FF"), IsEmpty());
     EXPECT_THAT(serial("83 09 04 00 FF"), ElementsAre("B0 50 02 FF"));
     EXPECT_THAT(serial("83 01 7E 38 01 05 FF"), ElementsAre("B0 41 FF", "B0 51 FF"));
+    Service::fnHandle = [](auto, auto &stInfo) { return stInfo.u8Address = 3, 0; };
+    EXPECT_THAT(feed("81 09 7E 38 01 FF"), ElementsAre("B0 50 02 FF")) << "the address inquiry tells it in the head";
     EXPECT_THAT(serial("85 09 04 00 FF 88 01 00 01 FF"), ElementsAre("D0 50 02 FF", "88 01 00 01 FF"));
     BU_U8 u8Address = 0;
     library().u8Address = 1;
@@ -282,7 +297,7 @@ TEST_F(Session, EveryCommandEndsOnceWithManyThreads)
     constexpr BU_U32 PEERS = 4, ROUNDS = 300;
     std::vector<util::Thread> threads;
     Service::fnHandle = [](auto enType, auto &stInfo) {
-        if (!targetMotorsOf(enType, stInfo)) return 0;
+        if (!isMove(enType, stInfo)) return 0;
         UTIL_THREAD_RunFuncAsync([stCopy = stInfo](void *) mutable { VISCA_CtrlMsgReturn(&stCopy, BU_TRUE); }, nullptr);
         return 1;
     };
@@ -295,7 +310,7 @@ TEST_F(Session, EveryCommandEndsOnceWithManyThreads)
             for (BU_U32 i = 0; i < ROUNDS; ++i)
                 for (const char *pcIn : {ABS, "81 21 FF"}) {
                     accept(bytes(pcIn), stFrom, *peer, job);
-                    run(job);
+                    run(job, [] {});
                 }
         });
     threads.clear();

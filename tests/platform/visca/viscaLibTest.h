@@ -33,6 +33,14 @@ inline std::string hex(std::span<const BU_U8> list)
     return strHex.empty() ? "" : strHex.substr(1);
 }
 
+/// Whether a message moves motors to a target.
+inline bool isMove(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
+{
+    tagVISCA_CTRL_INFO_S stRead;
+    const visca::Row *row = visca::decode(visca::encode(enType, stInfo).bytes(), stRead);
+    return row && row->moves.motors != visca::NO_MOTOR;
+}
+
 /// Answers like the camera service: 0 at once, -1 refused, anything else later or never.
 struct Service {
     static inline std::mutex mutex; // guards all of it
