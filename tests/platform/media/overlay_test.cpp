@@ -2,9 +2,9 @@
 #include <SDL2/SDL_surface.h>
 
 #include "decoder.h"
+#include "internal.h"
 #include "media/overlay.h"
 #include "mediaTest.h"
-#include "overlayBlend.h"
 
 #include <cstring>
 
