@@ -53,7 +53,7 @@ TEST_F(Frames, StopWaitsForTheLastCall)
     ASSERT_EQ(MPP_StartYuvStream(11, &PARAM,
                                  [&](MPP_FRAME_INFO_S *pst) {
                                      entered.set_value();
-                                     bReturned = waitUntil([&] { return !std::atomic_ref(pst->bEnable); });
+                                     bReturned = await([&] { return !std::atomic_ref(pst->bEnable); });
                                      return 0;
                                  }),
               0);
