@@ -14,7 +14,6 @@
 #include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -71,7 +70,6 @@ public:
     /// The manager's thread.
     void run()
     {
-        util::nameThread("ledManager");
         if (m_stAttr.fnSelfTestCallback) m_stAttr.fnSelfTestCallback(LED_EVENT_FROM_E_ERR);
         for (;;) {
             std::unique_lock guard(m_lock);
@@ -187,8 +185,8 @@ BU_S32 LED_API_InitMgr(const BU_CHAR *pcName, const LED_TALLY_INIT_ATTR_S *pstAt
     followSettings();
     manager->setState(LED_EVENT_FROM_E_CFG, lamp::restState());
     const util::QuitSignalsBlocked blocked;
-    std::thread([manager] { manager->run(); }).detach(); // the self-test may block it for as long as start-up takes
-    return 0;
+    // Nobody waits for it: the self-test may block it for as long as start-up takes.
+    return util::startDetached("ledManager", [manager] { manager->run(); });
 }
 
 BU_S32 LED_API_DestroyMgr(const BU_CHAR *pcName)
