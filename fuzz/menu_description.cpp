@@ -1,7 +1,7 @@
 // Any text as the description of the menu: it is refused with a line that it has, or the menu it describes can be
 // walked to its end, whatever keys are pressed and whether or not values are accepted.
-#include "config/store.h"
 #include "navigator.h"
+#include "store/store.h"
 #include "util/file.h"
 #include "util/json.h"
 

@@ -2,8 +2,8 @@
 // form; for remotes keys of every kind; for the menu its own description; for web images each payload full of ones;
 // for web JSON each request as text.
 #include "eventApi.h"
+#include "overIp.h"
 #include "support/place.h"
-#include "viscaOverIp.h"
 #include "web/events.h"
 
 #include <filesystem>

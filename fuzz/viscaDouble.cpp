@@ -1,11 +1,11 @@
 #include "viscaDouble.h"
 
-#include "board/serialPort.h"
 #include "camera/motion.h"
 #include "camera/preset.h"
 #include "camera/systemService.h"
 #include "camera/zoom.h"
-#include "config/store.h"
+#include "store/store.h"
+#include "system/serialPort.h"
 
 #include <cstdlib>
 

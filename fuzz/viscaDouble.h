@@ -1,7 +1,7 @@
 /// The camera behind the VISCA library in the fuzz targets, and controllers in front of it.
 #pragma once
 
-#include "viscaTurn.h"
+#include "turn.h"
 
 #include <deque>
 

@@ -1,7 +1,7 @@
 // Datagrams of two controllers on the VISCA-over-IP port: length byte, datagram; the upper bit of the length names the
 // controller; length 0 ends the oldest move.
+#include "peers.h"
 #include "viscaDouble.h"
-#include "viscaPeers.h"
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
 {

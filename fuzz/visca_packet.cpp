@@ -1,5 +1,5 @@
 // Any bytes as one packet: what is decoded can be written again, and reads the same.
-#include "viscaCodec.h"
+#include "codec.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,5 +1,5 @@
 // Packets on the socket of the web calls: what is taken for a message points into the packet and says what it said.
-#include "message.h"
+#include "web_client/message.h"
 
 #include <cstdlib>
 

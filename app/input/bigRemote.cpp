@@ -3,9 +3,9 @@
 #include "camera/menu.h"
 #include "camera/system.h"
 #include "camera/systemService.h"
-#include "input/directionKeys.h"
-#include "input/keyActions.h"
-#include "input/numberKeys.h"
+#include "directionKeys.h"
+#include "keyActions.h"
+#include "numberKeys.h"
 #include "vocabulary/wordSetters.h"
 
 #include <linux/input.h>

@@ -1,7 +1,7 @@
 // The direction keys: what a press has started, its release ends, whatever has changed meanwhile.
-#include "input/directionKeys.h"
+#include "directionKeys.h"
 
-#include "input/keyActions.h"
+#include "keyActions.h"
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 
 #include "camera/menu.h"
 #include "camera/tracking.h"
-#include "input/keyState.h"
+#include "keyState.h"
 
 namespace input
 {

@@ -1,7 +1,7 @@
 // Which devices are watched, and who takes their events.
 #include "board/input.h"
 #include "input/input.h"
-#include "input/keyState.h"
+#include "keyState.h"
 #include "util/log.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 // From a kernel event to the handler of its key.
 #include "camera/serial.h"
-#include "input/keys.h"
+#include "keys.h"
 #include "util/log.h"
 
 #include <algorithm>

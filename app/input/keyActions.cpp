@@ -1,5 +1,5 @@
 // What several remotes do on a press.
-#include "input/keyActions.h"
+#include "keyActions.h"
 
 #include "camera/menu.h"
 #include "camera/preset.h"

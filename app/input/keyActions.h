@@ -3,7 +3,7 @@
 
 #include "camera/focus.h"
 #include "camera/zoom.h"
-#include "input/keyState.h"
+#include "keyState.h"
 
 namespace input
 {

@@ -1,5 +1,5 @@
 // What the key handlers remember.
-#include "input/keyState.h"
+#include "keyState.h"
 
 #include <array>
 

@@ -4,7 +4,7 @@
 /// own, the last write wins.
 #pragma once
 
-#include "input/keys.h"
+#include "keys.h"
 #include "util/time.h"
 
 #include <atomic>

@@ -1,6 +1,6 @@
 // The front key.
 #include "camera/systemService.h"
-#include "input/keyActions.h"
+#include "keyActions.h"
 #include "util/file.h"
 
 #include <linux/input.h>

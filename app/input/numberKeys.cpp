@@ -1,9 +1,9 @@
 // Recall, store and delete presets by number: what each number key does, by the command that waits and the timer.
-#include "input/numberKeys.h"
+#include "numberKeys.h"
 
 #include "camera/menu.h"
 #include "camera/preset.h"
-#include "input/keyActions.h"
+#include "keyActions.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 /// The number keys of the big remote: recall, store and delete presets.
 #pragma once
 
-#include "input/keyState.h"
+#include "keyState.h"
 
 namespace input
 {

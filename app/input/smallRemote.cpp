@@ -1,8 +1,8 @@
 // The small remote. Repeats of a held key reach its handlers, as releases.
 #include "camera/menu.h"
 #include "camera/preset.h"
-#include "input/directionKeys.h"
-#include "input/keyActions.h"
+#include "directionKeys.h"
+#include "keyActions.h"
 
 #include <linux/input.h>
 #include <utility>

@@ -4,8 +4,8 @@
 #include "camera/preset.h"
 #include "camera/serial.h"
 #include "camera/systemService.h"
-#include "input/directionKeys.h"
-#include "input/keyActions.h"
+#include "directionKeys.h"
+#include "keyActions.h"
 
 #include <linux/input.h>
 

@@ -3,9 +3,9 @@
 
 #include "live/fullNdi.h"
 #include "live/pipelineLive.h"
-#include "live_media/liveMediaRecord.h"
-#include "live_media/perChannel.h"
 #include "model/model.h"
+#include "perChannel.h"
+#include "record.h"
 #include "util/log.h"
 
 namespace

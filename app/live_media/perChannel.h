@@ -2,7 +2,7 @@
 /// the output restarts its channel's, no other.
 #pragma once
 
-#include "live_media/liveMediaRecord.h"
+#include "record.h"
 #include "util/log.h"
 
 #include <mutex>

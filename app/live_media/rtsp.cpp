@@ -2,7 +2,7 @@
 #include "live/rtsp.h"
 
 #include "live_media/liveMedia.h"
-#include "live_media/liveMediaRecord.h"
+#include "record.h"
 #include "util/log.h"
 
 #include <atomic>

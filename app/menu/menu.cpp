@@ -3,8 +3,8 @@
 
 #include "camera/image.h"
 #include "media/pipeline.h"
-#include "menu/menuParam.h"
 #include "model/model.h"
+#include "param.h"
 #include "util/log.h"
 
 #include <algorithm>

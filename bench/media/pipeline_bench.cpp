@@ -1,6 +1,6 @@
 /// Cost of a 1080p picture through the pipeline. Baseline: the encoder alone on the same pictures.
-#include "../../platform/media/pipe.h"
-#include "../../platform/media/videoEncoder.h"
+#include "pipe.h"
+#include "videoEncoder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -88,3 +88,5 @@ void renderAndEncode(benchmark::State &state)
 }
 BENCHMARK(renderAndEncode)->Unit(benchmark::kMillisecond);
 } // namespace
+
+BENCHMARK_MAIN();

@@ -1,5 +1,5 @@
 /// Cost of a picture of the virtual camera. Baseline: a plain copy of a picture of the same size.
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include <benchmark/benchmark.h>
 
@@ -120,3 +120,5 @@ void readSettings(benchmark::State &state)
 }
 BENCHMARK(readSettings)->Unit(benchmark::kMicrosecond);
 } // namespace
+
+BENCHMARK_MAIN();

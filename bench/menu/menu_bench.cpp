@@ -133,3 +133,5 @@ BENCHMARK(handOver)->Arg(720)->Arg(1080)->Arg(2160)->Unit(benchmark::kMicrosecon
 BENCHMARK(firstPicture)->ArgsProduct({{720, 1080, 2160}, {0, 1}})->Unit(benchmark::kMicrosecond);
 BENCHMARK(furtherPictures)->ArgsProduct({{720, 1080, 2160}, {0, 1}})->Unit(benchmark::kMicrosecond);
 } // namespace
+
+BENCHMARK_MAIN();

@@ -1,5 +1,5 @@
 // Speed of the VISCA path of a running camera, each figure beside a bare UDP echo that is measured in turn with it.
-#include "cameraProcess.h"
+#include "support/cameraProcess.h"
 #include "viscaPeer.h"
 
 #include <chrono>

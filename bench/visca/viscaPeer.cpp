@@ -1,6 +1,6 @@
 #include "viscaPeer.h"
 
-#include "cameraProcess.h"
+#include "support/cameraProcess.h"
 
 #include <algorithm>
 #include <arpa/inet.h>

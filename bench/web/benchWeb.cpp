@@ -1,11 +1,11 @@
 // Round trips of web calls to a running camera, beside a bare echo over the same kind of socket with packets of the
 // same sizes, measured in turn with them.
-#include "cameraProcess.h"
-#include "message.h"
-#include "socketFile.h"
+#include "support/cameraProcess.h"
 #include "util/file.h"
 #include "web/panelPayload.h"
-#include "web/webClient.h"
+#include "web_client/client.h"
+#include "web_client/message.h"
+#include "web_client/socketFile.h"
 
 #include <algorithm>
 #include <chrono>

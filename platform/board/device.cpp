@@ -1,7 +1,7 @@
 #include "board/device.h"
 
 #include "board/ntp.h"
-#include "profileData.h"
+#include "board/profileData.h"
 #include "util/journal.h"
 #include "util/log.h"
 #include "util/platform.h"

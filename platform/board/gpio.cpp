@@ -1,6 +1,6 @@
 #include "board/gpio.h"
 
-#include "profileData.h"
+#include "board/profileData.h"
 #include "util/file.h"
 #include "util/journal.h"
 

@@ -1,7 +1,7 @@
 #include "board/profile.h"
 
+#include "board/profileData.h"
 #include "config/config.h"
-#include "profileData.h"
 #include "util/file.h"
 #include "util/journal.h"
 #include "util/log.h"

@@ -1,6 +1,6 @@
 // The JSON form of a board profile. Every key that the camera needs is checked here, so that a mistake in a profile is
 // told with its place instead of showing up as a missing module.
-#include "profileData.h"
+#include "board/profileData.h"
 #include "util/json.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "protocol/freed.h"
 
-#include "config/store.h"
+#include "store/store.h"
 #include "util/journal.h"
 
 namespace

@@ -1,11 +1,9 @@
-/// The camera's sound as AAC in its stream cache, while somebody listens.
+#include "audioStream.h"
+
 #include "audioTone.h"
 #include "camera/system.h"
 #include "config/config.h"
-#include "frameRate.h"
-#include "internal.h"
 #include "libav.h"
-#include "streamCache.h"
 #include "util/file.h"
 #include "util/log.h"
 #include "util/thread.h"
@@ -27,9 +25,10 @@ namespace
 {
 using namespace media;
 
+constexpr BU_S32 BIT_RATE = 128'000;
 constexpr const BU_CHAR *INPUT = "/dev/audio_in"; // raw 16-bit samples, 48 kHz stereo, from whoever writes to it
 
-struct Holder {
+struct tagHOLDER_S {
     STREAM_PACKET_S stPacket;
     AvPacket packet{av_packet_alloc()};
 };
@@ -86,7 +85,7 @@ AacEncoder::AacEncoder()
     m_context->sample_fmt = AV_SAMPLE_FMT_FLTP;
     m_context->sample_rate = AUDIO_RATE;
     m_context->time_base = {1, AUDIO_RATE};
-    m_context->bit_rate = AUDIO_BIT_RATE;
+    m_context->bit_rate = BIT_RATE;
     m_context->profile = FF_PROFILE_AAC_LOW;
     av_channel_layout_default(&m_context->ch_layout, AUDIO_CHANNELS);
     av_opt_set(m_context->priv_data, "aac_coder", "fast", 0);
@@ -121,7 +120,7 @@ STREAM_PACKET_REF AacEncoder::encode(BU_S64 s64First)
     if (av_frame_make_writable(m_frame.get()) < 0) return nullptr;
     fill(s64First);
     m_frame->pts = s64First;
-    auto pstHolder = std::make_shared<Holder>();
+    auto pstHolder = std::make_shared<tagHOLDER_S>();
     AVPacket *pst = pstHolder->packet.get();
     if (avcodec_send_frame(m_context.get(), m_frame.get()) < 0 || avcodec_receive_packet(m_context.get(), pst) < 0)
         return nullptr; // the first frame only fills the encoder
@@ -153,7 +152,7 @@ private:
     void loop(const std::stop_token &stop);
     void listenWhileWanted(const std::stop_token &stop);
 
-    STREAM_CACHE_S m_cache{{[this] { wake(); }, [] { return 0; }, [] { return AUDIO_BIT_RATE / 1000; }}};
+    STREAM_CACHE_S m_cache{{[this] { wake(); }, [] { return 0; }, [] { return BIT_RATE / 1000; }}};
     std::mutex m_lock; // guards m_thread; the demand changes before it is taken
     std::condition_variable_any m_wake;
     std::optional<util::Thread> m_thread;

@@ -1,7 +1,6 @@
-/// How the virtual room sounds.
 #include "audioTone.h"
 
-#include "internal.h"
+#include "sceneClock.h"
 
 #include <algorithm>
 #include <cmath>

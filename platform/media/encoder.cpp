@@ -1,9 +1,9 @@
 // The encoder channels, from the outside.
 #include "media/encoder.h"
 
-#include "internal.h"
 #include "util/journal.h"
 #include "vencChannel.h"
+#include "vencSettings.h"
 
 #include <array>
 #include <memory>
@@ -14,12 +14,12 @@ namespace
 {
 constexpr BU_S32 CACHES = 4; // of pictures: those of the channels 0 to 3
 
-struct Channels {
+struct tagCHANNELS_S {
     std::array<std::unique_ptr<STREAM_CACHE_S>, CACHES> caches;
     std::array<std::shared_ptr<VencChannel>, MPP_VENC_CHN_MAX> channels;
     std::mutex lock; // serialises what enables and disables
 
-    Channels()
+    tagCHANNELS_S()
     {
         for (BU_S32 i = 0; i < MPP_VENC_CHN_MAX; ++i) {
             const auto u = static_cast<std::size_t>(i);
@@ -31,7 +31,7 @@ struct Channels {
     }
 
 private:
-    Writer writer(BU_S32 s32Chn)
+    tagWRITER_S writer(BU_S32 s32Chn)
     {
         auto &pst = channels[static_cast<std::size_t>(s32Chn)];
         return {[&pst] {
@@ -40,9 +40,9 @@ private:
                 [&pst] { return pst->requestKeyFrame(); }, [&pst] { return pst->bitRate(); }};
     }
 };
-Channels &all()
+tagCHANNELS_S &all()
 {
-    static auto *pstAll = new Channels;
+    static auto *pstAll = new tagCHANNELS_S;
     return *pstAll;
 }
 
@@ -90,7 +90,7 @@ void media::startChannels()
         VencChannel &channel = *channelAt(i);
         if (channel.source() == MPP_PIPE_USAGE_E_BUTT) continue;
         attach(channel, i, channel.source());
-        const StoredVenc stStored = loadVenc(i);
+        const tagVENC_STORED_S stStored = loadVenc(i);
         if (stStored.bEnabled)
             channel.enable(stStored.stParam, nullptr);
         else

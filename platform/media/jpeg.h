@@ -1,7 +1,7 @@
 /// JPEG stills.
 #pragma once
 
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include <memory>
 #include <vector>

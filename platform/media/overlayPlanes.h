@@ -2,7 +2,7 @@
 #pragma once
 
 #include "media/overlay.h"
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include <vector>
 

@@ -1,12 +1,12 @@
 // Bring-up of the media pipeline, and the configuration of its video outputs.
 #include "media/pipeline.h"
 
-#include "board/profile.h"
+#include "audioStream.h"
 #include "camera/settingEvent.h"
-#include "internal.h"
 #include "util/journal.h"
 #include "util/log.h"
 #include "vencChannel.h"
+#include "vencConsole.h"
 
 #include <algorithm>
 #include <array>
@@ -22,32 +22,32 @@ namespace
 constexpr BU_S32 OUTPUTS = 3, PIPES_MAX = 2;
 constexpr BU_U32 SIZE_MAX_PIXELS = 8192;
 
-struct OutputSize {
+struct tagSIZE_S {
     BU_U32 u32Width, u32Height;
     BU_BOOL bInterlaced;
 };
-constexpr OutputSize SIZES[] = {
+constexpr tagSIZE_S SIZES[] = {
     {3840, 2160, BU_FALSE}, {1920, 1080, BU_FALSE}, {1920, 1080, BU_TRUE}, {1280, 720, BU_FALSE}};
 static_assert(std::size(SIZES) == HDMI_FORMAT_E_BUTT);
 constexpr BU_S32 RATES[] = {60, 59940, 50, 30, 29970, 25, 24, 23980};
 static_assert(std::size(RATES) == HDMI_FPS_E_BUTT);
 
 /// The keys of the settings that an output follows.
-struct OutputKeys {
+struct tagOUTPUT_KEYS_S {
     const BU_CHAR *pcFormat, *pcFps, *pcCs;
 };
-constexpr OutputKeys SDI{"SdiFormat", "SdiFps", "SdiCs"}, HDMI{"Format", "Fps", "HdmiCs"};
-const OutputKeys &keysOf(BU_S32 enOut) { return enOut == MPP_VOUT_ID_0 ? SDI : HDMI; }
+constexpr tagOUTPUT_KEYS_S SDI{"SdiFormat", "SdiFps", "SdiCs"}, HDMI{"Format", "Fps", "HdmiCs"};
+const tagOUTPUT_KEYS_S &keysOf(BU_S32 enOut) { return enOut == MPP_VOUT_ID_0 ? SDI : HDMI; }
 
-struct Pipeline {
+struct tagPIPELINE_S {
     std::mutex lock; // guards all members
     std::vector<BU_S32 (*)(void *)> beforeInit;
     bool bUp = false;
     std::array<std::optional<MPP_VOUT_CFG_S>, OUTPUTS> ownCfg; // set by MPP_SetVoutCfg
 };
-Pipeline &pipeline()
+tagPIPELINE_S &pipeline()
 {
-    static auto *pstPipeline = new Pipeline;
+    static auto *pstPipeline = new tagPIPELINE_S;
     return *pstPipeline;
 }
 
@@ -59,7 +59,7 @@ MPP_VOUT_CFG_S cfgOfSettings(BU_S32 enOut)
     CFG_SETTING_Get(keysOf(enOut).pcFormat, 0, &enFormat, BU_FALSE);
     CFG_SETTING_Get(keysOf(enOut).pcFps, 0, &enFps, BU_FALSE);
     CFG_SETTING_Get(keysOf(enOut).pcCs, 0, &enCs, BU_FALSE);
-    const OutputSize &stSize = SIZES[enFormat];
+    const tagSIZE_S &stSize = SIZES[enFormat];
     return {{stSize.u32Width, stSize.u32Height}, RATES[enFps], stSize.bInterlaced, enCs};
 }
 
@@ -79,7 +79,7 @@ void followSettings()
         {
             const std::lock_guard guard(pipeline().lock);
             for (BU_S32 i = 0; i < OUTPUTS; ++i) {
-                const OutputKeys &stKeys = keysOf(i);
+                const tagOUTPUT_KEYS_S &stKeys = keysOf(i);
                 if (strKey == stKeys.pcFormat || strKey == stKeys.pcFps || strKey == stKeys.pcCs)
                     pipeline().ownCfg[static_cast<std::size_t>(i)].reset();
             }
@@ -175,15 +175,3 @@ BU_S32 MPP_SwitchVoutVideo(MPP_VOUT_ID enOut, BU_BOOL bOn)
     if (const auto injected = journal::call(__func__, enOut, bOn)) return *injected;
     return isOutput(enOut) ? 0 : -1;
 }
-
-BU_S32 MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_E enType)
-{
-    constexpr BU_S32 NONE = 255;
-    constexpr const BU_CHAR *KEYS[] = {"hdmi", "3gSdi", "ca12gSdi", "ym12gSdi", "fullNdi"};
-    static_assert(std::size(KEYS) == MPP_HDMI_DISTRIBUTOR_MAX);
-    if (const auto injected = journal::ask(__func__, enType)) return *injected;
-    if (enType < 0 || enType >= MPP_HDMI_DISTRIBUTOR_MAX) return NONE;
-    return BSP_PROFILE_GetInt((std::string("hdmiDistributor/") + KEYS[enType]).c_str(), NONE);
-}
-
-BU_S32 MPP_IsChangeHdmiEdid() { return journal::ask(__func__).value_or(0); }

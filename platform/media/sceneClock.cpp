@@ -1,5 +1,4 @@
-/// The clock of the scene.
-#include "internal.h"
+#include "sceneClock.h"
 
 #include "media/frame.h"
 #include "util/time.h"

@@ -1,4 +1,3 @@
-/// The few things that need SDL.
 #include <SDL2/SDL_rwops.h>
 #include <SDL2/SDL_surface.h>
 

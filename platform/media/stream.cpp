@@ -1,7 +1,7 @@
 // Stream caches, readers, sinks and sources, from the outside.
 #include "media/stream.h"
 
-#include "internal.h"
+#include "audioStream.h"
 #include "util/journal.h"
 #include "vencChannel.h"
 
@@ -13,9 +13,11 @@ using media::VencChannel;
 
 namespace
 {
+constexpr BU_S32 AUDIO_CACHE = 6;
+
 STREAM_CACHE_S *cacheOf(BU_S32 s32Id)
 {
-    if (s32Id == media::AUDIO_CACHE) return media::audioCache();
+    if (s32Id == AUDIO_CACHE) return media::audioCache();
     const VencChannel *pst = channelOfCache(s32Id);
     return pst ? pst->cache() : nullptr;
 }
@@ -42,7 +44,7 @@ public:
 
 private:
     STREAM_CACHE_S &m_cache;
-    media::Place m_stPlace;
+    media::tagPLACE_S m_stPlace;
     BU_S32 m_s32TimeoutMs = -1;
     STREAM_PACKET_REF m_pstHeld;
 };

@@ -1,11 +1,10 @@
-/// The ring of packets: where newcomers start, how readers and sinks keep up, what handlers hear.
 #include "streamCache.h"
 
 #include <algorithm>
 #include <chrono>
 
 using media::PacketSink;
-using media::Place;
+using media::tagPLACE_S;
 
 void PacketSink::give(const STREAM_PACKET_REF &pstPacket)
 {
@@ -100,9 +99,9 @@ bool STREAM_CACHE_S::hasFreshKey() const
     return it != m_packets.rend() && m_packets.back()->u64Timestamp - (*it)->u64Timestamp <= FRESH_US;
 }
 
-Place STREAM_CACHE_S::join()
+tagPLACE_S STREAM_CACHE_S::join()
 {
-    Place stPlace;
+    tagPLACE_S stPlace;
     bool bFirst = false;
     {
         const std::lock_guard guard(m_lock);
@@ -134,7 +133,7 @@ void STREAM_CACHE_S::clear()
 }
 
 /// Lock held.
-STREAM_PACKET_REF STREAM_CACHE_S::take(Place &stPlace) const
+STREAM_PACKET_REF STREAM_CACHE_S::take(tagPLACE_S &stPlace) const
 {
     if (stPlace.u64Next < m_u64First) stPlace = {m_u64First, true, false};
     while (stPlace.u64Next < m_u64First + m_packets.size()) {
@@ -146,7 +145,7 @@ STREAM_PACKET_REF STREAM_CACHE_S::take(Place &stPlace) const
     return nullptr;
 }
 
-STREAM_PACKET_REF STREAM_CACHE_S::read(Place &stPlace, BU_S32 s32TimeoutMs)
+STREAM_PACKET_REF STREAM_CACHE_S::read(tagPLACE_S &stPlace, BU_S32 s32TimeoutMs)
 {
     const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(s32TimeoutMs);
     std::unique_lock guard(m_lock);

@@ -1,5 +1,4 @@
-/// Encoder parameters by hand.
-#include "internal.h"
+#include "vencConsole.h"
 
 #include "media/encoder.h"
 #include "util/debug.h"
@@ -14,11 +13,11 @@ namespace
 {
 constexpr const BU_CHAR *CONSOLE = "/var/debug/app/platform/encoder";
 
-struct Format {
+struct tagFORMAT_S {
     const BU_CHAR *pcWord;
     MPP_VENC_FORMAT_E enType;
 };
-constexpr Format FORMATS[] = {
+constexpr tagFORMAT_S FORMATS[] = {
     {"h264", MPP_VENC_FORMAT_E_H264}, {"h265", MPP_VENC_FORMAT_E_H265}, {"mjpeg", MPP_VENC_FORMAT_E_MJPEG}};
 
 /// @return false: not understood, or refused
@@ -29,7 +28,7 @@ bool carryOut(const std::string &strLine)
     std::string strFormat;
     MPP_VENC_PARAM_S stParam{};
     stLine >> s32Chn >> strFormat;
-    const auto *pstFormat = std::ranges::find(FORMATS, strFormat, &Format::pcWord);
+    const auto *pstFormat = std::ranges::find(FORMATS, strFormat, &tagFORMAT_S::pcWord);
     if (pstFormat == std::end(FORMATS) || !MPP_GetVencChnStatus(s32Chn, stParam, BU_FALSE)) return false;
     stParam.enType = pstFormat->enType;
     BU_U32 u32Width = 0, u32Height = 0, u32BitRate = 0;

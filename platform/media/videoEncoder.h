@@ -3,8 +3,8 @@
 
 #include "frameRate.h"
 #include "media/encoder.h"
-#include "media/scene.h"
 #include "media/stream.h"
+#include "scene/scene.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
-#include <SDL2/SDL_surface.h>
+#include <SDL2/SDL_ttf.h>
 
 #include "painter.h"
 
-#include "fonts.h"
+#include "draw/fonts.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 /// Draws pages and prompts on an ARGB surface.
 #pragma once
 
+#include "draw/fonts.h"
 #include "view.h"
 
 #include <memory>
@@ -10,15 +11,12 @@ struct SDL_Surface;
 
 namespace menu
 {
+using namespace draw;
+
 struct SurfaceDeleter {
     void operator()(SDL_Surface *pstSurface) const;
 };
 typedef std::unique_ptr<SDL_Surface, SurfaceDeleter> Surface;
-
-/// Finds and opens the fonts. @return false: one is not there (logged). Thread: any, once or several times.
-bool loadFonts();
-/// Whether the fonts have every character of a text.
-bool canShow(const std::string &strText);
 
 /// Rows that fit a page, whatever its size.
 constexpr std::size_t PAGE_ROWS = 8;

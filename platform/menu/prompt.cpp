@@ -4,7 +4,7 @@
 #include "camera/system.h"
 #include "camera/tracking.h"
 #include "camera/zoom.h"
-#include "config/store.h"
+#include "store/store.h"
 #include "vocabulary/tables.h"
 
 #include <algorithm>

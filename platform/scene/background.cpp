@@ -1,7 +1,7 @@
 #include "background.h"
 
+#include "parts.h"
 #include "room.h"
-#include "ruler.h"
 
 #include <libyuv/planar_functions.h>
 

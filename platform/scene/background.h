@@ -1,7 +1,7 @@
 /// The still part of the scene, drawn once in tiles of several finenesses and scaled to the picture.
 #pragma once
 
-#include "canvas.h"
+#include "draw/canvas.h"
 
 #include <cmath>
 #include <list>
@@ -9,6 +9,8 @@
 
 namespace scene
 {
+using namespace draw;
+
 /// How directions map to a picture.
 struct Projection {
     float fPan, fTilt; // at the middle of the picture

@@ -1,4 +1,4 @@
-#include "dressing.h"
+#include "parts.h"
 
 #include "room.h"
 

@@ -1,7 +1,7 @@
 /// A video file or a capture device as the scene: decoded in step with the time that is asked for.
 #pragma once
 
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include <functional>
 #include <memory>

@@ -1,4 +1,5 @@
-#include "people.h"
+#include "parts.h"
+#include "scene/scene.h"
 
 #include "figure.h"
 

@@ -1,14 +1,14 @@
 /// The image settings and the view as the camera services have them at this moment.
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include "board/profile.h"
 #include "camera/focus.h"
-#include "camera/lensCurve.h"
 #include "camera/motion.h"
 #include "camera/system.h"
 #include "camera/zoom.h"
 #include "config/config.h"
-#include "exposure.h"
+#include "motion/lensCurve.h"
+#include "picture/exposure.h"
 #include "vocabulary/tables.h"
 
 #include <algorithm>
@@ -138,7 +138,8 @@ void readWhiteBalance(BU_S32 s32Pipe, PICTURE_SETTINGS_S &st)
     st.enWbMode = static_cast<tagWB_MODE_E>(valueOf(ISP_API_GetWbMode, s32Pipe));
     st.enAwbSensitivity = static_cast<tagAWB_SENSITIVITY_E>(valueOf(ISP_API_GetAwbSensitivity, s32Pipe));
     const auto fOwn = static_cast<BU_FLOAT>(std::max(valueOf(ISP_API_GetStWbMode, s32Pipe), 1000));
-    st.fColourTemp = pick({fOwn, scene::INDOOR_KELVIN, scene::OUTDOOR_KELVIN}, valueOf(ISP_API_GetStaticMode, s32Pipe));
+    st.fColourTemp =
+        pick({fOwn, picture::INDOOR_KELVIN, picture::OUTDOOR_KELVIN}, valueOf(ISP_API_GetStaticMode, s32Pipe));
     for (int i = 0; i < 3; ++i) {
         st.afGain[i] = static_cast<BU_FLOAT>(valueOf(GAINS[i], s32Pipe)) / ONE;
         st.afStrength[i] = static_cast<BU_FLOAT>(valueOf(STRENGTHS[i], s32Pipe)) / ONE;

@@ -3,12 +3,14 @@
 /// Metres; the camera is the origin, x to the right, y towards the stage, z up.
 #pragma once
 
-#include "canvas.h"
+#include "draw/canvas.h"
 
 #include <numbers>
 
 namespace scene
 {
+using namespace draw;
+
 constexpr float FLOOR_Z = -2.4F, CEILING_Z = 5, FRONT_Y = 12, BACK_Y = -8, SIDE_X = 9;
 constexpr float STAGE_Y = 8, STAGE_Z = -1.4F, STAGE_X = 7.6F;
 /// The projection screen on the front wall.

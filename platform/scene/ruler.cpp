@@ -1,4 +1,4 @@
-#include "ruler.h"
+#include "parts.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,14 +1,10 @@
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include "background.h"
-#include "dressing.h"
 #include "film.h"
-#include "people.h"
+#include "parts.h"
 #include "room.h"
 #include "util/log.h"
-
-#include <libyuv/planar_functions.h>
-#include <libyuv/scale.h>
 
 #include <algorithm>
 #include <cmath>
@@ -30,27 +26,6 @@ constexpr float APERTURE_M = 0.0023F; // opening of the lens at magnification 1
 constexpr float OPTICAL_LIMIT = 20;   // digital magnification does not open it further
 constexpr float BLUR_LIMIT = 48;      // pixels
 
-/// The chroma goes through separate planes: libyuv's own scaling of pairs darkens them by a step or two.
-void scale(const SCENE_FRAME_S &stIn, const SCENE_FRAME_S &stOut)
-{
-    const BU_S32 s32InW = stIn.s32Width / 2, s32InH = stIn.s32Height / 2, s32OutW = stOut.s32Width / 2,
-                 s32OutH = stOut.s32Height / 2;
-    const std::ptrdiff_t sIn = static_cast<std::ptrdiff_t>(s32InW) * s32InH,
-                         sOut = static_cast<std::ptrdiff_t>(s32OutW) * s32OutH;
-    thread_local std::vector<BU_U8> s_vec; // kept for its memory
-    s_vec.resize(std::max(s_vec.size(), static_cast<std::size_t>(2 * (sIn + sOut))));
-    BU_U8 *const apu8In[2] = {s_vec.data(), s_vec.data() + sIn}, *const apu8Out[2] = {apu8In[1] + sIn,
-                                                                                      apu8In[1] + sIn + sOut};
-
-    libyuv::ScalePlane(stIn.pu8Y, stIn.s32StrideY, stIn.s32Width, stIn.s32Height, stOut.pu8Y, stOut.s32StrideY,
-                       stOut.s32Width, stOut.s32Height, libyuv::kFilterBox);
-    libyuv::SplitUVPlane(stIn.pu8Uv, stIn.s32StrideUv, apu8In[0], s32InW, apu8In[1], s32InW, s32InW, s32InH);
-    for (int i = 0; i < 2; ++i)
-        libyuv::ScalePlane(apu8In[i], s32InW, s32InW, s32InH, apu8Out[i], s32OutW, s32OutW, s32OutH,
-                           libyuv::kFilterBox);
-    libyuv::MergeUVPlane(apu8Out[0], s32OutW, apu8Out[1], s32OutW, stOut.pu8Uv, stOut.s32StrideUv, s32OutW, s32OutH);
-}
-
 /// Softens a picture by a radius in pixels, across and down: made smaller and larger again.
 void soften(SCENE_S &stScene, Point stRadius, const SCENE_FRAME_S &st)
 {
@@ -66,7 +41,7 @@ void soften(SCENE_S &stScene, Point stRadius, const SCENE_FRAME_S &st)
                                 s32Width,
                                 s32Width,
                                 s32Height};
-    scale(st, stSmall);
+    SCENE_Scale(st, stSmall);
     stScene.stStretcher.stretch(stSmall, {0, 0, static_cast<double>(s32Width), static_cast<double>(s32Height)}, st);
 }
 
@@ -103,12 +78,6 @@ float blurRadius(const SCENE_VIEW_S &st, float fPixelsPerDegree)
 }
 } // namespace
 
-bool scene::isFrame(const SCENE_FRAME_S &st)
-{
-    const auto isSize = [](BU_S32 s32) { return s32 >= 16 && s32 <= 8192 && s32 % 2 == 0; };
-    return st.pu8Y && st.pu8Uv && isSize(st.s32Width) && isSize(st.s32Height);
-}
-
 SCENE_S *SCENE_Open(const BU_CHAR *pcScene)
 {
     if (!pcScene) pcScene = std::getenv("CAMERA_SCENE");
@@ -139,11 +108,4 @@ BU_S32 SCENE_RenderPanorama(SCENE_S *pstScene, BU_S64 s64TimeUs, const SCENE_FRA
 {
     if (!pstScene || !isFrame(stOut)) return -1;
     return render(*pstScene, {0, 0, SCENE_PANORAMA_FOV, stOut}, s64TimeUs, stOut);
-}
-
-BU_S32 SCENE_Scale(const SCENE_FRAME_S &stIn, const SCENE_FRAME_S &stOut)
-{
-    if (!isFrame(stIn) || !isFrame(stOut)) return -1;
-    scale(stIn, stOut);
-    return 0;
 }

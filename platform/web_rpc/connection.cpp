@@ -1,7 +1,7 @@
 #include "connection.h"
 
-#include "socketFile.h"
 #include "util/log.h"
+#include "web_client/socketFile.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,8 +1,8 @@
 /// The connection to one web server process: what goes to it, and never a wait for it.
 #pragma once
 
-#include "message.h"
 #include "util/fileDescriptor.h"
+#include "web_client/message.h"
 
 #include <deque>
 #include <map>

@@ -3,7 +3,7 @@
 #include "service.h"
 #include "util/journal.h"
 #include "util/log.h"
-#include "web/webClient.h"
+#include "web_client/client.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 // The web server process: its ports, and that it runs.
 #include "camera/systemService.h"
-#include "config/store.h"
+#include "store/store.h"
 #include "util/childProcess.h"
 #include "util/file.h"
 #include "util/journal.h"

@@ -6,10 +6,10 @@
 #include "camera/settingEvent.h"
 #include "camera/zoom.h"
 #include "config/config.h"
-#include "config/store.h"
-#include "media/scene.h"
 #include "presetPictures.h"
-#include "web/webClient.h"
+#include "scene/scene.h"
+#include "store/store.h"
+#include "web_client/client.h"
 
 #include <nlohmann/json.hpp>
 

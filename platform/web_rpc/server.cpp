@@ -1,9 +1,9 @@
 #include "server.h"
 
-#include "socketFile.h"
 #include "util/file.h"
 #include "util/log.h"
-#include "web/webClient.h"
+#include "web_client/client.h"
+#include "web_client/socketFile.h"
 
 #include <array>
 #include <cerrno>

@@ -2,7 +2,7 @@
 /// browser was killed, its network lost) must not leave the camera moving.
 #pragma once
 
-#include "web/webClient.h"
+#include "web_client/client.h"
 
 #include <map>
 #include <set>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "json.h"
-#include "password.h"
 #include "routes.h"
+#include "users/password.h"
 
 #include <cstddef>
 

@@ -241,13 +241,6 @@ std::string writeRecord(const Record &stRecord, const BU_CHAR *pcRecord)
     return writeObject(stRecord, pcRecord).dump(-1, ' ', false, Ordered::error_handler_t::replace);
 }
 
-bool isUtf8(std::string_view strText)
-try {
-    return !Ordered(strText).dump().empty();
-} catch (const Ordered::type_error &) {
-    return false;
-}
-
 std::string quoted(std::string_view strText)
 {
     return Ordered(strText).dump(-1, ' ', false, Ordered::error_handler_t::replace);

@@ -22,9 +22,6 @@ std::string readRecord(const web_layout::Record &stRecord, std::string_view strJ
 /// number is null.
 std::string writeRecord(const web_layout::Record &stRecord, const BU_CHAR *pcRecord);
 
-/// Whether a text is UTF-8: no request can hold another one.
-bool isUtf8(std::string_view strText);
-
 /// A text as a JSON string with its quotation marks; bytes that are no UTF-8 are replaced.
 std::string quoted(std::string_view strText);
 } // namespace web

@@ -1,14 +1,14 @@
 /// camera-web: the web server of the camera, a process of its own. The service starts and watches it.
-#include "certificate.h"
 #include "describe.h"
 #include "request.h"
 #include "server.h"
+#include "users/certificate.h"
 #include "util/file.h"
 #include "util/fileDescriptor.h"
 #include "util/log.h"
 #include "util/platform.h"
 #include "util/time.h"
-#include "web/webClient.h"
+#include "web_client/client.h"
 
 #include <algorithm>
 #include <array>

@@ -5,7 +5,8 @@
 /// finish function makes of the answer. It adds securityHeaders() to every answer, whoever made it.
 #pragma once
 
-#include "web/webClient.h"
+#include "users/users.h"
+#include "web_client/client.h"
 
 #include <functional>
 #include <memory>
@@ -19,8 +20,7 @@
 
 namespace web
 {
-/// Each may do what the ones before it may.
-enum class Role : BU_U8 { ANYONE, VIEWER, OPERATOR, ADMIN };
+using namespace users; // who may do what
 
 /// Texts are as they came: nothing is decoded, nothing may be trusted. An absent header is none.
 struct Request {

@@ -4,8 +4,8 @@
 #include "origin.h"
 #include "request.h"
 #include "sessions.h"
-#include "throttle.h"
-#include "users.h"
+#include "users/throttle.h"
+#include "users/users.h"
 #include "web/layout.h"
 
 #include <atomic>

@@ -1,7 +1,7 @@
 #include "sessions.h"
 
-#include "password.h"
-#include "secretFile.h"
+#include "users/password.h"
+#include "users/secretFile.h"
 #include "util/file.h"
 #include "util/log.h"
 

@@ -1,6 +1,8 @@
 /// Who is logged in. Kept in "/var/web/sessions.json", so that a new web server process knows its visitors.
 #pragma once
 
+#include "users/users.h"
+
 #include "base/types.h"
 
 #include <mutex>
@@ -11,6 +13,8 @@
 
 namespace web
 {
+using namespace users;
+
 constexpr const char *SESSIONS_FILE = "/var/web/sessions.json";
 
 /// Sessions end when the user logs out, after 12 hours without use and 7 days after the login. A user has 16 at most:

@@ -1,6 +1,6 @@
 #include "mediaCamera.h"
 
-#include "config/store.h"
+#include "store/store.h"
 #include "util/file.h"
 
 #include <cstdlib>

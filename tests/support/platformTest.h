@@ -2,7 +2,7 @@
 #pragma once
 
 #include "camera/settingEvent.h"
-#include "config/store.h"
+#include "store/store.h"
 #include "util/file.h"
 #include "util/journal.h"
 #include "util/thread.h"

@@ -1,8 +1,8 @@
 // The encoder alone.
-#include "../../../platform/media/videoEncoder.h"
 #include "baselines.h"
-#include "config/store.h"
 #include "rtspLoad.h"
+#include "store/store.h"
+#include "videoEncoder.h"
 
 #include <cstdio>
 #include <stdexcept>

@@ -1,6 +1,6 @@
 #include "baselines.h"
 
-#include "cameraProcess.h"
+#include "support/cameraProcess.h"
 
 #include <csignal>
 #include <cstdio>

@@ -1,7 +1,7 @@
 #include "cacheHandOver.h"
 
-#include "../../../platform/media/streamCache.h"
 #include "baselines.h"
+#include "streamCache.h"
 
 #include <chrono>
 #include <climits>
@@ -51,7 +51,7 @@ template <class Wait, class Wake> double loadOfThreads(bool bPaced, Wait fnWait,
     });
 }
 
-media::Writer writer()
+media::tagWRITER_S writer()
 {
     return {[] {}, [] { return 0; }, [] { return 0; }};
 }

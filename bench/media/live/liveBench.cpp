@@ -1,9 +1,9 @@
 // Live video of a running camera, each figure beside a baseline that is measured in the same run.
 #include "baselines.h"
 #include "cacheHandOver.h"
-#include "cameraProcess.h"
 #include "rtspLoad.h"
-#include "viewer.h"
+#include "support/cameraProcess.h"
+#include "support/viewer.h"
 
 #include <algorithm>
 #include <array>
@@ -270,7 +270,6 @@ int run(const std::string &strOnly)
     allowManyConnections();
     char acFolder[] = "/tmp/camera-bench-XXXXXX";
     const std::string strFolder = mkdtemp(acFolder);
-    setenv("CAMERA_ROOT", strFolder.c_str(), 1); // of this process and the baselines; the camera has another
     printMachine();
     if (isWanted("cache")) handOver();
     if (isWanted("start")) starts(strFolder);

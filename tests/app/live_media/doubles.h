@@ -4,8 +4,8 @@
 
 #include "board/profile.h"
 #include "live_media/liveMedia.h"
-#include "live_media/liveMediaRecord.h"
 #include "media/stream.h"
+#include "record.h"
 #include "support/platformTest.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 // Which output runs for which channel: start and stop, protocols of a channel, restart; outputs with an instance a
 // channel; preview and Dante.
 #include "doubles.h"
-#include "live_media/perChannel.h"
+#include "perChannel.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

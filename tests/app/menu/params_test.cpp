@@ -1,9 +1,9 @@
 // Every key of the menu, once through the dispatch table, with the calls it makes.
 #include "camera/image.h"
-#include "config/store.h"
 #include "menu/menu.h"
-#include "menu/menuParam.h"
 #include "modules.h"
+#include "param.h"
+#include "store/store.h"
 #include "support/platformTest.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "camera/systemService.h"
 #include "description.h"
 #include "menu/menu.h"
-#include "menu/menuParam.h"
+#include "param.h"
 #include "support/place.h"
 #include "support/platformTest.h"
 

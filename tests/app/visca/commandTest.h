@@ -1,6 +1,8 @@
 /// Rows of command tests: a message goes in; a result, an answer and the calls on the camera's services come out.
 #pragma once
 
+#include "handlers.h"
+
 #include "viscaTest.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 #include "camera/image.h"
+#include "handlers.h"
 #include "support/platformTest.h"
 #include "web/colorMatrixPayload.h"
-#include "web/webHandlers.h"
 
 #include <tuple>
 

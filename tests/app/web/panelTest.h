@@ -1,9 +1,9 @@
 // Asks and sets items of the panels and shows what the service did.
 #pragma once
 
+#include "handlers.h"
 #include "support/platformTest.h"
 #include "web/panelPayload.h"
-#include "web/webHandlers.h"
 
 typedef std::vector<std::string> Effects;
 typedef tag_WEB_RPC_PANEL_REQ_PAYLOAD_S Request;

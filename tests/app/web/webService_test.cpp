@@ -1,9 +1,9 @@
 // Start and stop of the web service: what is registered, in which order, with which payloads.
+#include "placeholder.h"
+#include "service.h"
 #include "support/platformTest.h"
 #include "web/events.h"
 #include "web/web.h"
-#include "web/webPlaceholder.h"
-#include "web/webService.h"
 #include "webServiceDoubles.h"
 
 #include <memory>

@@ -4,8 +4,8 @@
 #include "camera/preset.h"
 #include "camera/system.h"
 #include "camera/systemService.h"
-#include "media/scene.h"
 #include "menuTest.h"
+#include "scene/scene.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,9 +1,9 @@
 // Walks through the menu as it is shipped: keys on one side, what is shown and what is confirmed on the other.
 #include "camera/system.h"
-#include "config/store.h"
 #include "menuTest.h"
 #include "navigator.h"
 #include "painter.h"
+#include "store/store.h"
 
 #include <map>
 

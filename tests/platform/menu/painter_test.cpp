@@ -1,6 +1,6 @@
 #include <SDL2/SDL_surface.h>
 
-#include "fonts.h"
+#include "draw/fonts.h"
 #include "menuTest.h"
 #include "painter.h"
 #include "prompt.h"
@@ -62,7 +62,7 @@ TEST(MenuPainter, TheSelectedRowIsObvious)
     }
 }
 
-constexpr menu::Font FONT{menu::Face::REGULAR, 20};
+constexpr menu::Font FONT{draw::Face::REGULAR, 20};
 
 TEST(MenuPainter, CutTextsKeepWholeCharacters)
 {
@@ -71,7 +71,7 @@ TEST(MenuPainter, CutTextsKeepWholeCharacters)
         const std::string strCut = menu::fitted(FONT, "äöüäöüäöüäöüäöüäöüäöü", s32Width);
         EXPECT_THAT(strCut, EndsWith("…"));
         EXPECT_EQ(strCut.size() % 2, 1U) << strCut; // two bytes each, and the three of the ellipsis
-        EXPECT_LE(menu::widthOf(FONT, strCut), s32Width);
+        EXPECT_LE(draw::widthOf(FONT, strCut), s32Width);
     }
 }
 
@@ -87,7 +87,7 @@ TEST(MenuPainter, ALineMixesFonts)
     EXPECT_EQ(runs[1].strText, "更改");
     int s32Width = 0;
     for (const menu::Run &run : runs) s32Width += run.s32Width;
-    EXPECT_EQ(menu::widthOf(FONT, "◄ ► 更改 2D"), s32Width);
+    EXPECT_EQ(draw::widthOf(FONT, "◄ ► 更改 2D"), s32Width);
 }
 
 TEST(MenuPainter, FourBitsAChannelKeepColourAndAlpha)
@@ -110,7 +110,7 @@ TEST(MenuPainter, ALineHasRoomForItsText)
 {
     constexpr BU_S32 HEIGHT = 34, PAD = HEIGHT / 2;
     for (std::string strText = "2"; strText.size() < 60; strText += "i.x") {
-        const int s32Text = menu::widthOf({menu::Face::REGULAR, HEIGHT * 6 / 10}, strText);
+        const int s32Text = draw::widthOf({draw::Face::REGULAR, HEIGHT * 6 / 10}, strText);
         const auto surface = menu::paintLine(strText, HEIGHT, 4000);
         EXPECT_GE(surface->w, s32Text + 2 * PAD) << strText;
         EXPECT_LE(menu::paintLine(strText, HEIGHT, 100)->w, 100) << strText;

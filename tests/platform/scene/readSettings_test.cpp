@@ -1,5 +1,5 @@
 // What the camera services hold, as the picture takes it.
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include "camera/focus.h"
 #include "camera/motion.h"

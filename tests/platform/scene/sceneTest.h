@@ -1,7 +1,7 @@
 /// A picture with its own memory, for the tests of the scene.
 #pragma once
 
-#include "media/scene.h"
+#include "scene/scene.h"
 
 #include <memory>
 #include <vector>

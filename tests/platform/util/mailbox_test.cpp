@@ -1,5 +1,4 @@
 /// Hand-overs between threads, and lists of listeners that change while they are walked.
-#include "support/await.h"
 #include "util/listeners.h"
 #include "util/mailbox.h"
 #include "util/thread.h"
@@ -40,10 +39,10 @@ TEST(Mailbox, WaitingTakerGetsEachInOrderAndGoesWhenStoppedOrClosed)
             ended.set_value();
         });
         work.post([&] { done.push_back(1), work.post([&] { done.push_back(2), second.set_value(); }); });
-        soon(second);
+        second.get_future().wait();
         if (bClose) {
             work.close();
-            soon(ended);
+            ended.get_future().wait();
         }
         taker = {};
         EXPECT_THAT(done, ElementsAre(1, 2));

@@ -2,9 +2,9 @@
 /// sent as text.
 #pragma once
 
+#include "net.h"
 #include "support/platformTest.h"
-#include "viscaNet.h"
-#include "viscaTurn.h"
+#include "turn.h"
 
 #include "board/profile.h"
 #include "camera/motion.h"

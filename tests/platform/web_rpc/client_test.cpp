@@ -1,5 +1,5 @@
-#include "socketFile.h"
 #include "webRpcTest.h"
+#include "web_client/socketFile.h"
 
 #include <fcntl.h>
 #include <future>

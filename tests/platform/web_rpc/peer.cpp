@@ -1,6 +1,6 @@
 #include "peer.h"
 
-#include "socketFile.h"
+#include "web_client/socketFile.h"
 
 #include <gtest/gtest.h>
 

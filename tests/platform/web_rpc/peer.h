@@ -1,8 +1,8 @@
 /// A web server's end of the socket, by hand: packets out, packets in.
 #pragma once
 
-#include "message.h"
 #include "util/fileDescriptor.h"
+#include "web_client/message.h"
 
 #include <string>
 

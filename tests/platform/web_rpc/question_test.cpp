@@ -4,7 +4,7 @@
 #include "camera/system.h"
 #include "camera/zoom.h"
 #include "media/pipeline.h"
-#include "media/scene.h"
+#include "scene/scene.h"
 #include "webRpcTest.h"
 
 #include <fstream>

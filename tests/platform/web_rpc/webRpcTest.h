@@ -3,14 +3,14 @@
 #pragma once
 
 #include "camera/settingEvent.h"
-#include "config/store.h"
 #include "peer.h"
+#include "store/store.h"
 #include "util/file.h"
 #include "util/thread.h"
 #include "util/time.h"
 #include "web/panelPayload.h"
-#include "web/webClient.h"
 #include "web/webRpc.h"
+#include "web_client/client.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

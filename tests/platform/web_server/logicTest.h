@@ -1,8 +1,8 @@
 #pragma once
 
-#include "password.h"
 #include "request.h"
 #include "routes.h"
+#include "users/password.h"
 #include "webRoot.h"
 
 #include <ctime>

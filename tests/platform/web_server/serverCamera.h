@@ -1,7 +1,7 @@
 /// The camera behind the web server in these tests: it takes calls and questions, and answers when it is told to.
 #pragma once
 
-#include "web/webClient.h"
+#include "web_client/client.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "serverTest.h"
 
-#include "certificate.h"
+#include "users/certificate.h"
 #include "util/file.h"
 
 #include <cstdlib>

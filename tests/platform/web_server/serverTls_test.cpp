@@ -1,5 +1,5 @@
-#include "certificate.h"
 #include "serverTest.h"
+#include "users/certificate.h"
 #include "util/file.h"
 
 #include <fstream>

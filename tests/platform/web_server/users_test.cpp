@@ -1,7 +1,7 @@
-#include "password.h"
 #include "sessions.h"
-#include "throttle.h"
-#include "users.h"
+#include "users/password.h"
+#include "users/throttle.h"
+#include "users/users.h"
 #include "webRoot.h"
 
 #include <csignal>

@@ -1,0 +1,38 @@
+# The libraries of the platform stand on floors: one may use those of lower floors, and only what it names.
+
+# platform_floor(N library ...): the libraries of the folders of that name.
+function(platform_floor floor)
+    foreach(library ${ARGN})
+        set_property(GLOBAL PROPERTY FLOOR_${library} ${floor})
+        add_subdirectory(${library})
+    endforeach()
+endfunction()
+
+# platform_library(name SOURCES ... USES library ... PACKAGES pkg-config module ... LIBRARIES ...)
+# Sees the contract, its own folder, and the folder include/ of the libraries it uses. What others may include of it
+# stands in its own include/<name>/. PROGRAM: of a program of its own; the camera does not link it.
+function(platform_library name)
+    cmake_parse_arguments(arg "PROGRAM" "" "SOURCES;USES;PACKAGES;LIBRARIES" ${ARGN})
+    set(target platform_${name})
+    add_library(${target} STATIC ${arg_SOURCES})
+    target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/include PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${target} PUBLIC contract PRIVATE ${arg_LIBRARIES})
+    get_property(floor GLOBAL PROPERTY FLOOR_${name})
+    foreach(used ${arg_USES})
+        get_property(used_floor GLOBAL PROPERTY FLOOR_${used})
+        if(NOT used_floor LESS floor)
+            message(FATAL_ERROR "${name} (floor ${floor}) uses ${used} (floor ${used_floor}): only lower floors")
+        endif()
+        target_link_libraries(${target} PRIVATE platform_${used})
+    endforeach()
+    foreach(package ${arg_PACKAGES})
+        if(NOT TARGET PkgConfig::${package})
+            pkg_check_modules(${package} REQUIRED IMPORTED_TARGET GLOBAL ${package})
+        endif()
+        target_link_libraries(${target} PRIVATE PkgConfig::${package})
+    endforeach()
+    set_property(GLOBAL APPEND PROPERTY PLATFORM_LIBRARIES ${target})
+    if(NOT arg_PROGRAM)
+        set_property(GLOBAL APPEND PROPERTY CAMERA_LIBRARIES ${target})
+    endif()
+endfunction()

@@ -1,0 +1,151 @@
+#include "camera/preset.h"
+
+#include "motion/presetListeners.h"
+#include "service.h"
+#include "store/store.h"
+#include "util/journal.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+
+namespace
+{
+using namespace motion;
+
+constexpr BU_S32 PRESET_MAX = 999;
+constexpr BU_S32 PRESET_HOME = -1;
+constexpr BU_S32 HOME_NUMBER = 0; // becomes home under its name
+constexpr const BU_CHAR *HOME_NAME = "PresetHome";
+constexpr std::size_t PRESET_NAME_SIZE = sizeof(PRESET_INFO_S::acName) - 1;
+
+struct tagSPECIAL_S {
+    std::string strName;
+    FN_PRESET_INTERRUPT_CALL fnHandler;
+    void *pvUser;
+};
+struct tagSPECIALS_S {
+    std::mutex lock; // guards the map
+    std::map<BU_S32, std::shared_ptr<const tagSPECIAL_S>> byNumber;
+    util::TimerQueue queue{"preset"}; // runs the handlers
+};
+tagSPECIALS_S &specials()
+{
+    static auto *pstSpecials = new tagSPECIALS_S;
+    return *pstSpecials;
+}
+
+std::shared_ptr<const tagSPECIAL_S> special(BU_S32 s32Preset)
+{
+    const std::lock_guard guard(specials().lock);
+    const auto entry = specials().byNumber.find(s32Preset);
+    return entry == specials().byNumber.end() ? nullptr : entry->second;
+}
+
+bool isNumber(BU_S32 s32Preset) { return s32Preset >= 0 && s32Preset <= PRESET_MAX; }
+
+tagPOSITION_S positionOf(const CFG_PRESET_S &st)
+{
+    return {{st.s32PanPos, st.s32TiltPos}, st.s32ZoomPos, st.s32FocusPos};
+}
+
+tagPOSITION_S homePosition()
+{
+    CFG_PRESET_S stPreset;
+    if (CFG_STORE_GetPreset(HOME_NUMBER, &stPreset) == 0 && stPreset.strName == HOME_NAME) return positionOf(stPreset);
+    return {{MOTOR_CENTRE, MOTOR_CENTRE}, 0, std::nullopt};
+}
+
+std::string nameFor(BU_S32 s32Preset, const BU_CHAR *pcName)
+{
+    if (pcName && *pcName) return std::string(pcName, strnlen(pcName, PRESET_NAME_SIZE));
+    CFG_PRESET_S stPreset;
+    if (CFG_STORE_GetPreset(s32Preset, &stPreset) == 0 && !stPreset.strName.empty()) return stPreset.strName;
+    return "Preset" + std::to_string(s32Preset);
+}
+} // namespace
+
+BU_S32 PRESET_API_GotoById(BU_S32 s32Preset, PT_CTRL_FROM_E enFrom, void *pvPrivate)
+{
+    if (const auto injected = journal::call(__func__, s32Preset, enFrom, pvPrivate)) return *injected;
+    if (s32Preset == PRESET_HOME) return recall(homePosition(), enFrom, pvPrivate);
+    if (auto entry = special(s32Preset)) {
+        specials().queue.at(UTIL_TIME_NowMs(), [entry = std::move(entry)] { entry->fnHandler(entry->pvUser); });
+        return 0;
+    }
+    CFG_PRESET_S stPreset;
+    if (!isNumber(s32Preset) || CFG_STORE_GetPreset(s32Preset, &stPreset) != 0) return -1;
+    return recall(positionOf(stPreset), enFrom, pvPrivate);
+}
+
+BU_S32 PRESET_API_GotoHome(PT_CTRL_FROM_E enFrom, void *pvPrivate)
+{
+    if (const auto injected = journal::call(__func__, enFrom, pvPrivate)) return *injected;
+    return recall(homePosition(), enFrom, pvPrivate);
+}
+
+BU_S32 PRESET_API_GotoPowerUpPosition()
+{
+    if (const auto injected = journal::call(__func__)) return *injected;
+    BU_S32 s32Preset = PRESET_HOME;
+    PT_API_GetPowerUpPtzPos(0, &s32Preset);
+    CFG_PRESET_S stPreset;
+    const bool bStored = isNumber(s32Preset) && CFG_STORE_GetPreset(s32Preset, &stPreset) == 0;
+    place(bStored ? positionOf(stPreset) : homePosition());
+    return 0;
+}
+
+BU_S32 PRESET_API_RegisterSuperseded(PT_CTRL_FROM_E enFrom, PFN_PRESET_SUPERSEDED pfn)
+{
+    if (const auto injected = journal::call(__func__, enFrom)) return *injected;
+    if (enFrom < 0 || enFrom >= PT_CTRL_E_FROM_BUTT) return -1;
+    const std::lock_guard guard(motion::motion().lock);
+    motion::motion().apfnSuperseded[enFrom] = pfn;
+    return 0;
+}
+
+BU_S32 PRESET_API_SetCur(BU_S32 s32Preset, const BU_CHAR *pcName)
+{
+    if (const auto injected = journal::call(__func__, s32Preset, pcName)) return *injected;
+    if (!isNumber(s32Preset) || special(s32Preset)) return -1;
+    const tagPOSITION_S st = currentPosition();
+    const BU_S32 s32Ret = CFG_STORE_SetPreset({s32Preset, nameFor(s32Preset, pcName), st.stHead.s32Pan,
+                                               st.stHead.s32Tilt, st.s32Zoom, st.focus.value_or(FOCUS_FAR_END)});
+    if (s32Ret == 0) presets::announce(s32Preset);
+    return s32Ret;
+}
+
+BU_S32 PRESET_API_DeleteById(BU_S32 s32Preset)
+{
+    if (const auto injected = journal::call(__func__, s32Preset)) return *injected;
+    if (!isNumber(s32Preset) || CFG_STORE_DeletePreset(s32Preset) != 0) return -1;
+    presets::announce(s32Preset);
+    return 0;
+}
+
+BU_S32 PRESET_API_QueryById(BU_S32 s32Preset, PRESET_INFO_S *pstInfo)
+{
+    if (const auto injected = journal::ask(__func__, s32Preset)) return *injected;
+    CFG_PRESET_S stPreset;
+    if (!pstInfo || CFG_STORE_GetPreset(s32Preset, &stPreset) != 0) return -1;
+    *pstInfo = {s32Preset, {}, stPreset.s32PanPos, stPreset.s32TiltPos, stPreset.s32ZoomPos, stPreset.s32FocusPos};
+    stPreset.strName.copy(pstInfo->acName, PRESET_NAME_SIZE);
+    return 0;
+}
+
+BU_S32 PRESET_API_QuerySpecialById(BU_S32 s32Preset)
+{
+    if (const auto injected = journal::ask(__func__, s32Preset)) return *injected;
+    return special(s32Preset) ? 0 : -1;
+}
+
+BU_S32 PRESET_API_RegisterIdInterrupt(BU_S32 s32Preset, const BU_CHAR *pcName, FN_PRESET_INTERRUPT_CALL fnHandler,
+                                      void *pvUser)
+{
+    if (const auto injected = journal::call(__func__, s32Preset, pcName)) return *injected;
+    if (!isNumber(s32Preset) || !fnHandler) return -1;
+    auto entry = std::make_shared<const tagSPECIAL_S>(tagSPECIAL_S{pcName ? pcName : "", std::move(fnHandler), pvUser});
+    const std::lock_guard guard(specials().lock);
+    specials().byNumber[s32Preset] = std::move(entry);
+    return 0;
+}

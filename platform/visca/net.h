@@ -1,0 +1,75 @@
+/// The network receiver: one thread for all ports and clients.
+#pragma once
+
+#include "tcp.h"
+#include "udp.h"
+
+#include "util/thread.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace visca
+{
+/// Where a receiver listens.
+struct Endpoint {
+    CMD_FROM_E enFrom{}; ///< OVER_IP_IN, NET_UDP_IN or NET_TCP_IN
+    std::string strAddress;
+    BU_S32 s32Port = 0; ///< 0: any free one
+    bool operator==(const Endpoint &) const = default;
+};
+
+class Net
+{
+public:
+    /// Opens what can be opened and starts to receive. What cannot is logged. @return whether something listens
+    bool start(const std::vector<Endpoint> &listEndpoints);
+    /// Returns when the thread has ended; every connection is closed.
+    void stop();
+    bool isRunning() const { return m_thread != nullptr; }
+
+    /// Makes `listEndpoints` the open ones: those open already stay as they are, others are closed. First calls
+    /// `fnCommit` when all new ones could be opened. @return false: one could not, or fnCommit said no: all as before
+    bool change(const std::vector<Endpoint> &listEndpoints, const std::function<bool()> &fnCommit);
+
+    /// The port that a kind of receiver got; 0: it does not listen.
+    BU_U16 portOf(CMD_FROM_E enFrom) const;
+
+    BU_S32 sendUdp(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes) { return m_udp.send(stPri, bytes); }
+    BU_S32 sendTcp(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes) { return m_tcp.send(stPri, bytes); }
+
+private:
+    struct Open {
+        Endpoint endpoint;
+        int fd = -1;
+        BU_U16 u16Port = 0;
+    };
+    void loop(const std::stop_token &stop);
+    void collect(int timeoutMs);
+    void handleEvent(BU_U64 u64What, BU_U32 u32Events);
+    void runTasks();
+    void onNetThread(const std::function<void()> &fnTask);
+    void install(const std::vector<Open> &listOpen);
+    void listenForClients(bool bOn);
+    void flush();
+
+    mutable std::mutex m_mutexOpen; ///< guards m_listOpen
+    std::vector<Open> m_listOpen;
+    std::mutex m_mutexTask; ///< guards m_listTask
+    std::vector<std::function<void()>> m_listTask;
+    int m_fdEpoll = -1, m_fdWake = -1;
+    // Of the network thread:
+    int m_fdListen = -1;
+    bool m_bListening = false;
+    UdpPorts m_udp;
+    TcpClients m_tcp;
+    std::vector<std::array<BU_U8, 512>> m_buffer{Turn::MAX_SOURCES};
+    std::size_t m_buffers = 0; ///< in use in this turn
+    BU_U32 m_u32Turn = 0;
+    Turn m_turn{[this] { flush(); }, [this] { collect(0); }};
+    std::unique_ptr<util::Thread> m_thread;
+};
+/// The camera's one; it lives as long as the process.
+Net &net();
+} // namespace visca

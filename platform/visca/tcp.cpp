@@ -1,0 +1,229 @@
+#include "tcp.h"
+
+#include "util/log.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/epoll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace visca
+{
+namespace
+{
+thread_local bool t_bGather = false;
+constexpr BU_U32 INDEX_BITS = 10;
+constexpr std::size_t KEPT_CAPACITY = 512; // of an idle client's answers
+static_assert(TcpClients::MAX_CLIENTS <= 1u << INDEX_BITS);
+
+/// A peer that vanished without a word is found within two minutes; a client that is only silent stays.
+void prepare(int fd)
+{
+    const auto set = [fd](int level, int option, int value) { ::setsockopt(fd, level, option, &value, sizeof value); };
+    set(IPPROTO_TCP, TCP_NODELAY, 1);
+    set(SOL_SOCKET, SO_KEEPALIVE, 1);
+    set(IPPROTO_TCP, TCP_KEEPIDLE, 60);
+    set(IPPROTO_TCP, TCP_KEEPINTVL, 15);
+    set(IPPROTO_TCP, TCP_KEEPCNT, 4);
+}
+} // namespace
+
+TcpClients::TcpClients() : m_client(MAX_CLIENTS), m_fdReserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
+{
+    for (std::size_t i = MAX_CLIENTS; i-- > 0;) m_free.push_back(static_cast<BU_U16>(i));
+    m_dirty.reserve(MAX_CLIENTS);
+}
+
+void TcpClients::gatherHere() { t_bGather = true; }
+
+BU_U32 TcpClients::idOf(const Client &client) const
+{
+    return client.u32Generation << INDEX_BITS | static_cast<BU_U32>(&client - m_client.data());
+}
+
+TcpClients::Client *TcpClients::find(BU_U32 u32Id)
+{
+    const BU_U32 u32Index = u32Id & ((1u << INDEX_BITS) - 1);
+    if (u32Index >= m_client.size()) return nullptr;
+    Client &client = m_client[u32Index];
+    return client.fd >= 0 && idOf(client) == u32Id ? &client : nullptr;
+}
+
+bool TcpClients::acceptFrom(int fdListen, int fdEpoll)
+{
+    for (int i = 0; i < 64; ++i) {
+        sockaddr_in stFrom{};
+        socklen_t size = sizeof stFrom;
+        const int fd = ::accept4(fdListen, reinterpret_cast<sockaddr *>(&stFrom), &size, SOCK_NONBLOCK | SOCK_CLOEXEC);
+        if (fd >= 0) {
+            admit(fd, fdEpoll, ntohs(stFrom.sin_port));
+            continue;
+        }
+        if (errno == EINTR || errno == ECONNABORTED) continue;
+        if (errno != EMFILE && errno != ENFILE) return true;
+        if (m_fdReserve < 0) return false;
+        ::close(m_fdReserve); // the connection would stay in the queue and wake us for ever
+        const int fdTurnedAway = ::accept4(fdListen, nullptr, nullptr, SOCK_CLOEXEC);
+        if (fdTurnedAway >= 0) ::close(fdTurnedAway);
+        m_fdReserve = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+        if (fdTurnedAway < 0) return false;
+        LOG_WARN("no file descriptor for a VISCA client, turned away\n");
+    }
+    return true;
+}
+
+void TcpClients::admit(int fd, int fdEpoll, BU_U16 u16Port)
+{
+    if (m_free.empty()) {
+        LOG_WARN("%zu VISCA clients are connected, the next is turned away\n", m_size);
+        ::close(fd);
+        return;
+    }
+    prepare(fd);
+    Client &client = m_client[m_free.back()];
+    {
+        const std::lock_guard lock(m_mutex);
+        client.u32Generation = (client.u32Generation + 1) & (0xFFFFFFFFu >> INDEX_BITS);
+        client.fd = fd;
+        client.u16Port = u16Port;
+        client.bLeft = false;
+        client.u32Events = EPOLLIN;
+        m_fdEpoll = fdEpoll;
+    }
+    client.splitter = {};
+    client.u32Turn = 0;
+    library().sockets.forget(client.peer);
+    epoll_event stEvent{};
+    stEvent.events = EPOLLIN;
+    stEvent.data.u64 = idOf(client);
+    if (::epoll_ctl(fdEpoll, EPOLL_CTL_ADD, fd, &stEvent) == 0) {
+        m_free.pop_back();
+        ++m_size;
+        return;
+    }
+    const std::lock_guard lock(m_mutex);
+    ::close(std::exchange(client.fd, -1));
+}
+
+bool TcpClients::handle(BU_U32 u32Id, BU_U32 u32Events, Turn &turn, BU_U32 u32Turn, std::span<BU_U8> buffer)
+{
+    Client *client = find(u32Id); // only this thread changes what find reads
+    if (!client) return false;
+    if (u32Events & (EPOLLERR | EPOLLHUP) && !(u32Events & EPOLLIN)) {
+        close(*client);
+        return false;
+    }
+    if (u32Events & EPOLLOUT) {
+        const std::lock_guard lock(m_mutex);
+        sendOut(*client, u32Id);
+    }
+    return u32Events & EPOLLIN && readFrom(*client, u32Id, turn, u32Turn, buffer);
+}
+
+bool TcpClients::readFrom(Client &client, BU_U32 u32Id, Turn &turn, BU_U32 u32Turn, std::span<BU_U8> buffer)
+{
+    if (turn.isFull()) return false;
+    const ssize_t size = ::recv(client.fd, buffer.data(), buffer.size(), 0);
+    if (size == 0 && client.u32Turn != u32Turn) onLeft(client, u32Id); // else when its packets are done
+    if (size < 0 && errno != EAGAIN && errno != EINTR) close(client);
+    if (size <= 0) return false;
+    if (client.u32Turn != u32Turn) {
+        client.u32Turn = u32Turn;
+        client.u16Lane = turn.addLane(client.peer);
+    }
+    VISCA_MSG_PRI_S stFrom{};
+    stFrom.enFrom = CMD_FROM_E_NET_TCP_IN;
+    stFrom.stIpMsg.u64IpAddr = u32Id;
+    stFrom.stIpMsg.u32Port = client.u16Port;
+    turn.addStream(client.u16Lane, stFrom, buffer.first(static_cast<std::size_t>(size)), &client.splitter);
+    return true;
+}
+
+/// The client has closed its side. It still gets the answers of what it has sent.
+void TcpClients::onLeft(Client &client, BU_U32 u32Id)
+{
+    if (library().sockets.isEnding(client.peer)) return; // we hear of it again at once
+    const bool bWaits = library().sockets.isBusy(client.peer);
+    {
+        const std::lock_guard lock(m_mutex);
+        client.bLeft = true;
+        if (bWaits || !client.out.empty()) return listenFor(client, u32Id);
+    }
+    close(client);
+}
+
+void TcpClients::close(Client &client)
+{
+    library().sockets.forget(client.peer);
+    const std::lock_guard lock(m_mutex);
+    ::close(std::exchange(client.fd, -1));
+    std::vector<BU_U8>().swap(client.out);
+    client.bDirty = false;
+    m_free.push_back(static_cast<BU_U16>(&client - m_client.data()));
+    --m_size;
+}
+
+void TcpClients::closeAll()
+{
+    for (Client &client : m_client)
+        if (client.fd >= 0) close(client);
+}
+
+BU_S32 TcpClients::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes)
+{
+    const BU_U32 u32Id = origin::peerOf(stPri);
+    const std::lock_guard lock(m_mutex);
+    Client *client = find(u32Id);
+    if (!client) return -1;
+    if (client->out.size() + bytes.size() > MAX_UNREAD) {
+        ::shutdown(client->fd, SHUT_RDWR); // the network thread hears of it and closes
+        return -1;
+    }
+    client->out.insert(client->out.end(), bytes.begin(), bytes.end());
+    if (!t_bGather)
+        sendOut(*client, u32Id);
+    else if (!std::exchange(client->bDirty, true))
+        m_dirty.push_back(u32Id);
+    return 0;
+}
+
+void TcpClients::flush()
+{
+    const std::lock_guard lock(m_mutex);
+    for (const BU_U32 u32Id : m_dirty)
+        if (Client *client = find(u32Id)) {
+            client->bDirty = false;
+            sendOut(*client, u32Id);
+        }
+    m_dirty.clear();
+}
+
+/// Sends what the client takes; the rest waits until it takes more.
+void TcpClients::sendOut(Client &client, BU_U32 u32Id)
+{
+    const ssize_t sent = ::send(client.fd, client.out.data(), client.out.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    if (sent < 0 && errno != EAGAIN && errno != EINTR) {
+        client.out.clear();
+        ::shutdown(client.fd, SHUT_RDWR);
+        return;
+    }
+    if (sent > 0) client.out.erase(client.out.begin(), client.out.begin() + sent);
+    if (client.out.empty() && client.out.capacity() > KEPT_CAPACITY) std::vector<BU_U8>().swap(client.out);
+    if (client.out.empty() && client.bLeft && !library().sockets.isBusy(client.peer))
+        ::shutdown(client.fd, SHUT_RDWR); // all answered
+    listenFor(client, u32Id);
+}
+
+void TcpClients::listenFor(Client &client, BU_U32 u32Id)
+{
+    epoll_event stEvent{};
+    stEvent.events = (client.bLeft ? 0u : BU_U32{EPOLLIN}) | (client.out.empty() ? 0u : BU_U32{EPOLLOUT});
+    stEvent.data.u64 = u32Id;
+    if (stEvent.events == client.u32Events) return;
+    client.u32Events = stEvent.events;
+    ::epoll_ctl(m_fdEpoll, EPOLL_CTL_MOD, client.fd, &stEvent);
+}
+} // namespace visca

@@ -1,0 +1,373 @@
+// Output format, factory restore, stand-by, tracking, serial ports, menu state.
+#include "../settings/settingsTest.h"
+#include "camera/image.h"
+#include "camera/menu.h"
+#include "camera/serial.h"
+#include "camera/system.h"
+#include "camera/systemService.h"
+#include "camera/tracking.h"
+#include "media/audio.h"
+#include "media/pipeline.h"
+#include "vocabulary/wordSetters.h"
+
+#include <tuple>
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+class SystemSettings : public PlatformTest
+{
+};
+
+TEST_F(SystemSettings, AFormatReachesItsOutput)
+{
+    struct {
+        const BU_CHAR *pcFormat, *pcFps;
+        BU_U32 u32Width, u32Height;
+        BU_S32 s32Fps;
+        BU_BOOL bInterlaced;
+    } const rows[] = {{"Format-4K", "Fps60", 3840, 2160, 60, BU_FALSE},
+                      {"Format-4K", "Fps59p94", 3840, 2160, 59940, BU_FALSE},
+                      {"Format-1080P", "Fps50", 1920, 1080, 50, BU_FALSE},
+                      {"Format-1080P", "Fps30", 1920, 1080, 30, BU_FALSE},
+                      {"Format-1080P", "Fps29p97", 1920, 1080, 29970, BU_FALSE},
+                      {"Format-1080I", "Fps25", 1920, 1080, 25, BU_TRUE},
+                      {"Format-720P", "Fps24", 1280, 720, 24, BU_FALSE},
+                      {"Format-720P", "Fps23p98", 1280, 720, 23980, BU_FALSE}};
+    for (const auto &row : rows) {
+        ASSERT_EQ(SYSTEM_API_SetHdmiCfg(row.pcFormat, row.pcFps, HDMI_CS_E_YUV420, BU_FALSE), 0);
+        ASSERT_EQ(SYSTEM_API_SetSdiCfg("Format-720P", "Fps50", HDMI_CS_E_RGB, BU_FALSE), 0);
+        MPP_VOUT_CFG_S st{};
+        ASSERT_EQ(MPP_GetVoutCfg(MPP_VOUT_ID_2, &st), 0);
+        EXPECT_EQ(std::tuple(st.stResolution.u32Width, st.stResolution.u32Height, st.s32Fps, st.bInterlaced),
+                  std::tuple(row.u32Width, row.u32Height, row.s32Fps, row.bInterlaced));
+        EXPECT_EQ(st.s32OutputCs, HDMI_CS_E_YUV420);
+        EXPECT_EQ(stored("Format"), HDMI_FORMAT_E_1080P); // nothing was stored
+    }
+}
+
+TEST_F(SystemSettings, AFormatIsTakenWholeOrNotAtAll)
+{
+    const struct {
+        const BU_CHAR *pcFormat, *pcFps;
+        BU_S32 enCs;
+    } astCases[] = {{"", "Fps50", 0},          {"Format-4K", "", 0},  {"Format-4K", "fps50", 0},
+                    {"Format-4K", "Fps50", 4}, {nullptr, nullptr, 0}, {"Format-4K", "Fps50", -1}};
+    for (const auto &st : astCases) EXPECT_EQ(SYSTEM_API_SetHdmiCfg(st.pcFormat, st.pcFps, st.enCs, BU_TRUE), -1);
+    for (const BU_CHAR *pcWord : {"", "4K", "1080P61", "1080P60 ", "5K60", "1080p60"})
+        EXPECT_EQ(SYSTEM_API_SetVideoFormat(pcWord, BU_TRUE), -1) << pcWord;
+    EXPECT_EQ(running("Format"), HDMI_FORMAT_E_1080P);
+    EXPECT_EQ(running("Fps"), HDMI_FPS_E_FPS60);
+
+    journal::inject("CFG_STORE_SetTexts", -1);
+    EXPECT_EQ(SYSTEM_API_SetHdmiCfg("Format-4K", "Fps50", 0, BU_TRUE), -1);
+    EXPECT_EQ(running("Format"), HDMI_FORMAT_E_4K); // runs, although it is not stored
+    EXPECT_EQ(stored("Format"), HDMI_FORMAT_E_1080P);
+
+    EXPECT_EQ(SYSTEM_API_SetVideoFormat("720P59.94", BU_TRUE), 0);
+    EXPECT_EQ(running("Format"), HDMI_FORMAT_E_720P);
+    EXPECT_EQ(running("Fps"), HDMI_FPS_E_FPS59P94);
+}
+
+TEST_F(SystemSettings, AnOutputKeepsItsOwnFormatUntilItsSettingChanges)
+{
+    MPP_VOUT_CFG_S stOwn{{1024, 768}, 60, BU_FALSE, 0}, stCfg{};
+    EXPECT_EQ(MPP_SetVoutCfg(MPP_VOUT_ID_0, &stOwn), 0);
+    SYSTEM_API_SetHdmiFps("Fps25", BU_TRUE); // not this output's
+    MPP_GetVoutCfg(MPP_VOUT_ID_0, &stCfg);
+    EXPECT_EQ(stCfg.stResolution.u32Width, 1024u);
+    SYSTEM_API_SetSdiCfg("Format-1080P", "Fps60", 0, BU_TRUE);
+    MPP_GetVoutCfg(MPP_VOUT_ID_0, &stCfg);
+    EXPECT_EQ(stCfg.stResolution.u32Width, 1920u);
+    stOwn.s32Fps = 61;
+    EXPECT_EQ(MPP_SetVoutCfg(MPP_VOUT_ID_0, &stOwn), -1);
+    EXPECT_EQ(MPP_GetVoutCfg(static_cast<MPP_VOUT_ID>(3), &stCfg), -1);
+}
+
+TEST_F(SystemSettings, ThePipelineIsUpOnlyAfterWhatHasToComeBefore)
+{
+    static BU_S32 s32Result, s32Calls;
+    s32Result = -1, s32Calls = 0;
+    EXPECT_EQ(MPP_InitStream(), -1);
+    MPP_RegisterBeforeInit([](void *) { return ++s32Calls, s32Result; });
+    MPP_BUSINESS_CFG_S stCfg{};
+    EXPECT_EQ(MPP_InitCfg(&stCfg), -1); // no sensor
+    EXPECT_EQ(s32Calls, 0);
+    SYSTEM_API_InitializeMppBusinessByXml(&stCfg);
+    EXPECT_EQ(MPP_InitCfg(&stCfg), -1);
+    EXPECT_EQ(MPP_InitStream(), -1);
+    s32Result = 0;
+    EXPECT_EQ(MPP_InitCfg(&stCfg), 0);
+    EXPECT_EQ(MPP_InitStream(), 0);
+    EXPECT_EQ(s32Calls, 2);
+}
+
+struct tagRESTORE_CASE_S {
+    BU_S32 s32Bitmap, s32Result;
+    std::vector<std::string> listBack; ///< keys back at their defaults, of those below
+    bool bNetworkStays, bPresetStays;
+};
+class FactoryRestore : public PlatformTest, public testing::WithParamInterface<tagRESTORE_CASE_S>
+{
+};
+TEST_P(FactoryRestore, TakesBackWhatTheBitsSay)
+{
+    const std::vector<std::string> listKeys = {"Contrast", "RGain", "PanSpeed", "TrackSpeed", "Prompt", "IrAddr"};
+    const auto defaultOf = [](const std::string &strKey) {
+        BU_S32 s32Default = 0;
+        ISP_AF_GetDefVal(strKey.c_str(), &s32Default);
+        return s32Default;
+    };
+    for (const auto &strKey : listKeys) {
+        const BU_S32 s32Other = strKey == "Prompt" ? 0 : defaultOf(strKey) + 1;
+        ASSERT_EQ(CFG_SETTING_Set(strKey.c_str(), 0, s32Other, BU_TRUE, BU_TRUE), 0) << strKey;
+    }
+    CFG_STORE_SetText("Network/NetCard0/IpAddr", "10.0.0.9");
+    CFG_PRESET_S stPreset;
+    CFG_STORE_SetPreset(stPreset);
+    std::vector<std::string> listHeard;
+    const BU_S32 s32Id = CFG_SETTING_Listen([&](const CFG_SETTING_EVENT_S &st) { listHeard.push_back(st.pcKey); });
+    EXPECT_EQ(SYSTEM_API_FactoryRestoreConfiguration(GetParam().s32Bitmap), GetParam().s32Result);
+    CFG_SETTING_Unlisten(s32Id);
+    EXPECT_EQ(listHeard, GetParam().listBack);
+    for (const BU_BOOL bReread : {BU_FALSE, BU_TRUE}) {
+        std::vector<std::string> listBack;
+        for (const auto &strKey : listKeys) {
+            BU_S32 s32Value = 0;
+            CFG_SETTING_Get(strKey.c_str(), 0, &s32Value, bReread);
+            if (s32Value == defaultOf(strKey)) listBack.push_back(strKey);
+        }
+        EXPECT_EQ(listBack, GetParam().listBack);
+    }
+    CFG_SETTING_Reload();
+    for (const auto &strKey : GetParam().listBack) EXPECT_EQ(running(strKey.c_str()), defaultOf(strKey)) << strKey;
+    std::string strAddress;
+    EXPECT_EQ(CFG_STORE_GetText("Network/NetCard0/IpAddr", &strAddress) == 0, GetParam().bNetworkStays);
+    EXPECT_EQ(CFG_STORE_ListPresets().size(), GetParam().bPresetStays ? 1u : 0u);
+}
+INSTANTIATE_TEST_SUITE_P(Settings, FactoryRestore,
+                         testing::ValuesIn<tagRESTORE_CASE_S>({
+                             {0, 0, {"Contrast", "RGain", "PanSpeed", "TrackSpeed", "Prompt", "IrAddr"}, true, true},
+                             {-1, 0, {"Contrast", "RGain", "PanSpeed", "TrackSpeed", "Prompt", "IrAddr"}, false, false},
+                             {SYSTEM_RESTORE_E_IMAGE, 0, {"Contrast", "RGain"}, true, true},
+                             {SYSTEM_RESTORE_E_PTZ | SYSTEM_RESTORE_E_PRESET, 0, {"PanSpeed"}, true, false},
+                             {SYSTEM_RESTORE_E_NETWORK, 0, {}, false, true},
+                             {SYSTEM_RESTORE_E_ALL + 1, -1, {}, true, true},
+                             {-2, -1, {}, true, true},
+                         }));
+
+TEST_F(SystemSettings, StandByHandsThePowerOffRecordToTheNextStart)
+{
+    static int nReboots;
+    nReboots = 0;
+    UTIL_CMD_SetRebootHandler([] { ++nReboots; });
+    static std::vector<BU_BOOL> listHooks;
+    listHooks.clear();
+    SYSTEM_SetSleepHook([](BU_BOOL bAsleep) { listHooks.push_back(bAsleep); });
+    EXPECT_EQ(SYSTEM_API_WakeAppService(), -1);
+    UTIL_FILE_WriteBufToFile("/var/ViscaCtrlPowerOff", "record", 6);
+    std::filesystem::create_directories(root() + "/app");
+
+    SYSTEM_API_SleepAppService();
+    SYSTEM_API_SleepAppService(); // once more: nothing new
+    EXPECT_TRUE(SYSTEM_API_IsAsleep());
+    EXPECT_THAT(listHooks, ElementsAre(BU_TRUE));
+    EXPECT_FALSE(UTIL_FILE_IsExist("/app/ViscaCtrlPowerOn"));
+
+    EXPECT_EQ(SYSTEM_API_WakeAppService(), 0);
+    EXPECT_THAT(listHooks, ElementsAre(BU_TRUE, BU_FALSE));
+    EXPECT_EQ(nReboots, 1);
+    EXPECT_TRUE(UTIL_FILE_IsExist("/app/ViscaCtrlPowerOn"));
+    EXPECT_FALSE(UTIL_FILE_IsExist("/var/ViscaCtrlPowerOff"));
+    UTIL_CMD_SetRebootHandler(nullptr);
+}
+
+TEST_F(SystemSettings, AStartOutOfStandByAnswersThePowerOffCommandToo)
+{
+    UTIL_FILE_WriteBufToFile("/var/ViscaCtrlPowerOff", "record", 6);
+    std::filesystem::create_directories(root() + "/app");
+    SYSTEM_API_InitializeGlobalVirableByXml();
+    EXPECT_TRUE(UTIL_FILE_IsExist("/var/ViscaCtrlPowerOff")); // it was not asleep
+    CFG_STORE_SetInt("Standby/Asleep", BU_TRUE);
+    SYSTEM_API_InitializeGlobalVirableByXml();
+    EXPECT_TRUE(UTIL_FILE_IsExist("/app/ViscaCtrlPowerOn"));
+}
+
+TEST_F(SystemSettings, AFrozenPictureIsFrozenAgainAfterARestart)
+{
+    SYS_API_SetImageFreeze(1, BU_TRUE, BU_TRUE);
+    SYS_API_SetImageFreeze(0, BU_FALSE, BU_TRUE);
+    EXPECT_EQ(SYSTEM_API_GetImgFreeze(), 1);
+    EXPECT_EQ(running("ImageFreeze"), 1);
+}
+
+TEST_F(SystemSettings, PictureInPictureIsTakenWholeOrNotAtAll)
+{
+    const MPP_PIP_CONFIG_S stGood{1, 0, 1, BU_TRUE, MPP_PIP_POS_TOP_RIGHT, MPP_PIP_SIZE_SMALL};
+    EXPECT_EQ(SYS_API_SetPipConfig(&stGood, BU_TRUE, BU_TRUE), 0);
+    for (BU_S32 MPP_PIP_CONFIG_S::*pField : {&MPP_PIP_CONFIG_S::enMainVideo, &MPP_PIP_CONFIG_S::bEnablePip,
+                                             &MPP_PIP_CONFIG_S::enPos, &MPP_PIP_CONFIG_S::enSize}) {
+        MPP_PIP_CONFIG_S stBad{0, 1, 0, BU_FALSE, 0, 0};
+        stBad.*pField = 4;
+        EXPECT_EQ(SYS_API_SetPipConfig(&stBad, BU_TRUE, BU_TRUE), -1);
+    }
+    CFG_SETTING_Reload();
+    MPP_PIP_CONFIG_S stCfg{};
+    SYS_API_GetPipConfig(&stCfg);
+    EXPECT_EQ(stCfg.enMainVideo, 1);
+    EXPECT_EQ(stCfg.enPos, MPP_PIP_POS_TOP_RIGHT);
+    EXPECT_EQ(stCfg.enSize, MPP_PIP_SIZE_SMALL);
+}
+
+TEST_F(SystemSettings, TheVolumeOfTheInputIsTheVolumeOfTheSystem)
+{
+    AI_ATTR_S stAttr{};
+    const BU_S32 s32Id = AUDIO_AI_GetFirstEnabledId();
+    ASSERT_EQ(AUDIO_AI_GetDefAttr(s32Id, &stAttr), 0);
+    EXPECT_EQ(stAttr.s32Volume, 50);
+    stAttr.s32Volume = 100;
+    EXPECT_EQ(AUDIO_AI_SetAttr(s32Id, &stAttr, BU_TRUE), 0);
+    BU_S32 s32Volume = 0;
+    SYS_API_GetAudioVolume(&s32Volume, BU_TRUE);
+    EXPECT_EQ(s32Volume, 100);
+    ++stAttr.s32Volume;
+    EXPECT_EQ(AUDIO_AI_SetAttr(s32Id, &stAttr, BU_TRUE), -1);
+    EXPECT_EQ(AUDIO_AI_GetAttr(1, &stAttr), AUDIO_AI_NOT_AVAILABLE);
+}
+
+TEST_F(SystemSettings, ProtocolWordsAreTakenByNameNotByTheirTableNumber)
+{
+    const struct {
+        const BU_CHAR *pcWord;
+        BU_S32 s32Result, s32Protocol;
+    } astCases[] = {{"PelcoP", 0, RS_PROTO_E_PELCO_P}, {"PelcoD", 0, RS_PROTO_E_PELCO_D},
+                    {"VISCA", -1, RS_PROTO_E_PELCO_D}, {"", -1, RS_PROTO_E_PELCO_D},
+                    {"Freed", 0, RS_PROTO_E_FREED},    {"Visca", 0, RS_PROTO_E_VISCA}};
+    for (const auto &st : astCases) {
+        EXPECT_EQ(SERIAL_API_SetProtocolType(UART_INSTANCE_TYPE_RS422, st.pcWord, BU_TRUE), st.s32Result) << st.pcWord;
+        EXPECT_EQ(SERIAL_API_GetProtocolType(UART_INSTANCE_TYPE_RS422), st.s32Protocol) << st.pcWord;
+    }
+    EXPECT_EQ(SERIAL_API_SetBaudrate(UART_INSTANCE_TYPE_RS232, "N38400", BU_TRUE), 0);
+    EXPECT_EQ(SERIAL_API_SetBaudrate(UART_INSTANCE_TYPE_RS232, "N115200", BU_TRUE), -1);
+    EXPECT_EQ(SERIAL_API_GetBaudrate(UART_INSTANCE_TYPE_RS232), 38400);
+    EXPECT_EQ(SERIAL_API_GetBaudrate(UART_INSTANCE_TYPE_RS422), 9600);
+    EXPECT_EQ(SERIAL_API_SetBaudrate(UART_INSTANCE_TYPE_12G_FPGA, "N9600", BU_TRUE), -1);
+}
+
+TEST_F(SystemSettings, TheInfraredAddressIsSetByEitherSource)
+{
+    for (const char *pcShown : {"SoftWare", "DIPSwitch"}) {
+        EXPECT_EQ(IR_API_SetAddrCtrl(pcShown, BU_TRUE), 0);
+        EXPECT_EQ(IR_API_SetAddr(2, BU_TRUE, IRADDR_SWITCH_E_SOFT), 0);
+        EXPECT_EQ(IR_API_SetAddr(4, BU_TRUE, IRADDR_SWITCH_E_DIP), 0);
+        EXPECT_EQ(IR_API_SetAddr(5, BU_TRUE, IRADDR_SWITCH_E_DIP), -1);
+        EXPECT_EQ(running("IrAddr"), 4);
+    }
+    EXPECT_EQ(IR_API_SetSwitchByRam("Off"), 0);
+    CFG_SETTING_Reload();
+    EXPECT_EQ(running("IrSwitch"), 1);
+}
+
+TEST_F(SystemSettings, TheTrackModeFollowsTheStrategy)
+{
+    static std::vector<BU_S32> listModes;
+    listModes.clear();
+    ALG_API_RegisterTrackModeCallback([](TRACK_MODE_E en) { listModes.push_back(en); });
+    ALG_API_SetTrackStrategyMonocular("AutoFraming", BU_TRUE, BU_TRUE); // kept for later
+    EXPECT_THAT(listModes, IsEmpty());
+    ALG_API_SetTrackMode(TRACK_MODE_E_ZONE_TRACKING, BU_TRUE, BU_TRUE); // of the binocular strategy
+    ALG_API_SetTrackStrategy("Monocular", BU_TRUE, BU_TRUE);
+    ALG_API_SetTrackStrategy("Binocular", BU_TRUE, BU_TRUE);
+    ALG_API_SetTrackMode(TRACK_MODE_E_ZONE_TRACKING, BU_TRUE, BU_TRUE); // no change
+    EXPECT_EQ(ALG_API_SetTrackMode(6, BU_TRUE, BU_TRUE), -1);
+    EXPECT_EQ(ALG_API_SetTrackStrategy("Trinocular", BU_TRUE, BU_TRUE), -1);
+    SYSTEM_API_FactoryRestoreConfiguration(SYSTEM_RESTORE_E_TRACK);
+    EXPECT_THAT(listModes, ElementsAre(TRACK_MODE_E_ZONE_TRACKING, TRACK_MODE_E_AUTO_FRAMEING,
+                                       TRACK_MODE_E_ZONE_TRACKING, TRACK_MODE_E_EVERYWHERE_TRACKING));
+    ALG_API_RegisterTrackModeCallback(nullptr);
+}
+
+TEST_F(SystemSettings, AreasSurviveARestartAndEndWithTheLastEnabledOne)
+{
+    tagTRACK_AREA_S astAreas[TRACK_AREA_MAX]{}, astRead[TRACK_AREA_MAX]{};
+    astAreas[2] = {BU_TRUE, 10, -20, 300, 400, 7, 1};
+    EXPECT_EQ(TRACK_SetAreaList(TRACK_AREA_E_PRESET, astAreas, BU_TRUE), 0);
+    astAreas[5] = {BU_TRUE, 1, 1, 1, 1, 1, 1};
+    EXPECT_EQ(TRACK_SetAreaList(TRACK_AREA_E_SHIELD, astAreas, BU_FALSE), 0);
+    BU_S32 s32Count = 0;
+    TRACK_GetAreaList(TRACK_AREA_E_SHIELD, astRead, &s32Count);
+    EXPECT_EQ(s32Count, 6);
+    CFG_SETTING_Reload();
+    TRACK_GetAreaList(TRACK_AREA_E_SHIELD, astRead, &s32Count);
+    EXPECT_EQ(s32Count, 0);
+    TRACK_GetAreaList(TRACK_AREA_E_PRESET, astRead, &s32Count);
+    EXPECT_EQ(s32Count, 3);
+    EXPECT_EQ(astRead[2].y, -20);
+    EXPECT_EQ(astRead[2].s32PresetId, 7);
+    SYSTEM_API_FactoryRestoreConfiguration(SYSTEM_RESTORE_E_TRACK);
+    TRACK_GetAreaList(TRACK_AREA_E_PRESET, astRead, &s32Count);
+    EXPECT_EQ(s32Count, 0);
+    EXPECT_EQ(TRACK_GetAreaList(static_cast<tagTRACK_AREA_E>(5), astRead, &s32Count), -1);
+}
+
+TEST_F(SystemSettings, TargetsAreSteppedThroughFromLeftToRight)
+{
+    EXPECT_EQ(ALG_API_LockNextTarget(), -1);
+    ALG_API_UpdatePanoramaTargets(
+        {{7, 0.6F, 0.1F, 0.8F, 0.9F}, {5, 0.0F, 0.1F, 0.2F, 0.9F}, {6, 0.1F, 0.1F, 0.5F, 0.9F}});
+    ALG_API_SetCurTargetId(-1);
+    ALG_API_LockNextTarget();
+    EXPECT_EQ(ALG_API_GetCurTargetId(), 5);
+    ALG_API_LockLastTarget(); // round the end
+    EXPECT_EQ(ALG_API_GetCurTargetId(), 7);
+    EXPECT_EQ(ALG_API_ApplyPreSelectTarget(), -1);
+    ALG_API_PreSelectLastTarget();
+    EXPECT_EQ(ALG_API_GetPreSelectTargetId(), 6);
+    EXPECT_EQ(ALG_API_GetCurTargetId(), 7);
+    EXPECT_EQ(ALG_API_ApplyPreSelectTarget(), 0);
+    EXPECT_EQ(ALG_API_GetCurTargetId(), 6);
+    EXPECT_EQ(ALG_API_SelectTargetByBodyPosWithPanoramaTargets(0.15F, 0.5F), 0); // in two boxes, nearer to 5
+    EXPECT_EQ(ALG_API_GetCurTargetId(), 5);
+    EXPECT_EQ(ALG_API_SelectTargetByBodyPosWithPanoramaTargets(0.55F, 0.5F), -1);
+    EXPECT_EQ(ALG_API_GetCurTargetId(), 5);
+    ALG_API_UpdatePanoramaTargets({});
+}
+
+TEST_F(SystemSettings, ACorrectionCountsOnlyWhenItIsSaved)
+{
+    EXPECT_EQ(TRACK_DoPosCorrection(TRACK_POS_CORRECT_ACTION_E_UP), -1);
+    for (const BU_S32 s32Last : {TRACK_POS_CORRECT_ACTION_E_CANCEL, TRACK_POS_CORRECT_ACTION_E_SAVE})
+        for (const BU_S32 s32Action : {+TRACK_POS_CORRECT_ACTION_E_START, +TRACK_POS_CORRECT_ACTION_E_UP,
+                                       +TRACK_POS_CORRECT_ACTION_E_LEFT, +TRACK_POS_CORRECT_ACTION_E_LEFT, s32Last})
+            EXPECT_EQ(TRACK_DoPosCorrection(s32Action), 0);
+    EXPECT_EQ(TRACK_DoPosCorrection(TRACK_POS_CORRECT_ACTION_E_SAVE), -1);
+    std::string strStored;
+    CFG_STORE_GetText("Track/Correction", &strStored);
+    EXPECT_EQ(strStored, "-2 1");
+}
+
+TEST_F(SystemSettings, MenuKeysCountOnlyWhileTheMenuIsOpen)
+{
+    BU_S32(*const apfnKeys[])
+    () = {CMD_MENU_HandeHomeBtn, CMD_MENU_HandeUpBtn, CMD_MENU_HandeDownRightBtn, CMD_MENU_HandeLeftUpdateParam,
+          CMD_MENU_HandeSetParam};
+    const auto all = [&](BU_S32 s32Expected) {
+        for (const auto pfnKey : apfnKeys) EXPECT_EQ(pfnKey(), s32Expected);
+    };
+    all(-1);
+    EXPECT_EQ(OSD_MENU_ReturnMenu(), -1);
+    CMD_MENU_OnlyOpenMenu();
+    CMD_MENU_OnlyOpenMenu();
+    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 1);
+    all(0);
+    CMD_MENU_HandleMenuBtn();
+    EXPECT_EQ(OSD_MENU_GetMenuStatus(), 0);
+    CMD_MENU_HandleAdvancedMenuBtn();
+    CMD_MENU_HandleMenuBtn(); // leaves the advanced pages as well
+    all(-1);
+    CMD_MENU_HandleMenuBtn();
+    EXPECT_EQ(OSD_MENU_ReturnMenu(), 0);
+    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 0);
+}
