@@ -3,7 +3,7 @@
 #include <SDL2/SDL_surface.h>
 
 #include "media/overlay.h"
-#include "overlayBlend.h"
+#include "internal.h"
 #include "painter.h"
 
 #include <benchmark/benchmark.h>

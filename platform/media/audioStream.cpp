@@ -1,9 +1,11 @@
-#include "audioStream.h"
-
+/// The camera's sound as AAC in its stream cache, while somebody listens.
 #include "audioTone.h"
 #include "camera/system.h"
 #include "config/config.h"
+#include "frameRate.h"
+#include "internal.h"
 #include "libav.h"
+#include "streamCache.h"
 #include "util/file.h"
 #include "util/log.h"
 #include "util/thread.h"
@@ -28,7 +30,7 @@ using namespace media;
 constexpr BU_S32 BIT_RATE = 128'000;
 constexpr const BU_CHAR *INPUT = "/dev/audio_in"; // raw 16-bit samples, 48 kHz stereo, from whoever writes to it
 
-struct tagHOLDER_S {
+struct Holder {
     STREAM_PACKET_S stPacket;
     AvPacket packet{av_packet_alloc()};
 };
@@ -120,7 +122,7 @@ STREAM_PACKET_REF AacEncoder::encode(BU_S64 s64First)
     if (av_frame_make_writable(m_frame.get()) < 0) return nullptr;
     fill(s64First);
     m_frame->pts = s64First;
-    auto pstHolder = std::make_shared<tagHOLDER_S>();
+    auto pstHolder = std::make_shared<Holder>();
     AVPacket *pst = pstHolder->packet.get();
     if (avcodec_send_frame(m_context.get(), m_frame.get()) < 0 || avcodec_receive_packet(m_context.get(), pst) < 0)
         return nullptr; // the first frame only fills the encoder

@@ -1,6 +1,7 @@
+/// How the virtual room sounds.
 #include "audioTone.h"
 
-#include "sceneClock.h"
+#include "internal.h"
 
 #include <algorithm>
 #include <cmath>

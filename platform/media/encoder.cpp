@@ -1,9 +1,9 @@
 // The encoder channels, from the outside.
 #include "media/encoder.h"
 
+#include "internal.h"
 #include "util/journal.h"
 #include "vencChannel.h"
-#include "vencSettings.h"
 
 #include <array>
 #include <memory>
@@ -14,12 +14,12 @@ namespace
 {
 constexpr BU_S32 CACHES = 4; // of pictures: those of the channels 0 to 3
 
-struct tagCHANNELS_S {
+struct Channels {
     std::array<std::unique_ptr<STREAM_CACHE_S>, CACHES> caches;
     std::array<std::shared_ptr<VencChannel>, MPP_VENC_CHN_MAX> channels;
     std::mutex lock; // serialises what enables and disables
 
-    tagCHANNELS_S()
+    Channels()
     {
         for (BU_S32 i = 0; i < MPP_VENC_CHN_MAX; ++i) {
             const auto u = static_cast<std::size_t>(i);
@@ -31,7 +31,7 @@ struct tagCHANNELS_S {
     }
 
 private:
-    tagWRITER_S writer(BU_S32 s32Chn)
+    Writer writer(BU_S32 s32Chn)
     {
         auto &pst = channels[static_cast<std::size_t>(s32Chn)];
         return {[&pst] {
@@ -40,9 +40,9 @@ private:
                 [&pst] { return pst->requestKeyFrame(); }, [&pst] { return pst->bitRate(); }};
     }
 };
-tagCHANNELS_S &all()
+Channels &all()
 {
-    static auto *pstAll = new tagCHANNELS_S;
+    static auto *pstAll = new Channels;
     return *pstAll;
 }
 
@@ -90,7 +90,7 @@ void media::startChannels()
         VencChannel &channel = *channelAt(i);
         if (channel.source() == MPP_PIPE_USAGE_E_BUTT) continue;
         attach(channel, i, channel.source());
-        const tagVENC_STORED_S stStored = loadVenc(i);
+        const StoredVenc stStored = loadVenc(i);
         if (stStored.bEnabled)
             channel.enable(stStored.stParam, nullptr);
         else

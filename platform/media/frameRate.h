@@ -17,13 +17,13 @@ struct FrameRate {
     /// The rates of 1001 have codes in thousandths, the others stand for themselves: 59940, 29970, 23980; 1 to 60.
     static constexpr std::optional<FrameRate> ofCode(BU_S64 s64Code)
     {
-        if (const auto *pst = std::ranges::find(NTSC, s64Code, &tagNTSC_S::s32Code); pst != std::end(NTSC))
+        if (const auto *pst = std::ranges::find(NTSC, s64Code, &Ntsc::s32Code); pst != std::end(NTSC))
             return FrameRate{pst->s32Whole * 1000, 1001};
         return s64Code >= 1 && s64Code <= 60 ? std::optional(FrameRate{static_cast<BU_S32>(s64Code), 1}) : std::nullopt;
     }
     constexpr BU_S32 code() const
     {
-        const auto *pst = std::ranges::find(NTSC, s32Num / 1000, &tagNTSC_S::s32Whole);
+        const auto *pst = std::ranges::find(NTSC, s32Num / 1000, &Ntsc::s32Whole);
         return s32Den == 1 ? s32Num : pst->s32Code;
     }
 
@@ -45,7 +45,7 @@ struct FrameRate {
     {
         FrameRate st = *this;
         if (stOutput.s32Den == 1001 && s32Den == 1 &&
-            std::ranges::find(NTSC, s32Num, &tagNTSC_S::s32Whole) != std::end(NTSC))
+            std::ranges::find(NTSC, s32Num, &Ntsc::s32Whole) != std::end(NTSC))
             st = {s32Num * 1000, 1001};
         return st.isFasterThan(stOutput) ? stOutput : st;
     }
@@ -59,9 +59,9 @@ struct FrameRate {
     }
 
 private:
-    struct tagNTSC_S {
+    struct Ntsc {
         BU_S32 s32Code, s32Whole;
     };
-    static constexpr tagNTSC_S NTSC[] = {{59940, 60}, {29970, 30}, {23980, 24}};
+    static constexpr Ntsc NTSC[] = {{59940, 60}, {29970, 30}, {23980, 24}};
 };
 } // namespace media

@@ -1,3 +1,4 @@
+/// JPEG, for stills and for the encoder of that name.
 #include "jpeg.h"
 #include "videoEncoder.h"
 
@@ -74,12 +75,12 @@ public:
 
     STREAM_PACKET_REF encode(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs, bool) override
     {
-        struct tagHOLDER_S {
+        struct Holder {
             STREAM_PACKET_S stPacket;
             std::vector<BU_U8> vec;
         };
         constexpr BU_U32 QUALITY = 75;
-        auto pst = std::make_shared<tagHOLDER_S>();
+        auto pst = std::make_shared<Holder>();
         pst->vec = m_compressor.compress(
             stFrame, static_cast<BU_S32>(std::min(m_stParam.u32Quality ? m_stParam.u32Quality : QUALITY, 100U)));
         if (pst->vec.empty()) return nullptr;

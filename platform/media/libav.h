@@ -9,12 +9,12 @@ extern "C" {
 
 namespace media
 {
-template <auto Free> struct tagFREE_S {
-    template <class T> void operator()(T *pst) const { Free(&pst); }
+template <auto FREE> struct Deleter {
+    template <class T> void operator()(T *pst) const { FREE(&pst); }
 };
-typedef std::unique_ptr<AVCodecContext, tagFREE_S<avcodec_free_context>> AvContext;
-typedef std::unique_ptr<AVFrame, tagFREE_S<av_frame_free>> AvFrame;
-typedef std::unique_ptr<AVPacket, tagFREE_S<av_packet_free>> AvPacket;
+typedef std::unique_ptr<AVCodecContext, Deleter<avcodec_free_context>> AvContext;
+typedef std::unique_ptr<AVFrame, Deleter<av_frame_free>> AvFrame;
+typedef std::unique_ptr<AVPacket, Deleter<av_packet_free>> AvPacket;
 
 /// The library writes to standard error by itself: errors only.
 inline void quietLibav()

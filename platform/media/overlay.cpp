@@ -1,7 +1,7 @@
 // Overlays, from the outside: canvases and who shows them.
 #include "media/overlay.h"
 
-#include "overlayBlend.h"
+#include "internal.h"
 #include "overlayPlanes.h"
 #include "sdl.h"
 #include "util/journal.h"
@@ -22,25 +22,25 @@ namespace
 constexpr BU_S32 TARGETS = 2;
 
 /// What a manager shows. The planes are made when a target draws an image for the first time at a size.
-struct tagOVERLAY_S {
+struct Overlay {
     BU_S32 s32Targets;
     std::shared_ptr<const Image> pstImage; // null: hidden
-    struct tagTARGET_S {
+    struct Target {
         std::shared_ptr<const Image> pstMadeFrom;
         BU_S32 s32Width = 0, s32Height = 0;
         Planes planes;
     };
-    tagTARGET_S astTargets[TARGETS]; // each its drawing thread's
+    Target astTargets[TARGETS]; // each its drawing thread's
 };
 
-struct tagOVERLAYS_S {
-    std::mutex lock;                                 // guards the list, and s32Targets and pstImage of all
-    std::vector<std::shared_ptr<tagOVERLAY_S>> list; // in order of their making: later ones lie on top
-    std::atomic<BU_U32> u32Shown{0};                 // targets with something to show
+struct Overlays {
+    std::mutex lock;                            // guards the list, and s32Targets and pstImage of all
+    std::vector<std::shared_ptr<Overlay>> list; // in order of their making: later ones lie on top
+    std::atomic<BU_U32> u32Shown{0};            // targets with something to show
 };
-tagOVERLAYS_S &overlays()
+Overlays &overlays()
 {
-    static auto *pst = new tagOVERLAYS_S;
+    static auto *pst = new Overlays;
     return *pst;
 }
 
@@ -53,7 +53,7 @@ void countShown()
     overlays().u32Shown = u32Shown;
 }
 
-void show(const tagOVERLAY_S *pstOverlay, std::shared_ptr<const Image> pstImage)
+void show(const Overlay *pstOverlay, std::shared_ptr<const Image> pstImage)
 {
     const std::lock_guard guard(overlays().lock);
     for (const auto &pst : overlays().list)
@@ -85,7 +85,7 @@ bool overlay::isShown(BU_S32 s32Target)
 void overlay::blend(BU_S32 s32Target, const SCENE_FRAME_S &stFrame)
 {
     if (!isShown(s32Target)) return;
-    std::vector<std::pair<std::shared_ptr<tagOVERLAY_S>, std::shared_ptr<const Image>>> shown;
+    std::vector<std::pair<std::shared_ptr<Overlay>, std::shared_ptr<const Image>>> shown;
     {
         const std::lock_guard guard(overlays().lock);
         for (const auto &pst : overlays().list)
@@ -107,7 +107,7 @@ BU_S32 MPP_OSD_OneToManyCreate(OSD_ONE_TO_MANY_S *pstManager, BU_S32 s32Targets)
 {
     if (const auto injected = journal::call(__func__, s32Targets)) return *injected;
     if (!pstManager || s32Targets < 1 || s32Targets >= 1 << TARGETS) return -1;
-    auto pst = std::make_shared<tagOVERLAY_S>();
+    auto pst = std::make_shared<Overlay>();
     pst->s32Targets = s32Targets;
     pstManager->priv = pst.get();
     const std::lock_guard guard(overlays().lock);
@@ -126,7 +126,7 @@ BU_S32 MPP_OSD_OneToManyUpdateAllTarget(OSD_ONE_TO_MANY_S *pstManager, BU_BOOL b
 {
     if (const auto injected = journal::call(__func__, bShow)) return *injected;
     if (!pstManager || !pstManager->priv) return -1;
-    const auto *pst = static_cast<const tagOVERLAY_S *>(pstManager->priv);
+    const auto *pst = static_cast<const Overlay *>(pstManager->priv);
     if (!bShow) return show(pst, nullptr), 0;
     if (!isCanvas(pstCanvas) || !pstCanvas->stMenuMem.pvVirAddr) return -1;
     show(pst, std::make_shared<const Image>(*pstCanvas));

@@ -1,3 +1,4 @@
+/// Overlays at the size and in the planes of an output, and how they are blended.
 #include "overlayPlanes.h"
 
 #include <libyuv/convert_argb.h>
@@ -26,10 +27,10 @@ BU_U32 from1555(BU_U32 u, const OSD_MENU_CANVAS_S &st)
 }
 
 /// BT.709, limited range.
-struct tagYUV_S {
+struct Yuv {
     float y, u, v;
 };
-tagYUV_S toYuv(BU_U32 u32Argb)
+Yuv toYuv(BU_U32 u32Argb)
 {
     const auto part = [u32Argb](int s32Shift) { return static_cast<float>(u32Argb >> s32Shift & 0xFF) / 255; };
     const float r = part(16), g = part(8), b = part(0), y = 0.2126F * r + 0.7152F * g + 0.0722F * b;
@@ -50,7 +51,7 @@ struct Quad {
         for (std::size_t i = 0; i < 4; ++i) {
             au8Alpha[i] = static_cast<BU_U8>(au32[i] >> 24);
             const auto f = static_cast<float>(au8Alpha[i]);
-            const tagYUV_S st = toYuv(au32[i]);
+            const Yuv st = toYuv(au32[i]);
             au8Y[i] = byte(st.y);
             fAlpha += f;
             fU += st.u * f;

@@ -1,3 +1,4 @@
+/// What a sensor sees, with the other sensor's picture in it where that is on.
 #include "pictureSource.h"
 
 #include "camera/system.h"
@@ -22,7 +23,7 @@ SCENE_FRAME_S insetOf(const SCENE_FRAME_S &st, const MPP_PIP_CONFIG_S &stCfg)
 }
 } // namespace
 
-bool PictureSource::look(BU_S32 s32Pipe, tagSENSOR_S &stSensor, const SCENE_FRAME_S &stFrame, BU_S64 s64TimeUs)
+bool PictureSource::look(BU_S32 s32Pipe, Sensor &stSensor, const SCENE_FRAME_S &stFrame, BU_S64 s64TimeUs)
 {
     if (!m_pstScene) m_pstScene.reset(SCENE_Open(nullptr));
     PICTURE_ReadSettings(s32Pipe, &stSensor.stSettings);
@@ -36,7 +37,7 @@ bool PictureSource::look(BU_S32 s32Pipe, tagSENSOR_S &stSensor, const SCENE_FRAM
 void PictureSource::prepare()
 {
     Picture picture;
-    tagSENSOR_S stSensor;
+    Sensor stSensor;
     look(m_s32Pipe, stSensor, picture.frame({1920, 1080}), 0);
 }
 

@@ -23,16 +23,16 @@ public:
 
 private:
     /// One sensor at work.
-    struct tagSENSOR_S {
+    struct Sensor {
         PICTURE_SETTINGS_S stSettings;
         PICTURE_STATE_S stState;
     };
-    bool look(BU_S32 s32Pipe, tagSENSOR_S &stSensor, const SCENE_FRAME_S &stFrame, BU_S64 s64TimeUs);
+    bool look(BU_S32 s32Pipe, Sensor &stSensor, const SCENE_FRAME_S &stFrame, BU_S64 s64TimeUs);
 
     const BU_S32 m_s32Pipe;
     std::unique_ptr<SCENE_S, void (*)(SCENE_S *)> m_pstScene{nullptr, SCENE_Close};
-    tagSENSOR_S m_stOwn;
-    std::optional<tagSENSOR_S> m_stOther; // while there is an inset
+    Sensor m_stOwn;
+    std::optional<Sensor> m_stOther; // while there is an inset
     bool m_bInset = false;
 };
 } // namespace media

@@ -1,7 +1,7 @@
+/// When a pipe renders, for whom, and in which sizes.
 #include "pipe.h"
 
-#include "overlayBlend.h"
-#include "sceneClock.h"
+#include "internal.h"
 #include "util/time.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 using media::Picture;
 using media::PictureTaker;
 using media::Pipe;
-using media::tagSIZE_S;
+using media::Size;
 
 namespace
 {
@@ -20,7 +20,7 @@ namespace
 constexpr BU_S64 IN_HAND_US = 10'000'000;
 } // namespace
 
-const SCENE_FRAME_S &Picture::frame(tagSIZE_S stSize)
+const SCENE_FRAME_S &Picture::frame(Size stSize)
 {
     if (m_stFrame.s32Width != stSize.s32Width || m_stFrame.s32Height != stSize.s32Height) {
         m_vec = std::vector<BU_U8>(static_cast<std::size_t>(stSize.area()) * 3 / 2);
@@ -167,10 +167,10 @@ std::optional<BU_S64> Pipe::nextFrame(FrameRate stOutput, BU_S64 s64Last)
 
 void Pipe::render(FrameRate stOutput, BU_S64 s64Frame)
 {
-    tagSIZE_S stLargest; // of all, so that the size does not change from frame to frame
+    Size stLargest; // of all, so that the size does not change from frame to frame
     for (const auto &st : m_due)
         if (st.stWish.stSize.area() > stLargest.area()) stLargest = st.stWish.stSize;
-    std::erase_if(m_due, [&](const tagDUE_S &st) {
+    std::erase_if(m_due, [&](const Due &st) {
         return !st.stWish.bOnce && st.stWish.stRate.nextOf(stOutput, s64Frame) != s64Frame;
     });
     if (m_due.empty()) return;
@@ -186,14 +186,14 @@ void Pipe::hand(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs)
     constexpr BU_U64 KEPT_US = 2'000'000; // a size that nobody took for so long is given up
     for (auto &st : m_due)
         st.bDrawnOver = overlay::isShown(st.stWish.s32Target) || (m_source.hasInset() && st.stWish.s32Target >= 0);
-    std::ranges::stable_sort(m_due, {}, [](const tagDUE_S &st) { return std::pair(st.bDrawnOver, st.stWish.stSize); });
+    std::ranges::stable_sort(m_due, {}, [](const Due &st) { return std::pair(st.bDrawnOver, st.stWish.stSize); });
     for (const auto &st : m_due) {
-        const tagSIZE_S stSize = st.stWish.stSize;
+        const Size stSize = st.stWish.stSize;
         const bool bInPlace =
-            stSize == tagSIZE_S{stFrame.s32Width, stFrame.s32Height} && (!st.bDrawnOver || &st == &m_due.back());
+            stSize == Size{stFrame.s32Width, stFrame.s32Height} && (!st.bDrawnOver || &st == &m_due.back());
         const SCENE_FRAME_S *pstFrame = &stFrame;
         if (!bInPlace) {
-            tagSCALED_S &stScaled = m_scaled[stSize];
+            Scaled &stScaled = m_scaled[stSize];
             pstFrame = &stScaled.picture.frame(stSize);
             if (st.bDrawnOver || stScaled.u64UsedUs != u64TimeUs) SCENE_Scale(stFrame, *pstFrame);
             stScaled.u64UsedUs = u64TimeUs;
@@ -212,13 +212,13 @@ void Pipe::drawOver(BU_S32 s32Target, const SCENE_FRAME_S &stFrame, BU_U64 u64Ti
 
 namespace
 {
-struct tagPIPES_S {
+struct Pipes {
     std::array<Pipe, 2> pipes{Pipe(media::PIPE_CLOSE_UP), Pipe(media::PIPE_PANORAMA)};
     std::atomic<BU_S32> s32Count{2};
 };
-tagPIPES_S &pipes()
+Pipes &pipes()
 {
-    static auto *pstPipes = new tagPIPES_S;
+    static auto *pstPipes = new Pipes;
     return *pstPipes;
 }
 } // namespace

@@ -19,9 +19,9 @@
 
 namespace media
 {
-struct tagSIZE_S {
+struct Size {
     BU_S32 s32Width = 0, s32Height = 0;
-    auto operator<=>(const tagSIZE_S &) const = default;
+    auto operator<=>(const Size &) const = default;
     BU_S64 area() const { return static_cast<BU_S64>(s32Width) * s32Height; }
 };
 
@@ -29,7 +29,7 @@ struct tagSIZE_S {
 class Picture
 {
 public:
-    const SCENE_FRAME_S &frame(tagSIZE_S stSize); ///< contents are lost when the size changes
+    const SCENE_FRAME_S &frame(Size stSize); ///< contents are lost when the size changes
     void release();
 
 private:
@@ -42,7 +42,7 @@ class PictureTaker
 {
 public:
     struct Wish {
-        tagSIZE_S stSize;
+        Size stSize;
         FrameRate stRate;      ///< of the output or slower
         bool bOnce = false;    ///< the next picture, whichever it is
         BU_S32 s32Target = -1; ///< the output that overlays are chosen for, -1: never any
@@ -80,12 +80,12 @@ public:
     void runPosted() { m_posted.run(); }
 
 private:
-    struct tagDUE_S {
+    struct Due {
         std::shared_ptr<PictureTaker> pstTaker;
         PictureTaker::Wish stWish;
         bool bDrawnOver = false; ///< overlays or an inset
     };
-    struct tagSCALED_S {
+    struct Scaled {
         Picture picture;
         BU_U64 u64UsedUs = 0;
     };
@@ -110,8 +110,8 @@ private:
     // The pipe's thread.
     PictureSource m_source;
     Picture m_picture;
-    std::map<tagSIZE_S, tagSCALED_S> m_scaled;
-    std::vector<tagDUE_S> m_due;
+    std::map<Size, Scaled> m_scaled;
+    std::vector<Due> m_due;
 
     std::atomic<std::thread::id> m_id;
     std::optional<util::Thread> m_thread; // last: joined first

@@ -1,12 +1,11 @@
 // Bring-up of the media pipeline, and the configuration of its video outputs.
 #include "media/pipeline.h"
 
-#include "audioStream.h"
 #include "camera/settingEvent.h"
+#include "internal.h"
 #include "util/journal.h"
 #include "util/log.h"
 #include "vencChannel.h"
-#include "vencConsole.h"
 
 #include <algorithm>
 #include <array>
@@ -22,32 +21,32 @@ namespace
 constexpr BU_S32 OUTPUTS = 3, PIPES_MAX = 2;
 constexpr BU_U32 SIZE_MAX_PIXELS = 8192;
 
-struct tagSIZE_S {
+struct OutputSize {
     BU_U32 u32Width, u32Height;
     BU_BOOL bInterlaced;
 };
-constexpr tagSIZE_S SIZES[] = {
+constexpr OutputSize SIZES[] = {
     {3840, 2160, BU_FALSE}, {1920, 1080, BU_FALSE}, {1920, 1080, BU_TRUE}, {1280, 720, BU_FALSE}};
 static_assert(std::size(SIZES) == HDMI_FORMAT_E_BUTT);
 constexpr BU_S32 RATES[] = {60, 59940, 50, 30, 29970, 25, 24, 23980};
 static_assert(std::size(RATES) == HDMI_FPS_E_BUTT);
 
 /// The keys of the settings that an output follows.
-struct tagOUTPUT_KEYS_S {
+struct OutputKeys {
     const BU_CHAR *pcFormat, *pcFps, *pcCs;
 };
-constexpr tagOUTPUT_KEYS_S SDI{"SdiFormat", "SdiFps", "SdiCs"}, HDMI{"Format", "Fps", "HdmiCs"};
-const tagOUTPUT_KEYS_S &keysOf(BU_S32 enOut) { return enOut == MPP_VOUT_ID_0 ? SDI : HDMI; }
+constexpr OutputKeys SDI{"SdiFormat", "SdiFps", "SdiCs"}, HDMI{"Format", "Fps", "HdmiCs"};
+const OutputKeys &keysOf(BU_S32 enOut) { return enOut == MPP_VOUT_ID_0 ? SDI : HDMI; }
 
-struct tagPIPELINE_S {
+struct Pipeline {
     std::mutex lock; // guards all members
     std::vector<BU_S32 (*)(void *)> beforeInit;
     bool bUp = false;
     std::array<std::optional<MPP_VOUT_CFG_S>, OUTPUTS> ownCfg; // set by MPP_SetVoutCfg
 };
-tagPIPELINE_S &pipeline()
+Pipeline &pipeline()
 {
-    static auto *pstPipeline = new tagPIPELINE_S;
+    static auto *pstPipeline = new Pipeline;
     return *pstPipeline;
 }
 
@@ -59,7 +58,7 @@ MPP_VOUT_CFG_S cfgOfSettings(BU_S32 enOut)
     CFG_SETTING_Get(keysOf(enOut).pcFormat, 0, &enFormat, BU_FALSE);
     CFG_SETTING_Get(keysOf(enOut).pcFps, 0, &enFps, BU_FALSE);
     CFG_SETTING_Get(keysOf(enOut).pcCs, 0, &enCs, BU_FALSE);
-    const tagSIZE_S &stSize = SIZES[enFormat];
+    const OutputSize &stSize = SIZES[enFormat];
     return {{stSize.u32Width, stSize.u32Height}, RATES[enFps], stSize.bInterlaced, enCs};
 }
 
@@ -79,7 +78,7 @@ void followSettings()
         {
             const std::lock_guard guard(pipeline().lock);
             for (BU_S32 i = 0; i < OUTPUTS; ++i) {
-                const tagOUTPUT_KEYS_S &stKeys = keysOf(i);
+                const OutputKeys &stKeys = keysOf(i);
                 if (strKey == stKeys.pcFormat || strKey == stKeys.pcFps || strKey == stKeys.pcCs)
                     pipeline().ownCfg[static_cast<std::size_t>(i)].reset();
             }

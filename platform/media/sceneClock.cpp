@@ -1,4 +1,5 @@
-#include "sceneClock.h"
+/// The clock of the scene.
+#include "internal.h"
 
 #include "media/frame.h"
 #include "util/time.h"

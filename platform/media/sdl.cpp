@@ -1,3 +1,4 @@
+/// The few things that need SDL.
 #include <SDL2/SDL_rwops.h>
 #include <SDL2/SDL_surface.h>
 

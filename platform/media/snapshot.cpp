@@ -16,7 +16,7 @@ namespace
 class Snapshot : public PictureTaker
 {
 public:
-    explicit Snapshot(tagSIZE_S stSize) : m_stSize(stSize) {}
+    explicit Snapshot(Size stSize) : m_stSize(stSize) {}
     std::optional<Wish> wish(FrameRate stOutput) override
     {
         const std::lock_guard guard(m_lock);
@@ -38,7 +38,7 @@ public:
     }
 
 private:
-    const tagSIZE_S m_stSize;
+    const Size m_stSize;
     std::mutex m_lock; // guards the next group
     std::condition_variable m_taken;
     bool m_bTaken = false;
@@ -54,8 +54,7 @@ BU_S32 MPP_SnapImage(MPP_PIPE_USAGE_E enUsage, BU_U32 u32Width, BU_U32 u32Height
     const auto isSize = [](BU_U32 u32) { return u32 >= 16 && u32 <= 8192 && u32 % 2 == 0; };
     Pipe *pstPipe = pipeOf(enUsage);
     if (!pstPipe || !pstFile || !isSize(u32Width) || !isSize(u32Height)) return -1;
-    const auto pst =
-        std::make_shared<Snapshot>(tagSIZE_S{static_cast<BU_S32>(u32Width), static_cast<BU_S32>(u32Height)});
+    const auto pst = std::make_shared<Snapshot>(Size{static_cast<BU_S32>(u32Width), static_cast<BU_S32>(u32Height)});
     pstPipe->add(pst);
     const SCENE_FRAME_S *pstFrame = pst->wait(s32TimeoutMs);
     pstPipe->remove(pst.get());

@@ -1,7 +1,7 @@
 // Stream caches, readers, sinks and sources, from the outside.
 #include "media/stream.h"
 
-#include "audioStream.h"
+#include "internal.h"
 #include "util/journal.h"
 #include "vencChannel.h"
 
@@ -44,7 +44,7 @@ public:
 
 private:
     STREAM_CACHE_S &m_cache;
-    media::tagPLACE_S m_stPlace;
+    media::Place m_stPlace;
     BU_S32 m_s32TimeoutMs = -1;
     STREAM_PACKET_REF m_pstHeld;
 };

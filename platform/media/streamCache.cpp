@@ -1,10 +1,11 @@
+/// The ring of packets: where newcomers start, how readers and sinks keep up, what handlers hear.
 #include "streamCache.h"
 
 #include <algorithm>
 #include <chrono>
 
 using media::PacketSink;
-using media::tagPLACE_S;
+using media::Place;
 
 void PacketSink::give(const STREAM_PACKET_REF &pstPacket)
 {
@@ -99,9 +100,9 @@ bool STREAM_CACHE_S::hasFreshKey() const
     return it != m_packets.rend() && m_packets.back()->u64Timestamp - (*it)->u64Timestamp <= FRESH_US;
 }
 
-tagPLACE_S STREAM_CACHE_S::join()
+Place STREAM_CACHE_S::join()
 {
-    tagPLACE_S stPlace;
+    Place stPlace;
     bool bFirst = false;
     {
         const std::lock_guard guard(m_lock);
@@ -133,7 +134,7 @@ void STREAM_CACHE_S::clear()
 }
 
 /// Lock held.
-STREAM_PACKET_REF STREAM_CACHE_S::take(tagPLACE_S &stPlace) const
+STREAM_PACKET_REF STREAM_CACHE_S::take(Place &stPlace) const
 {
     if (stPlace.u64Next < m_u64First) stPlace = {m_u64First, true, false};
     while (stPlace.u64Next < m_u64First + m_packets.size()) {
@@ -145,7 +146,7 @@ STREAM_PACKET_REF STREAM_CACHE_S::take(tagPLACE_S &stPlace) const
     return nullptr;
 }
 
-STREAM_PACKET_REF STREAM_CACHE_S::read(tagPLACE_S &stPlace, BU_S32 s32TimeoutMs)
+STREAM_PACKET_REF STREAM_CACHE_S::read(Place &stPlace, BU_S32 s32TimeoutMs)
 {
     const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(s32TimeoutMs);
     std::unique_lock guard(m_lock);

@@ -16,14 +16,14 @@
 namespace media
 {
 /// What a cache tells its writer, on the thread of the consumer that causes it.
-struct tagWRITER_S {
+struct Writer {
     std::function<void()> fnDemand;     ///< the first consumer came or the last one left
     std::function<BU_S32()> fnKeyFrame; ///< a key frame is wanted soon; 0, or -1: no encoder runs
     std::function<BU_S32()> fnBitRate;  ///< what the encoder is set to [kbit/s]
 };
 
 /// Where a reader is.
-struct tagPLACE_S {
+struct Place {
     BU_U64 u64Next = 0;     ///< number of the packet to read next
     bool bAwaitKey = false; ///< passes over everything up to the next key frame
     bool bAsked = false;    ///< a key frame was asked for since it awaits one
@@ -37,7 +37,7 @@ struct STREAM_CACHE_S {
     /// A key frame this old is no good start any more: the newcomer would stay so far behind. [us]
     static constexpr BU_U64 FRESH_US = 500'000;
 
-    explicit STREAM_CACHE_S(media::tagWRITER_S stWriter) : m_stWriter(std::move(stWriter)) {}
+    explicit STREAM_CACHE_S(media::Writer stWriter) : m_stWriter(std::move(stWriter)) {}
 
     // The writer's side.
     bool isWanted() const { return m_u32Consumers.load(std::memory_order_relaxed) != 0; }
@@ -54,10 +54,10 @@ struct STREAM_CACHE_S {
     STREAM_PACKET_METADATA_S metadata() const;
     BU_S32 bitRate() const;
     BU_S32 requestKeyFrame() const { return m_stWriter.fnKeyFrame(); }
-    media::tagPLACE_S join();
+    media::Place join();
     void leave();
     /// @param s32TimeoutMs  as STREAM_READER_S::setReadTimeout. @return null: the time-out passed
-    STREAM_PACKET_REF read(media::tagPLACE_S &stPlace, BU_S32 s32TimeoutMs);
+    STREAM_PACKET_REF read(media::Place &stPlace, BU_S32 s32TimeoutMs);
     void addHandler(const std::string &strName, FN_STREAM_METADATA fn);
     bool removeHandler(const std::string &strName);
     void addSink(const std::string &strName, FN_STREAM_PACKET fn);
@@ -67,11 +67,11 @@ struct STREAM_CACHE_S {
 private:
     typedef std::vector<std::shared_ptr<media::PacketSink>> Sinks;
 
-    STREAM_PACKET_REF take(media::tagPLACE_S &stPlace) const;
+    STREAM_PACKET_REF take(media::Place &stPlace) const;
     bool hasFreshKey() const;
     std::shared_ptr<media::PacketSink> exchangeSink(const std::string &strName, std::shared_ptr<media::PacketSink> pst);
 
-    const media::tagWRITER_S m_stWriter;
+    const media::Writer m_stWriter;
     std::atomic<BU_U32> m_u32Consumers{0};
     mutable std::mutex m_lock; // guards everything below
     std::condition_variable m_written;

@@ -1,3 +1,4 @@
+/// An encoder channel: when it takes pictures, when it makes a key frame, when it needs a new encoder.
 #include "vencChannel.h"
 
 #include "util/log.h"
@@ -38,8 +39,7 @@ void VencChannel::enable(const MPP_VENC_PARAM_S &stParam, FN_MPP_FRAME fnFrame)
     {
         const std::lock_guard guard(m_lock);
         m_stParam = stParam;
-        m_pstFunction =
-            fnFrame ? std::make_shared<tagFRAME_FUNCTION_S>(tagFRAME_FUNCTION_S{std::move(fnFrame)}) : nullptr;
+        m_pstFunction = fnFrame ? std::make_shared<FrameFunction>(FrameFunction{std::move(fnFrame)}) : nullptr;
         m_bEnabled = true;
         ++m_u32Change;
     }
@@ -198,7 +198,7 @@ void VencChannel::take(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs)
 
 void VencChannel::deliver(const STREAM_PACKET_REF &pstPacket)
 {
-    std::shared_ptr<tagFRAME_FUNCTION_S> pstFunction;
+    std::shared_ptr<FrameFunction> pstFunction;
     {
         const std::lock_guard guard(m_lock);
         if (!m_bEnabled || m_u32Change != m_u32Followed) return;
@@ -216,7 +216,7 @@ void VencChannel::deliver(const STREAM_PACKET_REF &pstPacket)
     m_idle.notify_all();
 }
 
-void VencChannel::call(tagFRAME_FUNCTION_S &stFunction, const STREAM_PACKET_S &stPacket)
+void VencChannel::call(FrameFunction &stFunction, const STREAM_PACKET_S &stPacket)
 {
     MPP_FRAME_INFO_S &st = stFunction.stFrame;
     st.virt_addr = const_cast<BU_U8 *>(stPacket.pu8Data);

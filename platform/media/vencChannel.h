@@ -36,7 +36,7 @@ public:
     void take(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs) override;
 
 private:
-    struct tagFRAME_FUNCTION_S {
+    struct FrameFunction {
         FN_MPP_FRAME fn;
         BU_S32 s32Index = 0;
         MPP_FRAME_INFO_S stFrame{};
@@ -48,7 +48,7 @@ private:
     bool isKeyUrgent(FrameRate stOutput) const;
     bool isKeyDue(BU_U64 u64TimeUs);
     void deliver(const STREAM_PACKET_REF &pstPacket);
-    void call(tagFRAME_FUNCTION_S &stFunction, const STREAM_PACKET_S &stPacket);
+    void call(FrameFunction &stFunction, const STREAM_PACKET_S &stPacket);
 
     const BU_S32 m_s32Chn;
     STREAM_CACHE_S *const m_pstCache;
@@ -60,7 +60,7 @@ private:
     BU_S32 m_s32Usage = MPP_PIPE_USAGE_E_BUTT;
     BU_U32 m_u32Change = 1; // counts what the encoder has to follow
     MPP_VENC_PARAM_S m_stParam{};
-    std::shared_ptr<tagFRAME_FUNCTION_S> m_pstFunction;
+    std::shared_ptr<FrameFunction> m_pstFunction;
 
     // The pipe's thread.
     std::unique_ptr<VideoEncoder> m_pstEncoder;

@@ -1,4 +1,5 @@
-#include "vencConsole.h"
+/// Encoder parameters by hand.
+#include "internal.h"
 
 #include "media/encoder.h"
 #include "util/debug.h"
@@ -13,11 +14,11 @@ namespace
 {
 constexpr const BU_CHAR *CONSOLE = "/var/debug/app/platform/encoder";
 
-struct tagFORMAT_S {
+struct Format {
     const BU_CHAR *pcWord;
     MPP_VENC_FORMAT_E enType;
 };
-constexpr tagFORMAT_S FORMATS[] = {
+constexpr Format FORMATS[] = {
     {"h264", MPP_VENC_FORMAT_E_H264}, {"h265", MPP_VENC_FORMAT_E_H265}, {"mjpeg", MPP_VENC_FORMAT_E_MJPEG}};
 
 /// @return false: not understood, or refused
@@ -28,7 +29,7 @@ bool carryOut(const std::string &strLine)
     std::string strFormat;
     MPP_VENC_PARAM_S stParam{};
     stLine >> s32Chn >> strFormat;
-    const auto *pstFormat = std::ranges::find(FORMATS, strFormat, &tagFORMAT_S::pcWord);
+    const auto *pstFormat = std::ranges::find(FORMATS, strFormat, &Format::pcWord);
     if (pstFormat == std::end(FORMATS) || !MPP_GetVencChnStatus(s32Chn, stParam, BU_FALSE)) return false;
     stParam.enType = pstFormat->enType;
     BU_U32 u32Width = 0, u32Height = 0, u32BitRate = 0;

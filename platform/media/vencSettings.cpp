@@ -1,4 +1,5 @@
-#include "vencSettings.h"
+/// What is stored of the encoder channels, and their defaults.
+#include "internal.h"
 
 #include "store/store.h"
 #include "util/log.h"
@@ -10,12 +11,12 @@
 
 namespace
 {
-struct tagFIELD_S {
+struct Field {
     const BU_CHAR *pcKey;
     BU_U32 MPP_VENC_PARAM_S::*pu32Field;
 };
 // The keys of a camera's stored settings: once released they stay as they are.
-constexpr tagFIELD_S FIELDS[] = {
+constexpr Field FIELDS[] = {
     {"Width", &MPP_VENC_PARAM_S::u32Width},     {"Height", &MPP_VENC_PARAM_S::u32Height},
     {"FrmRate", &MPP_VENC_PARAM_S::u32FrmRate}, {"BitRate", &MPP_VENC_PARAM_S::u32BitRate},
     {"Gop", &MPP_VENC_PARAM_S::u32GOP},         {"Profile", &MPP_VENC_PARAM_S::u32Profile},
@@ -25,17 +26,17 @@ constexpr tagFIELD_S FIELDS[] = {
 };
 constexpr const BU_CHAR *ENABLE = "Enable", *TYPE = "Type", *RC_MODE = "RcMode";
 
-struct tagDEFAULT_S {
+struct Default {
     BU_U32 u32Width, u32Height, u32FrmRate, u32BitRate, u32GOP;
 };
-constexpr tagDEFAULT_S DEFAULTS[] = {
+constexpr Default DEFAULTS[] = {
     {1920, 1080, 30, 4000, 60}, {640, 360, 30, 600, 60}, {1280, 720, 30, 2000, 60}, {640, 360, 15, 400, 30}};
 
 std::string keyOf(BU_S32 s32Chn, const BU_CHAR *pcName) { return "Venc/" + std::to_string(s32Chn) + '/' + pcName; }
 
 MPP_VENC_PARAM_S defaultOf(BU_S32 s32Chn)
 {
-    const tagDEFAULT_S &st = DEFAULTS[static_cast<std::size_t>(s32Chn) % std::size(DEFAULTS)];
+    const Default &st = DEFAULTS[static_cast<std::size_t>(s32Chn) % std::size(DEFAULTS)];
     MPP_VENC_PARAM_S stParam{};
     stParam.enType = MPP_VENC_FORMAT_E_H264;
     stParam.u32Width = st.u32Width;
@@ -53,7 +54,7 @@ BU_S32 storedInt(BU_S32 s32Chn, const BU_CHAR *pcName, BU_S32 s32Default)
 }
 } // namespace
 
-media::tagVENC_STORED_S media::loadVenc(BU_S32 s32Chn)
+media::StoredVenc media::loadVenc(BU_S32 s32Chn)
 {
     const MPP_VENC_PARAM_S stDefault = defaultOf(s32Chn);
     MPP_VENC_PARAM_S stParam = stDefault;

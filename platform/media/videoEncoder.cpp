@@ -23,13 +23,13 @@ constexpr BU_S64 KBIT = 1000;
 constexpr BU_S32 ENDLESS = 1 << 24; // key frames come on request only: the channel counts its group of pictures
 
 /// A packet with the encoder's own memory, which is not copied.
-struct tagHOLDER_S {
+struct Holder {
     STREAM_PACKET_S stPacket;
     media::AvPacket packet;
 };
 
 /// What the two libraries call their settings. Both start each picture at once and end it before they return.
-struct tagLIBRARY_S {
+struct Library {
     const BU_CHAR *pcName;
     BU_S32 s32StreamType;
     AVPixelFormat enPixels;
@@ -38,15 +38,15 @@ struct tagLIBRARY_S {
 };
 constexpr const BU_CHAR *HEVC_PARAMS =
     "pools=none:frame-threads=1:rc-lookahead=0:bframes=0:rd=1:ctu=32:min-cu-size=16:scenecut=0:log-level=error";
-constexpr tagLIBRARY_S H264{
-    "libx264", STREAM_TYPE_H264, AV_PIX_FMT_NV12, "x264-params", {"", "cabac=1", "cabac=1:8x8dct=1"}, true};
-constexpr tagLIBRARY_S H265{
+constexpr Library H264{"libx264", STREAM_TYPE_H264, AV_PIX_FMT_NV12, "x264-params", {"", "cabac=1", "cabac=1:8x8dct=1"},
+                       true};
+constexpr Library H265{
     "libx265", STREAM_TYPE_H265, AV_PIX_FMT_YUV420P, "x265-params", {HEVC_PARAMS, HEVC_PARAMS, HEVC_PARAMS}, false};
 
 class LibavEncoder : public media::VideoEncoder
 {
 public:
-    LibavEncoder(const tagLIBRARY_S &stLibrary, const MPP_VENC_PARAM_S &stParam, FrameRate stRate)
+    LibavEncoder(const Library &stLibrary, const MPP_VENC_PARAM_S &stParam, FrameRate stRate)
         : m_stLibrary(stLibrary), m_stParam(stParam), m_stRate(stRate), m_frame(av_frame_alloc())
     {
     }
@@ -59,7 +59,7 @@ private:
     bool fill(const SCENE_FRAME_S &stFrame);
     STREAM_PACKET_REF receive();
 
-    const tagLIBRARY_S &m_stLibrary;
+    const Library &m_stLibrary;
     MPP_VENC_PARAM_S m_stParam;
     const FrameRate m_stRate;
     media::AvContext m_context;
@@ -152,7 +152,7 @@ bool LibavEncoder::fill(const SCENE_FRAME_S &stFrame)
 
 STREAM_PACKET_REF LibavEncoder::receive()
 {
-    auto pstHolder = std::make_shared<tagHOLDER_S>();
+    auto pstHolder = std::make_shared<Holder>();
     pstHolder->packet.reset(av_packet_alloc());
     AVPacket &st = *pstHolder->packet;
     if (avcodec_receive_packet(m_context.get(), &st) < 0) return nullptr;
@@ -173,12 +173,12 @@ STREAM_PACKET_REF LibavEncoder::encode(const SCENE_FRAME_S &stFrame, BU_U64 u64T
     return receive();
 }
 
-struct tagLIMIT_S {
+struct Limit {
     BU_U32 MPP_VENC_PARAM_S::*pu32Field;
     BU_U32 u32Min, u32Max;
     const BU_CHAR *pcRefusal;
 };
-constexpr tagLIMIT_S LIMITS[] = {
+constexpr Limit LIMITS[] = {
     {&MPP_VENC_PARAM_S::u32Width, 64, 4096, "width outside 64 to 4096"},
     {&MPP_VENC_PARAM_S::u32Height, 64, 2304, "height outside 64 to 2304"},
     {&MPP_VENC_PARAM_S::u32BitRate, 16, 200'000, "bit rate outside 16 to 200000 kbit/s"},
@@ -193,7 +193,7 @@ constexpr tagLIMIT_S LIMITS[] = {
 
 const BU_CHAR *media::refusal(const MPP_VENC_PARAM_S &stParam)
 {
-    const auto *pst = std::ranges::find_if(LIMITS, [&](const tagLIMIT_S &st) {
+    const auto *pst = std::ranges::find_if(LIMITS, [&](const Limit &st) {
         return stParam.*st.pu32Field < st.u32Min || stParam.*st.pu32Field > st.u32Max;
     });
     if (pst != std::end(LIMITS)) return pst->pcRefusal;
@@ -220,7 +220,7 @@ std::unique_ptr<media::VideoEncoder> media::VideoEncoder::open(const MPP_VENC_PA
     }
     if (stParam.enType == MPP_VENC_FORMAT_E_MJPEG) return openJpegEncoder(stParam);
     quietLibav();
-    const tagLIBRARY_S &stLibrary = stParam.enType == MPP_VENC_FORMAT_E_H264 ? H264 : H265;
+    const Library &stLibrary = stParam.enType == MPP_VENC_FORMAT_E_H264 ? H264 : H265;
     auto pstEncoder = std::make_unique<LibavEncoder>(stLibrary, stParam, stRate);
     if (pstEncoder->start()) return pstEncoder;
     LOG_ERROR("%s does not take %u x %u at %u kbit/s\n", stLibrary.pcName, stParam.u32Width, stParam.u32Height,

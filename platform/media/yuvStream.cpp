@@ -36,7 +36,7 @@ private:
     void loop();
     void copy(const SCENE_FRAME_S &stFrame);
 
-    const tagSIZE_S m_stSize;
+    const Size m_stSize;
     const FrameRate m_stRate;
     const bool m_bNv12;
     const FN_MPP_FRAME m_fn;
@@ -112,13 +112,13 @@ void YuvStream::stop(bool bWait)
     if (bWait && m_id != std::this_thread::get_id()) m_changed.wait(guard, [this] { return m_bEnded; });
 }
 
-struct tagSTREAMS_S {
+struct Streams {
     std::mutex lock; // guards streams
     std::array<std::shared_ptr<YuvStream>, MPP_PIPE_USAGE_E_BUTT> streams;
 };
-tagSTREAMS_S &streams()
+Streams &streams()
 {
-    static auto *pstStreams = new tagSTREAMS_S;
+    static auto *pstStreams = new Streams;
     return *pstStreams;
 }
 

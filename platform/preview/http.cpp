@@ -1,4 +1,3 @@
-/// The few things of HTTP.
 #include "http.h"
 
 #include <algorithm>

@@ -1,11 +1,10 @@
-/// What waits for the service thread, within its limits.
 #include "inbox.h"
 
 #include <utility>
 
 namespace preview
 {
-void Inbox::put(Arrival stArrival)
+void Inbox::put(tagARRIVAL_S stArrival)
 {
     const std::lock_guard guard(m_lock);
     if (m_packets >= PACKETS_MAX || m_bytes > BYTES_MAX) {
@@ -18,7 +17,7 @@ void Inbox::put(Arrival stArrival)
     m_arrivals.post(std::move(stArrival));
 }
 
-Inbox::Batch Inbox::take()
+Inbox::tagBATCH_S Inbox::take()
 {
     const std::lock_guard guard(m_lock);
     m_packets = m_bytes = 0;

@@ -1,4 +1,3 @@
-/// What a recorded packet is, told by its first bytes.
 #include "playback.h"
 
 #include "util/time.h"
@@ -7,7 +6,7 @@
 
 namespace
 {
-struct Recorded {
+struct tagRECORDED_S {
     std::vector<BU_U8> bytes;
     STREAM_PACKET_S stPacket;
 };
@@ -26,7 +25,7 @@ constexpr bool startsAt(std::span<const BU_U8> packet, std::size_t i)
 
 namespace preview
 {
-PictureKind pictureOf(std::span<const BU_U8> packet)
+tagPICTURE_S pictureOf(std::span<const BU_U8> packet)
 {
     if (!startsAt(packet, 0) && !(startsAt(packet, 1) && packet[0] == 0)) return {0, true};
     for (std::size_t i = 0; i + 3 < packet.size(); ++i) {
@@ -40,9 +39,9 @@ PictureKind pictureOf(std::span<const BU_U8> packet)
 
 STREAM_PACKET_REF recordedPacket(std::span<const BU_U8> packet)
 {
-    const auto pst = std::make_shared<Recorded>();
+    const auto pst = std::make_shared<tagRECORDED_S>();
     pst->bytes.assign(packet.begin(), packet.end());
-    const PictureKind stPicture = pictureOf(packet);
+    const tagPICTURE_S stPicture = pictureOf(packet);
     pst->stPacket = {pst->bytes.data(), static_cast<BU_U32>(pst->bytes.size()), static_cast<BU_U64>(UTIL_TIME_NowUs()),
                      stPicture.bKeyFrame, stPicture.s32EncodeType};
     return {pst, &pst->stPacket};

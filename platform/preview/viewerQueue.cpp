@@ -1,4 +1,3 @@
-/// When a viewer loses what waits for it.
 #include "viewerQueue.h"
 
 namespace preview

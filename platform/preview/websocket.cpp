@@ -1,4 +1,3 @@
-/// The service's calls: start, stop, channels, packets of a recording.
 #include "live/websocket.h"
 
 #include "inbox.h"
@@ -16,16 +15,16 @@ namespace
 {
 using namespace preview;
 
-struct Service {
+struct tagSERVICE_S {
     std::mutex control; // one start or stop at a time; guards pstServer
     std::unique_ptr<Server> pstServer;
     std::mutex state; // guards the rest
     bool bInitd = false;
     std::shared_ptr<Inbox> pstInbox; // of the running server, else null
 };
-Service &service()
+tagSERVICE_S &service()
 {
-    static Service &st = *new Service; // threads may use it until the process ends
+    static tagSERVICE_S &st = *new tagSERVICE_S; // threads may use it until the process ends
     return st;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <future>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -17,4 +18,13 @@ template <class Done> bool await(const Done &done)
         std::this_thread::yield();
     }
     return true;
+}
+
+/// What a promise of another thread holds, waited for as long.
+template <class T> T soon(std::promise<T> &promise)
+{
+    auto future = promise.get_future();
+    if (future.wait_for(std::chrono::seconds(10)) == std::future_status::ready) return future.get();
+    ADD_FAILURE() << "what was awaited does not come";
+    return T();
 }

@@ -51,7 +51,7 @@ template <class Wait, class Wake> double loadOfThreads(bool bPaced, Wait fnWait,
     });
 }
 
-media::tagWRITER_S writer()
+media::Writer writer()
 {
     return {[] {}, [] { return 0; }, [] { return 0; }};
 }

@@ -4,7 +4,7 @@
 
 #include "audioTone.h"
 #include "camera/system.h"
-#include "sceneClock.h"
+#include "internal.h"
 
 #include <cmath>
 #include <fcntl.h>

@@ -107,7 +107,7 @@ TEST_F(Encoder, GroupOfPicturesChangesWhileItRuns)
     reader.read();
     MPP_EnableVenc(MPP_PIPE_USAGE_E_CLOSEUP_FULL, CHN, &st, nullptr, BU_FALSE);
     std::string strKeys;
-    while (strKeys.size() < 13) strKeys += reader.read().bKeyFrame ? 'K' : '.';
+    while (strKeys.size() < 13 && !HasFailure()) strKeys += reader.read().bKeyFrame ? 'K' : '.';
     EXPECT_THAT(strKeys, testing::HasSubstr("K..K..K"));
 }
 
@@ -216,7 +216,7 @@ TEST_F(Encoder, FrameFunctionGetsThePacketsUntilItIsDisabled)
                       indices.push_back((*pst->ps32Index)++);
                       if (indices.size() < 3) return 0;
                       third.set_value();
-                      bReturned = waitUntil([&] { return !std::atomic_ref(pst->bEnable); });
+                      bReturned = await([&] { return !std::atomic_ref(pst->bEnable); });
                       return 0;
                   },
                   BU_FALSE),

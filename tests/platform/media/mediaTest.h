@@ -7,6 +7,7 @@
 #include "media/pipeline.h"
 #include "media/stream.h"
 #include "store/store.h"
+#include "support/await.h"
 #include "util/file.h"
 
 #include <gmock/gmock.h>
@@ -14,9 +15,7 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <future>
 #include <memory>
-#include <thread>
 
 inline MPP_VENC_PARAM_S smallVideo(MPP_VENC_FORMAT_E enType = MPP_VENC_FORMAT_E_H264)
 {
@@ -57,22 +56,6 @@ protected:
 private:
     std::string m_strRoot;
 };
-
-/// @return false: fn did not say so in ten seconds
-template <class F> bool waitUntil(F fn)
-{
-    for (int i = 0; i < 10'000 && !fn(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    return fn();
-}
-
-/// What a promise of another thread holds; fails the test when it takes too long.
-template <class T> T soon(std::promise<T> &promise)
-{
-    auto future = promise.get_future();
-    if (future.wait_for(std::chrono::seconds(10)) == std::future_status::ready) return future.get();
-    ADD_FAILURE() << "waited in vain";
-    return T();
-}
 
 /// A reader that ends with its scope and fails the test when nothing comes.
 class TestReader

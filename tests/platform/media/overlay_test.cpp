@@ -2,9 +2,9 @@
 #include <SDL2/SDL_surface.h>
 
 #include "decoder.h"
+#include "internal.h"
 #include "media/overlay.h"
 #include "mediaTest.h"
-#include "overlayBlend.h"
 
 #include <cstring>
 
@@ -159,7 +159,7 @@ TEST_F(MediaTest, OverlayReachesTheEncoderAndNotTheRawFrames)
         EXPECT_NEAR(stMain.vecV[80 * 22 + 40], 26, 12);
         EXPECT_GT(*std::ranges::max_element(stSub.vecV), 80);
     }
-    EXPECT_TRUE(waitUntil([&] { return s32Raw >= 2; }));
+    EXPECT_TRUE(await([&] { return s32Raw >= 2; }));
     MPP_StopYuvStream(MPP_PIPE_USAGE_E_CLOSEUP_FULL, BU_TRUE);
     EXPECT_EQ(s32Green, 0);
 }

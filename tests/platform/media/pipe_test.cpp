@@ -10,7 +10,7 @@
 using media::FrameRate;
 using media::PictureTaker;
 using media::Pipe;
-using media::tagSIZE_S;
+using media::Size;
 
 namespace
 {
@@ -19,7 +19,7 @@ constexpr FrameRate OUTPUT{60, 1};
 class Taker : public PictureTaker
 {
 public:
-    Taker(tagSIZE_S stSize, BU_S32 s32Rate) : m_stWish{stSize, *FrameRate::ofCode(s32Rate)} {}
+    Taker(Size stSize, BU_S32 s32Rate) : m_stWish{stSize, *FrameRate::ofCode(s32Rate)} {}
     std::optional<Wish> wish(FrameRate) override { return m_bWants ? std::optional(m_stWish) : std::nullopt; }
     void take(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs) override
     {
@@ -49,9 +49,9 @@ int runTo(Pipe &pipe, BU_S64 s64End)
 TEST(Pipe, RendersOnceForAllWhoAreDue)
 {
     Pipe pipe(media::PIPE_PANORAMA);
-    const auto pstMain = std::make_shared<Taker>(tagSIZE_S{320, 180}, 30),
-               pstSub = std::make_shared<Taker>(tagSIZE_S{160, 90}, 15),
-               pstOff = std::make_shared<Taker>(tagSIZE_S{640, 360}, 60);
+    const auto pstMain = std::make_shared<Taker>(Size{320, 180}, 30),
+               pstSub = std::make_shared<Taker>(Size{160, 90}, 15),
+               pstOff = std::make_shared<Taker>(Size{640, 360}, 60);
     pstOff->m_bWants = false;
     for (const auto &pst : {pstMain, pstSub, pstOff}) pipe.add(pst);
     EXPECT_EQ(runTo(pipe, 611), 6);
@@ -65,7 +65,7 @@ TEST(Pipe, RendersOnceForAllWhoAreDue)
 TEST(Pipe, NobodyWantsNothingAndOnceTakesTheVeryNext)
 {
     Pipe pipe(media::PIPE_PANORAMA);
-    const auto pst = std::make_shared<Taker>(tagSIZE_S{160, 90}, 1);
+    const auto pst = std::make_shared<Taker>(Size{160, 90}, 1);
     EXPECT_FALSE(pipe.nextFrame(OUTPUT, 0));
     pipe.add(pst);
     EXPECT_EQ(pipe.nextFrame(OUTPUT, 600), 660);
@@ -104,7 +104,7 @@ public:
 TEST_F(MediaTest, PictureInPictureLiesInItsCornerOfTheEncodersOnly)
 {
     Pipe pipe(media::PIPE_CLOSE_UP), panorama(media::PIPE_PANORAMA);
-    const auto pstPlain = std::make_shared<Keeper>(tagSIZE_S{320, 180}, 60),
+    const auto pstPlain = std::make_shared<Keeper>(Size{320, 180}, 60),
                pstEncoder = std::make_shared<Keeper>(*pstPlain), pstPanorama = std::make_shared<Keeper>(*pstPlain);
     pstEncoder->m_stWish.s32Target = 0;
     pipe.add(pstPlain);

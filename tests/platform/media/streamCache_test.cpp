@@ -38,7 +38,7 @@ protected:
         for (BU_U32 i = u32First; i < u32First + u32Count; ++i) m_cache.write(packetOf(i, i % u32Group == 0, size));
     }
     /// The numbers of all packets that a reader gets without waiting.
-    std::vector<BU_U64> drain(media::tagPLACE_S &stPlace)
+    std::vector<BU_U64> drain(media::Place &stPlace)
     {
         std::vector<BU_U64> numbers;
         while (const auto pst = m_cache.read(stPlace, 0)) numbers.push_back(pst->u64Timestamp / FRAME_US);

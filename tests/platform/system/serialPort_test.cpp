@@ -1,5 +1,6 @@
 /// Serial ports as pseudo terminals: bytes both ways, controllers of every pace.
 #include "board/profile.h"
+#include "support/await.h"
 #include "support/platformTest.h"
 #include "system/serialPort.h"
 #include "util/fileDescriptor.h"
@@ -111,10 +112,12 @@ TEST_F(SerialTest, ControllerThatDoesNotReadGetsTheNewestBytes)
     Bytes old{0x90, 0x41, 0xFF}, newest{0x90, 0x51, 0xFF};
     constexpr std::size_t SENT = 50000;
     for (std::size_t i = 0; i < SENT; i++) UART_RS232DevSend(old.data(), 3, nullptr, nullptr);
-    while (UART_RS232DevSend(newest.data(), 3, nullptr, nullptr) != 0) std::this_thread::yield();
+    EXPECT_TRUE(await([&] { return UART_RS232DevSend(newest.data(), 3, nullptr, nullptr) == 0; }));
     Bytes seen;
-    while (!std::ranges::equal(std::span(seen).last(std::min<std::size_t>(seen.size(), 3)), newest))
+    while (!std::ranges::equal(std::span(seen).last(std::min<std::size_t>(seen.size(), 3)), newest) && !HasFailure()) {
+        ASSERT_FALSE(isSilent(port, 20'000)) << "the newest bytes do not come";
         seen.push_back(get(port, 1).at(0));
+    }
     EXPECT_LT(seen.size(), 3 * SENT / 2);
 }
 
@@ -124,11 +127,11 @@ TEST_F(SerialTest, UnregisteringWaitsForTheRunningCall)
     std::atomic<bool> bEnded{false};
     UART_RegisterReceiver(RS_PROTO_E_VISCA, [&](UART_INSTANCE_TYPE, const BU_U8 *, BU_U32) {
         started.set_value();
-        release.get_future().wait();
+        soon(release);
         bEnded = true;
     });
     put(controller("RS232"), {1});
-    started.get_future().wait();
+    soon(started);
     auto unregistered = std::async(std::launch::async, [&] {
         UART_RegisterReceiver(RS_PROTO_E_VISCA, nullptr);
         return bEnded.load();

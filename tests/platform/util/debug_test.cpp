@@ -1,5 +1,6 @@
 /// Debug files: what their readers get, and when.
 #include "rootFolder.h"
+#include "support/await.h"
 #include "util/debug.h"
 
 #include <condition_variable>
@@ -99,12 +100,12 @@ TEST_F(DebugTest, LostNotesAreMadeGoodByAScan)
     const auto started = std::make_shared<std::promise<void>>(), release = std::make_shared<std::promise<void>>();
     const auto hold = [=](std::istream &, void *) -> BU_S32 {
         started->set_value();
-        release->get_future().wait();
+        soon(*release);
         return 0;
     };
     ASSERT_EQ(open("busy", hold) + open("late", contents->reader()), 0);
     put("busy", "1");
-    started->get_future().wait();
+    soon(*started);
     BU_S32 s32Limit = 16384;
     std::ifstream("/proc/sys/fs/inotify/max_queued_events") >> s32Limit;
     for (BU_S32 i = 0; i < s32Limit + 100; i++) // two files in turn: notes of the same file in a row become one

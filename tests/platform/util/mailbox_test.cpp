@@ -1,4 +1,5 @@
 /// Hand-overs between threads, and lists of listeners that change while they are walked.
+#include "support/await.h"
 #include "util/listeners.h"
 #include "util/mailbox.h"
 #include "util/thread.h"
@@ -39,10 +40,10 @@ TEST(Mailbox, WaitingTakerGetsEachInOrderAndGoesWhenStoppedOrClosed)
             ended.set_value();
         });
         work.post([&] { done.push_back(1), work.post([&] { done.push_back(2), second.set_value(); }); });
-        second.get_future().wait();
+        soon(second);
         if (bClose) {
             work.close();
-            ended.get_future().wait();
+            soon(ended);
         }
         taker = {};
         EXPECT_THAT(done, ElementsAre(1, 2));

@@ -1,5 +1,6 @@
 /// The process: watchdog, readiness, signals, crash, ports, log, restart in place.
 #include "rootFolder.h"
+#include "support/await.h"
 #include "util/childProcess.h"
 #include "util/debug.h"
 #include "util/journal.h"
@@ -72,7 +73,7 @@ TEST_F(ProcessDeathTest, JournalStreamsOnceItsDebugFileSaysSoAndStaysBounded)
         {
             UTIL_WDT_SW_StartTimeout(300);
             write("/var/debug/app/platform/journal", "1\n");
-            while (!journal::g_bOn) std::this_thread::yield();
+            await([] { return journal::g_bOn.load(); });
             journal::call("ISP_API_SetGain", 0, 12, 1, 1);
             journal::ask("ISP_API_GetGain", 0);
             const std::string strFirst = read("/var/debug/app/platform/journal.log");
@@ -80,7 +81,7 @@ TEST_F(ProcessDeathTest, JournalStreamsOnceItsDebugFileSaysSoAndStaysBounded)
             const bool bBounded = read("/var/debug/app/platform/journal.log").size() < 5000000 &&
                                   read("/var/debug/app/platform/journal.log.1").size() < 5000000;
             write("/var/debug/app/platform/journal", "0\n");
-            while (journal::g_bOn) std::this_thread::yield();
+            await([] { return !journal::g_bOn; });
             std::fprintf(stderr, "<%s>", strFirst.c_str());
             _exit(bBounded ? 0 : 1);
         },
@@ -163,7 +164,7 @@ TEST(DISABLED_Restarted, Stage)
     std::ofstream(pcMark) << "restarting";
     dup2(STDERR_FILENO, 100);
     const util::ChildProcess child("/bin/sh", {"-c", "exec sleep 1000"}, [](std::string_view) {});
-    while (child.pid() == 0) std::this_thread::yield();
+    ASSERT_TRUE(await([&] { return child.pid() != 0; }));
     UTIL_CMD_RunSafe("sync; reboot");
     for (;;) pause();
 }

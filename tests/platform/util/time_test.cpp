@@ -1,4 +1,5 @@
 /// Clocks, timers and threads. With a manual clock but where the queue's own thread matters.
+#include "support/await.h"
 #include "util/thread.h"
 #include "util/time.h"
 
@@ -145,12 +146,12 @@ TEST(TimerQueue, CancelsInTimeRunsTheEarliestFirstAndEndsBehindTheRunningFunctio
         queue.at(UTIL_TIME_NowMs() + 3600000, [] { FAIL() << "an hour has not passed"; });
         const auto running = queue.at(UTIL_TIME_NowMs() + 1, [&] {
             started.set_value();
-            release.get_future().wait();
+            soon(release);
             UTIL_TIME_SleepMs(5);
             bEnded = true;
         });
         const auto waiting = queue.at(UTIL_TIME_NowMs() + 1, [] { FAIL() << "was cancelled"; });
-        started.get_future().wait();
+        soon(started);
         EXPECT_THAT((std::vector{queue.cancel(running), queue.cancel(waiting), queue.cancel(waiting)}),
                     ElementsAre(false, true, false));
         queue.at(0, [] { FAIL() << "waited still"; });
@@ -170,12 +171,12 @@ TEST(Timer, StopHoldsAgainstTheTimerThread)
     for (int round = 0; round < 50; round++) {
         UTIL_TIMER_Start(BU_TIMER_E_PERIODIC, 1, onTick, nullptr, &stHandle);
         std::thread restarter([&] { UTIL_TIMER_UpdatePeriod(&stHandle, 1); });
-        while (s32Calls <= round) std::this_thread::yield();
+        ASSERT_TRUE(await([&] { return s32Calls > round; }));
         restarter.join();
         UTIL_TIMER_Stop(&stHandle);
         std::promise<void> passed; // one way through the timer thread: a callback that had begun is over then
         UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, pass, &passed, &stBarrier);
-        passed.get_future().wait();
+        soon(passed);
         bStopped = true;
         UTIL_TIME_SleepMs(2);
         bStopped = false;
@@ -196,14 +197,14 @@ TEST(Thread, RepeatsPreparedFunctionAndRefusesASecondStart)
     ASSERT_EQ(UTIL_THREAD_InitData(&stData, "a name of more than 15 characters", repeat, nullptr), 0);
     EXPECT_EQ(UTIL_THREAD_Create(&stData), 0);
     EXPECT_EQ(UTIL_THREAD_Create(&stData), -1) << "running already";
-    thrice.get_future().wait();
+    soon(thrice);
 }
 
 TEST(Thread, AsyncFunctionsRunSideBySideAndAreWaitedFor)
 {
     std::promise<void> second;
     std::atomic<BU_S32> s32Ended{0};
-    UTIL_THREAD_RunFuncAsync([&](void *) { second.get_future().wait(), s32Ended++; }, nullptr);
+    UTIL_THREAD_RunFuncAsync([&](void *) { soon(second), s32Ended++; }, nullptr);
     UTIL_THREAD_RunFuncAsync([&](void *pv) { static_cast<std::promise<void> *>(pv)->set_value(), s32Ended++; },
                              &second);
     UTIL_THREAD_WaitAsync();
