@@ -60,6 +60,7 @@ async function enter() {
     }
     document.body.dataset.role = session.role
     byId('leave').title = `Log out ${session.user}`
+    byId('version').textContent = `Camera software ${session.version}`
     show('app')
     build()
     const isViewer = session.role === 'viewer'

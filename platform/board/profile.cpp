@@ -5,6 +5,7 @@
 #include "util/file.h"
 #include "util/journal.h"
 #include "util/log.h"
+#include "util/program.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -39,7 +40,7 @@ std::string fileOf(const std::string &strModel)
     if (strModel.find('/') != std::string::npos) return strModel;
     const std::string strOwn = "/app/profiles/" + strModel + ".json";
     return UTIL_FILE_IsExist(strOwn.c_str()) ? UTIL_ROOT_Path(strOwn.c_str())
-                                             : CAMERA_PROFILE_DIR "/" + strModel + ".json";
+                                             : util::resource("profiles/" + strModel + ".json");
 }
 
 std::unique_ptr<tagPROFILE_S> loadFile(const std::string &strFile)

@@ -13,6 +13,7 @@
 #include "util/journal.h"
 #include "util/json.h"
 #include "util/log.h"
+#include "util/program.h"
 #include "util/time.h"
 
 #include <atomic>
@@ -208,7 +209,7 @@ void onSetting(const CFG_SETTING_EVENT_S &)
 std::optional<Description> loadDescription()
 {
     const std::string strOwn = UTIL_ROOT_Path(OWN_FILE);
-    const std::string strPath = UTIL_FILE_IsExist(OWN_FILE) ? strOwn : CAMERA_MENU_FILE;
+    const std::string strPath = UTIL_FILE_IsExist(OWN_FILE) ? strOwn : util::resource("menu.json");
     std::string strText;
     if (std::FILE *pstFile = std::fopen(strPath.c_str(), "rb")) {
         BU_CHAR acPart[4096];

@@ -4,6 +4,7 @@
 #include "util/debug.h"
 #include "util/log.h"
 #include "util/platform.h"
+#include "util/program.h"
 #include "util/thread.h"
 #include "util/time.h"
 
@@ -100,6 +101,7 @@ void util::startProcess()
     static std::once_flag once;
     std::call_once(once, [] {
         util::lockRoot();
+        LOG_INFO("ptz-camera %s\n", util::version());
         UTIL_DebugRegister(
             "/var/debug/app/platform/journal",
             [](std::istream &stIn, void *) -> BU_S32 {

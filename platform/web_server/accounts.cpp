@@ -1,5 +1,6 @@
 #include "handlers.h"
 #include "util/log.h"
+#include "util/program.h"
 
 namespace web
 {
@@ -16,7 +17,8 @@ std::string sessionJson(const Desk &stDesk, const std::string &strUser, Role enR
     return std::string("{\"setup\":") + (stDesk.users.isEmpty() ? "true" : "false") +
            ",\"user\":" + (bUser ? quoted(strUser) : "null") +
            ",\"role\":" + (bUser ? quoted(nameOf(enRole)) : "null") +
-           ",\"camera\":" + (stDesk.bCamera ? "true" : "false") + "}";
+           ",\"camera\":" + (stDesk.bCamera ? "true" : "false") +
+           ",\"version\":" + (bUser ? quoted(util::version()) : "null") + "}";
 }
 
 std::string cookie(std::string_view strToken, bool bTls)

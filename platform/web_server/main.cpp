@@ -7,6 +7,7 @@
 #include "util/fileDescriptor.h"
 #include "util/log.h"
 #include "util/platform.h"
+#include "util/program.h"
 #include "util/time.h"
 #include "web_client/client.h"
 
@@ -34,7 +35,7 @@ constexpr BU_S32 PORTS_TRIED = 10;
 constexpr BU_S32 ENDING_MS = 1000, LOOK_MS = 20;
 
 struct tagOPTIONS_S {
-    std::string strRoot, strBind = "127.0.0.1", strPage = CAMERA_WEBUI_DIR;
+    std::string strRoot, strBind = "127.0.0.1", strPage = util::resource("webui");
     BU_S32 s32Http = -1, s32Https = -1; // negative: not served
     BU_S32 s32ReportFd = -1;
 };
@@ -179,6 +180,7 @@ int main(int argc, char **argv)
         return EX_TEMPFAIL;
     }
 
+    LOG_INFO("ptz-camera %s, web server\n", util::version());
     const std::string strMachine = machineName();
     web::WebLogic logic(textOf("CAMERA_WEB_HOSTS"), strMachine, textOf("CAMERA_WEB_PASSWORD"));
     const web::ServerConfig stConfig = configOf(*options, strMachine);

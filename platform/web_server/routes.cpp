@@ -15,8 +15,9 @@ constexpr std::size_t SMALL = 4 << 10, LARGE = 16 << 10; // bytes of a body
 // clang-format off
 constexpr std::array ROUTES{
     Route{"GET", "/session", Role::ANYONE,
-          "who is logged in: `{\"setup\", \"user\", \"role\", \"camera\"}`. `setup`: no user exists yet; `user` and "
-          "`role`: null when nobody is logged in; `camera`: the camera is there", getSession},
+          "who is logged in: `{\"setup\", \"user\", \"role\", \"camera\", \"version\"}`. `setup`: no user exists yet; `user` and "
+          "`role`: null when nobody is logged in, and so is the `version` of the program; `camera`: the camera is there",
+          getSession},
     Route{"POST", "/setup", Role::ANYONE,
           "makes the first user, an admin, and logs in; 409 when there is one", withBody<AccountBody, setUp>, SMALL,
           &RECORD<AccountBody>},

@@ -1,4 +1,5 @@
 #include "logicTest.h"
+#include "util/program.h"
 #include "util/thread.h"
 
 #include <atomic>
@@ -38,7 +39,7 @@ TEST_F(UsersApiTest, TheFirstUserSetsTheCameraUpOnce)
     WebLogic logic("", "camera", "");
     logic.setCamera(true);
     EXPECT_EQ(reply(logic.handle(request("GET", "/session"))).strBody,
-              R"({"setup":true,"user":null,"role":null,"camera":true})");
+              R"({"setup":true,"user":null,"role":null,"camera":true,"version":null})");
     EXPECT_EQ(logIn(logic, "ann", "12345678"), 409U);
     EXPECT_EQ(status(logic.handle(request("POST", "/setup", {}, account("ann", "short")))), 400U);
     EXPECT_EQ(status(logic.handle(request("POST", "/setup", {}, account("a b", "12345678")))), 400U);
@@ -50,7 +51,8 @@ TEST_F(UsersApiTest, TheFirstUserSetsTheCameraUpOnce)
     EXPECT_THAT(header(stReply, "Set-Cookie"), HasSubstr("; Path=/; HttpOnly; SameSite=Strict"));
     EXPECT_THAT(header(stReply, "Set-Cookie"), Not(HasSubstr("Secure")));
     EXPECT_EQ(reply(logic.handle(request("GET", "/session", given(stReply)))).strBody,
-              R"({"setup":false,"user":"ann","role":"admin","camera":true})");
+              R"({"setup":false,"user":"ann","role":"admin","camera":true,"version":")" + std::string(util::version()) +
+                  "\"}");
     EXPECT_EQ(status(logic.handle(request("POST", "/setup", {}, account("eve", "12345678")))), 409U);
 }
 
