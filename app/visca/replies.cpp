@@ -1,3 +1,4 @@
+// Answers that are more than a list of fields.
 #include "replies.h"
 
 #include "util/log.h"

@@ -1,3 +1,4 @@
+// Shutter speeds by output rate: the steps of up and down, and the positions that controllers count.
 #include "visca/visca.h"
 
 #include <algorithm>
@@ -32,23 +33,23 @@ constexpr Shutters STEPS_50 = ALL_25_50.subspan(1), STEPS_60 = ALL_30_60.subspan
 
 constexpr BU_S32 FIRST_POSITION = 5, NO_POSITION = 256;
 
-struct tagFPS_SHUTTERS_S {
+struct FpsShutters {
     Shutters listSteps;     ///< what up and down walk through
     Shutters listPositions; ///< the speed of each VISCA position, from FIRST_POSITION on
     BU_S32 s32First;        ///< the first position that can be set
     BU_S32 s32Default;      ///< the position reported for a speed that has none
 };
-constexpr tagFPS_SHUTTERS_S FPS60{STEPS_60, ALL_30_60, 6, 6};
-constexpr tagFPS_SHUTTERS_S FPS50{STEPS_50, ALL_25_50, 6, 6};
-constexpr tagFPS_SHUTTERS_S FPS30{ALL_30_60, ALL_30_60, 5, 6};
-constexpr tagFPS_SHUTTERS_S FPS25{SHUTTERS_25, ALL_25_50, 5, 6};
-constexpr tagFPS_SHUTTERS_S FPS24{SHUTTERS_24, SHUTTERS_24, 5, 5};
-constexpr tagFPS_SHUTTERS_S FPS_UNKNOWN{STEPS_60, STEPS_60, NO_POSITION, 5};
+constexpr FpsShutters FPS60{STEPS_60, ALL_30_60, 6, 6};
+constexpr FpsShutters FPS50{STEPS_50, ALL_25_50, 6, 6};
+constexpr FpsShutters FPS30{ALL_30_60, ALL_30_60, 5, 6};
+constexpr FpsShutters FPS25{SHUTTERS_25, ALL_25_50, 5, 6};
+constexpr FpsShutters FPS24{SHUTTERS_24, SHUTTERS_24, 5, 5};
+constexpr FpsShutters FPS_UNKNOWN{STEPS_60, STEPS_60, NO_POSITION, 5};
 
-constexpr std::array<const tagFPS_SHUTTERS_S *, HDMI_FPS_E_BUTT> SHUTTERS_BY_FPS{
+constexpr std::array<const FpsShutters *, HDMI_FPS_E_BUTT> SHUTTERS_BY_FPS{
     &FPS60, &FPS60, &FPS50, &FPS30, &FPS30, &FPS25, &FPS24, &FPS24}; // in the order of HDMI_FPS_E
 
-const tagFPS_SHUTTERS_S &shuttersOf(HDMI_FPS_E fps)
+const FpsShutters &shuttersOf(HDMI_FPS_E fps)
 {
     return fps >= 0 && fps < HDMI_FPS_E_BUTT ? *SHUTTERS_BY_FPS[fps] : FPS_UNKNOWN;
 }

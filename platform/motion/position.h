@@ -3,12 +3,10 @@
 #pragma once
 
 #include "motion/lensCurve.h"
+#include "motion/scale.h"
 
 namespace motion
 {
-constexpr BU_S32 MOTOR_CENTRE = 540000;
-constexpr BU_S32 MOTOR_PER_DEGREE = 1500;
-
 /// Where the head stops, in motor units, from the board profile.
 struct tagSTOPS_S {
     BU_S32 s32PanMin, s32PanMax, s32TiltMin, s32TiltMax;

@@ -8,6 +8,7 @@
 #include "camera/zoom.h"
 #include "config/config.h"
 #include "motion/lensCurve.h"
+#include "motion/scale.h"
 #include "picture/exposure.h"
 #include "vocabulary/tables.h"
 
@@ -176,10 +177,14 @@ BU_S32 PICTURE_ReadSettings(BU_S32 s32Pipe, PICTURE_SETTINGS_S *pstSettings)
     return 0;
 }
 
+static BU_FLOAT degreesOf(BU_U32 u32Motor)
+{
+    return (static_cast<BU_FLOAT>(u32Motor) - motion::MOTOR_CENTRE) / motion::MOTOR_PER_DEGREE;
+}
+
 BU_S32 PICTURE_ReadView(SCENE_VIEW_S *pstView)
 {
     if (!pstView) return -1;
-    constexpr BU_FLOAT MIDDLE = 540000, UNITS_PER_DEGREE = 1500;
     static const BU_FLOAT s_fFov = static_cast<BU_FLOAT>(BSP_PROFILE_GetInt("lens/fovDegrees", 60));
     static const BU_FLOAT s_fSceneM =
         static_cast<BU_FLOAT>(std::max(BSP_PROFILE_GetInt("lens/sceneDistanceCm", 500), 1)) / 100;
@@ -187,8 +192,8 @@ BU_S32 PICTURE_ReadView(SCENE_VIEW_S *pstView)
     BU_S32 s32Ret = 0, s32Focus = 0, s32Zoom = 0, s32FaceFirst = 0;
     PT_POS_S stPos{};
     if (BSP_PTGetCurPos(0, &stPos, PT_DEV_TYPE_PAN_TILE_E) == 0) {
-        st.fPan = (static_cast<BU_FLOAT>(stPos.u32PanPos) - MIDDLE) / UNITS_PER_DEGREE;
-        st.fTilt = (static_cast<BU_FLOAT>(stPos.u32TiltPos) - MIDDLE) / UNITS_PER_DEGREE;
+        st.fPan = degreesOf(stPos.u32PanPos);
+        st.fTilt = degreesOf(stPos.u32TiltPos);
     } else
         s32Ret = -1;
     if (PTZ_API_GetZoomTime(0, &st.fMagnification) != 0) s32Ret = -1;

@@ -1,3 +1,4 @@
+// The packet tables of docs/visca.md, from the rows.
 #include "doc.h"
 
 #include "table.h"

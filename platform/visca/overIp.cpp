@@ -1,3 +1,4 @@
+// VISCA over IP: which datagrams are taken, answered or dropped.
 #include "overIp.h"
 
 #include "util/bytes.h"

@@ -1,3 +1,4 @@
+// The topics of the packet table, in the order of the documents.
 #include "table.h"
 
 namespace visca

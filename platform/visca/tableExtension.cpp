@@ -1,3 +1,4 @@
+// Packets of extension commands and the two status inquiries.
 #include "table.h"
 
 namespace visca

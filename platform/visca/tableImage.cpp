@@ -1,3 +1,4 @@
+// Packets of white balance and exposure.
 #include "table.h"
 
 namespace visca

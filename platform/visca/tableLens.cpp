@@ -1,3 +1,4 @@
+// Packets of zoom and focus.
 #include "table.h"
 
 namespace visca

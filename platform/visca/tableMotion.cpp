@@ -1,3 +1,4 @@
+// Packets of pan, tilt and presets.
 #include "table.h"
 
 namespace visca

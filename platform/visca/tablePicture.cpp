@@ -1,3 +1,4 @@
+// Packets of picture parameters and extra image settings.
 #include "table.h"
 
 namespace visca

@@ -1,3 +1,4 @@
+// Packets of system, network, lamps, sound and menu.
 #include "table.h"
 
 namespace visca

@@ -1,3 +1,4 @@
+// Packets of people tracking.
 #include "table.h"
 
 namespace visca

@@ -1,3 +1,4 @@
+// The order in which a turn accepts, runs and answers.
 #include "turn.h"
 
 #include <algorithm>
