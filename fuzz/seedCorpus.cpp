@@ -143,8 +143,10 @@ std::vector<Bytes> webJsonSeeds()
         WEB_EVENT_S stEvent = WEB_EVENTS[i];
         stEvent.stResponse = stEvent.stRequest;
         const std::unique_ptr<WEB_RPC_PAYLOAD_S> pstRequest(stEvent.stRequest.fnCreate());
-        for (const char c : {'\1', '\2'})
-            texts.push_back(static_cast<char>(i) + web::writeResponse(stEvent, std::string(pstRequest->getSize(), c)));
+        for (const char c : {'\1', '\2'}) {
+            const std::string strImage(pstRequest->getSize(), c);
+            texts.push_back(static_cast<char>(i) + web::writeResponse(stEvent, strImage, strImage));
+        }
     }
     std::vector<Bytes> list;
     for (const std::string &strText : texts) list.emplace_back(strText.begin(), strText.end());

@@ -20,7 +20,7 @@ void body(WEB_EVENT_S stEvent, std::string_view text)
     std::string strImage, strAgain;
     if (!web::readRequest(stEvent, text, strImage).empty()) return;
     stEvent.stResponse = stEvent.stRequest;
-    const std::string strJson = web::writeResponse(stEvent, strImage);
+    const std::string strJson = web::writeResponse(stEvent, strImage, strImage);
     require(!strJson.empty());
     require(web::readRequest(stEvent, strJson, strAgain).empty());
     require(strImage == strAgain);

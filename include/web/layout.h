@@ -33,6 +33,7 @@ struct Field {
     BU_U32 u32Image;  ///< in the byte image of the record
     BU_U32 u32Size;   ///< bytes of one element; of a TEXT, the whole array
     BU_U32 u32Count;  ///< elements of an array, else 1
+    BU_U32 u32Align;  ///< of an element in the record
     const Record *pstRecord;
     const Variant *pstVariant;
 };
@@ -93,6 +94,7 @@ template <class M> consteval Field field(const BU_CHAR *pcName, std::size_t offs
                   u32Image,
                   static_cast<BU_U32>(ARRAY ? sizeof(Element) : sizeof(M)),
                   static_cast<BU_U32>(ARRAY ? std::extent_v<M> : 1),
+                  alignof(Element),
                   nullptr,
                   nullptr};
     if constexpr (KIND == Kind::RECORD) stField.pstRecord = &RECORD<Element>;
@@ -114,8 +116,7 @@ template <class T> consteval bool complete(BU_U32 u32Head)
 {
     BU_U32 u32End = u32Head;
     for (const Field &stField : FIELDS<T>) {
-        const BU_U32 u32Align = stField.enKind == Kind::TEXT ? 1 : stField.u32Size < 8 ? stField.u32Size : 8;
-        if (stField.u32Offset < u32End || stField.u32Offset >= u32End + u32Align) return false;
+        if (stField.u32Offset < u32End || stField.u32Offset >= u32End + stField.u32Align) return false;
         u32End = stField.u32Offset + stField.u32Size * stField.u32Count;
     }
     return u32End <= sizeof(T) && sizeof(T) < u32End + alignof(T);
@@ -164,13 +165,20 @@ template <class T> void dump(const T &stRecord, BU_CHAR *pcImage)
 }
 } // namespace web_layout
 
+// Payloads have a table of virtual functions before their fields: both compilers lay them out as the images need it.
+#define WEB_OFFSETS_BEGIN                                                                                              \
+    _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Winvalid-offsetof\"")
+#define WEB_OFFSETS_END _Pragma("GCC diagnostic pop")
+
 /// The fields of a record: WEB_FIELDS(type, WEB_FIELD(...), WEB_SWITCH(...), ...).
 #define WEB_FIELDS(type, ...)                                                                                          \
+    WEB_OFFSETS_BEGIN                                                                                                  \
     template <>                                                                                                        \
     inline constexpr auto web_layout::FIELDS<type> = [] {                                                              \
         using Here = type;                                                                                             \
         return std::array{__VA_ARGS__};                                                                                \
-    }()
+    }();                                                                                                               \
+    WEB_OFFSETS_END static_assert(true)
 /// An entry of a field list. @param image  offset in the byte image
 #define WEB_FIELD(member, image)                                                                                       \
     web_layout::field<decltype(Here::member)>(#member, offsetof(Here, member), image, false)
@@ -193,6 +201,3 @@ template <class T> void dump(const T &stRecord, BU_CHAR *pcImage)
 /// States that a nested record has so many bytes, all of them in its list.
 #define WEB_NESTED_FORM(type, size)                                                                                    \
     static_assert(web_layout::natural<type>() && web_layout::complete<type>(0) && sizeof(type) == (size))
-
-// Payloads have a table of virtual functions before their fields: both compilers lay them out as the images need it.
-#pragma GCC diagnostic ignored "-Winvalid-offsetof"

@@ -15,6 +15,13 @@ WEB_FIELDS(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S, WEB_FIELD(s32EventType, 8), WEB_FIEL
            WEB_FIELD(s32Value1, 20), WEB_FIELD(s32Value2, 24), WEB_FIELD(s32Value3, 28));
 WEB_IMAGE_FORM(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S, 32);
 
+/// The set of items first...last of a group as a bitmap: bit n is item n.
+constexpr BU_U64 webItems(BU_S32 s32First, BU_S32 s32Last)
+{
+    return (~BU_U64{0} >> (63 - s32Last)) & (~BU_U64{0} << s32First);
+}
+constexpr BU_U64 webItems(BU_S32 s32Item) { return webItems(s32Item, s32Item); }
+
 struct tag_WEB_RPC_PANEL_RES_PAYLOAD_S : WEB_RPC_LISTED_PAYLOAD<tag_WEB_RPC_PANEL_RES_PAYLOAD_S> {
     BU_BOOL bEnabled = BU_FALSE; ///< the item can be operated now
     BU_BOOL bVisible = BU_FALSE; ///< the item is to be shown

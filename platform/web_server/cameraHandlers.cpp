@@ -8,13 +8,12 @@ namespace web
 {
 namespace
 {
-constexpr BU_U32 READ_TIMEOUT_MS = 3000;
-constexpr BU_U32 SET_TIMEOUT_MS = 10000; // some wait for the network, or for an encoder that starts again
+constexpr BU_U32 QUESTION_TIMEOUT_MS = 3000;
 
 /// A question whose answer is what the browser gets.
 Outcome ask(std::string_view strQuestion, std::string strJson = {})
 {
-    return Question{std::string(strQuestion), std::move(strJson), READ_TIMEOUT_MS,
+    return Question{std::string(strQuestion), std::move(strJson), QUESTION_TIMEOUT_MS,
                     [](WEB_CLIENT_RESULT_E enResult, std::string_view strAnswer) {
                         return enResult == WEB_CLIENT_RESULT_E_OK ? answer(std::string(strAnswer))
                                                                   : failure(enResult, strAnswer);
@@ -35,14 +34,15 @@ Outcome callEvent(Desk &, const Visit &stVisit)
     const WEB_EVENT_S *pstEvent = findWebEvent(stVisit.strRest);
     if (!pstEvent) return problem(404, "there is no such event");
     if (stVisit.enRole < roleOf(*pstEvent)) return problem(403, "this user may not do that");
-    EventCall stCall{pstEvent->enEvent, {}, roleOf(*pstEvent) == Role::VIEWER ? READ_TIMEOUT_MS : SET_TIMEOUT_MS, {}};
+    EventCall stCall{pstEvent->enEvent, {}, pstEvent->u32TimeoutMs, {}};
     if (const std::string strFault = readRequest(*pstEvent, stVisit.stRequest.strBody, stCall.strImage);
         !strFault.empty())
         return problem(400, strFault);
     stCall.strSession = stVisit.strSession;
-    stCall.fnFinish = [pstEvent](WEB_CLIENT_RESULT_E enResult, std::string_view strImage) {
+    stCall.fnFinish = [pstEvent, strRequest = stCall.strImage](WEB_CLIENT_RESULT_E enResult,
+                                                               std::string_view strImage) {
         if (enResult != WEB_CLIENT_RESULT_E_OK) return failure(enResult, strImage);
-        std::string strJson = writeResponse(*pstEvent, strImage);
+        std::string strJson = writeResponse(*pstEvent, strRequest, strImage);
         return strJson.empty() ? problem(502, "the camera's answer has a wrong size") : answer(std::move(strJson));
     };
     return stCall;

@@ -50,10 +50,11 @@ constexpr const char *EVENTS_HEAD = R"(
 ## Events
 
 `POST /api/<event>` with the fields of the request, `{}` for none. A field that is left out is 0, false or empty. The
-answer has all fields of the response.
+answer has all fields of the response. An event that this build does not serve yet is answered with 404. Events of one
+page run in the order in which they came.
 
-| event | number | role | request | response |
-|---|---|---|---|---|
+| event | number | served | page | role | waits at most | request | response |
+|---|---|---|---|---|---|---|---|
 )";
 
 constexpr const char *PAYLOADS_HEAD = R"(
@@ -153,8 +154,9 @@ std::string eventRows()
     std::string strRows;
     for (const auto &[s32Number, pst] : byNumber)
         strRows += std::string("| `") + pst->pcName + "` | " + std::to_string(s32Number) + " | " +
-                   nameOf(roleOf(*pst)) + " | " + linkTo(pst->stRequest.pcName) + " | " +
-                   linkTo(pst->stResponse.pcName) + " |\n";
+                   (WEB_PAGES[pst->enPage].bServed ? "yes" : "not yet") + " | " + WEB_PAGES[pst->enPage].pcName +
+                   " | " + nameOf(roleOf(*pst)) + " | " + std::to_string(pst->u32TimeoutMs / 1000) + " s | " +
+                   linkTo(pst->stRequest.pcName) + " | " + linkTo(pst->stResponse.pcName) + " |\n";
     return strRows;
 }
 

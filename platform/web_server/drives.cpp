@@ -1,9 +1,6 @@
 #include "drives.h"
 
-#include "web/panelPayload.h"
-
-#include <algorithm>
-#include <array>
+#include "web/events.h"
 
 namespace web
 {
@@ -11,45 +8,36 @@ namespace
 {
 typedef tag_WEB_RPC_PANEL_REQ_PAYLOAD_S Panel;
 
-// Items that move the head or the lens: with both values 0 they stop it.
-struct tagMOVEMENT_S {
-    tag_WEB_RPC_EVENT_GROUP_E enEvent;
-    BU_S32 s32Item;
-};
-constexpr std::array MOVEMENTS{
-    tagMOVEMENT_S{WEB_RPC_EVENT_GROUP_E_SET_PT, 9},  // pan and tilt
-    tagMOVEMENT_S{WEB_RPC_EVENT_GROUP_E_SET_PT, 11}, // zoom
-    tagMOVEMENT_S{WEB_RPC_EVENT_GROUP_E_SET_AF, 6},  // focus
-};
+static_assert(std::ranges::all_of(WEB_EVENTS, [](const WEB_EVENT_S &st) {
+    return st.u64Movements == 0 || st.stRequest.pstRecord == &web_layout::RECORD<Panel>;
+}));
 constexpr BU_S32 HOME = -2; // a direction that ends by itself
 } // namespace
 
 void Drives::note(const std::string &strSession, tag_WEB_RPC_EVENT_GROUP_E enEvent, const std::string &strImage)
 {
+    const BU_U64 u64Movements = findWebEvent(static_cast<BU_U32>(enEvent))->u64Movements;
+    if (u64Movements == 0) return;
     Panel stPanel;
-    if (strImage.size() != stPanel.getSize()) return;
     web_layout::load(stPanel, strImage.data());
-    const auto row = std::ranges::find_if(MOVEMENTS, [&](const tagMOVEMENT_S &st) {
-        return st.enEvent == enEvent && st.s32Item == stPanel.s32EventType;
-    });
-    if (row == MOVEMENTS.end()) return;
+    const BU_S32 s32Item = stPanel.s32EventType;
+    if (s32Item < 0 || s32Item > 63 || (u64Movements & webItems(s32Item)) == 0) return;
     const bool bGoesOn = (stPanel.s32Value0 != 0 || stPanel.s32Value1 != 0) && stPanel.s32Value0 != HOME;
     auto &running = m_running[strSession];
-    const auto index = static_cast<std::size_t>(row - MOVEMENTS.begin());
     if (bGoesOn)
-        running.insert(index);
+        running.insert({enEvent, s32Item});
     else
-        running.erase(index);
+        running.erase({enEvent, s32Item});
     if (running.empty()) m_running.erase(strSession);
 }
 
 std::vector<Drives::Stop> Drives::take(const std::string &strSession)
 {
     std::vector<Stop> stops;
-    for (const std::size_t index : m_running[strSession]) {
+    for (const auto &[enEvent, s32Item] : m_running[strSession]) {
         Panel stPanel;
-        stPanel.s32EventType = MOVEMENTS[index].s32Item;
-        stops.push_back({MOVEMENTS[index].enEvent, std::string(stPanel.getSize(), '\0')});
+        stPanel.s32EventType = s32Item;
+        stops.push_back({enEvent, std::string(stPanel.getSize(), '\0')});
         web_layout::dump(stPanel, stops.back().strImage.data());
     }
     m_running.erase(strSession);

@@ -26,6 +26,6 @@ public:
     std::vector<Stop> take(const std::string &strSession);
 
 private:
-    std::map<std::string, std::set<std::size_t>> m_running; // rows of the table of movements
+    std::map<std::string, std::set<std::pair<tag_WEB_RPC_EVENT_GROUP_E, BU_S32>>> m_running; // events and their items
 };
 } // namespace web

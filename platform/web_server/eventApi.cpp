@@ -7,32 +7,35 @@ namespace web
 {
 namespace
 {
-struct tagRULE_S {
-    tag_WEB_RPC_EVENT_GROUP_E enEvent;
-    Role enRole;
-};
-// Where the name of an event does not say who may call it: what changes the camera's place in the network or takes
-// everything back, and what answers with passwords and stream keys.
-constexpr std::array RULES{
-    tagRULE_S{WEB_RPC_EVENT_GROUP_E_SYSTEM_FACTORY_RESET, Role::ADMIN},
-    tagRULE_S{WEB_RPC_EVENT_GROUP_E_SET_ETH_CFG, Role::ADMIN},
-    tagRULE_S{WEB_RPC_EVENT_GROUP_E_SET_SYSTEM_INFO, Role::ADMIN},
-    tagRULE_S{WEB_RPC_EVENT_TKVMX_E_SET_ETH_CFG, Role::ADMIN},
-    tagRULE_S{WEB_RPC_EVENT_TKVMX_E_SET_NDI_NET_CFG, Role::ADMIN},
-    tagRULE_S{WEB_RPC_EVENT_TKVMX_E_SET_DANTE_CFG, Role::ADMIN},
-    tagRULE_S{WEB_RPC_EVENT_GROUP_E_GET_MEDIA_PROTOCOL, Role::OPERATOR},
-    tagRULE_S{WEB_RPC_EVENT_GROUP_E_GET_MEDIA_PROTOCOL_GLOBAL, Role::OPERATOR},
-    tagRULE_S{WEB_RPC_EVENT_TKVMX_E_GET_ENCODER_SETTING_CFG, Role::OPERATOR},
-};
+using web_layout::Field;
 
 BU_CHAR *bytesOf(WEB_RPC_PAYLOAD_S &stPayload) { return reinterpret_cast<BU_CHAR *>(&stPayload); }
+
+const Field *find(const WEB_EVENT_PAYLOAD_S &st, std::string_view strName)
+{
+    const auto field = std::ranges::find(st.pstRecord->fields, strName, &Field::pcName);
+    return field == st.pstRecord->fields.end() ? nullptr : &*field;
+}
+
+/// Some answers with a union leave its selecting field 0: it holds the member that was asked for.
+void select(const WEB_EVENT_S &stEvent, std::string_view strRequest, WEB_RPC_PAYLOAD_S &stResponse)
+{
+    for (const Field &stField : stEvent.stResponse.pstRecord->fields) {
+        if (stField.enKind != web_layout::Kind::VARIANT) continue;
+        const BU_CHAR *pcName = stField.pstVariant->pcSelector;
+        const Field *pstFrom = find(stEvent.stRequest, pcName), *pstTo = find(stEvent.stResponse, pcName);
+        const std::string_view zeros("\0\0\0\0\0\0\0\0", pstTo->u32Size);
+        BU_CHAR *pcTo = bytesOf(stResponse) + pstTo->u32Offset;
+        if (pstFrom && pstFrom->u32Size == pstTo->u32Size && std::string_view(pcTo, pstTo->u32Size) == zeros)
+            strRequest.copy(pcTo, pstTo->u32Size, pstFrom->u32Image);
+    }
+}
 } // namespace
 
 Role roleOf(const WEB_EVENT_S &stEvent)
 {
-    if (const auto rule = std::ranges::find(RULES, stEvent.enEvent, &tagRULE_S::enEvent); rule != RULES.end())
-        return rule->enRole;
-    return std::string_view(stEvent.pcName).find("_E_GET_") != std::string_view::npos ? Role::VIEWER : Role::OPERATOR;
+    static_assert(static_cast<int>(Role::ADMIN) == WEB_ROLE_E_ADMIN);
+    return static_cast<Role>(stEvent.enRole);
 }
 
 std::string readRequest(const WEB_EVENT_S &stEvent, std::string_view strJson, std::string &strImage)
@@ -45,12 +48,13 @@ std::string readRequest(const WEB_EVENT_S &stEvent, std::string_view strJson, st
     return {};
 }
 
-std::string writeResponse(const WEB_EVENT_S &stEvent, std::string_view strImage)
+std::string writeResponse(const WEB_EVENT_S &stEvent, std::string_view strRequest, std::string_view strImage)
 {
     const std::unique_ptr<WEB_RPC_PAYLOAD_S> pstResponse(stEvent.stResponse.fnCreate());
     if (strImage.size() != pstResponse->getSize()) return {};
     std::string strCopy(strImage);
     pstResponse->loadBytes(strCopy.data(), pstResponse->getSize());
+    select(stEvent, strRequest, *pstResponse);
     return writeRecord(*stEvent.stResponse.pstRecord, bytesOf(*pstResponse));
 }
 } // namespace web

@@ -7,11 +7,10 @@ struct WEB_EVENT_S;
 
 namespace web
 {
-/// What reads is for viewers, what sets for operators; the network, the camera's name and the reset are for admins.
 Role roleOf(const WEB_EVENT_S &stEvent);
 
 /// Makes the image of a request from its fields as JSON. @return what is wrong, a sentence; empty: nothing
 std::string readRequest(const WEB_EVENT_S &stEvent, std::string_view strJson, std::string &strImage);
-/// The fields of a response as JSON. @return empty: the image has another size than the response
-std::string writeResponse(const WEB_EVENT_S &stEvent, std::string_view strImage);
+/// The fields of the response to a request as JSON. @return empty: the image has another size than the response
+std::string writeResponse(const WEB_EVENT_S &stEvent, std::string_view strRequest, std::string_view strImage);
 } // namespace web

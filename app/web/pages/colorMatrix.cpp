@@ -1,7 +1,6 @@
 // Hue and saturation of the six colours.
 #include "camera/image.h"
-#include "handlers.h"
-#include "web/colorMatrixPayload.h"
+#include "page.h"
 
 #include <array>
 
@@ -39,9 +38,18 @@ void setMatrix(SetColor pfnSet, const Matrix &req, Matrix &res)
         pfnSet(req.id, s32Color, req.*color(s32Color), BU_TRUE, BU_TRUE);
     res.bOk = BU_TRUE;
 }
-} // namespace
 
 void webRpcGetColorMatrixHue(Matrix *req, Matrix *res) { getMatrix(ISP_API_GetColorHue, *req, *res); }
 void webRpcSetColorMatrixHue(Matrix *req, Matrix *res) { setMatrix(ISP_API_SetColorHue, *req, *res); }
 void webRpcGetColorMatrixSaturation(Matrix *req, Matrix *res) { getMatrix(ISP_API_GetColorSat, *req, *res); }
 void webRpcSetColorMatrixSaturation(Matrix *req, Matrix *res) { setMatrix(ISP_API_SetColorSat, *req, *res); }
+
+constexpr void (*EVENTS[])() = {
+    WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_GET_COLOR_MATRIX_HUE, webRpcGetColorMatrixHue>,
+    WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_SET_COLOR_MATRIX_HUE, webRpcSetColorMatrixHue>,
+    WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_GET_COLOR_MATRIX_SATURATION, webRpcGetColorMatrixSaturation>,
+    WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_SET_COLOR_MATRIX_SATURATION, webRpcSetColorMatrixSaturation>,
+};
+} // namespace
+
+const web::Page web::COLOR_MATRIX{EVENTS};

@@ -3,7 +3,6 @@
 #include "camera/focus.h"
 #include "camera/preset.h"
 #include "camera/system.h"
-#include "handlers.h"
 #include "panel.h"
 #include "util/log.h"
 
@@ -93,8 +92,8 @@ struct tagIMAGE_ITEM_S {
 
 // The two modes themselves, items 4 and 22, are read for every get.
 constexpr BU_S32 AE_MODE_ITEM = 4, WB_MODE_ITEM = 22;
-constexpr BU_U64 EXPOSURE_ITEMS = items(4, 16) | items(18, 19);
-constexpr BU_U64 WHITE_BALANCE_ITEMS = items(22, 31) | items(33);
+constexpr BU_U64 EXPOSURE_ITEMS = webItems(4, 16) | webItems(18, 19);
+constexpr BU_U64 WHITE_BALANCE_ITEMS = webItems(22, 31) | webItems(33);
 
 constexpr tagIMAGE_ITEM_S ITEMS[] = {
     {{1, one}},
@@ -104,7 +103,7 @@ constexpr tagIMAGE_ITEM_S ITEMS[] = {
     {{5, ISP_API_GetAeMeterMode, set<ISP_API_SetAeMeterMode>}, AE_AUTO},
     {{6, ISP_API_GetAntiFlicker, set<ISP_API_SetAntiFlicker>}, AE_AUTO},
     {{7, ISP_API_GetBackLight, set<ISP_API_SetBackLight>}, AE_AUTO},
-    {{8, ISP_API_GetExpCompSwi, set<ISP_API_SetExpCompSwi>, items(9)}, AE_AUTO},
+    {{8, ISP_API_GetExpCompSwi, set<ISP_API_SetExpCompSwi>, webItems(9)}, AE_AUTO},
     {{9, ISP_API_GetExpCompLevel, set<ISP_API_SetExpCompLevel>},
      {.u32Ae = modes(AE_MODE_E_AUTO), .pfnSwitch = ISP_API_GetExpCompSwi}},
     {{10, ISP_API_GetGain, set<ISP_API_SetGain>}, {.u32Ae = modes(AE_MODE_E_MANUAL)}},
@@ -138,7 +137,7 @@ constexpr tagIMAGE_ITEM_S ITEMS[] = {
     {{42, ISP_API_GetGamma, set<ISP_API_SetGamma>}},
     {{43, ISP_API_Get2DNR, set<ISP_API_Set2DNR>}},
     {{44, ISP_API_Get3DNR, set<ISP_API_Set3DNR>}},
-    {{45, ISP_API_GetDrcSwi, set<ISP_API_SetDrcSwi>, items(46)}},
+    {{45, ISP_API_GetDrcSwi, set<ISP_API_SetDrcSwi>, webItems(46)}},
     {{46, ISP_API_GetDrcMode, set<ISP_API_SetDrcMode>}, {.pfnSwitch = ISP_API_GetDrcSwi}},
     {{47, cameraGet<SYS_API_GetMirror>, cameraSet<SYS_API_SetMirror>}},
     {{48, cameraGet<SYS_API_GetFlip>, cameraSet<SYS_API_SetFlip>}},
@@ -167,9 +166,8 @@ bool isEnabled(const tagRULE_S &stRule, BU_S32 s32Pipe, BU_S32 s32Ae, BU_S32 s32
     return s32Switch && isIn(stRule.u32Ae, s32Ae) && isIn(stRule.u32Wb, s32Wb) &&
            !(stRule.bCloseUpOnly && s32Pipe == PANORAMA);
 }
-} // namespace
 
-void webRpcGetIspHandler(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S *req, tag_WEB_RPC_PANEL_RES_PAYLOAD_S *res)
+void webRpcGetIspHandler(Request *req, Response *res)
 {
     const BU_S32 s32Item = req->s32EventType, s32Pipe = req->s32Id;
     UTIL_TRACE_Print("-- Isp Get %d\n", s32Item);
@@ -188,8 +186,14 @@ void webRpcGetIspHandler(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S *req, tag_WEB_RPC_PANEL
         answerGet(&pstRow->stItem, s32Pipe, *res);
 }
 
-void webRpcSetIspHandler(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S *req, tag_WEB_RPC_PANEL_RES_PAYLOAD_S *res)
+void webRpcSetIspHandler(Request *req, Response *res)
 {
     const tagIMAGE_ITEM_S *pstRow = find(req->s32EventType);
     if (pstRow) answerSet(&pstRow->stItem, req->s32Id, *req, *res);
 }
+
+constexpr void (*EVENTS[])() = {WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_GET_ISP, webRpcGetIspHandler>,
+                                WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_SET_ISP, webRpcSetIspHandler>};
+} // namespace
+
+const web::Page web::IMAGE{EVENTS};

@@ -1,6 +1,5 @@
 // Lens panel. There is one lens, device 0.
 #include "camera/focus.h"
-#include "handlers.h"
 #include "panel.h"
 #include "util/log.h"
 
@@ -30,16 +29,18 @@ constexpr Item ITEMS[] = {
     {5, AF_API_GetFocusAuto, set<AF_API_SetFocusAuto>},   {6, nullptr, driveFocus},
     {7, AF_API_GetFocusSpd, set<AF_API_SetFocusSpd>},     {8, nullptr, correctCurve},
 };
-} // namespace
 
-void webRpcGetAfHandler(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S *req, tag_WEB_RPC_PANEL_RES_PAYLOAD_S *res)
+void webRpcGetAfHandler(Request *req, Response *res)
 {
     res->bEnabled = BU_TRUE;
     UTIL_TRACE_Print("-- Af Get %d\n", req->s32EventType);
     answerGet(find(ITEMS, req->s32EventType), 0, *res);
 }
 
-void webRpcSetAfHandler(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S *req, tag_WEB_RPC_PANEL_RES_PAYLOAD_S *res)
-{
-    answerSet(find(ITEMS, req->s32EventType), 0, *req, *res);
-}
+void webRpcSetAfHandler(Request *req, Response *res) { answerSet(find(ITEMS, req->s32EventType), 0, *req, *res); }
+
+constexpr void (*EVENTS[])() = {WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_GET_AF, webRpcGetAfHandler>,
+                                WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_SET_AF, webRpcSetAfHandler>};
+} // namespace
+
+const web::Page web::LENS{EVENTS};

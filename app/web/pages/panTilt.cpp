@@ -3,7 +3,6 @@
 #include "camera/preset.h"
 #include "camera/system.h"
 #include "camera/zoom.h"
-#include "handlers.h"
 #include "panel.h"
 #include "util/log.h"
 
@@ -113,22 +112,27 @@ constexpr Item ITEMS[] = {
     {10, nullptr, onPreset},
     {11, nullptr, driveZoom},
     {12, PTZ_API_GetMaxDZoomTime, set<PTZ_API_SetMaxDZoomTime>},
-    {13, PTZ_API_GetDZoomMode, set<PTZ_API_SetDZoomMode>, items(12)},
-    {14, PT_API_GetSpeedMode, setSpeedMode, items(1, 2)},
+    {13, PTZ_API_GetDZoomMode, set<PTZ_API_SetDZoomMode>, webItems(12)},
+    {14, PT_API_GetSpeedMode, setSpeedMode, webItems(1, 2)},
 };
-} // namespace
 
-void webRpcGetPtHandler(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S *req, tag_WEB_RPC_PANEL_RES_PAYLOAD_S *res)
+void webRpcGetPtHandler(Request *req, Response *res)
 {
     res->bEnabled = BU_TRUE;
     UTIL_TRACE_Print("-- Pt Get %d\n", req->s32EventType);
     answerGet(find(ITEMS, req->s32EventType), 0, *res);
 }
 
-void webRpcSetPtHandler(tag_WEB_RPC_PANEL_REQ_PAYLOAD_S *req, tag_WEB_RPC_PANEL_RES_PAYLOAD_S *res)
+void webRpcSetPtHandler(Request *req, Response *res)
 {
     UTIL_TRACE_Print("Set %d {%d %d %d %d}\n", req->s32EventType, req->s32Value0, req->s32Value1, req->s32Value2,
                      req->s32Value3);
     res->s32SideEffectBitmap = 0;
     answerSet(find(ITEMS, req->s32EventType), 0, *req, *res);
 }
+
+constexpr void (*EVENTS[])() = {WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_GET_PT, webRpcGetPtHandler>,
+                                WEB_RPC_RegisterHandler<WEB_RPC_EVENT_GROUP_E_SET_PT, webRpcSetPtHandler>};
+} // namespace
+
+const web::Page web::PAN_TILT{EVENTS};

@@ -1,10 +1,10 @@
 // The remote of the page: key events for the input device of a remote.
+#include "virtualKey.h"
+
 #include "board/input.h"
 #include "camera/serial.h"
-#include "handlers.h"
 #include "util/file.h"
 #include "util/log.h"
-#include "web/panelPayload.h"
 
 #include <array>
 #include <atomic>

@@ -1,7 +1,7 @@
 #include "camera/focus.h"
 #include "camera/image.h"
 #include "camera/system.h"
-#include "panelTest.h"
+#include "webTest.h"
 
 #include <sstream>
 
@@ -11,17 +11,28 @@ using testing::IsEmpty;
 
 namespace
 {
+constexpr BU_U32 GET = WEB_RPC_EVENT_GROUP_E_GET_ISP, SET = WEB_RPC_EVENT_GROUP_E_SET_ISP;
 constexpr BU_S32 AE_MODE = 4, WB_MODE = 22, ONE_PUSH = 31, PRESET = 55;
 
-class ImageItem : public ItemTest, public testing::WithParamInterface<tagVALUE_CASE_S>
+class Image : public WebTest
 {
+protected:
+    /// Which items of a line of numbers are enabled.
+    static std::string enabled(BU_S32 s32Pipe, const std::string &strItems)
+    {
+        std::string strEnabled;
+        std::istringstream items(strItems);
+        for (BU_S32 s32Item; items >> s32Item;)
+            if (call(GET, s32Item, s32Pipe).bEnabled)
+                strEnabled += (strEnabled.empty() ? "" : " ") + std::to_string(s32Item);
+        return strEnabled;
+    }
 };
-TEST_P(ImageItem, ReadsAndSetsItsValueOnBothPipes)
+
+TEST_F(Image, ItemsAreReadAndSetOnBothPipes)
 {
-    for (const BU_S32 s32Pipe : {0, 1}) check(GetParam(), webRpcGetIspHandler, webRpcSetIspHandler, s32Pipe);
-}
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Rows, ImageItem, testing::ValuesIn<tagVALUE_CASE_S>({
+    // clang-format off
+    constexpr tagITEM_S ITEMS[] = {
     {2, "ISP_API_*ExposureFullViewFollow", 1}, {3, "ISP_API_*NDFilter", 3}, {4, "ISP_API_*AeMode", 2, 0xDFFF0},
     {5, "ISP_API_*AeMeterMode", 5}, {6, "ISP_API_*AntiFlicker", 2}, {7, "ISP_API_*BackLight", 1},
     {8, "ISP_API_*ExpCompSwi", 1, 512}, {9, "ISP_API_*ExpCompLevel", -4}, {10, "ISP_API_*Gain", 11},
@@ -37,23 +48,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, ImageItem, testing::ValuesIn<tagVALUE_CASE_S>({
     {42, "ISP_API_*Gamma", 4}, {43, "ISP_API_*2DNR", 5}, {44, "ISP_API_*3DNR", 7},
     {45, "ISP_API_*DrcSwi", 1, 0x400000000000}, {46, "ISP_API_*DrcMode", 5}, {47, "SYS_API_*Mirror", 1, 0, true},
     {48, "SYS_API_*Flip", 1, 0, true}, {50, "SYS_API_*ImageFreeze", 1, 0, true},
-    {51, "AF_API_*DistortionCorrection", 1, 0, true}, {52, "SYS_API_*HdrSwi", 1, 0, true}}));
-// clang-format on
-
-class Image : public PanelTest
-{
-protected:
-    /// Which items of a line of numbers are enabled.
-    static std::string enabled(BU_S32 s32Pipe, const std::string &strItems)
-    {
-        std::string strEnabled;
-        std::istringstream items(strItems);
-        for (BU_S32 s32Item; items >> s32Item;)
-            if (call(webRpcGetIspHandler, s32Item, s32Pipe).bEnabled)
-                strEnabled += (strEnabled.empty() ? "" : " ") + std::to_string(s32Item);
-        return strEnabled;
-    }
-};
+    {51, "AF_API_*DistortionCorrection", 1, 0, true}, {52, "SYS_API_*HdrSwi", 1, 0, true}};
+    // clang-format on
+    for (const tagITEM_S &st : ITEMS)
+        for (const BU_S32 s32Pipe : {0, 1}) check(st, GET, SET, s32Pipe);
+}
 
 const std::string EXPOSURE = "3 5 6 7 8 9 10 11 12 13 14 15 16 18 19", WHITE_BALANCE = "23 24 25 26 27 28 29 31 33";
 
@@ -73,7 +72,7 @@ TEST_F(Image, ExposureModeDecidesWhichItemsAreEnabled)
         for (const BU_S32 s32Pipe : {0, 1}) {
             ISP_API_SetAeMode(s32Pipe, st.s32Mode, BU_FALSE, BU_FALSE);
             ISP_API_SetExpCompSwi(s32Pipe, st.bCompensation, BU_FALSE, BU_FALSE);
-            EXPECT_EQ(call(webRpcGetIspHandler, AE_MODE, s32Pipe).s32Value, st.s32Mode);
+            EXPECT_EQ(call(GET, AE_MODE, s32Pipe).s32Value, st.s32Mode);
         }
         EXPECT_EQ(enabled(0, EXPOSURE), st.strCloseUp) << st.s32Mode;
         EXPECT_EQ(enabled(1, EXPOSURE), st.strPanorama) << st.s32Mode;
@@ -90,7 +89,7 @@ TEST_F(Image, WhiteBalanceModeDecidesWhichItemsAreEnabled)
     for (const auto &st : rows)
         for (const BU_S32 s32Pipe : {0, 1}) {
             ISP_API_SetWbMode(s32Pipe, st.s32Mode, BU_FALSE, BU_FALSE);
-            EXPECT_EQ(call(webRpcGetIspHandler, WB_MODE, s32Pipe).s32Value, st.s32Mode);
+            EXPECT_EQ(call(GET, WB_MODE, s32Pipe).s32Value, st.s32Mode);
             EXPECT_EQ(enabled(s32Pipe, WHITE_BALANCE), st.strEnabled) << st.s32Mode;
         }
 }
@@ -119,8 +118,8 @@ TEST_F(Image, ModesAndSwitchesThatCannotBeReadCountAsAutomaticAndOff)
         journal::inject(pcGet, -1, 100);
     EXPECT_EQ(enabled(0, EXPOSURE), "3 5 6 7 8 11 16");
     EXPECT_EQ(enabled(0, WHITE_BALANCE + " 46"), "26 27 28 29");
-    EXPECT_EQ(call(webRpcGetIspHandler, AE_MODE).s32Value, 0);
-    EXPECT_EQ(call(webRpcGetIspHandler, WB_MODE).s32Value, 0);
+    EXPECT_EQ(call(GET, AE_MODE).s32Value, 0);
+    EXPECT_EQ(call(GET, WB_MODE).s32Value, 0);
 }
 
 TEST_F(Image, SomeItemsAnswerTheStoredValue)
@@ -134,13 +133,13 @@ TEST_F(Image, SomeItemsAnswerTheStoredValue)
     const struct {
         BU_S32 s32Item, s32Value;
     } rows[] = {{18, 1}, {19, 60}, {51, 0}, {52, 0}, {50, 1}, {42, 3}, {1, 1}, {20, 1}};
-    for (const auto &st : rows) EXPECT_EQ(call(webRpcGetIspHandler, st.s32Item).s32Value, st.s32Value) << st.s32Item;
+    for (const auto &st : rows) EXPECT_EQ(call(GET, st.s32Item).s32Value, st.s32Value) << st.s32Item;
 }
 
 TEST_F(Image, OnePushStartsByAskingAndBySetting)
 {
-    EXPECT_EQ(call(webRpcGetIspHandler, ONE_PUSH, 1).s32Value, 0);
-    call(webRpcSetIspHandler, ONE_PUSH, 1, 1);
+    EXPECT_EQ(call(GET, ONE_PUSH, 1).s32Value, 0);
+    call(SET, ONE_PUSH, 1, 1);
     EXPECT_THAT(journal::effects(),
                 ElementsAre("ISP_API_TriggerAwbOnePush(1, 0)", "ISP_API_SetOnePushAwb(1, 1, 1, 1)"));
 }
@@ -156,26 +155,26 @@ TEST_F(Image, SavingAndDeletingPresetsAnswerTheirResult)
                 {2, "IMAGE_PRESET_API_DeleteById", "(12)", -1}};
     for (const auto &st : rows) {
         journal::inject(st.pcFunction, -1);
-        const Response res = call(webRpcSetIspHandler, PRESET, 0, st.s32Selector, 12);
+        const Response res = call(SET, PRESET, 0, st.s32Selector, 12);
         EXPECT_THAT(journal::effects(), ElementsAre(std::string(st.pcFunction) + st.pcArguments));
         EXPECT_EQ(res.s32Value, st.s32Refused) << st.pcFunction;
         EXPECT_EQ(res.s32SideEffectBitmap, 0U);
     }
-    for (const BU_S32 s32Selector : {-1, 3}) EXPECT_EQ(call(webRpcSetIspHandler, PRESET, 0, s32Selector).s32Value, 0);
+    for (const BU_S32 s32Selector : {-1, 3}) EXPECT_EQ(call(SET, PRESET, 0, s32Selector).s32Value, 0);
     for (const BU_S32 s32Item : {1, 17, 20, 32, 34, 37, 53, 54, 0, -1, 56, 64, INT32_MAX})
-        EXPECT_EQ(call(webRpcSetIspHandler, s32Item, 0, 1).s32SideEffectBitmap, 0U) << s32Item;
+        EXPECT_EQ(call(SET, s32Item, 0, 1).s32SideEffectBitmap, 0U) << s32Item;
     EXPECT_THAT(journal::effects(), IsEmpty());
 }
 
 TEST_F(Image, PrintsWhatItDoes)
 {
-    EXPECT_EQ(printed(webRpcGetIspHandler, 38), "-- Isp Get 38\n");
-    EXPECT_EQ(printed(webRpcSetIspHandler, 38, 1), "");
-    EXPECT_EQ(printed(webRpcSetIspHandler, 16, 1), "=======ISP_API_SetAutoIrisSwi=========");
-    EXPECT_EQ(printed(webRpcSetIspHandler, ONE_PUSH, 1), "ISP_API_SetOnePushAwb ok");
-    EXPECT_THAT(printed(webRpcSetIspHandler, 52, 1), EndsWith("] ===== isp hdr =====req->s32Value0 =1\n"));
+    EXPECT_EQ(printed([] { call(GET, 38); }), "-- Isp Get 38\n");
+    EXPECT_EQ(printed([] { call(SET, 38, 0, 1); }), "");
+    EXPECT_EQ(printed([] { call(SET, 16, 0, 1); }), "=======ISP_API_SetAutoIrisSwi=========");
+    EXPECT_EQ(printed([] { call(SET, ONE_PUSH, 0, 1); }), "ISP_API_SetOnePushAwb ok");
+    EXPECT_THAT(printed([] { call(SET, 52, 0, 1); }), EndsWith("] ===== isp hdr =====req->s32Value0 =1\n"));
     journal::effects();
-    EXPECT_THAT(printed(webRpcSetIspHandler, 49, 1), EndsWith("] ===== isp reset =====\n"));
+    EXPECT_THAT(printed([] { call(SET, 49, 0, 1); }), EndsWith("] ===== isp reset =====\n"));
     EXPECT_THAT(journal::effects(), ElementsAre("ISP_API_Reset(0)"));
 }
 } // namespace

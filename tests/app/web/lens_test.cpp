@@ -1,23 +1,26 @@
-#include "panelTest.h"
+#include "webTest.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace
 {
-class LensItem : public ItemTest, public testing::WithParamInterface<tagVALUE_CASE_S>
-{
-};
-TEST_P(LensItem, ReadsAndSetsItsValue) { check(GetParam(), webRpcGetAfHandler, webRpcSetAfHandler, 0); }
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Rows, LensItem, testing::ValuesIn<tagVALUE_CASE_S>({
-    {1, "AF_API_*FocusModel", 2}, {2, "AF_API_*FaceAF", 1}, {3, "AF_API_*FocusArea", 3}, {4, "AF_API_*PtzTrigAf", 1},
-    {5, "AF_API_*FocusAuto", 1}, {7, "AF_API_*FocusSpd", 6}}));
-// clang-format on
+constexpr BU_U32 GET = WEB_RPC_EVENT_GROUP_E_GET_AF, SET = WEB_RPC_EVENT_GROUP_E_SET_AF;
 
-class Lens : public PanelTest
+class Lens : public WebTest
 {
 };
+
+TEST_F(Lens, ItemsAreReadAndSet)
+{
+    for (const tagITEM_S &st : std::initializer_list<tagITEM_S>{{1, "AF_API_*FocusModel", 2},
+                                                                {2, "AF_API_*FaceAF", 1},
+                                                                {3, "AF_API_*FocusArea", 3},
+                                                                {4, "AF_API_*PtzTrigAf", 1},
+                                                                {5, "AF_API_*FocusAuto", 1},
+                                                                {7, "AF_API_*FocusSpd", 6}})
+        check(st, GET, SET, 0);
+}
 
 TEST_F(Lens, FocusDrivesAtTheSpeedOfThePage)
 {
@@ -29,22 +32,22 @@ TEST_F(Lens, FocusDrivesAtTheSpeedOfThePage)
                 {-300, "AF_API_SetFocusAct(0, 3, 44)"},     {256, "AF_API_SetFocusAct(0, 2, 0)"},
                 {INT32_MIN, "AF_API_SetFocusAct(0, 3, 0)"}, {INT32_MAX, "AF_API_SetFocusAct(0, 2, 255)"}};
     for (const auto &st : rows) {
-        EXPECT_EQ(call(webRpcSetAfHandler, 6, 7, st.s32Value).s32SideEffectBitmap, 0U);
+        EXPECT_EQ(call(SET, 6, 7, st.s32Value).s32SideEffectBitmap, 0U);
         EXPECT_THAT(journal::effects(), ElementsAre(st.pcCall)) << st.s32Value;
     }
-    call(webRpcSetAfHandler, 8, 0, 5);
+    call(SET, 8, 0, 5);
     EXPECT_THAT(journal::effects(), ElementsAre("AF_API_TriggerCurveCorrection()"));
 }
 
 TEST_F(Lens, ItemsWithoutAValueAnswerEnabledAndZero)
 {
     for (const BU_S32 s32Item : {6, 8, 0, 9, -1, INT32_MAX}) {
-        const Response res = call(webRpcGetAfHandler, s32Item);
+        const Response res = call(GET, s32Item);
         EXPECT_TRUE(res.bEnabled == BU_TRUE && res.s32Value == 0) << s32Item;
-        if (s32Item != 6 && s32Item != 8) call(webRpcSetAfHandler, s32Item, 0, 1);
+        if (s32Item != 6 && s32Item != 8) call(SET, s32Item, 0, 1);
     }
     EXPECT_THAT(journal::effects(), IsEmpty());
-    EXPECT_EQ(printed(webRpcGetAfHandler, 3), "-- Af Get 3\n");
-    EXPECT_EQ(printed(webRpcSetAfHandler, 3, 1), "");
+    EXPECT_EQ(printed([] { call(GET, 3); }), "-- Af Get 3\n");
+    EXPECT_EQ(printed([] { call(SET, 3, 0, 1); }), "");
 }
 } // namespace

@@ -1,5 +1,5 @@
 #include "camera/motion.h"
-#include "panelTest.h"
+#include "webTest.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -8,18 +8,9 @@ namespace
 {
 constexpr BU_S32 MOVE = 9, PRESET = 10, ZOOM = 11, SPEED_MODE = 14;
 
-class PanTiltItem : public ItemTest, public testing::WithParamInterface<tagVALUE_CASE_S>
-{
-};
-TEST_P(PanTiltItem, ReadsAndSetsItsValue) { check(GetParam(), webRpcGetPtHandler, webRpcSetPtHandler, 0); }
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Rows, PanTiltItem, testing::ValuesIn<tagVALUE_CASE_S>({
-    {1, "PT_API_*PanSpeed", 3}, {2, "PT_API_*TileSpeed", 4}, {3, "PRESET_API_*PresetSpeed", 5},
-    {4, "PT_API_*PowerUpPtzPos", 6}, {5, "PTZ_API_*ZoomSpd", 7}, {6, "SYS_API_*MountMode", 1, 0, true},
-    {7, "PT_API_*PtSpeedMatch", 1}, {12, "PTZ_API_*MaxDZoomTime", 9}, {13, "PTZ_API_*DZoomMode", 1, 4096}}));
-// clang-format on
+constexpr BU_U32 GET = WEB_RPC_EVENT_GROUP_E_GET_PT, SET = WEB_RPC_EVENT_GROUP_E_SET_PT;
 
-class PanTilt : public ItemTest
+class PanTilt : public WebTest
 {
 protected:
     PanTilt()
@@ -39,25 +30,38 @@ protected:
     }
     Effects set(BU_S32 s32Item, BU_S32 s32Value0, BU_S32 s32Value1 = 0)
     {
-        call(webRpcSetPtHandler, s32Item, 5, s32Value0, s32Value1);
+        call(SET, s32Item, 5, s32Value0, s32Value1);
         return journal::effects();
     }
 };
 
+TEST_F(PanTilt, ItemsAreReadAndSet)
+{
+    for (const tagITEM_S &st : std::initializer_list<tagITEM_S>{{1, "PT_API_*PanSpeed", 2},
+                                                                {2, "PT_API_*TileSpeed", 4},
+                                                                {3, "PRESET_API_*PresetSpeed", 5},
+                                                                {4, "PT_API_*PowerUpPtzPos", 6},
+                                                                {5, "PTZ_API_*ZoomSpd", 7},
+                                                                {6, "SYS_API_*MountMode", 1, 0, true},
+                                                                {7, "PT_API_*PtSpeedMatch", 1},
+                                                                {12, "PTZ_API_*MaxDZoomTime", 9},
+                                                                {13, "PTZ_API_*DZoomMode", 1, 4096}})
+        check(st, GET, SET, 0);
+}
+
 TEST_F(PanTilt, SuperfineModeHasSpeedsOfItsOwn)
 {
-    const Response res = call(webRpcSetPtHandler, SPEED_MODE, 0, 1);
+    const Response res = call(SET, SPEED_MODE, 0, 1);
     EXPECT_THAT(journal::effects(), ElementsAre("PT_API_SetSpeedMode(0, 1, 1)"));
     EXPECT_EQ(res.s32SideEffectBitmap, 6U);
-    EXPECT_EQ(call(webRpcGetPtHandler, SPEED_MODE).s32Value, 1);
-    for (const tagVALUE_CASE_S &st : {tagVALUE_CASE_S{1, "PT_API_*PanSpeedSuperfine", 101},
-                                      tagVALUE_CASE_S{2, "PT_API_*TileSpeedSuperfine", 102}}) {
-        SCOPED_TRACE(st);
-        check(st, webRpcGetPtHandler, webRpcSetPtHandler, 0);
+    EXPECT_EQ(call(GET, SPEED_MODE).s32Value, 1);
+    for (const tagITEM_S &st :
+         {tagITEM_S{1, "PT_API_*PanSpeedSuperfine", 101}, tagITEM_S{2, "PT_API_*TileSpeedSuperfine", 102}}) {
+        check(st, GET, SET, 0);
     }
     set(SPEED_MODE, 0);
-    EXPECT_EQ(call(webRpcGetPtHandler, 1).s32Value, 3);
-    EXPECT_EQ(call(webRpcGetPtHandler, 2).s32Value, 5);
+    EXPECT_EQ(call(GET, 1).s32Value, 3);
+    EXPECT_EQ(call(GET, 2).s32Value, 5);
 }
 
 TEST_F(PanTilt, PairsOfDirectionsMoveTheHead)
@@ -94,7 +98,7 @@ TEST_F(PanTilt, SavingAndDeletingPresetsAnswerTheirResult)
     for (const auto &st : rows)
         for (const bool bRefused : {false, true}) {
             journal::inject(st.pcFunction, bRefused ? -1 : 0);
-            const Response res = call(webRpcSetPtHandler, PRESET, 0, st.s32Selector, 12);
+            const Response res = call(SET, PRESET, 0, st.s32Selector, 12);
             EXPECT_THAT(journal::effects(), ElementsAre(std::string(st.pcFunction) + st.pcArguments));
             EXPECT_EQ(res.s32SideEffectBitmap, bRefused ? st.u64Refused : 0) << st.pcFunction;
         }
@@ -113,11 +117,11 @@ TEST_F(PanTilt, ZoomDrivesAtTheConfiguredSpeed)
 TEST_F(PanTilt, ItemsWithoutAValueAnswerEnabledAndZero)
 {
     for (const BU_S32 s32Item : {8, 9, 10, 11, 0, 15, -1, INT32_MAX}) {
-        const Response res = call(webRpcGetPtHandler, s32Item);
+        const Response res = call(GET, s32Item);
         EXPECT_TRUE(res.bEnabled == BU_TRUE && res.s32Value == 0) << s32Item;
     }
     for (const BU_S32 s32Item : {8, 0, 15, -1, INT32_MAX}) EXPECT_THAT(set(s32Item, 1), IsEmpty());
-    EXPECT_EQ(printed(webRpcGetPtHandler, 9), "-- Pt Get 9\n");
-    EXPECT_EQ(printed(webRpcSetPtHandler, 13, 1), "Set 13 {1 0 0 0}\n");
+    EXPECT_EQ(printed([] { call(GET, 9); }), "-- Pt Get 9\n");
+    EXPECT_EQ(printed([] { call(SET, 13, 0, 1); }), "Set 13 {1 0 0 0}\n");
 }
 } // namespace

@@ -1,10 +1,9 @@
 /// Tables of panel items: a row says how an item is read and how it is set.
 #pragma once
 
-#include "web/panelPayload.h"
+#include "page.h"
 
 #include <algorithm>
-#include <span>
 
 namespace web_panel
 {
@@ -21,13 +20,6 @@ struct Item {
     BU_U64 u64SideEffects = 0;
     BU_BOOL bReread = BU_FALSE; ///< of the get
 };
-
-/// The set of items first...last as a bitmap.
-constexpr BU_U64 items(BU_S32 s32First, BU_S32 s32Last)
-{
-    return (~BU_U64{0} >> (63 - s32Last)) & (~BU_U64{0} << s32First);
-}
-constexpr BU_U64 items(BU_S32 s32Item) { return items(s32Item, s32Item); }
 
 /// Sets the item to the request's value, and has it stored and told.
 template <Set Value> void set(BU_S32 s32Dev, const Request &req, Response &)
@@ -56,10 +48,11 @@ inline void answerGet(const Item *pstItem, BU_S32 s32Dev, Response &res)
     if (pstItem && pstItem->pfnGet) pstItem->pfnGet(s32Dev, &res.s32Value, pstItem->bReread);
 }
 
+/// The side effects are those of the row, when it has some; else what the page has put there before.
 inline void answerSet(const Item *pstItem, BU_S32 s32Dev, const Request &req, Response &res)
 {
     if (!pstItem || !pstItem->pfnAct) return;
-    res.s32SideEffectBitmap = pstItem->u64SideEffects;
+    if (pstItem->u64SideEffects) res.s32SideEffectBitmap = pstItem->u64SideEffects;
     pstItem->pfnAct(s32Dev, req, res);
 }
 } // namespace web_panel
