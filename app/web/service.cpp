@@ -1,6 +1,7 @@
 // Start and stop of the web service.
 #include "web/web.h"
 
+#include "api/api.h"
 #include "camera/systemService.h"
 #include "model/model.h"
 #include "pages/page.h"
@@ -18,6 +19,7 @@ BU_S32 BSP_StartHttpService()
     for (const web::Page *pstPage : web::PAGES)
         for (const auto registerEvent : *pstPage) registerEvent();
     WEB_CMD_VirInit();
+    for (const web::Subject *pstSubject : web::SUBJECTS) pstSubject->pfnStart();
     WEB_RPC_InitForAppMain();
     UTIL_TRACE_Print("[Info][AppService:Web] Rpc listener init ok.\n");
     SYSTEM_API_SetHttpPort(HTTP_PORT, HTTPS_PORT);
@@ -28,6 +30,8 @@ BU_S32 BSP_StopHttpService()
 {
     SYSTEM_API_StopHttpDaemon();
     WEB_RPC_UnInitForAppMain(BU_FALSE);
+    for (const web::Subject *pstSubject : web::SUBJECTS)
+        if (pstSubject->pfnStop) pstSubject->pfnStop();
     WEB_CMD_VirDestroy();
     return 0;
 }

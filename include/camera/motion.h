@@ -10,7 +10,7 @@
 /// call that starts or ends it. The result is BU_TRUE when the target was reached (also when the axes stood there
 /// already) and BU_FALSE when a newer command took over first. No data or no registration: no report.
 ///
-/// Positions are motor units, see docs/positions.md: 1500 a degree around 540000, right and up are positive.
+/// Positions are motor units, see docs/positions.md: so many a degree around the middle, right and up are positive.
 #pragma once
 
 #include "base/setting.h"
@@ -18,6 +18,8 @@
 #include <iterator>
 #include <string>
 #include <vector>
+
+inline constexpr BU_S32 PT_MOTOR_CENTRE = 540000, PT_MOTOR_PER_DEGREE = 1500;
 
 enum PT_CTRL_FROM_E : BU_S32 {
     PT_CTRL_E_FROM_ALG = 0,

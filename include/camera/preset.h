@@ -9,6 +9,7 @@
 #include "camera/motion.h"
 
 #include <functional>
+#include <vector>
 
 typedef std::function<void(void *)> FN_PRESET_INTERRUPT_CALL;
 struct PRESET_INFO_S {
@@ -49,6 +50,8 @@ BU_S32 PRESET_API_SetCur(BU_S32 s32Preset, const BU_CHAR *pcName);
 BU_S32 PRESET_API_DeleteById(BU_S32 s32Preset);
 /// @return 0, or -1: nothing stored there; the record is untouched
 BU_S32 PRESET_API_QueryById(BU_S32 s32Preset, PRESET_INFO_S *pstInfo);
+/// All that are stored, by number.
+std::vector<PRESET_INFO_S> PRESET_API_List();
 /// @return 0, or -1: not a special number
 BU_S32 PRESET_API_QuerySpecialById(BU_S32 s32Preset);
 

@@ -79,8 +79,8 @@ BU_S32 SYSTEM_API_SetLanguage(const BU_CHAR *pcWord, BU_BOOL bSaveCfg);
 BU_GETTER(SYSTEM_API_, NTPEnabled)
 BU_S32 SYSTEM_API_SetEnableNTP(BU_BOOL bOn, BU_BOOL bSaveCfg);
 
-/// Ports of the web server, before the port offset; stored (see CFG_SYSTEM_GetHttpPort). @return 0, or -1: outside
-/// 1-65535, or not stored
+/// Starts the web server at these ports, before the port offset; one that is stored (see CFG_SYSTEM_GetHttpPort) stands
+/// above the one given. @return 0, or -1: outside 1-65535
 BU_S32 SYSTEM_API_SetHttpPort(BU_S32 s32Http, BU_S32 s32Https);
 /// Stops the web server. @return 0
 BU_S32 SYSTEM_API_StopHttpDaemon();

@@ -11,6 +11,9 @@ BU_S32 PTZ_API_SetZoomAct(BU_S32 s32Dev, ZOOM_ACTION_E enAction, BU_U8 u8Speed);
 BU_S32 PTZ_API_GetZoomPos(BU_S32 s32Dev, BU_S32 *ps32Pos);
 /// The same as magnification, 1.0 at the wide end. @return 0 or -1
 BU_S32 PTZ_API_GetZoomTime(BU_S32 s32Dev, BU_FLOAT *pfTimes);
+/// Horizontal field of view of the close-up picture at this moment [degrees], with all that brings it closer: lens,
+/// digital zoom, tele mode, distortion correction. A picture maps degrees to pixels evenly. @return 0 or -1
+BU_S32 PTZ_API_GetFieldOfView(BU_S32 s32Dev, BU_FLOAT *pfDegrees);
 /// Moves to a magnification and returns at once. @return 0 or -1
 BU_S32 PTZ_API_SetZoomTime(BU_S32 s32Dev, BU_FLOAT fTimes, BU_U8 u8Speed);
 

@@ -10,6 +10,7 @@
 #include <span>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 namespace web_layout
 {
@@ -20,7 +21,10 @@ enum class Kind : BU_U8 {
     SWITCH,   ///< 0 or 1: a BU_BOOL, or a bool of one byte
     TEXT,     ///< characters, terminated unless the array is full
     RECORD,   ///< a nested record
-    VARIANT   ///< a union: another field of the record says which member holds
+    VARIANT,  ///< a union: another field of the record says which member holds
+    // Of answers and news, which have no byte image:
+    NAME, ///< a text by its address, terminated; null: empty
+    LIST  ///< a std::vector of records; left out while empty. WEB_LIST: the record is nothing but this list
 };
 
 struct Record;
@@ -36,6 +40,7 @@ struct Field {
     BU_U32 u32Align;  ///< of an element in the record
     const Record *pstRecord;
     const Variant *pstVariant;
+    std::string_view (*pfnElements)(const BU_CHAR *pcList); ///< of a LIST: the bytes of its records, u32Size each
 };
 
 /// A record: its fields in the order of their declaration.
@@ -66,10 +71,31 @@ template <class U> inline constexpr std::array<Alternative, 0> MEMBERS{};
 template <class U> inline constexpr const BU_CHAR *SELECTOR = "";
 template <class U> inline constexpr Variant VARIANT{SELECTOR<U>, MEMBERS<U>};
 
+template <class M> struct ListOf {
+};
+template <class T> struct ListOf<std::vector<T>> {
+    typedef T Element;
+};
+template <class M>
+concept List = requires
+{
+    typename ListOf<M>::Element;
+};
+
+template <List M> std::string_view elements(const BU_CHAR *pcList)
+{
+    const M &list = *reinterpret_cast<const M *>(pcList);
+    return {reinterpret_cast<const BU_CHAR *>(list.data()), list.size() * sizeof(list[0])};
+}
+
 template <class M> constexpr Kind kindOf()
 {
     using Element = std::remove_all_extents_t<M>;
-    if constexpr (std::is_same_v<Element, bool>)
+    if constexpr (List<M>)
+        return Kind::LIST;
+    else if constexpr (std::is_same_v<M, const BU_CHAR *>)
+        return Kind::NAME;
+    else if constexpr (std::is_same_v<Element, bool>)
         return Kind::SWITCH;
     else if constexpr (std::is_array_v<M> && std::is_same_v<Element, BU_CHAR>)
         return Kind::TEXT;
@@ -96,7 +122,13 @@ template <class M> consteval Field field(const BU_CHAR *pcName, std::size_t offs
                   static_cast<BU_U32>(ARRAY ? std::extent_v<M> : 1),
                   alignof(Element),
                   nullptr,
+                  nullptr,
                   nullptr};
+    if constexpr (List<M>) {
+        stField.u32Size = sizeof(typename ListOf<M>::Element);
+        stField.pstRecord = &RECORD<typename ListOf<M>::Element>;
+        stField.pfnElements = elements<M>;
+    }
     if constexpr (KIND == Kind::RECORD) stField.pstRecord = &RECORD<Element>;
     if constexpr (KIND == Kind::VARIANT) stField.pstVariant = &VARIANT<Element>;
     return stField;
@@ -110,12 +142,14 @@ template <class T> consteval bool natural()
     return true;
 }
 
-/// No field of the record is missing in its list, or listed in another place: only alignment leaves gaps.
+/// The record has an image, no field of it is missing in its list, or listed in another place: only alignment leaves
+/// gaps.
 /// @param u32Head  bytes before the first field
 template <class T> consteval bool complete(BU_U32 u32Head)
 {
     BU_U32 u32End = u32Head;
     for (const Field &stField : FIELDS<T>) {
+        if (stField.enKind >= Kind::NAME) return false;
         if (stField.u32Offset < u32End || stField.u32Offset >= u32End + stField.u32Align) return false;
         u32End = stField.u32Offset + stField.u32Size * stField.u32Count;
     }
@@ -166,8 +200,7 @@ template <class T> void dump(const T &stRecord, BU_CHAR *pcImage)
 } // namespace web_layout
 
 // Payloads have a table of virtual functions before their fields: both compilers lay them out as the images need it.
-#define WEB_OFFSETS_BEGIN                                                                                              \
-    _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Winvalid-offsetof\"")
+#define WEB_OFFSETS_BEGIN _Pragma("GCC diagnostic push") _Pragma("GCC diagnostic ignored \"-Winvalid-offsetof\"")
 #define WEB_OFFSETS_END _Pragma("GCC diagnostic pop")
 
 /// The fields of a record: WEB_FIELDS(type, WEB_FIELD(...), WEB_SWITCH(...), ...).
@@ -185,6 +218,9 @@ template <class T> void dump(const T &stRecord, BU_CHAR *pcImage)
 /// The same for a BU_BOOL, which is 0 or 1.
 #define WEB_SWITCH(member, image)                                                                                      \
     web_layout::field<decltype(Here::member)>(#member, offsetof(Here, member), image, true)
+
+/// The only entry of a record that is nothing but a list.
+#define WEB_LIST(member) web_layout::field<decltype(Here::member)>("", offsetof(Here, member), 0, false)
 
 /// The members of a union: WEB_MEMBERS(type, selecting field, WEB_MEMBER(...), ...).
 #define WEB_MEMBERS(type, selector, ...)                                                                               \

@@ -3,6 +3,7 @@
 #include "camera/focus.h"
 #include "camera/motion.h"
 #include "camera/settingEvent.h"
+#include "camera/system.h"
 #include "camera/zoom.h"
 #include "service.h"
 #include "settings/settings.h"
@@ -218,6 +219,21 @@ BU_S32 PTZ_API_GetZoomTime(BU_S32 s32Dev, BU_FLOAT *pfTimes)
     if (const auto injected = journal::ask(__func__, s32Dev, pfTimes)) return *injected;
     if (s32Dev != 0 || !pfTimes) return -1;
     *pfTimes = static_cast<BU_FLOAT>(magnificationOf(currentPosition().s32Zoom));
+    return 0;
+}
+
+BU_S32 PTZ_API_GetFieldOfView(BU_S32 s32Dev, BU_FLOAT *pfDegrees)
+{
+    if (const auto injected = journal::ask(__func__, s32Dev, pfDegrees)) return *injected;
+    static const auto s_fWide = static_cast<BU_FLOAT>(BSP_PROFILE_GetInt("lens/fovDegrees", 60));
+    constexpr BU_FLOAT TELE_MODE = 2, CORRECTED = 1.04F; // the middle of the sensor alone; edges that were bent cut off
+    BU_FLOAT fTimes = 1;
+    BU_S32 s32Crop = BU_FALSE;
+    BU_BOOL bCorrected = BU_FALSE;
+    if (!pfDegrees || PTZ_API_GetZoomTime(s32Dev, &fTimes) != 0) return -1;
+    SYS_API_GetSensorCrop(&s32Crop, BU_FALSE);
+    AF_API_GetDistortionCorrection(&bCorrected, BU_FALSE);
+    *pfDegrees = s_fWide / (fTimes * (s32Crop ? TELE_MODE : 1) * (bCorrected ? CORRECTED : 1));
     return 0;
 }
 

@@ -2,11 +2,13 @@
 /// and focus positions stands here. docs/positions.md has the tables.
 #pragma once
 
+#include "camera/motion.h"
 #include "motion/lensCurve.h"
-#include "motion/scale.h"
 
 namespace motion
 {
+constexpr BU_S32 MOTOR_CENTRE = PT_MOTOR_CENTRE, MOTOR_PER_DEGREE = PT_MOTOR_PER_DEGREE;
+
 /// Where the head stops, in motor units, from the board profile.
 struct tagSTOPS_S {
     BU_S32 s32PanMin, s32PanMax, s32TiltMin, s32TiltMax;

@@ -56,6 +56,13 @@ tagPOSITION_S homePosition()
     return {{MOTOR_CENTRE, MOTOR_CENTRE}, 0, std::nullopt};
 }
 
+PRESET_INFO_S infoOf(const CFG_PRESET_S &st)
+{
+    PRESET_INFO_S stInfo{st.s32Id, {}, st.s32PanPos, st.s32TiltPos, st.s32ZoomPos, st.s32FocusPos};
+    st.strName.copy(stInfo.acName, PRESET_NAME_SIZE);
+    return stInfo;
+}
+
 std::string nameFor(BU_S32 s32Preset, const BU_CHAR *pcName)
 {
     if (pcName && *pcName) return std::string(pcName, strnlen(pcName, PRESET_NAME_SIZE));
@@ -128,9 +135,15 @@ BU_S32 PRESET_API_QueryById(BU_S32 s32Preset, PRESET_INFO_S *pstInfo)
     if (const auto injected = journal::ask(__func__, s32Preset)) return *injected;
     CFG_PRESET_S stPreset;
     if (!pstInfo || CFG_STORE_GetPreset(s32Preset, &stPreset) != 0) return -1;
-    *pstInfo = {s32Preset, {}, stPreset.s32PanPos, stPreset.s32TiltPos, stPreset.s32ZoomPos, stPreset.s32FocusPos};
-    stPreset.strName.copy(pstInfo->acName, PRESET_NAME_SIZE);
+    *pstInfo = infoOf(stPreset);
     return 0;
+}
+
+std::vector<PRESET_INFO_S> PRESET_API_List()
+{
+    std::vector<PRESET_INFO_S> list;
+    std::ranges::transform(CFG_STORE_ListPresets(), std::back_inserter(list), infoOf);
+    return list;
 }
 
 BU_S32 PRESET_API_QuerySpecialById(BU_S32 s32Preset)

@@ -8,7 +8,6 @@
 #include "camera/zoom.h"
 #include "config/config.h"
 #include "motion/lensCurve.h"
-#include "motion/scale.h"
 #include "picture/exposure.h"
 #include "vocabulary/tables.h"
 
@@ -146,16 +145,6 @@ void readWhiteBalance(BU_S32 s32Pipe, PICTURE_SETTINGS_S &st)
         st.afStrength[i] = static_cast<BU_FLOAT>(valueOf(STRENGTHS[i], s32Pipe)) / ONE;
     }
 }
-
-/// What else brings the picture closer: only the middle of the sensor is read, or the edges that the lens bends are cut
-/// off.
-BU_FLOAT enlargement()
-{
-    constexpr BU_FLOAT TELE_MODE = 2, CORRECTED = 1.04F;
-    BU_BOOL bCorrected = BU_FALSE;
-    AF_API_GetDistortionCorrection(&bCorrected, BU_FALSE);
-    return (valueOf(SYS_API_GetSensorCrop) ? TELE_MODE : 1) * (bCorrected ? CORRECTED : 1);
-}
 } // namespace
 
 BU_S32 PICTURE_ReadSettings(BU_S32 s32Pipe, PICTURE_SETTINGS_S *pstSettings)
@@ -179,7 +168,7 @@ BU_S32 PICTURE_ReadSettings(BU_S32 s32Pipe, PICTURE_SETTINGS_S *pstSettings)
 
 static BU_FLOAT degreesOf(BU_U32 u32Motor)
 {
-    return (static_cast<BU_FLOAT>(u32Motor) - motion::MOTOR_CENTRE) / motion::MOTOR_PER_DEGREE;
+    return (static_cast<BU_FLOAT>(u32Motor) - PT_MOTOR_CENTRE) / PT_MOTOR_PER_DEGREE;
 }
 
 BU_S32 PICTURE_ReadView(SCENE_VIEW_S *pstView)
@@ -189,6 +178,7 @@ BU_S32 PICTURE_ReadView(SCENE_VIEW_S *pstView)
     static const BU_FLOAT s_fSceneM =
         static_cast<BU_FLOAT>(std::max(BSP_PROFILE_GetInt("lens/sceneDistanceCm", 500), 1)) / 100;
     SCENE_VIEW_S st{.fFov = s_fFov};
+    BU_FLOAT fSeen = s_fFov;
     BU_S32 s32Ret = 0, s32Focus = 0, s32Zoom = 0, s32FaceFirst = 0;
     PT_POS_S stPos{};
     if (BSP_PTGetCurPos(0, &stPos, PT_DEV_TYPE_PAN_TILE_E) == 0) {
@@ -196,8 +186,8 @@ BU_S32 PICTURE_ReadView(SCENE_VIEW_S *pstView)
         st.fTilt = degreesOf(stPos.u32TiltPos);
     } else
         s32Ret = -1;
-    if (PTZ_API_GetZoomTime(0, &st.fMagnification) != 0) s32Ret = -1;
-    st.fMagnification *= enlargement();
+    if (PTZ_API_GetFieldOfView(0, &fSeen) != 0) s32Ret = -1;
+    st.fMagnification = s_fFov / fSeen;
     AF_API_GetFaceAF(0, &s32FaceFirst); // then the lens focuses on faces at any distance: taken as sharp
     if (AF_API_GetFocusPos(0, &s32Focus) != 0 || PTZ_API_GetZoomPos(0, &s32Zoom) != 0)
         s32Ret = -1;

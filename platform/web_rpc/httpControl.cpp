@@ -77,12 +77,12 @@ BU_S32 SYSTEM_API_SetHttpPort(BU_S32 s32Http, BU_S32 s32Https)
     if (const auto injected = journal::call(__func__, s32Http, s32Https)) return *injected;
     const auto isPort = [](BU_S32 s32Port) { return s32Port >= 1 && s32Port <= PORT_MAX; };
     if (!isPort(s32Http) || !isPort(s32Https)) return -1;
-    const BU_S32 s32Ret =
-        CFG_STORE_SetTexts({{"Http/Port", std::to_string(s32Http)}, {"Http/SecurePort", std::to_string(s32Https)}});
+    for (const auto &[pcKey, ps32Port] : {std::pair{"Http/Port", &s32Http}, {"Http/SecurePort", &s32Https}})
+        if (BU_S32 s32Stored = 0; CFG_STORE_GetInt(pcKey, &s32Stored) == 0 && isPort(s32Stored)) *ps32Port = s32Stored;
     const std::lock_guard guard(server().lock);
     run(server(), {"--root", UTIL_ROOT_Path("/"), "--bind", PLATFORM_BindAddress(), "--http",
                    std::to_string(PLATFORM_Port(s32Http)), "--https", std::to_string(PLATFORM_Port(s32Https))});
-    return s32Ret;
+    return 0;
 }
 
 BU_S32 SYSTEM_API_StopHttpDaemon()

@@ -1,5 +1,7 @@
 #include "lanes.h"
 
+#include "web/events.h"
+
 #include <functional>
 #include <utility>
 
@@ -7,8 +9,10 @@ namespace web_rpc
 {
 BU_U64 tagCALL_S::lane() const
 {
-    constexpr BU_U64 QUESTIONS = BU_U64{1} << 63;
-    return strQuestion.empty() ? u32Event : QUESTIONS | std::hash<std::string>()(strQuestion);
+    constexpr BU_U64 QUESTIONS = BU_U64{1} << 63, NO_EVENT = BU_U64{1} << 62;
+    if (!strQuestion.empty()) return QUESTIONS | std::hash<std::string>()(strQuestion);
+    const WEB_EVENT_S *pstEvent = findWebEvent(u32Event);
+    return pstEvent ? static_cast<BU_U64>(pstEvent->enPage) : NO_EVENT;
 }
 
 Lanes::Verdict Lanes::take(tagCALL_S &stCall)

@@ -1,5 +1,6 @@
-/// Which call runs when. Calls of one event, or questions of one name, form a lane: they run in the order they came,
-/// one at a time, so that a stop never overtakes the start before it. Different lanes run side by side.
+/// Which call runs when. Calls of one page, or questions of one name, form a lane: they run in the order they came,
+/// one at a time, so that a stop never overtakes the start before it, and a read that stores undoes no later set.
+/// Different lanes run side by side.
 ///
 /// The threads that read calls also run them, so a call needs no hand-over; one of them always goes on reading. What
 /// cannot run at once waits here, up to a limit.

@@ -1,4 +1,4 @@
-/// What web servers ask beside the events: settings, presets, the position; and the move to a point of the picture.
+/// The questions that are registered.
 #pragma once
 
 #include "server.h"
@@ -7,7 +7,4 @@ namespace web_rpc
 {
 /// @param strJson  an object, or empty
 tagRESULT_S answerQuestion(const std::string &strQuestion, const std::string &strJson);
-
-/// {"pan":degrees,"tilt":degrees,"zoom":magnification}, to hundredths.
-std::string positionText();
 } // namespace web_rpc

@@ -30,20 +30,18 @@ bool mayConnect(int s32Fd)
 }
 } // namespace
 
-std::unique_ptr<Server> Server::open(std::function<tagRESULT_S(const tagCALL_S &)> fnRun,
-                                     std::function<void()> fnClients)
+std::unique_ptr<Server> Server::open(std::function<tagRESULT_S(const tagCALL_S &)> fnRun)
 {
     util::FileDescriptor listener = listenAt(SOCKET_PATH);
     if (listener < 0) return nullptr;
-    std::unique_ptr<Server> pst(new Server(std::move(listener), std::move(fnRun), std::move(fnClients)));
+    std::unique_ptr<Server> pst(new Server(std::move(listener), std::move(fnRun)));
     return pst->watch() ? std::move(pst) : nullptr;
 }
 
-Server::Server(util::FileDescriptor listener, std::function<tagRESULT_S(const tagCALL_S &)> fnRun,
-               std::function<void()> fnClients)
+Server::Server(util::FileDescriptor listener, std::function<tagRESULT_S(const tagCALL_S &)> fnRun)
     : m_listener(std::move(listener)), m_epoll(epoll_create1(EPOLL_CLOEXEC)),
-      m_stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_fnRun(std::move(fnRun)), m_fnClients(std::move(fnClients)),
-      m_u64Last(FIRST_CONNECTION), m_reserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
+      m_stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_fnRun(std::move(fnRun)), m_u64Last(FIRST_CONNECTION),
+      m_reserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
 {
 }
 
@@ -96,7 +94,6 @@ void Server::accept()
         LOG_WARN("web calls: a connection is refused, %s\n", bMay ? "there are too many" : "of another user");
         return;
     }
-    m_fnClients();
     pst->arm();
 }
 
@@ -133,7 +130,6 @@ void Server::part(Connection &connection)
 {
     connection.cut();
     m_pstClients->remove(connection.number());
-    m_fnClients();
 }
 
 void Server::receive(const std::shared_ptr<Connection> &pst, const tagMESSAGE_S &stMessage)

@@ -25,10 +25,8 @@ public:
     static constexpr std::size_t HANDLERS = 4; ///< calls that run at once; one more thread goes on reading
 
     /// @param fnRun  runs a call or answers a question, on a thread of the server
-    /// @param fnClients  told whenever a connection has come or gone
     /// @return null: cannot listen, the reason is logged
-    static std::unique_ptr<Server> open(std::function<tagRESULT_S(const tagCALL_S &)> fnRun,
-                                        std::function<void()> fnClients);
+    static std::unique_ptr<Server> open(std::function<tagRESULT_S(const tagCALL_S &)> fnRun);
     /// Waits for calls that run; never from inside one.
     ~Server();
     Server(const Server &) = delete;
@@ -38,8 +36,7 @@ public:
     std::shared_ptr<Clients> clients() const { return m_pstClients; }
 
 private:
-    Server(util::FileDescriptor listener, std::function<tagRESULT_S(const tagCALL_S &)> fnRun,
-           std::function<void()> fnClients);
+    Server(util::FileDescriptor listener, std::function<tagRESULT_S(const tagCALL_S &)> fnRun);
     bool watch();
     void work();
     void accept();
@@ -51,7 +48,6 @@ private:
 
     const util::FileDescriptor m_listener, m_epoll, m_stop;
     const std::function<tagRESULT_S(const tagCALL_S &)> m_fnRun;
-    const std::function<void()> m_fnClients;
     const std::shared_ptr<Clients> m_pstClients = std::make_shared<Clients>();
     Lanes m_lanes{HANDLERS};
     std::atomic<BU_U64> m_u64Last;

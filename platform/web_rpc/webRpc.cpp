@@ -2,11 +2,10 @@
 #include "web/webRpc.h"
 
 #include "events.h"
-#include "news.h"
 #include "questions.h"
 #include "service.h"
 #include "util/journal.h"
-#include "util/log.h"
+#include "web_client/recordJson.h"
 
 namespace
 {
@@ -15,8 +14,8 @@ using namespace web_rpc;
 struct tagSERVICE_S {
     std::mutex control; // one start, stop or registration at a time; guards pstServer
     std::unique_ptr<Server> pstServer;
-    std::mutex lock; // guards pstNews
-    std::unique_ptr<News> pstNews;
+    std::mutex lock; // guards pstClients
+    std::shared_ptr<Clients> pstClients;
 };
 tagSERVICE_S &service()
 {
@@ -30,17 +29,10 @@ tagRESULT_S run(const tagCALL_S &stCall)
                                       : answerQuestion(stCall.strQuestion, stCall.strBytes);
 }
 
-void countClients()
+void setClients(std::shared_ptr<Clients> pstClients)
 {
     const std::lock_guard guard(service().lock);
-    if (service().pstNews) service().pstNews->countClients();
-}
-
-std::unique_ptr<News> exchangeNews(std::unique_ptr<News> pstNews)
-{
-    const std::lock_guard guard(service().lock);
-    std::swap(service().pstNews, pstNews);
-    return pstNews;
+    service().pstClients = std::move(pstClients);
 }
 } // namespace
 
@@ -57,10 +49,9 @@ BU_S32 WEB_RPC_InitForAppMain()
     if (const auto injected = journal::call(__func__)) return *injected;
     const std::lock_guard guard(service().control);
     if (service().pstServer) return 0;
-    service().pstServer = Server::open(run, countClients);
+    service().pstServer = Server::open(run);
     if (!service().pstServer) return -1;
-    exchangeNews(std::make_unique<News>(service().pstServer->clients()));
-    countClients(); // those that were quicker
+    setClients(service().pstServer->clients());
     return 0;
 }
 
@@ -68,7 +59,18 @@ BU_S32 WEB_RPC_UnInitForAppMain(BU_BOOL bReserved)
 {
     if (const auto injected = journal::call(__func__, bReserved)) return *injected;
     const std::lock_guard guard(service().control);
-    exchangeNews(nullptr);
+    setClients(nullptr);
     service().pstServer.reset();
     return 0;
+}
+
+BU_S32 WEB_RPC_Tell(const BU_CHAR *pcSubject, const web_layout::Record &stRecord, const void *pvNews)
+{
+    if (const auto injected = journal::ask(__func__, pcSubject)) return *injected;
+    std::unique_lock guard(service().lock);
+    const auto pstClients = service().pstClients;
+    guard.unlock();
+    const auto count = pstClients ? static_cast<BU_S32>(pstClients->count()) : 0;
+    if (count > 0) pstClients->tell(pcSubject, web_client::writeRecord(stRecord, static_cast<const BU_CHAR *>(pvNews)));
+    return count;
 }

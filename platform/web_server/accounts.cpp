@@ -15,10 +15,10 @@ std::string sessionJson(const Desk &stDesk, const std::string &strUser, Role enR
 {
     const bool bUser = enRole != Role::ANYONE;
     return std::string("{\"setup\":") + (stDesk.users.isEmpty() ? "true" : "false") +
-           ",\"user\":" + (bUser ? quoted(strUser) : "null") +
-           ",\"role\":" + (bUser ? quoted(nameOf(enRole)) : "null") +
+           ",\"user\":" + (bUser ? web_client::quoted(strUser) : "null") +
+           ",\"role\":" + (bUser ? web_client::quoted(nameOf(enRole)) : "null") +
            ",\"camera\":" + (stDesk.bCamera ? "true" : "false") +
-           ",\"version\":" + (bUser ? quoted(util::version()) : "null") + "}";
+           ",\"version\":" + (bUser ? web_client::quoted(util::version()) : "null") + "}";
 }
 
 std::string cookie(std::string_view strToken, bool bTls)
@@ -158,8 +158,8 @@ Outcome getUsers(Desk &stDesk, const Visit &)
 {
     std::string strJson;
     for (const User &stUser : stDesk.users.list())
-        strJson += (strJson.empty() ? "" : ",") + std::string("{\"user\":") + quoted(stUser.strName) +
-                   ",\"role\":" + quoted(nameOf(stUser.enRole)) + "}";
+        strJson += (strJson.empty() ? "" : ",") + std::string("{\"user\":") + web_client::quoted(stUser.strName) +
+                   ",\"role\":" + web_client::quoted(nameOf(stUser.enRole)) + "}";
     return answer("[" + strJson + "]");
 }
 

@@ -56,12 +56,14 @@ Outcome centre(Desk &, const Visit &, const CentreBody &stBody)
 {
     const auto isInside = [](float f) { return f >= 0 && f <= 1; };
     if (!isInside(stBody.x) || !isInside(stBody.y)) return problem(400, "x and y must be numbers from 0 to 1");
-    return ask("centre", writeRecord(web_layout::RECORD<CentreBody>, reinterpret_cast<const BU_CHAR *>(&stBody)));
+    return ask("centre",
+               web_client::writeRecord(web_layout::RECORD<CentreBody>, reinterpret_cast<const BU_CHAR *>(&stBody)));
 }
 
 Outcome menu(Desk &, const Visit &, const MenuBody &stBody)
 {
-    return ask("menu", writeRecord(web_layout::RECORD<MenuBody>, reinterpret_cast<const BU_CHAR *>(&stBody)));
+    return ask("menu",
+               web_client::writeRecord(web_layout::RECORD<MenuBody>, reinterpret_cast<const BU_CHAR *>(&stBody)));
 }
 
 Outcome getPicture(Desk &, const Visit &stVisit)

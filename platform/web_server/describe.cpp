@@ -83,6 +83,9 @@ std::string typeOf(const Field &stField)
         return "object";
     case Kind::VARIANT:
         return "object with one member";
+    case Kind::NAME:
+    case Kind::LIST:
+        break; // of no event
     }
     return {};
 }

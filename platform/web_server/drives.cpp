@@ -16,9 +16,10 @@ constexpr BU_S32 HOME = -2; // a direction that ends by itself
 
 void Drives::note(const std::string &strSession, tag_WEB_RPC_EVENT_GROUP_E enEvent, const std::string &strImage)
 {
-    const BU_U64 u64Movements = findWebEvent(static_cast<BU_U32>(enEvent))->u64Movements;
-    if (u64Movements == 0) return;
+    const WEB_EVENT_S *pstEvent = findWebEvent(static_cast<BU_U32>(enEvent));
+    const BU_U64 u64Movements = pstEvent ? pstEvent->u64Movements : 0;
     Panel stPanel;
+    if (u64Movements == 0 || strImage.size() != stPanel.getSize()) return;
     web_layout::load(stPanel, strImage.data());
     const BU_S32 s32Item = stPanel.s32EventType;
     if (s32Item < 0 || s32Item > 63 || (u64Movements & webItems(s32Item)) == 0) return;

@@ -1,7 +1,7 @@
 #include "eventApi.h"
 
-#include "json.h"
 #include "web/events.h"
+#include "web_client/recordJson.h"
 
 namespace web
 {
@@ -41,7 +41,7 @@ Role roleOf(const WEB_EVENT_S &stEvent)
 std::string readRequest(const WEB_EVENT_S &stEvent, std::string_view strJson, std::string &strImage)
 {
     const std::unique_ptr<WEB_RPC_PAYLOAD_S> pstRequest(stEvent.stRequest.fnCreate());
-    std::string strFault = readRecord(*stEvent.stRequest.pstRecord, strJson, bytesOf(*pstRequest));
+    std::string strFault = web_client::readRecord(*stEvent.stRequest.pstRecord, strJson, bytesOf(*pstRequest));
     if (!strFault.empty()) return strFault;
     strImage.assign(pstRequest->getSize(), '\0');
     pstRequest->dumpBytes(strImage.data(), pstRequest->getSize());
@@ -55,6 +55,6 @@ std::string writeResponse(const WEB_EVENT_S &stEvent, std::string_view strReques
     std::string strCopy(strImage);
     pstResponse->loadBytes(strCopy.data(), pstResponse->getSize());
     select(stEvent, strRequest, *pstResponse);
-    return writeRecord(*stEvent.stResponse.pstRecord, bytesOf(*pstResponse));
+    return web_client::writeRecord(*stEvent.stResponse.pstRecord, bytesOf(*pstResponse));
 }
 } // namespace web

@@ -1,9 +1,9 @@
 /// The handlers of the routes. Network thread; none of them waits.
 #pragma once
 
-#include "json.h"
 #include "routes.h"
 #include "users/password.h"
+#include "web_client/recordJson.h"
 
 #include <cstddef>
 
@@ -37,7 +37,7 @@ Outcome withBody(Desk &stDesk, const Visit &stVisit)
 {
     T stBody{};
     const std::string strFault =
-        readRecord(web_layout::RECORD<T>, stVisit.stRequest.strBody, reinterpret_cast<BU_CHAR *>(&stBody));
+        web_client::readRecord(web_layout::RECORD<T>, stVisit.stRequest.strBody, reinterpret_cast<BU_CHAR *>(&stBody));
     return strFault.empty() ? HANDLE(stDesk, stVisit, stBody) : problem(400, strFault);
 }
 

@@ -64,7 +64,7 @@ std::span<const Header> securityHeaders() { return SECURITY_HEADERS; }
 
 Reply problem(BU_U32 u32Status, std::string_view sentence)
 {
-    Reply stReply = answer("{\"error\":" + quoted(sentence) + "}");
+    Reply stReply = answer("{\"error\":" + web_client::quoted(sentence) + "}");
     stReply.u32Status = u32Status;
     return stReply;
 }

@@ -1,7 +1,7 @@
 // Start and stop of the web service: what is registered, in which order, and what nobody handles.
 #include "web/web.h"
-#include "web/webClient.h"
 #include "webTest.h"
+#include "web_client/client.h"
 
 #include <set>
 
@@ -29,6 +29,8 @@ TEST_F(WebService, RegistersThePagesThatAreBuiltThenListensThenSetsThePorts)
         for (const BU_CHAR *pc : {"MainHandler", "ReqPayloadCreator", "ResPayloadCreator"})
             expected.push_back(std::string("WEB_RPC_Register") + pc + "(" + std::to_string(s32Event) + ")");
     }
+    for (const BU_CHAR *pc : {"settings", "presets", "position", "centre", "menu"})
+        expected.push_back(std::string("WEB_RPC_RegisterQuestion(\"") + pc + "\")");
     expected.insert(expected.end(), {"WEB_RPC_InitForAppMain()", "SYSTEM_API_SetHttpPort(80, 443)"});
     journal::inject("WEB_RPC_InitForAppMain", -1); // nobody looks at it
     EXPECT_THAT(

@@ -53,12 +53,7 @@ Peer::tagPACKET_S Peer::receiveKind(Kind enKind) const
 }
 
 Peer::tagPACKET_S Peer::answer() const { return receiveKind(Kind::ANSWER); }
-std::string Peer::news() const
-{
-    std::string strNews = receiveKind(Kind::NEWS).strBytes;
-    while (strNews.starts_with("{\"position")) strNews = receiveKind(Kind::NEWS).strBytes;
-    return strNews;
-}
+std::string Peer::news() const { return receiveKind(Kind::NEWS).strBytes; }
 
 bool Peer::isEnded() const
 {

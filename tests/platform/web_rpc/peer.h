@@ -23,7 +23,7 @@ public:
         std::string strBytes;
     };
     tagPACKET_S receive() const;
-    /// The next answer, or the next news but of the position; what else comes is passed over.
+    /// The next answer, or the next news; what else comes is passed over.
     tagPACKET_S answer() const;
     std::string news() const;
     bool isEnded() const; ///< nothing more comes

@@ -40,6 +40,21 @@ void registerAll()
                                           handle<[](const Request &, Response &) {}>),
               0);
 }
+
+const BU_CHAR *answerEcho(const void *pvRequest, void *pvAnswer)
+{
+    const auto &st = *static_cast<const tagECHO_S *>(pvRequest);
+    *static_cast<tagECHO_S *>(pvAnswer) = st;
+    return st.number < 0 ? "too dark" : nullptr;
+}
+
+const BU_CHAR *answerMany(const void *pvRequest, void *pvAnswer)
+{
+    auto &lines = static_cast<tagLINES_S *>(pvAnswer)->lines;
+    lines.resize(static_cast<std::size_t>(static_cast<const tagECHO_S *>(pvRequest)->number), {"a \"line\"", {}});
+    if (!lines.empty()) lines.back() = {nullptr, {{7, "x"}}};
+    return nullptr;
+}
 } // namespace
 
 Gate &WebRpcTest::gate()
@@ -54,15 +69,17 @@ WebRpcTest::WebRpcTest(const std::string &strFolder, Time enTime)
     char acFolder[] = "/tmp/camera-test-XXXXXX";
     m_strRoot = mkdtemp(acFolder);
     UTIL_ROOT_Set((m_strRoot + strFolder).c_str());
-    CFG_STORE_Open(nullptr);
-    CFG_SETTING_Reload();
     registerAll();
     gate().open(false);
-    for (BU_U32 u32Event = GATED; u32Event <= GATED_LAST; ++u32Event)
+    std::vector<BU_U32> gated(std::begin(GATED_PAGES), std::end(GATED_PAGES));
+    gated.push_back(NEIGHBOUR);
+    for (const BU_U32 u32Event : gated)
         registerEvent(u32Event, handle<[](const Request &st, Response &stResponse) {
                           gate().pass();
                           stResponse.s32Value = st.s32EventType;
                       }>);
+    EXPECT_EQ(WEB_RPC_RegisterQuestion("echo", WEB_RPC_RECORD<tagECHO_S>, WEB_RPC_RECORD<tagECHO_S>, answerEcho), 0);
+    EXPECT_EQ(WEB_RPC_RegisterQuestion("many", WEB_RPC_RECORD<tagECHO_S>, WEB_RPC_RECORD<tagLINES_S>, answerMany), 0);
     EXPECT_EQ(WEB_RPC_InitForAppMain(), 0);
 }
 
@@ -94,4 +111,11 @@ BU_S32 WebRpcTest::valueOf(const std::string &strResponse)
     EXPECT_EQ(strResponse.size(), 32U);
     if (strResponse.size() == 32) std::memcpy(&s32Value, strResponse.data() + 16, sizeof(s32Value));
     return s32Value;
+}
+
+BU_S32 WebRpcTest::tell(const BU_CHAR *pcSubject, BU_S32 s32Number, const BU_CHAR *pcText)
+{
+    tagECHO_S st{.number = s32Number};
+    std::strcpy(st.text, pcText);
+    return WEB_RPC_Tell(pcSubject, web_layout::RECORD<tagECHO_S>, &st);
 }

@@ -2,7 +2,6 @@
 /// the test holds up.
 #pragma once
 
-#include "camera/settingEvent.h"
 #include "peer.h"
 #include "store/store.h"
 #include "util/file.h"
@@ -54,8 +53,27 @@ private:
     int m_s32Waiting = 0;
 };
 
-/// The events of the tests: SUM and COUNT answer at once, SILENT says nothing, from GATED on the handlers wait.
-enum : BU_U32 { SUM = 1, COUNT = 2, SILENT = 3, HALF = 4, GATED = 10, GATED_LAST = 17 };
+/// The events of the tests, each of a page of its own: SUM and COUNT answer at once, SILENT says nothing, HALF lacks
+/// factories; the handlers of the GATED ones wait. Two of GATED's page are NEIGHBOUR and SUM's.
+enum : BU_U32 { SUM = 1, COUNT = 3, SILENT = 5, HALF = 38, GATED = 7, NEIGHBOUR = 9 };
+constexpr BU_U32 GATED_PAGES[] = {GATED, 23, 19, 26, 11, 15, 66, 88};
+
+/// The questions: "echo" answers with what it was asked, and refuses a negative number; "many" answers with so many
+/// lines.
+struct tagECHO_S {
+    BU_S32 number = 5;
+    BU_CHAR text[16]{};
+};
+struct tagLINE_S {
+    const BU_CHAR *line;
+    std::vector<tagECHO_S> more;
+};
+struct tagLINES_S {
+    std::vector<tagLINE_S> lines;
+};
+WEB_FIELDS(tagECHO_S, WEB_FIELD(number, 0), WEB_FIELD(text, 0));
+WEB_FIELDS(tagLINE_S, WEB_FIELD(line, 0), WEB_FIELD(more, 0));
+WEB_FIELDS(tagLINES_S, WEB_LIST(lines));
 
 class WebRpcTest : public testing::Test
 {
@@ -69,6 +87,7 @@ protected:
     /// A request whose items are 1, 2, ... but for the first.
     static std::string request(BU_S32 s32Item);
     static BU_S32 valueOf(const std::string &strResponse); ///< s32Value of a panel response
+    static BU_S32 tell(const BU_CHAR *pcSubject, BU_S32 s32Number, const BU_CHAR *pcText = "");
 
 private:
     std::optional<util::ManualClock> m_clock;

@@ -113,6 +113,9 @@ TEST_F(RoutesTest, EventsNeedTheirRole)
     for (const WEB_EVENT_S &stEvent : WEB_EVENTS) {
         const std::string strName = stEvent.pcName;
         const bool bGet = strName.find("_GET_") != strName.npos;
+        EXPECT_EQ(stEvent.u64Movements, stEvent.enEvent == 4   ? 1U << 6            // the focus drive
+                                        : stEvent.enEvent == 6 ? 1U << 9 | 1U << 11 // pan and tilt, the zoom drive
+                                                               : 0);
         const Role enNeeded = ADMIN.contains(stEvent.enEvent)               ? Role::ADMIN
                               : bGet && !OPERATOR.contains(stEvent.enEvent) ? Role::VIEWER
                                                                             : Role::OPERATOR;

@@ -2,7 +2,8 @@
 /// ("/var/run/web_rpc" of the device root). One connection, made and made again by a thread of the library.
 ///
 /// Answers and news come on that thread; a callback must not block. Functions: any thread; none but WEB_CLIENT_Stop
-/// waits. Calls of one event reach the camera and run there in their order, different events side by side.
+/// waits. Calls of one page (see web/events.h) reach the camera and run there in their order, different pages side by
+/// side.
 #pragma once
 
 #include "web/eventGroup.h"

@@ -8,7 +8,7 @@
 #include <mutex>
 #include <set>
 
-namespace web_rpc
+namespace web
 {
 /// Thread: any. Pictures are taken and removed on a thread of their own, in their turn.
 class PresetPictures : public std::enable_shared_from_this<PresetPictures>
@@ -33,4 +33,4 @@ private:
     std::set<BU_S32> m_waiting;
     bool m_bWorks = false;
 };
-} // namespace web_rpc
+} // namespace web

@@ -2,7 +2,7 @@
 ///
 /// Numbers are numbers, also those of 64 bits; a SWITCH is true or false, and may be asked for as 0 or 1; a TEXT ends
 /// before its last byte; an array is an array; a VARIANT is an object with the one member that its selecting field
-/// names, or with none.
+/// names, or with none. A NAME is a text and a LIST an array, left out while it is empty.
 #pragma once
 
 #include "web/layout.h"
@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace web
+namespace web_client
 {
 /// Fills a record from an object. What the object does not name stays as it is.
 /// @param pcRecord  the record; its texts are empty. After a fault it is filled in part
@@ -24,4 +24,4 @@ std::string writeRecord(const web_layout::Record &stRecord, const BU_CHAR *pcRec
 
 /// A text as a JSON string with its quotation marks; bytes that are no UTF-8 are replaced.
 std::string quoted(std::string_view strText);
-} // namespace web
+} // namespace web_client

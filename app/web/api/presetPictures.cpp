@@ -1,3 +1,4 @@
+// Pictures of presets are taken and removed one after the other, in the background.
 #include "presetPictures.h"
 
 #include "camera/preset.h"
@@ -15,7 +16,7 @@
 #include <unistd.h>
 #include <vector>
 
-namespace web_rpc
+namespace web
 {
 namespace
 {
@@ -91,4 +92,4 @@ void PresetPictures::tidy() const
         if (result.ec != std::errc{} || !isThere(s32Preset)) std::filesystem::remove(file.path(), error);
     }
 }
-} // namespace web_rpc
+} // namespace web

@@ -1,4 +1,5 @@
-#include "json.h"
+// Records as JSON.
+#include "web_client/recordJson.h"
 
 #include "util/json.h"
 
@@ -15,7 +16,7 @@
 using namespace web_layout;
 using util::Json;
 
-namespace web
+namespace web_client
 {
 namespace
 {
@@ -103,8 +104,10 @@ void readElement(const Field &stField, const Json &value, BU_CHAR *pcTo)
         return readText(stField, value, pcTo);
     case Kind::RECORD:
         return readObject(*stField.pstRecord, value, pcTo);
-    case Kind::VARIANT:
-        return; // needs its sibling: readVariant
+    case Kind::VARIANT: // needs its sibling: readVariant
+    case Kind::NAME:
+    case Kind::LIST:
+        return value.refuse("cannot be set");
     }
 }
 
@@ -183,6 +186,15 @@ Ordered writeReal(float fValue)
 
 Ordered writeObject(const Record &stRecord, const BU_CHAR *pcRecord);
 
+Ordered writeList(const Field &stField, const BU_CHAR *pcFrom)
+{
+    Ordered list = Ordered::array();
+    const std::string_view elements = stField.pfnElements(pcFrom);
+    for (std::size_t at = 0; at < elements.size(); at += stField.u32Size)
+        list.push_back(writeObject(*stField.pstRecord, elements.data() + at));
+    return list;
+}
+
 Ordered writeElement(const Field &stField, const BU_CHAR *pcFrom)
 {
     const auto integer = [&](auto type) { return Ordered(get<decltype(type)>(pcFrom)); };
@@ -199,6 +211,10 @@ Ordered writeElement(const Field &stField, const BU_CHAR *pcFrom)
         return std::string(pcFrom, strnlen(pcFrom, stField.u32Size));
     case Kind::RECORD:
         return writeObject(*stField.pstRecord, pcFrom);
+    case Kind::NAME:
+        return get<const BU_CHAR *>(pcFrom) ? get<const BU_CHAR *>(pcFrom) : "";
+    case Kind::LIST:
+        return writeList(stField, pcFrom);
     case Kind::VARIANT:
         break; // needs its sibling: writeObject
     }
@@ -218,6 +234,8 @@ Ordered writeObject(const Record &stRecord, const BU_CHAR *pcRecord)
     Ordered object = Ordered::object();
     for (const Field &stField : stRecord.fields) {
         const BU_CHAR *pcFrom = pcRecord + stField.u32Offset;
+        if (!*stField.pcName) return writeList(stField, pcFrom);
+        if (stField.enKind == Kind::LIST && stField.pfnElements(pcFrom).empty()) continue;
         Ordered &value = object[stField.pcName] = writeField(stField, pcFrom);
         if (stField.enKind != Kind::VARIANT) continue;
         const Variant &stVariant = *stField.pstVariant;
@@ -245,4 +263,4 @@ std::string quoted(std::string_view strText)
 {
     return Ordered(strText).dump(-1, ' ', false, Ordered::error_handler_t::replace);
 }
-} // namespace web
+} // namespace web_client

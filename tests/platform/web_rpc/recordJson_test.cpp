@@ -1,4 +1,4 @@
-#include "json.h"
+#include "web_client/recordJson.h"
 
 #include <gmock/gmock.h>
 
@@ -46,7 +46,7 @@ WEB_FIELDS(tagALL_S, WEB_FIELD(s32, 0), WEB_FIELD(u32, 0), WEB_FIELD(u64, 0), WE
 
 namespace
 {
-using namespace web;
+using namespace web_client;
 using namespace std::string_literals;
 using testing::HasSubstr;
 

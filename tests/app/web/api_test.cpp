@@ -1,0 +1,254 @@
+// What web servers ask beside the events, and the news that they get.
+#include "camera/image.h"
+#include "camera/menu.h"
+#include "camera/preset.h"
+#include "camera/system.h"
+#include "camera/systemService.h"
+#include "camera/zoom.h"
+#include "media/pipeline.h"
+#include "picture/picture.h"
+#include "platform/web_rpc/peer.h"
+#include "questions.h"
+#include "scene/scene.h"
+#include "web/web.h"
+#include "webTest.h"
+#include "web_client/client.h"
+
+#include <fstream>
+#include <sstream>
+
+namespace
+{
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class Api : public WebTest
+{
+protected:
+    Api()
+    {
+        setenv("CAMERA_WEB_SERVER", "", 1);
+        BSP_PTProcInit(0, nullptr);
+        ZF_API_StartService();
+        BSP_StartHttpService();
+        m_peer.emplace();
+        heard(); // the service knows of it
+    }
+    ~Api() override
+    {
+        UTIL_THREAD_WaitAsync();
+        BSP_StopHttpService();
+        unsetenv("CAMERA_WEB_SERVER");
+    }
+    static std::string ask(const std::string &strQuestion, const std::string &strJson = "",
+                           BU_S32 s32Result = WEB_CLIENT_RESULT_E_OK)
+    {
+        const auto result = web_rpc::answerQuestion(strQuestion, strJson);
+        EXPECT_EQ(result.s32Result, s32Result) << result.strBytes;
+        return result.strBytes;
+    }
+    /// The news since the last time.
+    std::vector<std::string> heard()
+    {
+        UTIL_THREAD_WaitAsync();
+        m_peer->ask(1, "position"); // its answer comes behind the news
+        std::vector<std::string> listNews;
+        for (auto st = m_peer->receive(); st.enKind == web_rpc::Kind::NEWS; st = m_peer->receive())
+            listNews.push_back(st.strBytes);
+        return listNews;
+    }
+    void lookAt(double dPan, double dTilt, double dZoom)
+    {
+        PT_MOTION_CTRL_S stHead{};
+        stHead.enMotionType = PT_MOTION_E_ABS_POS;
+        stHead.stPos = {static_cast<BU_U32>(540000 + dPan * 1500), static_cast<BU_U32>(540000 + dTilt * 1500)};
+        EXPECT_EQ(BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stHead, nullptr), 1);
+        PTZ_API_SetZoomTime(0, static_cast<BU_FLOAT>(dZoom), 7);
+        clock().advance(30'000);
+    }
+    static std::string pictureOf(BU_S32 s32Preset)
+    {
+        std::ostringstream out;
+        out << std::ifstream(UTIL_ROOT_Path(("/var/web/presets/" + std::to_string(s32Preset) + ".jpg").c_str()))
+                   .rdbuf();
+        return out.str();
+    }
+
+private:
+    std::optional<Peer> m_peer;
+};
+
+TEST_F(Api, SettingsComeWithRangeWordsAndBothPipesAndAreToldWhenAnnounced)
+{
+    ISP_API_SetGain(1, 5, BU_FALSE, BU_FALSE);
+    const std::string strAnswer = ask("settings");
+    for (const char *pcEntry :
+         {R"({"default":0,"key":"Gain","max":27,"min":0,"pipe":0,"step":1,"value":0})",
+          R"({"default":0,"key":"Gain","max":27,"min":0,"pipe":1,"step":1,"value":5})",
+          R"({"default":5600,"key":"ColorTemp","max":6500,"min":2800,"pipe":0,"step":100,"value":5600})",
+          R"("key":"BacklightCompensation","max":1,"min":0,"pipe":0,"step":1,"value":0,)"
+          R"("words":[{"value":0,"word":"Off"},{"value":1,"word":"On"}]})",
+          R"({"value":2,"word":"ShutterFirst"})"})
+        EXPECT_TRUE(strAnswer.find(pcEntry) != std::string::npos) << pcEntry;
+    EXPECT_LT(strAnswer.size(), web_rpc::FROM_CAMERA_MAX / 2);
+    ISP_API_SetGain(1, 9, BU_FALSE, BU_TRUE);
+    EXPECT_THAT(heard(), ElementsAre(R"({"setting":"Gain","pipe":1,"value":9})"));
+}
+
+TEST_F(Api, PresetsAreListedWhateverTheirNames)
+{
+    EXPECT_EQ(ask("presets"), "[]");
+    CFG_STORE_SetPreset({7, "Stage \"left\"\x01\xFF", 0, 0, 0, 0});
+    CFG_STORE_SetPreset({2, "Preset2", 0, 0, 0, 0});
+    EXPECT_EQ(ask("presets"), R"([{"id":2,"name":"Preset2","picture":0},)"
+                              "{\"id\":7,\"name\":\"Stage \\\"left\\\" \xEF\xBF\xBD\",\"picture\":0}]");
+    for (BU_S32 i = 0; i < 1000; ++i) CFG_STORE_SetPreset({i, std::string(31, '"'), 0, 0, 0, 0});
+    EXPECT_LT(ask("presets").size(), web_rpc::FROM_CAMERA_MAX) << "as long as it can become";
+}
+
+TEST_F(Api, APresetIsToldAndItsPictureComesAndGoesWithIt)
+{
+    journal::inject("MPP_SnapImage", -1, 1);
+    EXPECT_EQ(PRESET_API_SetCur(5, nullptr), 0);
+    EXPECT_THAT(heard(), ElementsAre(R"({"preset":5})"));
+    MPP_BUSINESS_CFG_S stCfg{};
+    stCfg.s32PipeCnt = 2;
+    stCfg.s32Width = 640;
+    stCfg.s32Height = 360;
+    MPP_InitCfg(&stCfg);
+    MPP_InitStream();
+    PRESET_API_SetCur(3, "Door");
+    EXPECT_THAT(heard(), ElementsAre(R"({"preset":3})", R"({"preset":3})")) << "once more when there is a picture";
+    EXPECT_THAT(pictureOf(3), testing::StartsWith("\xFF\xD8"));
+    EXPECT_THAT(ask("presets"),
+                testing::AllOf(HasSubstr("\"Door\""), testing::Not(HasSubstr("\"Door\",\"picture\":0"))));
+    PRESET_API_DeleteById(3);
+    EXPECT_THAT(heard(), ElementsAre(R"({"preset":3})"));
+    EXPECT_EQ(pictureOf(3), "");
+    BSP_StopHttpService();
+    for (const char *pcName : {"/var/web/presets/5.jpg", "/var/web/presets/4.jpg"}) // of a preset; of none
+        UTIL_FILE_WriteBufToFile(pcName, "x", 1);
+    BSP_StartHttpService();
+    EXPECT_EQ(pictureOf(5) + pictureOf(4), "x");
+}
+
+TEST_F(Api, PositionIsInDegreesAndToldAtMostFiveTimesASecondWhileItChanges)
+{
+    lookAt(-12.5, 30, 2);
+    EXPECT_EQ(ask("position"), R"({"pan":-12.5,"tilt":30.0,"zoom":2.0})");
+    EXPECT_EQ(heard().back(), R"({"position":{"pan":-12.5,"tilt":30.0,"zoom":2.0}})");
+    PT_MOTION_CTRL_S stMotion{};
+    stMotion.enMotionType = PT_MOTION_E_RIGHT;
+    stMotion.stSpd = {1000, 0};
+    stMotion.u16SpdMul = 100;
+    BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMotion, nullptr);
+    clock().advance(4000);
+    EXPECT_THAT(heard(), testing::SizeIs(testing::AllOf(testing::Ge(18U), testing::Le(20U))));
+    stMotion.enMotionType = PT_MOTION_E_STOP;
+    BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMotion, nullptr);
+    clock().advance(1000);
+    heard();
+    clock().advance(10'000);
+    EXPECT_THAT(heard(), testing::IsEmpty());
+}
+
+TEST_F(Api, MenuKeysAreForAnOpenMenu)
+{
+    const std::string strClosed = R"({"open":false,"taken":false})";
+    for (const char *pcKey : {"", "up", "down", "left", "right", "enter", "back"})
+        EXPECT_EQ(ask("menu", std::string(R"({"key":")") + pcKey + "\"}"), strClosed) << pcKey;
+    for (const char *pcKey : {"Up", "home", "menus"})
+        ask("menu", std::string(R"({"key":")") + pcKey + "\"}", WEB_CLIENT_RESULT_E_REFUSED);
+    for (const auto &[pcKey, pcCall] : {std::pair{"up", "CMD_MENU_HandeUpBtn"},
+                                        {"down", "CMD_MENU_HandeDownBtn"},
+                                        {"left", "CMD_MENU_HandeLeftBtn"},
+                                        {"right", "CMD_MENU_HandeRightBtn"},
+                                        {"enter", "CMD_MENU_HandeHomeBtn"},
+                                        {"back", "CMD_MENU_OnlyReturnMenu"},
+                                        {"menu", "CMD_MENU_HandleMenuBtn"}}) {
+        journal::inject(pcCall, 0);
+        EXPECT_EQ(ask("menu", std::string(R"({"key":")") + pcKey + "\"}"), R"({"open":false,"taken":true})") << pcCall;
+    }
+}
+
+TEST_F(Api, CentreTakesAPointOfThePictureAndComesAsNearAsTheHeadCan)
+{
+    for (const char *pcJson : {"", "{}", "{\"x\":0.5}", "{\"x\":\"0.5\",\"y\":0.5}", "{\"x\":-0.01,\"y\":0.5}",
+                               "{\"x\":0.5,\"y\":1.01}", "{\"x\":1e400,\"y\":0.5}", "{\"x\":null,\"y\":0.5}"})
+        ask("centre", pcJson, WEB_CLIENT_RESULT_E_REFUSED);
+    clock().advance(10'000);
+    EXPECT_EQ(ask("position"), R"({"pan":0.0,"tilt":0.0,"zoom":1.0})") << "nothing has moved";
+    journal::inject("PTZ_API_GetZoomTime", -1);
+    ask("centre", "{\"x\":1,\"y\":0}", WEB_CLIENT_RESULT_E_REFUSED);
+    lookAt(165, 85, 1);
+    EXPECT_EQ(ask("centre", "{\"x\":1,\"y\":0}"), R"({"pan":170.0,"tilt":90.0})"); // 30 and 16.875 degrees on
+    clock().advance(10'000);
+    EXPECT_EQ(ask("position"), R"({"pan":170.0,"tilt":90.0,"zoom":1.0})");
+}
+
+constexpr BU_S32 WIDTH = 640, HEIGHT = 360;
+
+/// The close-up as it is shown, without its tone: only where things are matters here.
+std::vector<BU_U8> picture()
+{
+    SCENE_VIEW_S stView;
+    PICTURE_SETTINGS_S stRunning, stPlain;
+    EXPECT_EQ(PICTURE_ReadView(&stView), 0);
+    EXPECT_EQ(PICTURE_ReadSettings(0, &stRunning), 0);
+    stView.fDefocus = 0;
+    stPlain.bMirror = stRunning.bMirror;
+    stPlain.bFlip = stRunning.bFlip;
+    std::vector<BU_U8> vec(WIDTH * HEIGHT * 3 / 2);
+    PICTURE_STATE_S stState;
+    SCENE_S *pstScene = SCENE_Open("synthetic");
+    EXPECT_EQ(PICTURE_Render(pstScene, &stView, stPlain, stState, 0,
+                             {vec.data(), vec.data() + WIDTH * HEIGHT, WIDTH, WIDTH, WIDTH, HEIGHT}),
+              0);
+    SCENE_Close(pstScene);
+    return vec;
+}
+
+/// Where the patch around a point of one picture is found in another, within some pixels of its middle.
+std::pair<int, int> find(const std::vector<BU_U8> &vecFrom, double x, double y, const std::vector<BU_U8> &vecIn)
+{
+    constexpr int HALF = 40, RANGE = 6;
+    const int fromX = static_cast<int>(x * WIDTH), fromY = static_cast<int>(y * HEIGHT);
+    std::pair<int, int> best;
+    for (long least = -1, dy = -RANGE; dy <= RANGE; ++dy)
+        for (long dx = -RANGE; dx <= RANGE; ++dx) {
+            long difference = 0;
+            for (int j = -HALF; j <= HALF; ++j)
+                for (int i = -HALF; i <= HALF; ++i)
+                    difference +=
+                        std::abs(vecFrom[static_cast<std::size_t>((fromY + j) * WIDTH + fromX + i)] -
+                                 vecIn[static_cast<std::size_t>((HEIGHT / 2 + dy + j) * WIDTH + WIDTH / 2 + dx + i)]);
+            if (least >= 0 && difference >= least) continue;
+            least = difference;
+            best = {dx, dy};
+        }
+    return best;
+}
+
+TEST_F(Api, CentredPointIsInTheMiddleOfTheNextPicture)
+{
+    constexpr struct {
+        double x, y, dZoom;
+        bool bMirror, bFlip, bHangs;
+    } ROWS[] = {
+        {0.8, 0.3, 1, false, false, false}, {0.3, 0.2, 4, false, false, false}, {0.8, 0.3, 1, true, false, false},
+        {0.3, 0.3, 2, false, true, false},  {0.8, 0.7, 2, false, false, true},  {0.2, 0.3, 2, true, false, true},
+    };
+    for (const auto &[x, y, dZoom, bMirror, bFlip, bHangs] : ROWS) {
+        SYS_API_SetMirror(bMirror, BU_FALSE, BU_TRUE);
+        SYS_API_SetFlip(bFlip, BU_FALSE, BU_TRUE);
+        SYS_API_SetMountMode(!bHangs, BU_FALSE, BU_TRUE);
+        lookAt(5, 3, dZoom);
+        const auto vecBefore = picture();
+        ask("centre", "{\"x\":" + std::to_string(x) + ",\"y\":" + std::to_string(y) + "}");
+        clock().advance(10'000);
+        const auto [dx, dy] = find(vecBefore, x, y, picture());
+        EXPECT_LE(std::max(std::abs(dx), std::abs(dy)), 1)
+            << x << ' ' << y << " zoom " << dZoom << bMirror << bFlip << bHangs << " is off by " << dx << ' ' << dy;
+    }
+}
+} // namespace
