@@ -1,3 +1,4 @@
+// Dante is not supported: each call says so.
 #include "live_media/liveMedia.h"
 #include "util/log.h"
 

@@ -1,3 +1,4 @@
+// The browser preview: which pictures it offers, and when its service runs.
 #include "live/websocket.h"
 #include "live_media/liveMedia.h"
 

@@ -51,23 +51,19 @@ struct APP_LM_RTSP_USAGE_S {
     CFG_LM_CHN_E enChn;
     BU_S32 s32VideoStreamCacheId, s32AudioStreamCacheId;
 };
-typedef APP_LM_RTSP_USAGE_S APP_LM_RTMP_USAGE_S;
-typedef APP_LM_RTSP_USAGE_S APP_LM_SRT_USAGE_S;
 struct APP_LM_NDI_USAGE_S {
     CFG_LM_CHN_E enChn;
     BU_S32 s32MainVideoStreamCacheId, s32SubVideoStreamCacheId, s32AudioStreamCacheId;
     const BU_CHAR *sStreamNameSuffix;
 };
 
-// Unused rows are zero.
+// Unused rows are zero. RTMP and SRT take the same caches as RTSP.
 inline constexpr std::array<APP_LM_RTSP_USAGE_S, LM_CHN_COUNT> DEF_RTSP_USAGE = {{
     {CFG_LM_CHN_E_CLOSEUP_MAIN, 1, 6},
     {CFG_LM_CHN_E_CLOSEUP_SUB, 2, 6},
     {CFG_LM_CHN_E_PANORAMA_MAIN, 3, 6},
     {CFG_LM_CHN_E_PANORAMA_SUB, 4, 6},
 }};
-inline constexpr auto &DEF_RTMP_USAGE = DEF_RTSP_USAGE;
-inline constexpr auto &DEF_SRT_USAGE = DEF_RTSP_USAGE;
 inline constexpr std::array<APP_LM_NDI_USAGE_S, LM_CHN_COUNT> DEF_NDI_USAGE = {{
     {CFG_LM_CHN_E_CLOSEUP_MAIN, 1, 2, 6, "-M"},
     {CFG_LM_CHN_E_PANORAMA_MAIN, 3, 4, 6, "-W"},
@@ -124,7 +120,7 @@ template <CFG_LM_PROTO_E PROTO, auto RECORD, auto STORE, const auto &USAGE, auto
 struct Rtsp : Output<CFG_LM_PROTO_E_RTSP, &CFG_LM_CHANNEL_S::rtsp, CFG_LM_SetRtspCfgOfChn, DEF_RTSP_USAGE,
                      &CFG_LM_RTSP_S::bEnabled, &CFG_LM_RTSP_S::sSessionName> {
 };
-struct Rtmp : Output<CFG_LM_PROTO_E_RTMP, &CFG_LM_CHANNEL_S::rtmp, CFG_LM_SetRtmpCfgOfChn, DEF_RTMP_USAGE,
+struct Rtmp : Output<CFG_LM_PROTO_E_RTMP, &CFG_LM_CHANNEL_S::rtmp, CFG_LM_SetRtmpCfgOfChn, DEF_RTSP_USAGE,
                      &CFG_LM_RTMP_S::bEnabled, &CFG_LM_RTMP_S::sServer, &CFG_LM_RTMP_S::sStreamCode,
                      &CFG_LM_RTMP_S::bAuthEnable, &CFG_LM_RTMP_S::sUsername, &CFG_LM_RTMP_S::sPassword> {
     static constexpr const BU_CHAR *NAME = "RTMP output";
@@ -134,23 +130,13 @@ struct Ndi : Output<CFG_LM_PROTO_E_NDI, &CFG_LM_CHANNEL_S::ndi, CFG_LM_SetNdiCfg
     static constexpr const BU_CHAR *NAME = "NDI output";
 };
 struct Srt
-    : Output<CFG_LM_PROTO_E_SRT, &CFG_LM_CHANNEL_S::srt, CFG_LM_SetSrtCfgOfChn, DEF_SRT_USAGE, &CFG_LM_SRT_S::bEnabled,
+    : Output<CFG_LM_PROTO_E_SRT, &CFG_LM_CHANNEL_S::srt, CFG_LM_SetSrtCfgOfChn, DEF_RTSP_USAGE, &CFG_LM_SRT_S::bEnabled,
              &CFG_LM_SRT_S::bIsListener, &CFG_LM_SRT_S::sStreamId, &CFG_LM_SRT_S::sHostname, &CFG_LM_SRT_S::s32Port,
              &CFG_LM_SRT_S::s32AesMode, &CFG_LM_SRT_S::sPassword, &CFG_LM_SRT_S::s32Latency> {
     static constexpr const BU_CHAR *NAME = "SRT output";
 };
+static_assert(!Rtsp::usageOf(CFG_LM_CHN_E_NONE) && !Rtsp::usageOf(CFG_LM_CHN_E_CLOSEUP1_MAIN) &&
+              !Rtsp::usageOf(CFG_LM_CHN_E_FULL_NDI));
+static_assert(!Ndi::usageOf(CFG_LM_CHN_E_NONE) && !Ndi::usageOf(CFG_LM_CHN_E_BUTT) &&
+              Ndi::usageOf(CFG_LM_CHN_E_FULL_NDI)->s32AudioStreamCacheId == -1);
 } // namespace live_media
-
-inline BU_BOOL appLmRtsp_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Rtsp::isOn(st); }
-inline BU_BOOL appLmRtmp_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Rtmp::isOn(st); }
-inline BU_BOOL appLmNdi_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Ndi::isOn(st); }
-inline BU_BOOL appLmSrt_IsEnabled(const CFG_LM_CHANNEL_S &st) { return live_media::Srt::isOn(st); }
-constexpr auto appLmRtsp_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Rtsp::usageOf(enChn); }
-constexpr auto appLmRtmp_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Rtmp::usageOf(enChn); }
-constexpr auto appLmSrt_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Srt::usageOf(enChn); }
-constexpr auto appLmNdi_GetUsage(CFG_LM_CHN_E enChn) { return live_media::Ndi::usageOf(enChn); }
-
-static_assert(!appLmRtsp_GetUsage(CFG_LM_CHN_E_NONE) && !appLmRtsp_GetUsage(CFG_LM_CHN_E_CLOSEUP1_MAIN) &&
-              !appLmRtsp_GetUsage(CFG_LM_CHN_E_FULL_NDI));
-static_assert(!appLmNdi_GetUsage(CFG_LM_CHN_E_NONE) && !appLmNdi_GetUsage(CFG_LM_CHN_E_BUTT) &&
-              appLmNdi_GetUsage(CFG_LM_CHN_E_FULL_NDI)->s32AudioStreamCacheId == -1);

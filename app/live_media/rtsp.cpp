@@ -93,7 +93,7 @@ BU_S32 addSubsession(RTSP_MEDIA_SESSION_T *pstSession, const CFG_LM_RTSP_S &stCf
 /// Whether the running sessions contradict the settings: an exclusive channel changes sides without a changed flag.
 bool isSessionStale(CFG_LM_CHN_E enChn)
 {
-    const bool bWanted = appLmRtsp_GetUsage(enChn) && appLmRtsp_IsEnabled(live_media::channelOf(enChn));
+    const bool bWanted = live_media::Rtsp::usageOf(enChn) && live_media::Rtsp::isOn(live_media::channelOf(enChn));
     const Guard guard;
     return bWanted != (gs_AppRtspMgr.pstChnSession[enChn] != nullptr);
 }
@@ -150,7 +150,7 @@ BU_S32 APP_LM_RTSP_RestartIfNeed()
 
 BU_S32 APP_LM_RTSP_CreateMediaSession(CFG_LM_CHN_E enChn, const CFG_LM_RTSP_S *pstCfg)
 {
-    const APP_LM_RTSP_USAGE_S *pstUsage = appLmRtsp_GetUsage(enChn);
+    const APP_LM_RTSP_USAGE_S *pstUsage = live_media::Rtsp::usageOf(enChn);
     if (!pstUsage) {
         UTIL_TRACE_Print("StreamCache useage of live media channel %d is not defined!", enChn);
         return -1;

@@ -159,14 +159,10 @@ TEST_F(LiveMedia, RestartTogglesWhatIsOnChannelByChannel)
                                      "CFG_LM_SetSrtCfgOfChn(1, {0", "CFG_LM_SetSrtCfgOfChn(1, {1",
                                      "CFG_LM_SetNdiCfgOfChn(6, {0", "CFG_LM_SetNdiCfgOfChn(6, {1",
                                      "BSP_FULL_NDI_SetNDIEncode(0)", "BSP_FULL_NDI_SetNDIEncode(1)"));
-}
-
-TEST_F(LiveMedia, RestartBringsEveryRtspSessionBack)
-{
-    start();
-    const Served before = libraries().served;
+    for (BU_S32 i = 1; i <= 4; ++i)
+        APP_LM_SetProtocolEnable(static_cast<CFG_LM_CHN_E>(i), CFG_LM_PROTO_E_RTSP, BU_TRUE);
     APP_LM_Restart();
-    EXPECT_EQ(libraries().served, before);
+    EXPECT_EQ(libraries().served.size(), 4U); // all come back
 }
 
 TEST_F(LiveMedia, ThePreviewStartsOnceAndKeepsItsChannels)

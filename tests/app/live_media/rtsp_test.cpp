@@ -18,45 +18,33 @@ CFG_LM_RTSP_GENERAL_S general()
     return stCfg;
 }
 
-TEST_F(LiveMedia, AnAppliedChangeRebuildsTheServerWithEverySession)
+TEST_F(LiveMedia, AnAppliedChangeRebuildsTheServerADeferredOneWaits)
 {
-    startRtspOn({1});
+    startRtspOn({});
+    APP_LM_SetProtocolEnable(CLOSEUP, CFG_LM_PROTO_E_RTSP, BU_TRUE);
+    EXPECT_THAT(journal::effects(), Not(Contains("RTSP_ServiceStop()"))); // nothing ran before
     EXPECT_EQ(APP_LM_SetProtocolEnable(PANORAMA, CFG_LM_PROTO_E_RTSP, BU_TRUE), 0);
     EXPECT_EQ(libraries().served, (Served{{"closeup", "video:1 audio:6"}, {"panorama", "video:3 audio:6"}}));
     auto effects = journal::effects();
     effects.resize(4);
     EXPECT_THAT(effects, ElementsAre(R"(CFG_LM_SetRtspCfgOfChn(3, {1, "panorama", 2}))", "RTSP_ServicePause()",
                                      "RTSP_ServiceStop()", "RTSP_ServiceInit(554)"));
-    EXPECT_EQ(APP_LM_RestartAllSingletonProtocolIfNeed(), 0);
-    EXPECT_THAT(journal::effects(), IsEmpty());
-}
-
-TEST_F(LiveMedia, ADeferredChangeWaitsForTheNextRestart)
-{
-    startRtspOn({1});
-    CFG_LM_RTSP_S stChn = rtspOf(CLOSEUP);
+    CFG_LM_RTSP_S stChn = rtspOf(PANORAMA);
     stChn.sSessionName = "stage/left";
     CFG_LM_RTSP_GENERAL_S stGeneral = general();
     stGeneral.s32Port = 10554;
-    EXPECT_EQ(APP_LM_RTSP_SetChnCfg(CLOSEUP, &stChn, BU_FALSE), 0);
+    EXPECT_EQ(APP_LM_RTSP_SetChnCfg(PANORAMA, &stChn, BU_FALSE), 0);
     EXPECT_EQ(APP_LM_RTSP_SetGeneralCfg(&stGeneral, BU_FALSE), 0);
-    EXPECT_EQ(libraries().served, (Served{{"closeup", "video:1 audio:6"}}));
-    journal::effects();
-
+    EXPECT_EQ(journal::effects().size(), 2U); // stored
     APP_LM_RestartAllSingletonProtocolIfNeed();
-    EXPECT_EQ(libraries().served, (Served{{"stage/left", "video:1 audio:6"}}));
+    EXPECT_TRUE(libraries().served.contains("stage/left"));
     EXPECT_THAT(journal::effects(), Contains("RTSP_ServiceInit(10554)"));
-}
-
-TEST_F(LiveMedia, TheServerComesAndGoesWithTheLastChannel)
-{
-    startRtspOn({});
+    EXPECT_EQ(APP_LM_RestartAllSingletonProtocolIfNeed(), 0);
     EXPECT_THAT(journal::effects(), IsEmpty());
-    APP_LM_SetProtocolEnable(CLOSEUP, CFG_LM_PROTO_E_RTSP, BU_TRUE);
-    EXPECT_EQ(libraries().served.size(), 1U);
-    EXPECT_THAT(journal::effects(), Not(Contains("RTSP_ServiceStop()"))); // nothing ran before
 
-    APP_LM_SetProtocolEnable(CLOSEUP, CFG_LM_PROTO_E_RTSP, BU_FALSE);
+    APP_LM_SetProtocolEnable(PANORAMA, CFG_LM_PROTO_E_RTSP, BU_FALSE);
+    journal::effects();
+    APP_LM_SetProtocolEnable(CLOSEUP, CFG_LM_PROTO_E_RTSP, BU_FALSE); // the last channel
     EXPECT_THAT(journal::effects(), ElementsAre(R"(CFG_LM_SetRtspCfgOfChn(1, {0, "closeup", 2}))",
                                                 "RTSP_ServicePause()", "RTSP_ServiceStop()"));
 }
@@ -152,21 +140,18 @@ TEST_F(LiveMedia, FurtherCredentialsCountFromTheNextRebuild)
     EXPECT_THAT(journal::effects(), Not(Contains(StartsWith("RTSP_SetAuthentication"))));
 }
 
-TEST_F(LiveMedia, AChangedEncoderUpdatesTheSessionsWithoutARebuild)
-{
-    startRtspOn({1, 3});
-    EXPECT_EQ(libraries().metadataHandlers.at(3)(), 0);
-    EXPECT_THAT(journal::effects(), ElementsAre(R"(RTSP_checkAllMediaSubsessionCorrect("closeup"))",
-                                                R"(RTSP_updateSubsessionBitRateAndFrameRate("closeup"))",
-                                                R"(RTSP_checkAllMediaSubsessionCorrect("panorama"))",
-                                                R"(RTSP_updateSubsessionBitRateAndFrameRate("panorama"))"));
-}
-
-TEST_F(LiveMedia, AnEncoderThatChangesDuringARebuildIsNotHeldUpAndHeardAfterIt)
+TEST_F(LiveMedia, AnEncodersNoticeReachesTheSessionsAtOnceOrAfterTheRebuildItMeets)
 {
     startRtspOn({1});
+    EXPECT_EQ(libraries().metadataHandlers.at(1)(), 0);
+    EXPECT_THAT(journal::effects(), ElementsAre(R"(RTSP_checkAllMediaSubsessionCorrect("closeup"))",
+                                                R"(RTSP_updateSubsessionBitRateAndFrameRate("closeup"))"));
     libraries().fnOnRtspStart = [] {
+        libraries().fnOnRtspStart = nullptr;
         const std::jthread pipeline(APP_LM_RTSP_ValidateStreamEncoder); // its end is awaited here
+        CFG_LM_RTSP_GENERAL_S stCfg = general();
+        stCfg.s32Port = 8000;
+        APP_LM_RTSP_SetGeneralCfg(&stCfg, BU_FALSE);
     };
     APP_LM_SetProtocolEnable(PANORAMA, CFG_LM_PROTO_E_RTSP, BU_TRUE);
     auto effects = journal::effects();
@@ -175,20 +160,7 @@ TEST_F(LiveMedia, AnEncoderThatChangesDuringARebuildIsNotHeldUpAndHeardAfterIt)
                                      R"(RTSP_updateSubsessionBitRateAndFrameRate("closeup"))",
                                      R"(RTSP_checkAllMediaSubsessionCorrect("panorama"))",
                                      R"(RTSP_updateSubsessionBitRateAndFrameRate("panorama"))"));
-}
-
-TEST_F(LiveMedia, AChangeDuringARebuildIsDueForTheNext)
-{
-    startRtspOn({1});
-    libraries().fnOnRtspStart = [] {
-        libraries().fnOnRtspStart = nullptr;
-        CFG_LM_RTSP_GENERAL_S stCfg = general();
-        stCfg.s32Port = 8000;
-        APP_LM_RTSP_SetGeneralCfg(&stCfg, BU_FALSE);
-    };
-    APP_LM_SetProtocolEnable(PANORAMA, CFG_LM_PROTO_E_RTSP, BU_TRUE);
-    journal::effects();
-    APP_LM_RTSP_RestartIfNeed();
+    APP_LM_RTSP_RestartIfNeed(); // the change during the rebuild is due for the next
     EXPECT_THAT(journal::effects(), Contains("RTSP_ServiceInit(8000)"));
 }
 
