@@ -17,9 +17,8 @@ namespace
 {
 struct Row {
     Message message;
-    Numbers numbers; ///< that the inquiry carries
-    std::string strSettings;
-    const char *pcPayload;
+    Numbers numbers;     ///< that the inquiry carries
+    const char *pcCases; ///< "Gain 27: 00 00 01 0B; Gain 3: ...": settings, and the payload
 };
 
 class ViscaInquiry : public ViscaTest
@@ -27,8 +26,14 @@ class ViscaInquiry : public ViscaTest
 protected:
     static void check(const std::vector<Row> &rows)
     {
-        for (const auto &[message, numbers, strSettings, pcPayload] : rows)
-            EXPECT_EQ(answer(message, numbers, strSettings), pcPayload) << message.enType << ' ' << strSettings;
+        for (const auto &[message, numbers, pcCases] : rows) {
+            std::istringstream cases(pcCases);
+            for (std::string strCase; std::getline(cases >> std::ws, strCase, ';');) {
+                const auto colon = strCase.find(':');
+                EXPECT_EQ(answer(message, numbers, strCase.substr(0, colon)), strCase.substr(colon + 2))
+                    << message.enType << ' ' << strCase;
+            }
+        }
     }
 };
 
@@ -36,17 +41,13 @@ protected:
 TEST_F(ViscaInquiry, LensAndMotion)
 {
     const Message MEMORY{VISCA_INQ_E_MEMORY_STATUE, put<&Info::stMemoryCtrl>};
-    check({{{VISCA_INQ_E_ZOOM_SPEED},            {}, "ZoomSpd 7",    "07"},
-           {{VISCA_INQ_E_DZOOM_LIMIT},           {}, "DZoomTime 10", "0A"}, {{VISCA_INQ_E_DZOOM_LIMIT}, {}, "DZoomTime 16", "00"},
-           {{VISCA_INQ_E_DZOOM_MODE},            {}, "DZoom 1",      "02"}, {{VISCA_INQ_E_DZOOM_MODE}, {}, "DZoom 0", "03"},
-           {{VISCA_INQ_E_FOCUS_MODE},            {}, "FocusAuto 1",  "02"}, {{VISCA_INQ_E_FOCUS_MODE}, {}, "FocusAuto 0", "03"},
-           {{VISCA_INQ_E_PAN_TILT_MAX_SPEED},    {}, "",             "18 14"},
-           {{VISCA_INQ_E_TKV_PT_SPEED},          {}, "PanSpeed 0x17, TileSpeed 0x05", "01 07 00 05"},
-           {{VISCA_INQ_E_TKV_PT_SPEED_MATCH},    {}, "SpeedMatch 1",      "02"}, {{VISCA_INQ_E_TKV_PT_SPEED_MATCH}, {}, "SpeedMatch 0", "03"},
-           {{VISCA_INQ_E_TKV_PT_SPEED_ACCUARCY}, {}, "SpeedAccuracy 1",   "00"}, {{VISCA_INQ_E_TKV_PT_SPEED_ACCUARCY}, {}, "SpeedAccuracy 10", "01"},
-           {{VISCA_INQ_E_TKV_PT_SPEED_ACCUARCY}, {}, "SpeedAccuracy 100", "02"},
-           {MEMORY, {3, 5}, "PresetSpeed 24",  "08"}, {MEMORY, {4, 5}, "PowerUpPtzPos 9", "09"}, {MEMORY, {4, 5}, "PowerUpPtzPos -1", "00"},
-           {MEMORY, {5, 5}, "!PresetMode 1",   "02"}, {MEMORY, {5, 5}, "!PresetMode 0", "03"}});
+    check({{{VISCA_INQ_E_ZOOM_SPEED}, {}, "ZoomSpd 7: 07"}, {{VISCA_INQ_E_DZOOM_LIMIT}, {}, "DZoomTime 10: 0A; DZoomTime 16: 00"},
+           {{VISCA_INQ_E_DZOOM_MODE}, {}, "DZoom 1: 02; DZoom 0: 03"}, {{VISCA_INQ_E_FOCUS_MODE}, {}, "FocusAuto 1: 02; FocusAuto 0: 03"},
+           {{VISCA_INQ_E_PAN_TILT_MAX_SPEED}, {}, ": 18 14"}, {{VISCA_INQ_E_TKV_PT_SPEED}, {}, "PanSpeed 0x17, TileSpeed 0x05: 01 07 00 05"},
+           {{VISCA_INQ_E_TKV_PT_SPEED_MATCH}, {}, "SpeedMatch 1: 02; SpeedMatch 0: 03"},
+           {{VISCA_INQ_E_TKV_PT_SPEED_ACCUARCY}, {}, "SpeedAccuracy 1: 00; SpeedAccuracy 10: 01; SpeedAccuracy 100: 02"},
+           {MEMORY, {3, 5}, "PresetSpeed 24: 08"}, {MEMORY, {4, 5}, "PowerUpPtzPos 9: 09; PowerUpPtzPos -1: 00"},
+           {MEMORY, {5, 5}, "!PresetMode 1: 02; !PresetMode 0: 03"}});
 
     ZF_MOTION_CTRL_S stLens{};
     stLens.enMotionType = ZF_E_ZOOM_DIRECT_POS;
@@ -66,46 +67,40 @@ TEST_F(ViscaInquiry, LensAndMotion)
     prepare("FocusAuto 0");
     BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_OTHER, &stLens, nullptr);
     clock().advance(60000);
-    check({{{VISCA_INQ_E_ZOOM_POS}, {}, "", "01 02 03 04"}, {{VISCA_INQ_E_FOCUS_POS}, {}, "", "01 0A 0B 0C"},
-           {{VISCA_INQ_E_PAN_TILT_POS}, {}, "", "00 01 02 03 0F 0F 08 00"}});
+    check({{{VISCA_INQ_E_ZOOM_POS}, {}, ": 01 02 03 04"}, {{VISCA_INQ_E_FOCUS_POS}, {}, ": 01 0A 0B 0C"},
+           {{VISCA_INQ_E_PAN_TILT_POS}, {}, ": 00 01 02 03 0F 0F 08 00"}});
 }
 
 TEST_F(ViscaInquiry, ExposureAndWhiteBalance)
 {
     const Message STRENGTH{VISCA_INQ_E_AWB_GAIN, put<&Info::stAwbGainCtrl>};
-    const std::string strStrengths = "RStrength 0x12, GStrength 0x34, BStrength 0xF6";
-    check({{{VISCA_INQ_E_AE_MODE},        {}, "ExposureMode 0", "00"}, {{VISCA_INQ_E_AE_MODE}, {}, "ExposureMode 1", "0D"}, {{VISCA_INQ_E_AE_MODE}, {}, "ExposureMode 2", "0A"},
-           {{VISCA_INQ_E_AE_MODE},        {}, "ExposureMode 3", "0B"}, {{VISCA_INQ_E_AE_MODE}, {}, "ExposureMode 4", "03"},
-           {{VISCA_INQ_E_SHUTTER_POS},    {}, "Fps 1, ShutterSpeedFps60 32", "00 00 01 05"}, {{VISCA_INQ_E_SHUTTER_POS}, {}, "Fps 5, ShutterSpeedFps25 10", "00 00 00 09"},
-           {{VISCA_INQ_E_IRIS_POS},       {}, "IrisLevel 13",             "00 00 00 0D"},
-           {{VISCA_INQ_E_GAIN_POS},       {}, "Gain 27",                  "00 00 01 0B"},
-           {{VISCA_INQ_E_BRIGHT_POS},     {}, "ExposureBrightness 29",    "00 00 01 0D"},
-           {{VISCA_INQ_E_EXP_COMP_MODE},  {}, "ExposureCompensation 1",   "02"}, {{VISCA_INQ_E_EXP_COMP_MODE}, {}, "ExposureCompensation 0", "03"},
-           {{VISCA_INQ_E_EXP_COMP_POS},   {}, "ExposureCompLevel 7",      "00 00 00 0E"}, // counted from the least, -7
-           {{VISCA_INQ_E_EXP_COMP_POS},   {}, "ExposureCompLevel -7",     "00 00 00 00"},
-           {{VISCA_INQ_E_BACKLIGHT_MODE}, {}, "BacklightCompensation 1",  "02"}, {{VISCA_INQ_E_BACKLIGHT_MODE}, {}, "BacklightCompensation 0", "03"},
-           {{VISCA_INQ_E_APERTURE},       {}, "Sharpness 15",             "00 00 00 0F"},
-           {{VISCA_INQ_E_WB_MODE},        {}, "WbMode 0", "00"}, {{VISCA_INQ_E_WB_MODE}, {}, "WbMode 1", "05"}, {{VISCA_INQ_E_WB_MODE}, {}, "WbMode 2", "01"},
-           {{VISCA_INQ_E_WB_MODE},        {}, "WbMode 3", "02"}, {{VISCA_INQ_E_WB_MODE}, {}, "WbMode 4", "0B"}, {{VISCA_INQ_E_WB_MODE}, {}, "WbMode 5", "03"},
-           {{VISCA_INQ_E_RGAIN},          {}, "RGain 0xA5", "00 00 0A 05"}, {{VISCA_INQ_E_BGAIN}, {}, "BGain 255", "00 00 0F 0F"}, {{VISCA_INQ_E_GGAIN}, {}, "GGain 16", "00 00 01 00"},
-           {STRENGTH, {0}, strStrengths, "01 02"}, {STRENGTH, {1}, strStrengths, "0F 06"}, {STRENGTH, {2}, strStrengths, "03 04"},
-           {{VISCA_INQ_E_WB_COLOR_TMP},   {}, "ColorTemp 6500", "02 05"}, // the 37th step of 100 from 2800
-           {{VISCA_INQ_E_WB_COLOR_TMP},   {}, "ColorTemp 2950", "00 01"}});
+    prepare("RStrength 0x12, GStrength 0x34, BStrength 0xF6");
+    check({{{VISCA_INQ_E_AE_MODE}, {}, "ExposureMode 0: 00; ExposureMode 1: 0D; ExposureMode 2: 0A; ExposureMode 3: 0B; ExposureMode 4: 03"},
+           {{VISCA_INQ_E_SHUTTER_POS}, {}, "Fps 1, ShutterSpeedFps60 32: 00 00 01 05; Fps 5, ShutterSpeedFps25 10: 00 00 00 09"},
+           {{VISCA_INQ_E_IRIS_POS}, {}, "IrisLevel 13: 00 00 00 0D"}, {{VISCA_INQ_E_GAIN_POS}, {}, "Gain 27: 00 00 01 0B"},
+           {{VISCA_INQ_E_BRIGHT_POS}, {}, "ExposureBrightness 29: 00 00 01 0D"},
+           {{VISCA_INQ_E_EXP_COMP_MODE}, {}, "ExposureCompensation 1: 02; ExposureCompensation 0: 03"},
+           {{VISCA_INQ_E_EXP_COMP_POS}, {}, "ExposureCompLevel 7: 00 00 00 0E; ExposureCompLevel -7: 00 00 00 00"},
+           {{VISCA_INQ_E_BACKLIGHT_MODE}, {}, "BacklightCompensation 1: 02; BacklightCompensation 0: 03"},
+           {{VISCA_INQ_E_APERTURE}, {}, "Sharpness 15: 00 00 00 0F"},
+           {{VISCA_INQ_E_WB_MODE}, {}, "WbMode 0: 00; WbMode 1: 05; WbMode 2: 01; WbMode 3: 02; WbMode 4: 0B; WbMode 5: 03"},
+           {{VISCA_INQ_E_RGAIN}, {}, "RGain 0xA5: 00 00 0A 05"}, {{VISCA_INQ_E_BGAIN}, {}, "BGain 255: 00 00 0F 0F"},
+           {{VISCA_INQ_E_GGAIN}, {}, "GGain 16: 00 00 01 00"}, {STRENGTH, {0}, ": 01 02"}, {STRENGTH, {1}, ": 0F 06"}, {STRENGTH, {2}, ": 03 04"},
+           {{VISCA_INQ_E_WB_COLOR_TMP}, {}, "ColorTemp 6500: 02 05; ColorTemp 2950: 00 01"}});
 }
 
 TEST_F(ViscaInquiry, Picture)
 {
     const Message PARAM{VISCA_INQ_E_VIDEO_PARAMETER, put<&Info::stVideoParamCtrl>}, EXTRA{VISCA_INQ_E_EXTRA_STATUE, put<&Info::stExtraIspCtrl>};
-    check({{PARAM, {0}, "Sharpness 12",  "00 0C"}, {PARAM, {1}, "Brightness 11",  "00 0B"}, {PARAM, {2}, "Contrast 10", "00 0A"}, {PARAM, {3}, "Saturation 9", "00 09"},
-           {PARAM, {4}, "Hue 8",         "00 08"}, {PARAM, {5}, "Nr2d 5",         "05"},    {PARAM, {6}, "Nr3d 8",      "08"},    {PARAM, {7}, "Gamma 4",      "04"},
-           {PARAM, {8}, "WdrSwi 1, WdrMode 3", "04"}, {PARAM, {8, 0x5A}, "WdrSwi 0", "5A"},
-           {PARAM, {9}, "Mirror 1, Flip 0", "02"}, {PARAM, {10}, "Mirror 1, Flip 0", "03"}, {PARAM, {9}, "Mirror 0, Flip 1", "03"}, {PARAM, {10}, "", "02"},
-           {PARAM, {11}, "!AntiFlicker 0", "01"}, {PARAM, {11}, "!AntiFlicker 1", "02"}, {PARAM, {11}, "!AntiFlicker 2", "00"},
-           {PARAM, {12}, "!ImageFreeze 1", "02"}, {PARAM, {12}, "!ImageFreeze 0", "03"}, {PARAM, {13}, "", "refused"}, {PARAM, {-1}, "", "refused"},
-           {EXTRA, {0}, "ViewFollowExposure 1, ViewFollowWB 0", "02"}, {EXTRA, {1}, "", "03"}, {EXTRA, {1}, "ViewFollowWB 1", "02"},
-           {EXTRA, {6}, "WbSensitivity 0", "00"}, {EXTRA, {10}, "ND-Filter 3", "03"}, {EXTRA, {7}, "MountMode 1", "02"}, {EXTRA, {7}, "MountMode 0", "03"},
-           {EXTRA, {8}, "!DistortionCorre 1", "02"}, {EXTRA, {11}, "SensorCrop 1", "02"}, {EXTRA, {12}, "FaceAF 1, AutoIris 0", "02"}, {EXTRA, {13}, "", "03"},
-           {EXTRA, {2}, "", "refused"}, {EXTRA, {9}, "", "refused"}});
+    check({{PARAM, {0}, "Sharpness 12: 00 0C"}, {PARAM, {1}, "Brightness 11: 00 0B"}, {PARAM, {2}, "Contrast 10: 00 0A"},
+           {PARAM, {3}, "Saturation 9: 00 09"}, {PARAM, {4}, "Hue 8: 00 08"}, {PARAM, {5}, "Nr2d 5: 05"}, {PARAM, {6}, "Nr3d 8: 08"},
+           {PARAM, {7}, "Gamma 4: 04"}, {PARAM, {8}, "WdrSwi 1, WdrMode 3: 04"}, {PARAM, {8, 0x5A}, "WdrSwi 0: 5A"},
+           {PARAM, {9}, "Mirror 1, Flip 0: 02"}, {PARAM, {10}, "Mirror 1, Flip 0: 03"}, {PARAM, {9}, "Mirror 0, Flip 1: 03"}, {PARAM, {10}, ": 02"},
+           {PARAM, {11}, "!AntiFlicker 0: 01; !AntiFlicker 1: 02; !AntiFlicker 2: 00"}, {PARAM, {12}, "!ImageFreeze 1: 02; !ImageFreeze 0: 03"},
+           {PARAM, {13}, ": refused"}, {PARAM, {-1}, ": refused"}, {EXTRA, {0}, "ViewFollowExposure 1, ViewFollowWB 0: 02"},
+           {EXTRA, {1}, ": 03; ViewFollowWB 1: 02"}, {EXTRA, {6}, "WbSensitivity 0: 00"}, {EXTRA, {10}, "ND-Filter 3: 03"},
+           {EXTRA, {7}, "MountMode 1: 02; MountMode 0: 03"}, {EXTRA, {8}, "!DistortionCorre 1: 02"}, {EXTRA, {11}, "SensorCrop 1: 02"},
+           {EXTRA, {12}, "FaceAF 1, AutoIris 0: 02"}, {EXTRA, {13}, ": 03"}, {EXTRA, {2}, ": refused"}, {EXTRA, {9}, ": refused"}});
     Info stInfo{}; // parameters that only commands know have no payload
     stInfo.stVideoParamCtrl = {VISCA_MSG_E_DIRECT_EXP_METER, 9};
     EXPECT_EQ(payload(VISCA_INQ_E_VIDEO_PARAMETER, stInfo), "");
@@ -113,19 +108,17 @@ TEST_F(ViscaInquiry, Picture)
 
 TEST_F(ViscaInquiry, Tracking)
 {
-    check({{{VISCA_INQ_E_YM_AUTO_TRACKING_STATUS},    {}, "TrackEnabled 1",   "02"}, {{VISCA_INQ_E_YM_AUTO_TRACKING_STATUS}, {}, "TrackEnabled 0", "03"},
-           {{VISCA_INQ_E_YM_ZOOM_STATUS},             {}, "AutoZoom 0, AutoTilt 1", "03"}, {{VISCA_INQ_E_YM_TILT_STATUS}, {}, "", "02"},
-           {{VISCA_INQ_E_YM_DETECTED_INDICATOR},      {}, "TallyIndicator 0", "03"},
-           {{VISCA_INQ_E_YM_TRACKING_START},          {}, "StartPos 0",       "02"}, {{VISCA_INQ_E_YM_TRACKING_START}, {}, "StartPos 1", "00"},
-           {{VISCA_INQ_E_YM_TRACKING_START},          {}, "StartPos -1", "refused"}, {{VISCA_INQ_E_YM_TRACKING_START}, {}, "StartPos 2", "refused"},
-           {{VISCA_INQ_E_YM_TRACKING_START_POSITION}, {}, "StartPos 0x5C",    "05 0C"}, {{VISCA_INQ_E_YM_TRACKING_START_POSITION}, {}, "StartPos -1", "0F 0F"},
-           {{VISCA_INQ_E_YM_OSD_REMINDER},            {}, "TrackDebug 1",     "01"}, {{VISCA_INQ_E_YM_OSD_REMINDER}, {}, "TrackDebug 0", "00"},
-           {{VISCA_INQ_E_YM_FIGURE_SIZE},             {}, "BodySize 3",       "03"}, {{VISCA_INQ_E_YM_CURRENT_CUSTOMIZED_FIGURE_SIZE}, {}, "BodySizeCustom 360", "00 01 06 08"},
-           {{VISCA_INQ_E_YM_PLACEMENT_STATUS},        {}, "PeoplePos 0", "01"}, {{VISCA_INQ_E_YM_PLACEMENT_STATUS}, {}, "PeoplePos 1", "02"}, {{VISCA_INQ_E_YM_PLACEMENT_STATUS}, {}, "PeoplePos 2", "00"},
-           {{VISCA_INQ_E_YM_AUTO_TRACKING_SPEED},     {}, "TrackSpeed 0", "02"}, {{VISCA_INQ_E_YM_AUTO_TRACKING_SPEED}, {}, "TrackSpeed 1", "01"},
-           {{VISCA_INQ_E_YM_AUTO_TRACKING_SPEED},     {}, "TrackSpeed 2", "00"}, {{VISCA_INQ_E_YM_AUTO_TRACKING_SPEED}, {}, "TrackSpeed 4", "00"},
-           {{VISCA_INQ_E_TKV_TRACKSPEED},             {}, "TrackSpeed 3", "00"}, {{VISCA_INQ_E_TKV_TRACKSPEED}, {}, "TrackSpeed 4", "01"}, {{VISCA_INQ_E_TKV_TRACKSPEED}, {}, "TrackSpeed 0", "01"},
-           {{VISCA_INQ_E_TKV_HEAD_POS}, {}, "HeadPos 2", "02"}, {{VISCA_INQ_E_TKV_GESTURE_DETECT}, {}, "Gesture 1", "02"}, {{VISCA_INQ_E_TKV_GESTURE_DETECT}, {}, "Gesture 0", "03"}});
+    check({{{VISCA_INQ_E_YM_AUTO_TRACKING_STATUS}, {}, "TrackEnabled 1: 02; TrackEnabled 0: 03"},
+           {{VISCA_INQ_E_YM_ZOOM_STATUS}, {}, "AutoZoom 0, AutoTilt 1: 03"}, {{VISCA_INQ_E_YM_TILT_STATUS}, {}, ": 02"},
+           {{VISCA_INQ_E_YM_DETECTED_INDICATOR}, {}, "TallyIndicator 0: 03"},
+           {{VISCA_INQ_E_YM_TRACKING_START}, {}, "StartPos 0: 02; StartPos 1: 00; StartPos -1: refused; StartPos 2: refused"},
+           {{VISCA_INQ_E_YM_TRACKING_START_POSITION}, {}, "StartPos 0x5C: 05 0C; StartPos -1: 0F 0F"},
+           {{VISCA_INQ_E_YM_OSD_REMINDER}, {}, "TrackDebug 1: 01; TrackDebug 0: 00"}, {{VISCA_INQ_E_YM_FIGURE_SIZE}, {}, "BodySize 3: 03"},
+           {{VISCA_INQ_E_YM_CURRENT_CUSTOMIZED_FIGURE_SIZE}, {}, "BodySizeCustom 360: 00 01 06 08"},
+           {{VISCA_INQ_E_YM_PLACEMENT_STATUS}, {}, "PeoplePos 0: 01; PeoplePos 1: 02; PeoplePos 2: 00"},
+           {{VISCA_INQ_E_YM_AUTO_TRACKING_SPEED}, {}, "TrackSpeed 0: 02; TrackSpeed 1: 01; TrackSpeed 2: 00; TrackSpeed 4: 00"},
+           {{VISCA_INQ_E_TKV_TRACKSPEED}, {}, "TrackSpeed 3: 00; TrackSpeed 4: 01; TrackSpeed 0: 01"},
+           {{VISCA_INQ_E_TKV_HEAD_POS}, {}, "HeadPos 2: 02"}, {{VISCA_INQ_E_TKV_GESTURE_DETECT}, {}, "Gesture 1: 02; Gesture 0: 03"}});
 }
 
 TEST_F(ViscaInquiry, System)
@@ -138,14 +131,12 @@ TEST_F(ViscaInquiry, System)
             stAttr.s32Volume = 0x4D;
             AUDIO_AI_SetAttr(AUDIO_AI_GetFirstEnabledId(), &stAttr, BU_FALSE);
         }};
-    check({{POWER, {VISCA_MSG_E_POWER_OFF}, "", "02"}, {MENU_ON, {}, "", "02"}, {MENU_OFF, {}, "", "03"}, {VOLUME, {}, "", "04 0D"},
-           {{VISCA_INQ_E_IR_RECV}, {}, "IrSwitch 1", "02"}, {{VISCA_INQ_E_IR_RECV}, {}, "IrSwitch 0", "03"},
-           {IR, {0}, "IrSwitch 0, IrAddr 4", "03"}, {IR, {1}, "", "04"}, {IR, {2}, "", "refused"},
-           {TALLY, {}, "!TallyMode 0", "0A"}, {TALLY, {}, "!TallyMode 1", "0B"}, {TALLY, {}, "!TallyMode 6", "0C"}, {TALLY, {}, "!TallyMode 7", "0D"}, // the stored one
-           {TALLY, {0, 2}, "!TallyMode 2", "02"}, // red has no number
-           {{VISCA_INQ_E_NDI_TALLY_MODE}, {}, "TallyOnBoard 1", "02"}, {{VISCA_INQ_E_NDI_TALLY_MODE}, {}, "TallyOnBoard 0", "03"},
-           {{VISCA_INQ_E_CUSTOM_TALLY}, {}, "TallyCustomColor 0x12ABEF", "01 02 0A 0B 0E 0F"},
-           {{VISCA_INQ_E_TKV_AUDIO}, {}, "AudioMute 1", "03"}, {{VISCA_INQ_E_TKV_AUDIO}, {}, "AudioMute 0", "02"}});
+    check({{POWER, {VISCA_MSG_E_POWER_OFF}, ": 02"}, {MENU_ON, {}, ": 02"}, {MENU_OFF, {}, ": 03"}, {VOLUME, {}, ": 04 0D"},
+           {{VISCA_INQ_E_IR_RECV}, {}, "IrSwitch 1: 02; IrSwitch 0: 03"}, {IR, {0}, "IrSwitch 0, IrAddr 4: 03"}, {IR, {1}, ": 04"},
+           {IR, {2}, ": refused"}, {TALLY, {}, "!TallyMode 0: 0A; !TallyMode 1: 0B; !TallyMode 6: 0C; !TallyMode 7: 0D"},
+           {TALLY, {0, 2}, "!TallyMode 2: 02"}, {{VISCA_INQ_E_NDI_TALLY_MODE}, {}, "TallyOnBoard 1: 02; TallyOnBoard 0: 03"},
+           {{VISCA_INQ_E_CUSTOM_TALLY}, {}, "TallyCustomColor 0x12ABEF: 01 02 0A 0B 0E 0F"},
+           {{VISCA_INQ_E_TKV_AUDIO}, {}, "AudioMute 1: 03; AudioMute 0: 02"}});
 
     Info stInfo{};
     VISCA_API_SetAddr(6, BU_TRUE);
@@ -168,8 +159,8 @@ TEST_F(ViscaInquiry, Network)
     NET_API_SetIpAddr("NetCard0", "192.168.1.10");
     NET_API_SetNetMask("NetCard0", "255.255.255.0");
     NET_API_SetGateWay("NetCard0", "192.168.1.254");
-    check({{IP, {4}, "", "0C 00 0A 08 00 01 00 0A"}, {IP, {5}, "", "0F 0F 0F 0F 0F 0F 00 00"}, {IP, {6}, "", "0C 00 0A 08 00 01 0F 0E"},
-           {IP, {7}, "", "refused"}, {IP, {0}, "", "refused"}, {{VISCA_INQ_E_IP_DHCP_MODE}, {}, "", "03"}});
+    check({{IP, {4}, ": 0C 00 0A 08 00 01 00 0A"}, {IP, {5}, ": 0F 0F 0F 0F 0F 0F 00 00"}, {IP, {6}, ": 0C 00 0A 08 00 01 0F 0E"},
+           {IP, {7}, ": refused"}, {IP, {0}, ": refused"}, {{VISCA_INQ_E_IP_DHCP_MODE}, {}, ": 03"}});
     std::string strHex; // of the text
     for (const char c : std::string("192.168.1.10:255.255.255.0:192.168.1.254")) strHex += (strHex.empty() ? "" : " ") + std::string(c == '.' ? "2E" : c == ':' ? "3A" : "3") + (isdigit(c) ? std::string(1, c) : "");
     EXPECT_EQ(answer({VISCA_INQ_E_IP_INFO_ASCLL}), strHex);
