@@ -16,7 +16,9 @@ std::deque<tagVISCA_CTRL_INFO_S> g_listRunning;
 BU_S32 control(tagVISCA_CMD_INQ_TYPE_E enType, tagVISCA_CTRL_INFO_S *pstInfo)
 {
     if (enType <= VISCA_CMD_E_NONE || enType == VISCA_INQ_E_NONE || enType >= VISCA_CMD_INQ_E_BUTT) std::abort();
-    if (visca::targetMotorsOf(enType, *pstInfo)) {
+    tagVISCA_CTRL_INFO_S stRead;
+    const visca::Row *row = visca::decode(visca::encode(enType, *pstInfo).bytes(), stRead);
+    if (row && row->moves.motors) {
         g_listRunning.push_back(*pstInfo);
         if (g_listRunning.size() > 64) g_listRunning.pop_front(); // never ends
         return 1;
