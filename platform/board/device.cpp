@@ -1,3 +1,4 @@
+/// What the board says of itself.
 #include "board/device.h"
 
 #include "board/ntp.h"
@@ -14,17 +15,17 @@
 namespace
 {
 /// Writes a text of the profile to a caller's buffer. -1 without a profile.
-BU_S32 give(BU_CHAR *pcOut, std::size_t size, std::string tagPROFILE_S::*pstrText)
+BU_S32 give(BU_CHAR *pcOut, std::size_t size, std::string board::Profile::*pstrText)
 {
-    const auto profile = currentProfile();
+    const auto profile = board::currentProfile();
     if (!pcOut || !profile->stFeatures.bDataInited) return -1;
     std::snprintf(pcOut, size, "%s", (*profile.*pstrText).c_str());
     return 0;
 }
 
-template <class Record> BU_S32 give(Record *pstOut, Record tagPROFILE_S::*pstRecord)
+template <class Record> BU_S32 give(Record *pstOut, Record board::Profile::*pstRecord)
 {
-    const auto profile = currentProfile();
+    const auto profile = board::currentProfile();
     if (!pstOut || !profile->stFeatures.bDataInited) return -1;
     *pstOut = *profile.*pstRecord;
     return 0;
@@ -35,7 +36,7 @@ BU_S32 BSP_HW_ABI_GetHwAbility(tagHW_ABILITY_S *pstAbility)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
     if (pstAbility) *pstAbility = {};
-    return give(pstAbility, &tagPROFILE_S::stAbility);
+    return give(pstAbility, &board::Profile::stAbility);
 }
 
 BU_S32 BSP_SetSystemSocketBufLimit(BU_S32 s32Receive, BU_S32 s32Send)
@@ -54,31 +55,31 @@ BU_S32 BSP_LENS_LoadDriver()
 BU_S32 BSP_DEVATTR_GetDeviceModelInner(BU_CHAR *pcModel)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    return give(pcModel, 32, &tagPROFILE_S::strModel);
+    return give(pcModel, 32, &board::Profile::strModel);
 }
 
 BU_S32 BSP_DEVATTR_GetDeviceModel(BU_CHAR *pcModel)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    return give(pcModel, 32, &tagPROFILE_S::strModel);
+    return give(pcModel, 32, &board::Profile::strModel);
 }
 
 BU_S32 BSP_DEVATTR_GetDeviceName(BU_CHAR *pcName)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    return give(pcName, 128, &tagPROFILE_S::strDeviceName);
+    return give(pcName, 128, &board::Profile::strDeviceName);
 }
 
 BU_S32 BSP_DEVATTR_GetSn(BU_CHAR *pcSn)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    return give(pcSn, 64, &tagPROFILE_S::strSerialNumber);
+    return give(pcSn, 64, &board::Profile::strSerialNumber);
 }
 
 BU_S32 BSP_DEVATTR_GetDeviceMacAddr(BSP_MAC_ADDR_S *pstMac)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    return give(pstMac, &tagPROFILE_S::stMac);
+    return give(pstMac, &board::Profile::stMac);
 }
 
 BU_S32 BSP_GetIpAddress(const BU_CHAR *pcIntf, BU_CHAR *pcText)
@@ -94,7 +95,7 @@ BU_S32 BSP_GetMacAddress(const BU_CHAR *pcIntf, BU_CHAR *pcText)
     if (const auto injected = journal::ask(__func__, pcIntf)) return *injected;
     const std::string_view intf = pcIntf ? pcIntf : "eth0";
     BSP_MAC_ADDR_S stMac;
-    if (!pcText || (intf != "eth0" && intf != "eth1") || give(&stMac, &tagPROFILE_S::stMac) != 0) return -1;
+    if (!pcText || (intf != "eth0" && intf != "eth1") || give(&stMac, &board::Profile::stMac) != 0) return -1;
     const auto &au8Mac = intf == "eth0" ? stMac.acEth0MacAddr : stMac.acEth1MacAddr;
     if (std::ranges::all_of(au8Mac, [](BU_U8 u8) { return u8 == 0; })) return -1;
     std::snprintf(pcText, 32, "%02x:%02x:%02x:%02x:%02x:%02x", au8Mac[0], au8Mac[1], au8Mac[2], au8Mac[3], au8Mac[4],
@@ -111,13 +112,13 @@ BU_S32 BSP_AddOnIpv4AddrChangeCallback(const BU_CHAR *pcIntf, void (*pfnCb)(cons
 BU_S32 BSP_VER_GetProductVersion(FIRMWARE_INFO_V2_S *pstInfo)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    return give(pstInfo, &tagPROFILE_S::stFirmware);
+    return give(pstInfo, &board::Profile::stFirmware);
 }
 
 BU_S32 BSP_VER_GetSoftwareVersion(void *, BU_CHAR *pcText)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    return give(pcText, 32, &tagPROFILE_S::strSoftware);
+    return give(pcText, 32, &board::Profile::strSoftware);
 }
 
 BU_S32 NTPD_LoadConfig()

@@ -1,3 +1,4 @@
+/// GPIO lines as files of the device root.
 #include "board/gpio.h"
 
 #include "board/profileData.h"
@@ -16,7 +17,7 @@ namespace
 /// The value file of a line; empty when there is no such line.
 std::string valueFile(BU_S32 s32Gpio)
 {
-    const auto profile = currentProfile();
+    const auto profile = board::currentProfile();
     if (s32Gpio < 0 || s32Gpio >= static_cast<BU_S32>(profile->gpioLines.size())) return "";
     return UTIL_ROOT_Path(("/sys/gpio/" + profile->gpioLines[static_cast<std::size_t>(s32Gpio)] + "/value").c_str());
 }
@@ -26,7 +27,7 @@ BU_S32 BSP_GetGpioNum(const BSP_GPIO_GETIDX *pstLine)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
     if (!pstLine) return -1;
-    const auto profile = currentProfile();
+    const auto profile = board::currentProfile();
     const std::string_view name(pstLine->acModuleName, strnlen(pstLine->acModuleName, sizeof(pstLine->acModuleName)));
     const auto line = std::ranges::find(profile->gpioLines, name);
     return line == profile->gpioLines.end() ? -1 : static_cast<BU_S32>(line - profile->gpioLines.begin());

@@ -1,3 +1,4 @@
+/// Which profile is in use, and its values by path.
 #include "board/profile.h"
 
 #include "board/profileData.h"
@@ -18,13 +19,13 @@ namespace
 constexpr std::size_t SIZE_LIMIT = 1024 * 1024;
 constexpr const BU_CHAR *DEFAULT_MODEL = "TKV-MX";
 
-struct tagCURRENT_S {
+struct Current {
     std::mutex lock; // guards profile
-    std::shared_ptr<const tagPROFILE_S> profile;
+    std::shared_ptr<const board::Profile> profile;
 };
-tagCURRENT_S &current()
+Current &current()
 {
-    static auto *pstCurrent = new tagCURRENT_S;
+    static auto *pstCurrent = new Current;
     return *pstCurrent;
 }
 
@@ -43,14 +44,14 @@ std::string fileOf(const std::string &strModel)
                                              : util::resource("profiles/" + strModel + ".json");
 }
 
-std::unique_ptr<tagPROFILE_S> loadFile(const std::string &strFile)
+std::unique_ptr<board::Profile> loadFile(const std::string &strFile)
 {
     std::ifstream stFile(strFile, std::ios::binary);
     std::string strText(SIZE_LIMIT, 0), strReason = "not there or not readable";
     stFile.read(strText.data(), static_cast<std::streamsize>(strText.size()));
     strText.resize(static_cast<std::size_t>(stFile.gcount()));
     if (stFile.eof()) {
-        if (auto profile = readProfile(strText, strReason)) return profile;
+        if (auto profile = board::readProfile(strText, strReason)) return profile;
     } else if (stFile)
         strReason = "larger than 1 MiB";
     LOG_ERROR("board profile %s: %s", strFile.c_str(), strReason.c_str());
@@ -58,7 +59,7 @@ std::unique_ptr<tagPROFILE_S> loadFile(const std::string &strFile)
 }
 } // namespace
 
-std::shared_ptr<const tagPROFILE_S> currentProfile()
+std::shared_ptr<const board::Profile> board::currentProfile()
 {
     {
         const std::lock_guard guard(current().lock);
@@ -71,16 +72,16 @@ std::shared_ptr<const tagPROFILE_S> currentProfile()
 
 BU_S32 BSP_PROFILE_Load(const BU_CHAR *pcModel)
 {
-    std::shared_ptr<const tagPROFILE_S> profile = loadFile(fileOf(modelOrDefault(pcModel)));
+    std::shared_ptr<const board::Profile> profile = loadFile(fileOf(modelOrDefault(pcModel)));
     const BU_S32 s32Ret = profile ? 0 : -1;
     const std::lock_guard guard(current().lock);
-    current().profile = profile ? std::move(profile) : std::make_shared<tagPROFILE_S>();
+    current().profile = profile ? std::move(profile) : std::make_shared<board::Profile>();
     return s32Ret;
 }
 
 std::string BSP_PROFILE_GetText(const BU_CHAR *pcPath, const BU_CHAR *pcDefault)
 {
-    const auto profile = currentProfile();
+    const auto profile = board::currentProfile();
     const auto value = profile->values.find(std::string_view(pcPath));
     return value == profile->values.end() ? pcDefault : value->second;
 }
@@ -96,7 +97,7 @@ BU_S32 BSP_PROFILE_GetInt(const BU_CHAR *pcPath, BU_S32 s32Default)
 BU_S32 CFG_FEATURE_GetConfiguration(tagCFG_FEATURE_LIST_S *pstList)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    const auto profile = currentProfile();
+    const auto profile = board::currentProfile();
     if (!pstList || !profile->stFeatures.bDataInited) return -1;
     *pstList = profile->stFeatures;
     return 0;

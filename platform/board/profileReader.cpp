@@ -12,14 +12,14 @@ namespace
 {
 using util::Json;
 
-template <class Record> struct tagFLAG_ROW_S {
+template <class Record> struct FlagRow {
     const BU_CHAR *pcWord;
     BU_BOOL Record::*pbFlag;
 };
 using Control = CFG_FEATURE_CONTROL_S;
 using Display = CFG_FEATURE_DISPLAY_S;
 using General = CFG_FEATURE_GENERAL_S;
-constexpr tagFLAG_ROW_S<Control> g_astControl[] = {
+constexpr FlagRow<Control> CONTROL[] = {
     {"viscaEthernet", &Control::bViscaEtherSupport},
     {"onvif", &Control::bOnvifSupport},
     {"webUi", &Control::bWebUiSupport},
@@ -28,47 +28,47 @@ constexpr tagFLAG_ROW_S<Control> g_astControl[] = {
     {"ai", &Control::bAiSupport},
     {"dvip", &Control::bDvipSupport},
 };
-constexpr tagFLAG_ROW_S<Display> g_astDisplay[] = {
+constexpr FlagRow<Display> DISPLAY[] = {
     {"eink", &Display::bEinkSupport}, {"oled", &Display::bOledSupport}, {"led", &Display::bLedSupport}};
-constexpr tagFLAG_ROW_S<General> g_astGeneral[] = {
+constexpr FlagRow<General> GENERAL[] = {
     {"ethernet", &General::bEthernet}, {"panTilt", &General::bPt},      {"autoFocus", &General::bAf},
     {"ntp", &General::bNtp},           {"resetKey", &General::bRstKey}, {"infrared", &General::bIr},
     {"audio", &General::bAudio},
 };
 
-struct tagAV_ROW_S {
+struct AvRow {
     const BU_CHAR *pcWord;
     tagCFG_FEATURE_AV_INTF_S CFG_FEATURE_AV_S::*pstIntf;
 };
 using Av = CFG_FEATURE_AV_S;
-constexpr tagAV_ROW_S g_astAv[] = {
+constexpr AvRow AV[] = {
     {"hdmi", &Av::stHdmi}, {"hdBaseT", &Av::stHdBaseT}, {"sdi", &Av::stSdi},
     {"usb", &Av::stUsb},   {"ndi", &Av::stNdi},         {"rtsp", &Av::stRtsp},
     {"rtmp", &Av::stRtmp}, {"srt", &Av::stSrt},         {"dante", &Av::stDante},
 };
 
-struct tagCOUNT_ROW_S {
+struct CountRow {
     const BU_CHAR *pcWord;
     HW_CAPS_COUNT_S tagHW_ABILITY_S::*pstCaps;
 };
 using Ability = tagHW_ABILITY_S;
-constexpr tagCOUNT_ROW_S g_astCounts[] = {
+constexpr CountRow COUNTS[] = {
     {"chips", &Ability::stChipData},    {"net", &Ability::stNet},     {"usb", &Ability::stUsb},
     {"sdCard", &Ability::stSdcard},     {"hdmi", &Ability::stHdmi},   {"sdi", &Ability::stSdi},
     {"fullNdi", &Ability::stFullNdi},   {"eink", &Ability::stEink},   {"uart", &Ability::stUart},
     {"resetKey", &Ability::stResetKey}, {"infrared", &Ability::stIr}, {"audio", &Ability::stAudio},
 };
 
-template <class Value> struct tagWORD_ROW_S {
+template <class Value> struct WordRow {
     const BU_CHAR *pcWord;
     Value value;
 };
-constexpr tagWORD_ROW_S<DEVICE_SELFCHECK_E> g_astSelfCheck[] = {
+constexpr WordRow<DEVICE_SELFCHECK_E> SELF_CHECKS[] = {
     {"none", DEVICE_SELFCHECK_E_NONE}, {"pass", DEVICE_SELFCHECK_E_PASS}, {"fail", DEVICE_SELFCHECK_E_FAIL}};
-constexpr tagWORD_ROW_S<CFG_FEATURE_DATA_DIR_E> g_astDirection[] = {
+constexpr WordRow<CFG_FEATURE_DATA_DIR_E> DIRECTIONS[] = {
     {"in", CFG_FEATURE_DATA_DIR_E_IN}, {"out", CFG_FEATURE_DATA_DIR_E_OUT}, {"inOut", CFG_FEATURE_DATA_DIR_E_INOUT}};
-constexpr tagWORD_ROW_S<UART_INSTANCE_TYPE> g_astPort[] = {{"RS232", UART_INSTANCE_TYPE_RS232},
-                                                           {"RS422", UART_INSTANCE_TYPE_RS422}};
+constexpr WordRow<UART_INSTANCE_TYPE> PORTS[] = {{"RS232", UART_INSTANCE_TYPE_RS232},
+                                                 {"RS422", UART_INSTANCE_TYPE_RS422}};
 
 constexpr const BU_CHAR *NO_KEY = "is no known key";
 
@@ -95,7 +95,7 @@ template <class F> BU_S32 eachItem(const Json &json, std::size_t most, F fn)
 }
 
 template <class Record, std::size_t N>
-void readFlags(const Json &json, const tagFLAG_ROW_S<Record> (&rows)[N], Record &stRecord)
+void readFlags(const Json &json, const FlagRow<Record> (&rows)[N], Record &stRecord)
 {
     for (const Json &item : json.items(N)) stRecord.*word(item, rows).pbFlag = BU_TRUE;
 }
@@ -103,16 +103,16 @@ void readFlags(const Json &json, const tagFLAG_ROW_S<Record> (&rows)[N], Record 
 void readAv(const Json &node, CFG_FEATURE_AV_S &stAv)
 {
     for (const auto &[strKey, member] : node.members()) {
-        auto &stIntf = stAv.*rowOf(member, strKey, g_astAv, NO_KEY).pstIntf;
+        auto &stIntf = stAv.*rowOf(member, strKey, AV, NO_KEY).pstIntf;
         stIntf.s32NodeCnt = eachItem(member, std::size(stIntf.astPub), [&](std::size_t i, const Json &item) {
             stIntf.astPub[i] = {BU_TRUE, item["video"].flag(), item["audio"].flag(),
-                                word(item["direction"], g_astDirection).value};
+                                word(item["direction"], DIRECTIONS).value};
         });
         stIntf.bSupport = stIntf.s32NodeCnt > 0;
     }
 }
 
-void readSerial(const Json &node, tagPROFILE_S &stProfile)
+void readSerial(const Json &node, board::Profile &stProfile)
 {
     auto &stSerial = stProfile.stFeatures.stGeneral.stSerial;
     stSerial.bDaisyChain = node["daisyChain"].flag();
@@ -121,18 +121,18 @@ void readSerial(const Json &node, tagPROFILE_S &stProfile)
         const std::string strDevice = item["device"].text(sizeof(stNode.acDeviceName) - 1);
         stNode.bSupport = BU_TRUE;
         std::snprintf(stNode.acDeviceName, sizeof(stNode.acDeviceName), "%s", strDevice.c_str());
-        stProfile.serial.push_back({word(item["port"], g_astPort).value, strDevice});
+        stProfile.serial.push_back({word(item["port"], PORTS).value, strDevice});
     });
     stSerial.bSupport = stSerial.s32NodeCnt > 0;
 }
 
-void readFeatures(const Json &node, tagPROFILE_S &stProfile)
+void readFeatures(const Json &node, board::Profile &stProfile)
 {
     auto &stFeatures = stProfile.stFeatures;
-    readFlags(node["control"], g_astControl, stFeatures.stControl);
+    readFlags(node["control"], CONTROL, stFeatures.stControl);
     readAv(node["av"], stFeatures.stAv);
-    readFlags(node["display"], g_astDisplay, stFeatures.stDisplay);
-    readFlags(node["general"], g_astGeneral, stFeatures.stGeneral);
+    readFlags(node["display"], DISPLAY, stFeatures.stDisplay);
+    readFlags(node["general"], GENERAL, stFeatures.stGeneral);
     readSerial(node["serial"], stProfile);
     stFeatures.bDataInited = BU_TRUE;
 }
@@ -140,12 +140,12 @@ void readFeatures(const Json &node, tagPROFILE_S &stProfile)
 void readAbility(const Json &node, tagHW_ABILITY_S &stAbility)
 {
     for (const auto &[strKey, member] : node["interfaces"].members()) {
-        auto &stCaps = stAbility.*rowOf(member, strKey, g_astCounts, NO_KEY).pstCaps;
+        auto &stCaps = stAbility.*rowOf(member, strKey, COUNTS, NO_KEY).pstCaps;
         stCaps.s32DevCnt = member.number(0, 16);
         stCaps.bSupport = stCaps.s32DevCnt > 0;
     }
     auto &stLens = stAbility.stLens;
-    const auto check = [](const Json &item, const BU_CHAR *pcKey) { return word(item[pcKey], g_astSelfCheck).value; };
+    const auto check = [](const Json &item, const BU_CHAR *pcKey) { return word(item[pcKey], SELF_CHECKS).value; };
     stLens.s32DevCnt = eachItem(node["lenses"], std::size(stLens.astDevPri), [&](std::size_t i, const Json &item) {
         stLens.astDevPri[i] = {item["type"].number(0, 16), item["zoom"].flag(), item["focus"].flag(),
                                item["pan"].flag(),         item["tilt"].flag(), item["position"].number(0, 16)};
@@ -183,7 +183,7 @@ void readMac(const Json &node, BU_U8 (&au8Mac)[6])
     std::ranges::copy(au32, au8Mac);
 }
 
-void readIdentity(const Json &node, tagPROFILE_S &stProfile)
+void readIdentity(const Json &node, board::Profile &stProfile)
 {
     stProfile.strModel = node["model"].text(31);
     stProfile.strDeviceName = node["deviceName"].text(127);
@@ -210,7 +210,7 @@ void checkRanges(const Json &node)
     node["panTilt"]["tiltMaxDegrees"].number(0, 180);
 }
 
-void collectValues(const Json &json, tagPROFILE_S &stProfile)
+void collectValues(const Json &json, board::Profile &stProfile)
 {
     if (json.is(Json::Kind::OBJECT))
         for (const auto &[strKey, value] : json.members()) collectValues(value, stProfile);
@@ -221,11 +221,11 @@ void collectValues(const Json &json, tagPROFILE_S &stProfile)
 }
 } // namespace
 
-std::unique_ptr<tagPROFILE_S> readProfile(const std::string &strText, std::string &strReason)
+std::unique_ptr<board::Profile> board::readProfile(const std::string &strText, std::string &strReason)
 {
     try {
         const Json root = Json::parse(strText);
-        auto profile = std::make_unique<tagPROFILE_S>();
+        auto profile = std::make_unique<board::Profile>();
         readIdentity(root, *profile);
         readAbility(root["ability"], profile->stAbility);
         readFeatures(root["features"], *profile);

@@ -62,7 +62,7 @@ void deliver(UART_INSTANCE_TYPE enPort, std::span<const BU_U8> bytes)
     uart().ended.notify_all();
 }
 
-std::shared_ptr<PseudoTerminal> openPort(const tagSERIAL_NODE_S &stNode)
+std::shared_ptr<PseudoTerminal> openPort(const board::SerialNode &stNode)
 {
     const std::string strLink = UTIL_ROOT_Path(stNode.strDevice.c_str());
     std::shared_ptr<PseudoTerminal> port =
@@ -141,7 +141,7 @@ BU_S32 UART_DevAllInit()
     if (const auto injected = journal::call(__func__)) return *injected;
     static const BU_S32 s32Listener = CFG_SETTING_Listen(followBaudrate);
     BU_S32 s32Ret = s32Listener > 0 ? 0 : -1;
-    for (const tagSERIAL_NODE_S &stNode : currentProfile()->serial) {
+    for (const board::SerialNode &stNode : board::currentProfile()->serial) {
         auto port = openPort(stNode);
         if (!port) s32Ret = -1;
         const std::lock_guard guard(uart().portLock);
