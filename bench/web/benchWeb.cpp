@@ -67,7 +67,7 @@ private:
     util::FileDescriptor m_fd;
 };
 
-struct tagSERIES_S {
+struct Series {
     const char *pcName;
     int s32Fd;
     std::string strPacket;
@@ -79,17 +79,17 @@ struct tagSERIES_S {
         for (int i = 0; i < s32Count; ++i) {
             const auto start = Clock::now();
             if (send(s32Fd, strPacket.data(), strPacket.size(), MSG_NOSIGNAL) < 0) throw std::runtime_error("no way");
-            std::optional<web_rpc::tagMESSAGE_S> message; // news may come between
+            std::optional<web_client::Message> message; // news may come between
             do {
                 const ssize_t n = recv(s32Fd, acBytes, sizeof(acBytes), 0);
                 if (n <= 0) throw std::runtime_error("no answer");
-                message = web_rpc::decode({acBytes, static_cast<std::size_t>(n)});
-            } while (message && message->stHead.enKind == web_rpc::Kind::NEWS);
+                message = web_client::decode({acBytes, static_cast<std::size_t>(n)});
+            } while (message && message->stHead.enKind == web_client::Kind::NEWS);
             times.push_back(microseconds(Clock::now() - start));
             if (message && message->stHead.s16Result != 0) throw std::runtime_error("refused");
         }
     }
-    void print(const tagSERIES_S &stBaseline) const
+    void print(const Series &stBaseline) const
     {
         const double d50 = percentile(times, 50), d99 = percentile(times, 99);
         std::printf("%-34s p50 %7.1f us  p99 %7.1f us   ratio p50 %5.2f  p99 %5.2f\n", pcName, d50, d99,
@@ -103,7 +103,7 @@ std::string callPacket(tag_WEB_RPC_EVENT_GROUP_E enEvent)
     stRequest.s32EventType = 1;
     std::string strImage(stRequest.getSize(), '\0');
     stRequest.dumpBytes(strImage.data(), stRequest.getSize());
-    const web_rpc::tagHEAD_S stHead{.enKind = web_rpc::Kind::CALL, .u32Subject = static_cast<BU_U32>(enEvent)};
+    const web_client::Head stHead{.enKind = web_client::Kind::CALL, .u32Subject = static_cast<BU_U32>(enEvent)};
     return std::string(reinterpret_cast<const char *>(&stHead), sizeof(stHead)) + strImage;
 }
 
@@ -117,7 +117,7 @@ std::vector<double> throughClient()
         },
         nullptr);
     up.get_future().wait();
-    const std::string strImage = callPacket(WEB_RPC_EVENT_GROUP_E_GET_ISP).substr(sizeof(web_rpc::tagHEAD_S));
+    const std::string strImage = callPacket(WEB_RPC_EVENT_GROUP_E_GET_ISP).substr(sizeof(web_client::Head));
     std::vector<double> times;
     for (int i = 0; i < 5000; ++i) {
         std::promise<WEB_CLIENT_RESULT_E> answered;
@@ -137,23 +137,23 @@ int run()
     Echo stEcho;
     pinTo(CLIENT_CPU);
     UTIL_ROOT_Set(stCamera.path("").c_str());
-    const util::FileDescriptor fd = web_rpc::connectTo(web_rpc::SOCKET_PATH);
+    const util::FileDescriptor fd = web_client::connectTo(web_client::SOCKET_PATH);
     if (fd < 0) throw std::runtime_error("the camera has no web service");
     fcntl(fd, F_SETFL, 0);
 
-    tagSERIES_S stBare{"bare echo", stEcho.fd(), callPacket(WEB_RPC_EVENT_GROUP_E_GET_ISP)};
+    Series stBare{"bare echo", stEcho.fd(), callPacket(WEB_RPC_EVENT_GROUP_E_GET_ISP)};
     stBare.strPacket.back() = 0;
-    tagSERIES_S astCalls[]{{"panel get, image item", fd, callPacket(WEB_RPC_EVENT_GROUP_E_GET_ISP)},
-                           {"panel get, lens item", fd, callPacket(WEB_RPC_EVENT_GROUP_E_GET_AF)},
-                           {"question for the position", fd, web_rpc::encodeQuestion(1, "position", "")}};
+    Series astCalls[]{{"panel get, image item", fd, callPacket(WEB_RPC_EVENT_GROUP_E_GET_ISP)},
+                      {"panel get, lens item", fd, callPacket(WEB_RPC_EVENT_GROUP_E_GET_AF)},
+                      {"question for the position", fd, web_client::encodeQuestion(1, "position", "")}};
     for (int i = 0; i < ROUNDS; ++i) {
         stBare.round(CALLS);
-        for (tagSERIES_S &st : astCalls) st.round(CALLS);
+        for (Series &st : astCalls) st.round(CALLS);
     }
     std::printf("round trips over the Unix-domain socket, ratio to the bare echo\n");
     stBare.print(stBare);
-    for (const tagSERIES_S &st : astCalls) st.print(stBare);
-    const tagSERIES_S stClient{"panel get through the client", -1, "", throughClient()};
+    for (const Series &st : astCalls) st.print(stBare);
+    const Series stClient{"panel get through the client", -1, "", throughClient()};
     stClient.print(stBare);
     return 0;
 }

@@ -1,3 +1,4 @@
+// The web server's end: its connection, and the answers that it waits for.
 #include "web_client/client.h"
 
 #include "util/log.h"
@@ -19,17 +20,17 @@
 
 namespace
 {
-using namespace web_rpc;
+using namespace web_client;
 
 constexpr BU_S64 RETRY_MS = 100;
 constexpr std::size_t PENDING_MAX = 512;
 
-struct tagPENDING_S {
+struct Pending {
     BU_S64 s64DueMs;
     FN_WEB_CLIENT_ANSWER fnAnswer;
 };
 /// An answer that the client gives itself, on its thread.
-struct tagOWN_ANSWER_S {
+struct OwnAnswer {
     FN_WEB_CLIENT_ANSWER fnAnswer;
     WEB_CLIENT_RESULT_E enResult;
 };
@@ -73,7 +74,7 @@ public:
         const int s32Error = sendPacket(m_fd, head, bytes);
         if (s32Error) return fail(s32Error == EAGAIN ? WEB_CLIENT_RESULT_E_BUSY : WEB_CLIENT_RESULT_E_GONE);
         const BU_S64 s64Due = UTIL_TIME_NowMs() + u32Timeout;
-        m_pending.emplace(u32Id, tagPENDING_S{s64Due, std::move(fnAnswer)});
+        m_pending.emplace(u32Id, Pending{s64Due, std::move(fnAnswer)});
         watchUntil(s64Due);
     }
 
@@ -82,7 +83,7 @@ private:
     void connect();
     void disconnect();
     bool receive(std::vector<BU_CHAR> &buffer);
-    void take(const tagMESSAGE_S &stMessage);
+    void take(const Message &stMessage);
     void giveOwnAnswers();
     void giveTimeouts();
     void wake() { eventfd_write(m_wake, 1); }
@@ -92,11 +93,11 @@ private:
     const std::function<void(std::string_view)> m_fnNews;
     const util::FileDescriptor m_wake{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
     std::atomic<bool> m_bStop{false}; // set under the lock
-    util::Mailbox<tagOWN_ANSWER_S> m_ownAnswers{[this] { wake(); }};
+    util::Mailbox<OwnAnswer> m_ownAnswers{[this] { wake(); }};
     std::mutex m_lock;         // guards everything below but the thread; not held over a callback
     util::FileDescriptor m_fd; // negative: not connected; changed by the client's thread alone
     BU_U32 m_u32LastId = 0;
-    std::map<BU_U32, tagPENDING_S> m_pending;
+    std::map<BU_U32, Pending> m_pending;
     BU_S64 m_s64WatchMs = INT64_MAX; // the next look at the times
     util::TimerQueue m_queue{"webClientTimer"};
     util::Thread m_thread; // last: ends first
@@ -170,7 +171,7 @@ bool Client::receive(std::vector<BU_CHAR> &buffer)
     }
 }
 
-void Client::take(const tagMESSAGE_S &stMessage)
+void Client::take(const Message &stMessage)
 {
     if (stMessage.stHead.enKind == Kind::NEWS && m_fnNews) m_fnNews(stMessage.bytes);
     if (stMessage.stHead.enKind != Kind::ANSWER) return;
@@ -183,7 +184,7 @@ void Client::take(const tagMESSAGE_S &stMessage)
 
 void Client::giveOwnAnswers()
 {
-    for (const tagOWN_ANSWER_S &st : m_ownAnswers.take()) st.fnAnswer(st.enResult, "");
+    for (const OwnAnswer &st : m_ownAnswers.take()) st.fnAnswer(st.enResult, "");
 }
 
 void Client::giveTimeouts()
@@ -204,13 +205,13 @@ void Client::giveTimeouts()
     giveOwnAnswers();
 }
 
-struct tagSERVICE_S {
+struct Service {
     std::mutex lock; // guards the pointer; a call holds the client while it asks
     std::shared_ptr<Client> pstClient;
 };
-tagSERVICE_S &service()
+Service &service()
 {
-    static auto *pstService = new tagSERVICE_S;
+    static auto *pstService = new Service;
     return *pstService;
 }
 
@@ -220,10 +221,7 @@ std::shared_ptr<Client> client()
     return service().pstClient;
 }
 
-std::string_view bytesOf(const tagHEAD_S &stHead)
-{
-    return {reinterpret_cast<const BU_CHAR *>(&stHead), sizeof(stHead)};
-}
+std::string_view bytesOf(const Head &stHead) { return {reinterpret_cast<const BU_CHAR *>(&stHead), sizeof(stHead)}; }
 } // namespace
 
 BU_S32 WEB_CLIENT_Start(std::function<void(BU_BOOL)> fnUp, std::function<void(std::string_view)> fnNews)
@@ -248,7 +246,7 @@ void WEB_CLIENT_Call(tag_WEB_RPC_EVENT_GROUP_E enEvent, std::string_view strImag
 {
     const auto pst = client();
     if (!pst) return fnAnswer(WEB_CLIENT_RESULT_E_GONE, "");
-    tagHEAD_S stHead{.enKind = Kind::CALL, .u32Subject = static_cast<BU_U32>(enEvent)};
+    Head stHead{.enKind = Kind::CALL, .u32Subject = static_cast<BU_U32>(enEvent)};
     pst->ask(u32Timeout, std::move(fnAnswer), [&](BU_U32 u32Id) {
         stHead.u32Id = u32Id;
         return std::pair(bytesOf(stHead), strImage);

@@ -1,3 +1,4 @@
+// The socket file: whose it is, how it is replaced, how a packet goes out.
 #include "web_client/socketFile.h"
 
 #include "util/file.h"
@@ -12,7 +13,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
-namespace web_rpc
+namespace web_client
 {
 namespace
 {
@@ -88,4 +89,4 @@ int sendPacket(int s32Fd, std::string_view head, std::string_view bytes)
     stMessage.msg_iovlen = std::size(astParts);
     return sendmsg(s32Fd, &stMessage, MSG_DONTWAIT | MSG_NOSIGNAL) < 0 ? errno : 0;
 }
-} // namespace web_rpc
+} // namespace web_client

@@ -1,3 +1,4 @@
+// What goes to a web server, and what waits while it has no room.
 #include "connection.h"
 
 #include "util/log.h"
@@ -13,10 +14,7 @@ namespace web_rpc
 {
 namespace
 {
-std::string_view bytesOf(const tagHEAD_S &stHead)
-{
-    return {reinterpret_cast<const BU_CHAR *>(&stHead), sizeof(stHead)};
-}
+std::string_view bytesOf(const Head &stHead) { return {reinterpret_cast<const BU_CHAR *>(&stHead), sizeof(stHead)}; }
 } // namespace
 
 Connection::Connection(util::FileDescriptor fd, int s32Epoll, BU_U64 u64Number)
@@ -34,13 +32,13 @@ void Connection::tell(const std::string &strSubject, std::string_view json)
 {
     const std::lock_guard guard(m_lock);
     if (m_bCut) return;
-    const tagHEAD_S stHead{.enKind = Kind::NEWS};
+    const Head stHead{.enKind = Kind::NEWS};
     if (m_news.empty() && m_outbox.empty() && send(bytesOf(stHead), json)) return;
     m_news.insert_or_assign(strSubject, std::string(json));
     watch();
 }
 
-void Connection::post(const tagHEAD_S &stHead, std::string_view bytes)
+void Connection::post(const Head &stHead, std::string_view bytes)
 {
     if (m_bCut || (m_outbox.empty() && send(bytesOf(stHead), bytes))) return;
     if (m_outboxBytes + bytes.size() > OUTBOX_MAX) {
@@ -67,7 +65,7 @@ void Connection::flush()
     const std::lock_guard guard(m_lock);
     for (; !m_outbox.empty() && send(m_outbox.front(), {}); m_outbox.pop_front())
         m_outboxBytes -= m_outbox.front().size();
-    const tagHEAD_S stHead{.enKind = Kind::NEWS};
+    const Head stHead{.enKind = Kind::NEWS};
     while (m_outbox.empty() && !m_news.empty() && send(bytesOf(stHead), m_news.begin()->second))
         m_news.erase(m_news.begin());
     watch();

@@ -14,6 +14,8 @@
 
 namespace web_rpc
 {
+using namespace web_client; // messages, the socket file
+
 /// Thread: any.
 class Connection
 {
@@ -39,9 +41,9 @@ public:
     BU_U64 number() const { return m_u64Number; }
 
 private:
-    void post(const tagHEAD_S &stHead, std::string_view bytes); // lock held
-    bool send(std::string_view head, std::string_view bytes);   // lock held; false: no room
-    void watch();                                               // lock held
+    void post(const Head &stHead, std::string_view bytes);    // lock held
+    bool send(std::string_view head, std::string_view bytes); // lock held; false: no room
+    void watch();                                             // lock held
 
     const util::FileDescriptor m_fd;
     const int m_s32Epoll;

@@ -7,5 +7,5 @@
 namespace web_rpc
 {
 /// Makes request and response, has the event handled, takes the image of the response.
-tagRESULT_S callEvent(BU_U32 u32Event, const std::string &strImage);
+Result callEvent(BU_U32 u32Event, const std::string &strImage);
 } // namespace web_rpc

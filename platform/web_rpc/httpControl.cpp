@@ -18,14 +18,14 @@ namespace
 constexpr BU_S32 PORT_MAX = 65535;
 constexpr BU_S64 REPORT_MS = 300; // so long a start waits to hear the ports
 
-struct tagSERVER_S {
+struct WebServer {
     std::mutex lock; // guards the rest
     std::vector<std::string> arguments;
     std::unique_ptr<util::ChildProcess> pstProgram;
 };
-tagSERVER_S &server()
+WebServer &server()
 {
-    static auto *pstServer = new tagSERVER_S;
+    static auto *pstServer = new WebServer;
     return *pstServer;
 }
 
@@ -60,7 +60,7 @@ void tellEndpoint(std::string_view line)
     PLATFORM_AddEndpoint(strUrl + " web page");
 }
 
-void run(tagSERVER_S &st, std::vector<std::string> arguments)
+void run(WebServer &st, std::vector<std::string> arguments)
 {
     if (st.pstProgram && st.arguments == arguments) return;
     st.pstProgram.reset(); // the old one gives its ports away first

@@ -1,3 +1,4 @@
+// Which call runs now, which waits, which is refused.
 #include "lanes.h"
 
 #include "web/events.h"
@@ -7,7 +8,7 @@
 
 namespace web_rpc
 {
-BU_U64 tagCALL_S::lane() const
+BU_U64 Call::lane() const
 {
     constexpr BU_U64 QUESTIONS = BU_U64{1} << 63, NO_EVENT = BU_U64{1} << 62;
     if (!strQuestion.empty()) return QUESTIONS | std::hash<std::string>()(strQuestion);
@@ -15,7 +16,7 @@ BU_U64 tagCALL_S::lane() const
     return pstEvent ? static_cast<BU_U64>(pstEvent->enPage) : NO_EVENT;
 }
 
-Lanes::Verdict Lanes::take(tagCALL_S &stCall)
+Lanes::Verdict Lanes::take(Call &stCall)
 {
     const std::lock_guard guard(m_lock);
     const BU_U64 u64Lane = stCall.lane();
@@ -30,20 +31,20 @@ Lanes::Verdict Lanes::take(tagCALL_S &stCall)
         return Verdict::BUSY;
     ++m_waitingOf[stCall.pstFrom.get()];
     ++m_waiting;
-    tagLANE_S &stLane = m_lanes[u64Lane];
+    Lane &stLane = m_lanes[u64Lane];
     stLane.waiting.push_back(std::move(stCall));
     makeReady(u64Lane, stLane);
     return Verdict::WAITS;
 }
 
-void Lanes::makeReady(BU_U64 u64Lane, tagLANE_S &stLane)
+void Lanes::makeReady(BU_U64 u64Lane, Lane &stLane)
 {
     if (stLane.bRuns || stLane.bReady) return;
     stLane.bReady = true;
     m_ready.push_back(u64Lane);
 }
 
-std::optional<tagCALL_S> Lanes::next(BU_U64 u64Lane)
+std::optional<Call> Lanes::next(BU_U64 u64Lane)
 {
     const std::lock_guard guard(m_lock);
     const auto own = m_lanes.find(u64Lane);
@@ -56,11 +57,11 @@ std::optional<tagCALL_S> Lanes::next(BU_U64 u64Lane)
         --m_running;
         return std::nullopt;
     }
-    tagLANE_S &stLane = m_lanes[m_ready.front()];
+    Lane &stLane = m_lanes[m_ready.front()];
     m_ready.pop_front();
     stLane.bReady = false;
     stLane.bRuns = true;
-    tagCALL_S stCall = std::move(stLane.waiting.front());
+    Call stCall = std::move(stLane.waiting.front());
     stLane.waiting.pop_front();
     --m_waiting;
     const auto ofConnection = m_waitingOf.find(stCall.pstFrom.get());

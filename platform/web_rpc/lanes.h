@@ -19,7 +19,7 @@ namespace web_rpc
 {
 class Connection;
 
-struct tagCALL_S {
+struct Call {
     std::shared_ptr<Connection> pstFrom;
     BU_U32 u32Id = 0;
     BU_U32 u32Event = 0;
@@ -40,21 +40,21 @@ public:
 
     enum class Verdict { RUN, WAITS, BUSY };
     /// RUN: the caller runs it now and then asks next(). Else, but for BUSY, the call has been moved from.
-    Verdict take(tagCALL_S &stCall);
+    Verdict take(Call &stCall);
     /// A call of that lane has run. @return what the caller runs next; none: it is free
-    std::optional<tagCALL_S> next(BU_U64 u64Lane);
+    std::optional<Call> next(BU_U64 u64Lane);
 
 private:
-    struct tagLANE_S {
+    struct Lane {
         bool bRuns = false, bReady = false; // ready: stands in m_ready
-        std::deque<tagCALL_S> waiting;
+        std::deque<Call> waiting;
     };
-    void makeReady(BU_U64 u64Lane, tagLANE_S &stLane);
+    void makeReady(BU_U64 u64Lane, Lane &stLane);
 
     const std::size_t m_runningMax;
     std::mutex m_lock; // guards everything below
     std::size_t m_running = 0, m_waiting = 0;
-    std::map<BU_U64, tagLANE_S> m_lanes; // those in which something runs or waits
+    std::map<BU_U64, Lane> m_lanes; // those in which something runs or waits
     std::map<const Connection *, std::size_t> m_waitingOf;
     std::deque<BU_U64> m_ready; // lanes that only lack a thread
 };

@@ -11,12 +11,12 @@
 
 namespace
 {
-struct tagQUESTION_S {
+struct Question {
     WEB_RPC_RECORD_S stRequest, stAnswer;
     PFN_WEB_RPC_ANSWER pfnAnswer;
 };
 /// Written while the service is stopped, read while it runs.
-std::map<std::string, tagQUESTION_S> g_questions;
+std::map<std::string, Question> g_questions;
 } // namespace
 
 BU_S32 WEB_RPC_RegisterQuestion(const BU_CHAR *pcName, const WEB_RPC_RECORD_S &stRequest,
@@ -27,7 +27,7 @@ BU_S32 WEB_RPC_RegisterQuestion(const BU_CHAR *pcName, const WEB_RPC_RECORD_S &s
     return web_rpc::whileStopped([&] { g_questions[pcName] = {stRequest, stAnswer, pfnAnswer}; }) ? 0 : -1;
 }
 
-web_rpc::tagRESULT_S web_rpc::answerQuestion(const std::string &strQuestion, const std::string &strJson)
+web_rpc::Result web_rpc::answerQuestion(const std::string &strQuestion, const std::string &strJson)
 {
     const auto question = g_questions.find(strQuestion);
     if (question == g_questions.end()) return {WEB_CLIENT_RESULT_E_UNKNOWN, "nobody knows the question"};

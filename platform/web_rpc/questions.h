@@ -6,5 +6,5 @@
 namespace web_rpc
 {
 /// @param strJson  an object, or empty
-tagRESULT_S answerQuestion(const std::string &strQuestion, const std::string &strJson);
+Result answerQuestion(const std::string &strQuestion, const std::string &strJson);
 } // namespace web_rpc

@@ -1,3 +1,4 @@
+// The threads that accept, read and run.
 #include "server.h"
 
 #include "util/file.h"
@@ -30,7 +31,7 @@ bool mayConnect(int s32Fd)
 }
 } // namespace
 
-std::unique_ptr<Server> Server::open(std::function<tagRESULT_S(const tagCALL_S &)> fnRun)
+std::unique_ptr<Server> Server::open(std::function<Result(const Call &)> fnRun)
 {
     util::FileDescriptor listener = listenAt(SOCKET_PATH);
     if (listener < 0) return nullptr;
@@ -38,7 +39,7 @@ std::unique_ptr<Server> Server::open(std::function<tagRESULT_S(const tagCALL_S &
     return pst->watch() ? std::move(pst) : nullptr;
 }
 
-Server::Server(util::FileDescriptor listener, std::function<tagRESULT_S(const tagCALL_S &)> fnRun)
+Server::Server(util::FileDescriptor listener, std::function<Result(const Call &)> fnRun)
     : m_listener(std::move(listener)), m_epoll(epoll_create1(EPOLL_CLOEXEC)),
       m_stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_fnRun(std::move(fnRun)), m_u64Last(FIRST_CONNECTION),
       m_reserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
@@ -132,11 +133,11 @@ void Server::part(Connection &connection)
     m_pstClients->remove(connection.number());
 }
 
-void Server::receive(const std::shared_ptr<Connection> &pst, const tagMESSAGE_S &stMessage)
+void Server::receive(const std::shared_ptr<Connection> &pst, const Message &stMessage)
 {
     const bool bEvent = stMessage.stHead.enKind == Kind::CALL;
-    tagCALL_S stCall{pst, stMessage.stHead.u32Id, bEvent ? stMessage.stHead.u32Subject : 0,
-                     std::string(bEvent ? "" : stMessage.name), std::string(stMessage.bytes)};
+    Call stCall{pst, stMessage.stHead.u32Id, bEvent ? stMessage.stHead.u32Subject : 0,
+                std::string(bEvent ? "" : stMessage.name), std::string(stMessage.bytes)};
     const Lanes::Verdict verdict = m_lanes.take(stCall);
     pst->arm(); // the call has its place: the next one may be read
     if (verdict == Lanes::Verdict::RUN)
@@ -145,11 +146,11 @@ void Server::receive(const std::shared_ptr<Connection> &pst, const tagMESSAGE_S 
         pst->answer(stCall.u32Id, WEB_CLIENT_RESULT_E_BUSY, "too many calls are waiting");
 }
 
-void Server::run(tagCALL_S stCall)
+void Server::run(Call stCall)
 {
-    for (std::optional<tagCALL_S> call = std::move(stCall); call;) {
+    for (std::optional<Call> call = std::move(stCall); call;) {
         // Also when its web server has gone by now: it may be what stops the camera.
-        const tagRESULT_S stResult = m_fnRun(*call);
+        const Result stResult = m_fnRun(*call);
         call->pstFrom->answer(call->u32Id, stResult.s32Result, stResult.strBytes);
         call = m_lanes.next(call->lane());
     }

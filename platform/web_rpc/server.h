@@ -14,7 +14,7 @@
 namespace web_rpc
 {
 /// What the camera answers: WEB_CLIENT_RESULT_E and the bytes.
-struct tagRESULT_S {
+struct Result {
     BU_S32 s32Result;
     std::string strBytes;
 };
@@ -26,7 +26,7 @@ public:
 
     /// @param fnRun  runs a call or answers a question, on a thread of the server
     /// @return null: cannot listen, the reason is logged
-    static std::unique_ptr<Server> open(std::function<tagRESULT_S(const tagCALL_S &)> fnRun);
+    static std::unique_ptr<Server> open(std::function<Result(const Call &)> fnRun);
     /// Waits for calls that run; never from inside one.
     ~Server();
     Server(const Server &) = delete;
@@ -36,18 +36,18 @@ public:
     std::shared_ptr<Clients> clients() const { return m_pstClients; }
 
 private:
-    Server(util::FileDescriptor listener, std::function<tagRESULT_S(const tagCALL_S &)> fnRun);
+    Server(util::FileDescriptor listener, std::function<Result(const Call &)> fnRun);
     bool watch();
     void work();
     void accept();
     void turnAway();
     void serve(BU_U64 u64Number, BU_U32 u32Events, std::vector<BU_CHAR> &buffer);
     void part(Connection &connection);
-    void receive(const std::shared_ptr<Connection> &pst, const tagMESSAGE_S &stMessage);
-    void run(tagCALL_S stCall);
+    void receive(const std::shared_ptr<Connection> &pst, const Message &stMessage);
+    void run(Call stCall);
 
     const util::FileDescriptor m_listener, m_epoll, m_stop;
-    const std::function<tagRESULT_S(const tagCALL_S &)> m_fnRun;
+    const std::function<Result(const Call &)> m_fnRun;
     const std::shared_ptr<Clients> m_pstClients = std::make_shared<Clients>();
     Lanes m_lanes{HANDLERS};
     std::atomic<BU_U64> m_u64Last;

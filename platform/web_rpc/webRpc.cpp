@@ -11,19 +11,19 @@ namespace
 {
 using namespace web_rpc;
 
-struct tagSERVICE_S {
+struct Service {
     std::mutex control; // one start, stop or registration at a time; guards pstServer
     std::unique_ptr<Server> pstServer;
     std::mutex lock; // guards pstClients
     std::shared_ptr<Clients> pstClients;
 };
-tagSERVICE_S &service()
+Service &service()
 {
-    static auto *pstService = new tagSERVICE_S;
+    static auto *pstService = new Service;
     return *pstService;
 }
 
-tagRESULT_S run(const tagCALL_S &stCall)
+Result run(const Call &stCall)
 {
     return stCall.strQuestion.empty() ? callEvent(stCall.u32Event, stCall.strBytes)
                                       : answerQuestion(stCall.strQuestion, stCall.strBytes);
@@ -71,6 +71,6 @@ BU_S32 WEB_RPC_Tell(const BU_CHAR *pcSubject, const web_layout::Record &stRecord
     const auto pstClients = service().pstClients;
     guard.unlock();
     const auto count = pstClients ? static_cast<BU_S32>(pstClients->count()) : 0;
-    if (count > 0) pstClients->tell(pcSubject, web_client::writeRecord(stRecord, static_cast<const BU_CHAR *>(pvNews)));
+    if (count > 0) pstClients->tell(pcSubject, writeRecord(stRecord, static_cast<const BU_CHAR *>(pvNews)));
     return count;
 }

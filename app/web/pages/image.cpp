@@ -8,7 +8,7 @@
 
 namespace
 {
-using namespace web_panel;
+using namespace web;
 
 constexpr BU_S32 PANORAMA = 1;
 
@@ -69,25 +69,25 @@ void onImagePreset(BU_S32, const Request &req, Response &res)
 }
 
 /// When an item can be operated: in these exposure and white-balance modes (bit n is mode n), while a switch is on.
-struct tagRULE_S {
+struct Rule {
     BU_U32 u32Ae = ~0U, u32Wb = ~0U;
     bool bCloseUpOnly = false;
     Get pfnSwitch = nullptr;
 };
 template <class... M> constexpr BU_U32 modes(M... enMode) { return ((1U << enMode) | ...); }
 
-constexpr tagRULE_S ALWAYS;
-constexpr tagRULE_S CLOSE_UP{.bCloseUpOnly = true};
-constexpr tagRULE_S AE_AUTO{.u32Ae = modes(AE_MODE_E_AUTO)};
-constexpr tagRULE_S AE_SHUTTER{.u32Ae = modes(AE_MODE_E_SHUTTER, AE_MODE_E_MANUAL)};
-constexpr tagRULE_S AE_IRIS{.u32Ae = modes(AE_MODE_E_IRIS, AE_MODE_E_MANUAL), .bCloseUpOnly = true};
-constexpr tagRULE_S AE_FREE_IRIS{.u32Ae = ~AE_IRIS.u32Ae, .bCloseUpOnly = true};
-constexpr tagRULE_S WB_AUTO{.u32Wb = modes(WB_MODE_E_AUTO)};
-constexpr tagRULE_S WB_MANUAL{.u32Wb = modes(WB_MODE_E_MANUAL)};
+constexpr Rule ALWAYS;
+constexpr Rule CLOSE_UP{.bCloseUpOnly = true};
+constexpr Rule AE_AUTO{.u32Ae = modes(AE_MODE_E_AUTO)};
+constexpr Rule AE_SHUTTER{.u32Ae = modes(AE_MODE_E_SHUTTER, AE_MODE_E_MANUAL)};
+constexpr Rule AE_IRIS{.u32Ae = modes(AE_MODE_E_IRIS, AE_MODE_E_MANUAL), .bCloseUpOnly = true};
+constexpr Rule AE_FREE_IRIS{.u32Ae = ~AE_IRIS.u32Ae, .bCloseUpOnly = true};
+constexpr Rule WB_AUTO{.u32Wb = modes(WB_MODE_E_AUTO)};
+constexpr Rule WB_MANUAL{.u32Wb = modes(WB_MODE_E_MANUAL)};
 
-struct tagIMAGE_ITEM_S {
+struct ImageItem {
     Item stItem;
-    tagRULE_S stRule = ALWAYS;
+    Rule stRule = ALWAYS;
 };
 
 // The two modes themselves, items 4 and 22, are read for every get.
@@ -95,7 +95,7 @@ constexpr BU_S32 AE_MODE_ITEM = 4, WB_MODE_ITEM = 22;
 constexpr BU_U64 EXPOSURE_ITEMS = webItems(4, 16) | webItems(18, 19);
 constexpr BU_U64 WHITE_BALANCE_ITEMS = webItems(22, 31) | webItems(33);
 
-constexpr tagIMAGE_ITEM_S ITEMS[] = {
+constexpr ImageItem ITEMS[] = {
     {{1, one}},
     {{2, ISP_API_GetExposureFullViewFollow, set<ISP_API_SetExposureFullViewFollow>}},
     {{3, ISP_API_GetNDFilter, set<ISP_API_SetNDFilter>}, CLOSE_UP},
@@ -148,7 +148,7 @@ constexpr tagIMAGE_ITEM_S ITEMS[] = {
     {{55, nullptr, onImagePreset}},
 };
 
-const tagIMAGE_ITEM_S *find(BU_S32 s32Item)
+const ImageItem *find(BU_S32 s32Item)
 {
     const auto row = std::ranges::find_if(ITEMS, [&](const auto &stRow) { return stRow.stItem.s32Item == s32Item; });
     return row == std::end(ITEMS) ? nullptr : &*row;
@@ -156,7 +156,7 @@ const tagIMAGE_ITEM_S *find(BU_S32 s32Item)
 
 bool isIn(BU_U32 u32Modes, BU_S32 s32Mode) { return s32Mode >= 0 && s32Mode < 32 && (u32Modes >> s32Mode & 1U) != 0; }
 
-bool isEnabled(const tagRULE_S &stRule, BU_S32 s32Pipe, BU_S32 s32Ae, BU_S32 s32Wb)
+bool isEnabled(const Rule &stRule, BU_S32 s32Pipe, BU_S32 s32Ae, BU_S32 s32Wb)
 {
     BU_S32 s32Switch = BU_TRUE;
     if (stRule.pfnSwitch) {
@@ -175,7 +175,7 @@ void webRpcGetIspHandler(Request *req, Response *res)
     BU_S32 s32Ae = AE_MODE_E_AUTO, s32Wb = WB_MODE_E_AUTO;
     ISP_API_GetAeMode(s32Pipe, &s32Ae, BU_FALSE);
     ISP_API_GetWbMode(s32Pipe, &s32Wb, BU_FALSE);
-    const tagIMAGE_ITEM_S *pstRow = find(s32Item);
+    const ImageItem *pstRow = find(s32Item);
     if (!pstRow) return;
     res->bEnabled = isEnabled(pstRow->stRule, s32Pipe, s32Ae, s32Wb);
     if (s32Item == AE_MODE_ITEM)
@@ -188,7 +188,7 @@ void webRpcGetIspHandler(Request *req, Response *res)
 
 void webRpcSetIspHandler(Request *req, Response *res)
 {
-    const tagIMAGE_ITEM_S *pstRow = find(req->s32EventType);
+    const ImageItem *pstRow = find(req->s32EventType);
     if (pstRow) answerSet(&pstRow->stItem, req->s32Id, *req, *res);
 }
 

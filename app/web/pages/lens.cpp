@@ -7,7 +7,7 @@
 
 namespace
 {
-using namespace web_panel;
+using namespace web;
 
 /// Unlike the zoom drive, the page chooses the speed: it is the magnitude of the value.
 void driveFocus(BU_S32 s32Dev, const Request &req, Response &)

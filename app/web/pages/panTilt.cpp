@@ -8,7 +8,7 @@
 
 namespace
 {
-using namespace web_panel;
+using namespace web;
 
 bool isSuperfine(BU_S32 s32Dev)
 {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace web_panel
+namespace web
 {
 typedef tag_WEB_RPC_PANEL_REQ_PAYLOAD_S Request;
 typedef tag_WEB_RPC_PANEL_RES_PAYLOAD_S Response;
@@ -55,4 +55,4 @@ inline void answerSet(const Item *pstItem, BU_S32 s32Dev, const Request &req, Re
     if (pstItem->u64SideEffects) res.s32SideEffectBitmap = pstItem->u64SideEffects;
     pstItem->pfnAct(s32Dev, req, res);
 }
-} // namespace web_panel
+} // namespace web

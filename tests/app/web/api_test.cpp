@@ -53,7 +53,7 @@ protected:
         UTIL_THREAD_WaitAsync();
         m_peer->ask(1, "position"); // its answer comes behind the news
         std::vector<std::string> listNews;
-        for (auto st = m_peer->receive(); st.enKind == web_rpc::Kind::NEWS; st = m_peer->receive())
+        for (auto st = m_peer->receive(); st.enKind == web_client::Kind::NEWS; st = m_peer->receive())
             listNews.push_back(st.strBytes);
         return listNews;
     }
@@ -90,7 +90,7 @@ TEST_F(Api, SettingsComeWithRangeWordsAndBothPipesAndAreToldWhenAnnounced)
           R"("words":[{"value":0,"word":"Off"},{"value":1,"word":"On"}]})",
           R"({"value":2,"word":"ShutterFirst"})"})
         EXPECT_TRUE(strAnswer.find(pcEntry) != std::string::npos) << pcEntry;
-    EXPECT_LT(strAnswer.size(), web_rpc::FROM_CAMERA_MAX / 2);
+    EXPECT_LT(strAnswer.size(), web_client::FROM_CAMERA_MAX / 2);
     ISP_API_SetGain(1, 9, BU_FALSE, BU_TRUE);
     EXPECT_THAT(heard(), ElementsAre(R"({"setting":"Gain","pipe":1,"value":9})"));
 }
@@ -103,7 +103,7 @@ TEST_F(Api, PresetsAreListedWhateverTheirNames)
     EXPECT_EQ(ask("presets"), R"([{"id":2,"name":"Preset2","picture":0},)"
                               "{\"id\":7,\"name\":\"Stage \\\"left\\\" \xEF\xBF\xBD\",\"picture\":0}]");
     for (BU_S32 i = 0; i < 1000; ++i) CFG_STORE_SetPreset({i, std::string(31, '"'), 0, 0, 0, 0});
-    EXPECT_LT(ask("presets").size(), web_rpc::FROM_CAMERA_MAX) << "as long as it can become";
+    EXPECT_LT(ask("presets").size(), web_client::FROM_CAMERA_MAX) << "as long as it can become";
 }
 
 TEST_F(Api, APresetIsToldAndItsPictureComesAndGoesWithIt)

@@ -1,3 +1,4 @@
+// Hue and saturation of the six colours.
 #include "camera/image.h"
 #include "webTest.h"
 

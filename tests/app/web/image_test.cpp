@@ -1,3 +1,4 @@
+// Image panel: items, and when they can be operated.
 #include "camera/focus.h"
 #include "camera/image.h"
 #include "camera/system.h"
@@ -32,7 +33,7 @@ protected:
 TEST_F(Image, ItemsAreReadAndSetOnBothPipes)
 {
     // clang-format off
-    constexpr tagITEM_S ITEMS[] = {
+    constexpr ItemCase ITEMS[] = {
     {2, "ISP_API_*ExposureFullViewFollow", 1}, {3, "ISP_API_*NDFilter", 3}, {4, "ISP_API_*AeMode", 2, 0xDFFF0},
     {5, "ISP_API_*AeMeterMode", 5}, {6, "ISP_API_*AntiFlicker", 2}, {7, "ISP_API_*BackLight", 1},
     {8, "ISP_API_*ExpCompSwi", 1, 512}, {9, "ISP_API_*ExpCompLevel", -4}, {10, "ISP_API_*Gain", 11},
@@ -50,7 +51,7 @@ TEST_F(Image, ItemsAreReadAndSetOnBothPipes)
     {48, "SYS_API_*Flip", 1, 0, true}, {50, "SYS_API_*ImageFreeze", 1, 0, true},
     {51, "AF_API_*DistortionCorrection", 1, 0, true}, {52, "SYS_API_*HdrSwi", 1, 0, true}};
     // clang-format on
-    for (const tagITEM_S &st : ITEMS)
+    for (const ItemCase &st : ITEMS)
         for (const BU_S32 s32Pipe : {0, 1}) check(st, GET, SET, s32Pipe);
 }
 

@@ -1,3 +1,4 @@
+// Lens panel.
 #include "webTest.h"
 
 using testing::ElementsAre;
@@ -13,12 +14,12 @@ class Lens : public WebTest
 
 TEST_F(Lens, ItemsAreReadAndSet)
 {
-    for (const tagITEM_S &st : std::initializer_list<tagITEM_S>{{1, "AF_API_*FocusModel", 2},
-                                                                {2, "AF_API_*FaceAF", 1},
-                                                                {3, "AF_API_*FocusArea", 3},
-                                                                {4, "AF_API_*PtzTrigAf", 1},
-                                                                {5, "AF_API_*FocusAuto", 1},
-                                                                {7, "AF_API_*FocusSpd", 6}})
+    for (const ItemCase &st : std::initializer_list<ItemCase>{{1, "AF_API_*FocusModel", 2},
+                                                              {2, "AF_API_*FaceAF", 1},
+                                                              {3, "AF_API_*FocusArea", 3},
+                                                              {4, "AF_API_*PtzTrigAf", 1},
+                                                              {5, "AF_API_*FocusAuto", 1},
+                                                              {7, "AF_API_*FocusSpd", 6}})
         check(st, GET, SET, 0);
 }
 

@@ -1,3 +1,4 @@
+// Pan/tilt panel.
 #include "camera/motion.h"
 #include "webTest.h"
 
@@ -37,15 +38,15 @@ protected:
 
 TEST_F(PanTilt, ItemsAreReadAndSet)
 {
-    for (const tagITEM_S &st : std::initializer_list<tagITEM_S>{{1, "PT_API_*PanSpeed", 2},
-                                                                {2, "PT_API_*TileSpeed", 4},
-                                                                {3, "PRESET_API_*PresetSpeed", 5},
-                                                                {4, "PT_API_*PowerUpPtzPos", 6},
-                                                                {5, "PTZ_API_*ZoomSpd", 7},
-                                                                {6, "SYS_API_*MountMode", 1, 0, true},
-                                                                {7, "PT_API_*PtSpeedMatch", 1},
-                                                                {12, "PTZ_API_*MaxDZoomTime", 9},
-                                                                {13, "PTZ_API_*DZoomMode", 1, 4096}})
+    for (const ItemCase &st : std::initializer_list<ItemCase>{{1, "PT_API_*PanSpeed", 2},
+                                                              {2, "PT_API_*TileSpeed", 4},
+                                                              {3, "PRESET_API_*PresetSpeed", 5},
+                                                              {4, "PT_API_*PowerUpPtzPos", 6},
+                                                              {5, "PTZ_API_*ZoomSpd", 7},
+                                                              {6, "SYS_API_*MountMode", 1, 0, true},
+                                                              {7, "PT_API_*PtSpeedMatch", 1},
+                                                              {12, "PTZ_API_*MaxDZoomTime", 9},
+                                                              {13, "PTZ_API_*DZoomMode", 1, 4096}})
         check(st, GET, SET, 0);
 }
 
@@ -55,8 +56,8 @@ TEST_F(PanTilt, SuperfineModeHasSpeedsOfItsOwn)
     EXPECT_THAT(journal::effects(), ElementsAre("PT_API_SetSpeedMode(0, 1, 1)"));
     EXPECT_EQ(res.s32SideEffectBitmap, 6U);
     EXPECT_EQ(call(GET, SPEED_MODE).s32Value, 1);
-    for (const tagITEM_S &st :
-         {tagITEM_S{1, "PT_API_*PanSpeedSuperfine", 101}, tagITEM_S{2, "PT_API_*TileSpeedSuperfine", 102}}) {
+    for (const ItemCase &st :
+         {ItemCase{1, "PT_API_*PanSpeedSuperfine", 101}, ItemCase{2, "PT_API_*TileSpeedSuperfine", 102}}) {
         check(st, GET, SET, 0);
     }
     set(SPEED_MODE, 0);

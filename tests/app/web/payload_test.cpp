@@ -17,17 +17,17 @@ using web_layout::Kind;
 
 namespace
 {
-struct tagTHREE_S {
+struct Three {
     BU_S32 a, b, c;
 };
-struct tagHOLE_S {
+struct Hole {
     BU_S32 first, forgotten;
-    tagTHREE_S three;
+    Three three;
 };
 } // namespace
-WEB_FIELDS(tagTHREE_S, WEB_FIELD(a, 0), WEB_FIELD(b, 4), WEB_FIELD(c, 8));
-WEB_FIELDS(tagHOLE_S, WEB_FIELD(first, 0), WEB_FIELD(three, 8));
-static_assert(web_layout::complete<tagTHREE_S>(0) && !web_layout::complete<tagHOLE_S>(0));
+WEB_FIELDS(Three, WEB_FIELD(a, 0), WEB_FIELD(b, 4), WEB_FIELD(c, 8));
+WEB_FIELDS(Hole, WEB_FIELD(first, 0), WEB_FIELD(three, 8));
+static_assert(web_layout::complete<Three>(0) && !web_layout::complete<Hole>(0));
 
 namespace
 {

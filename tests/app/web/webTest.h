@@ -55,7 +55,7 @@ protected:
     }
 
     /// An item that is read with one call and set with one call.
-    struct tagITEM_S {
+    struct ItemCase {
         BU_S32 s32Item;
         const BU_CHAR *pcName; ///< "ISP_API_*Gain": the star stands for Get and Set
         BU_S32 s32Value;       ///< neither 0 nor the default
@@ -63,7 +63,7 @@ protected:
         bool bCamera = false; ///< without a pipe or device argument
     };
     /// The set makes exactly its call; the get answers the value, and nothing when just its own call fails.
-    static void check(const tagITEM_S &st, BU_U32 u32Get, BU_U32 u32Set, BU_S32 s32Id)
+    static void check(const ItemCase &st, BU_U32 u32Get, BU_U32 u32Set, BU_S32 s32Id)
     {
         SCOPED_TRACE(std::string(st.pcName) + " of " + std::to_string(s32Id));
         std::string strGet = st.pcName, strSet = st.pcName;

@@ -1,3 +1,4 @@
+// Calls of events: what reaches a handler, in which order, and what is refused.
 #include "webRpcTest.h"
 #include "web_client/socketFile.h"
 
@@ -14,7 +15,7 @@ namespace
 using namespace std::string_literals;
 using testing::AllOf;
 using testing::HasSubstr;
-using web_rpc::Kind;
+using web_client::Kind;
 
 TEST_F(WebRpcTest, RequestReachesTheHandlerAndTheGapsOfTheAnswerAreZero)
 {
@@ -68,7 +69,7 @@ TEST_F(WebRpcTest, WhatCannotBeHandledIsAnsweredAndReachesNoHandler)
 TEST_F(WebRpcTest, WhatIsNoMessageEndsThatConnectionAlone)
 {
     const auto head = [](Kind enKind, BU_U32 u32Subject) {
-        const web_rpc::tagHEAD_S st{.enKind = enKind, .u32Subject = u32Subject};
+        const web_client::Head st{.enKind = enKind, .u32Subject = u32Subject};
         return std::string(reinterpret_cast<const char *>(&st), sizeof(st));
     };
     std::string strOtherMagic = head(Kind::CALL, SUM), strOtherVersion = strOtherMagic;
@@ -190,7 +191,7 @@ TEST_F(WebRpcTest, WithoutAFreeDescriptorAConnectionIsRefused)
     setsockopt(refused, SOL_SOCKET, SO_RCVTIMEO, &stLimit, sizeof(stLimit));
     sockaddr_un stAddress{};
     stAddress.sun_family = AF_UNIX;
-    std::strcpy(stAddress.sun_path, UTIL_ROOT_Path(web_rpc::SOCKET_PATH).c_str());
+    std::strcpy(stAddress.sun_path, UTIL_ROOT_Path(web_client::SOCKET_PATH).c_str());
     rlimit stBefore{};
     getrlimit(RLIMIT_NOFILE, &stBefore);
     const rlimit stFew{128, stBefore.rlim_max};
@@ -218,7 +219,7 @@ protected:
 
 TEST_F(DeepRootTest, SocketFileIsItsOwnersAlsoBelowALongPath)
 {
-    const std::string strFile = UTIL_ROOT_Path(web_rpc::SOCKET_PATH);
+    const std::string strFile = UTIL_ROOT_Path(web_client::SOCKET_PATH);
     struct stat st {
     };
     ASSERT_EQ(stat(strFile.c_str(), &st), 0);
@@ -227,13 +228,13 @@ TEST_F(DeepRootTest, SocketFileIsItsOwnersAlsoBelowALongPath)
     peer.call(1, SUM, request(1));
     EXPECT_EQ(peer.answer().u32Id, 1U);
 
-    EXPECT_LT(web_rpc::listenAt(web_rpc::SOCKET_PATH), 0) << "a second camera must not take its place";
+    EXPECT_LT(web_client::listenAt(web_client::SOCKET_PATH), 0) << "a second camera must not take its place";
     EXPECT_EQ(WEB_RPC_RegisterMainHandler(WEB_RPC_EVENT_GROUP_E_GET_ISP, nullptr), -1);
     EXPECT_EQ(WEB_RPC_UnInitForAppMain(BU_FALSE), 0);
     EXPECT_TRUE(peer.isEnded());
-    EXPECT_LT(web_rpc::connectTo(web_rpc::SOCKET_PATH), 0);
+    EXPECT_LT(web_client::connectTo(web_client::SOCKET_PATH), 0);
     {
-        const auto stale = web_rpc::listenAt(web_rpc::SOCKET_PATH);
+        const auto stale = web_client::listenAt(web_client::SOCKET_PATH);
     } // leaves its file behind
     EXPECT_EQ(WEB_RPC_InitForAppMain(), 0);
     const Peer next;

@@ -1,3 +1,4 @@
+// The web server's end.
 #include "webRpcTest.h"
 #include "web_client/socketFile.h"
 
@@ -116,7 +117,7 @@ protected:
     SilentCameraTest() : ClientTest(Time::MANUAL)
     {
         WEB_RPC_UnInitForAppMain(BU_FALSE);
-        m_listener = web_rpc::listenAt(web_rpc::SOCKET_PATH);
+        m_listener = web_client::listenAt(web_client::SOCKET_PATH);
         fcntl(m_listener, F_SETFL, 0);
         start();
         EXPECT_EQ(story.next(), "up");
@@ -129,8 +130,8 @@ protected:
     }
     void answer(BU_U32 u32Id, const std::string &strText) const
     {
-        const web_rpc::tagHEAD_S stHead{.enKind = web_rpc::Kind::ANSWER, .u32Id = u32Id};
-        web_rpc::sendPacket(m_fd, {reinterpret_cast<const char *>(&stHead), sizeof(stHead)}, strText);
+        const web_client::Head stHead{.enKind = web_client::Kind::ANSWER, .u32Id = u32Id};
+        web_client::sendPacket(m_fd, {reinterpret_cast<const char *>(&stHead), sizeof(stHead)}, strText);
     }
     util::FileDescriptor m_listener, m_fd;
 };

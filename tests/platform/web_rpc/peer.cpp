@@ -1,3 +1,4 @@
+// Packets by hand.
 #include "peer.h"
 
 #include "web_client/socketFile.h"
@@ -8,7 +9,7 @@
 #include <sys/socket.h>
 #include <sys/time.h>
 
-using namespace web_rpc;
+using namespace web_client;
 
 Peer::Peer() : m_fd(connectTo(SOCKET_PATH))
 {
@@ -25,7 +26,7 @@ bool Peer::send(const std::string &strPacket) const
 
 void Peer::call(BU_U32 u32Id, BU_U32 u32Event, const std::string &strImage) const
 {
-    const tagHEAD_S stHead{.enKind = Kind::CALL, .u32Id = u32Id, .u32Subject = u32Event};
+    const Head stHead{.enKind = Kind::CALL, .u32Id = u32Id, .u32Subject = u32Event};
     send(std::string(reinterpret_cast<const char *>(&stHead), sizeof(stHead)) + strImage);
 }
 
@@ -34,7 +35,7 @@ bool Peer::ask(BU_U32 u32Id, const std::string &strQuestion, const std::string &
     return send(encodeQuestion(u32Id, strQuestion, strJson));
 }
 
-Peer::tagPACKET_S Peer::receive() const
+Peer::Packet Peer::receive() const
 {
     thread_local std::string strBuffer(FROM_CAMERA_MAX, '\0');
     const ssize_t length = recv(m_fd, strBuffer.data(), strBuffer.size(), 0);
@@ -44,20 +45,20 @@ Peer::tagPACKET_S Peer::receive() const
     return {message->stHead.enKind, message->stHead.s16Result, message->stHead.u32Id, std::string(message->bytes)};
 }
 
-Peer::tagPACKET_S Peer::receiveKind(Kind enKind) const
+Peer::Packet Peer::receiveKind(Kind enKind) const
 {
-    tagPACKET_S st = receive();
+    Packet st = receive();
     while (st.enKind != enKind && st.enKind != Kind{}) st = receive();
     EXPECT_EQ(st.enKind, enKind) << "the connection has ended";
     return st;
 }
 
-Peer::tagPACKET_S Peer::answer() const { return receiveKind(Kind::ANSWER); }
+Peer::Packet Peer::answer() const { return receiveKind(Kind::ANSWER); }
 std::string Peer::news() const { return receiveKind(Kind::NEWS).strBytes; }
 
 bool Peer::isEnded() const
 {
-    tagPACKET_S st = receive();
+    Packet st = receive();
     while (st.enKind != Kind{}) st = receive();
     return true; // or the wait has failed the test
 }

@@ -16,19 +16,19 @@ public:
     void call(BU_U32 u32Id, BU_U32 u32Event, const std::string &strImage) const;
     bool ask(BU_U32 u32Id, const std::string &strQuestion, const std::string &strJson = "") const;
 
-    struct tagPACKET_S {
-        web_rpc::Kind enKind{}; ///< 0: the end of the connection
+    struct Packet {
+        web_client::Kind enKind{}; ///< 0: the end of the connection
         BU_S32 s32Result = 0;
         BU_U32 u32Id = 0;
         std::string strBytes;
     };
-    tagPACKET_S receive() const;
+    Packet receive() const;
     /// The next answer, or the next news; what else comes is passed over.
-    tagPACKET_S answer() const;
+    Packet answer() const;
     std::string news() const;
     bool isEnded() const; ///< nothing more comes
 
 private:
-    tagPACKET_S receiveKind(web_rpc::Kind enKind) const;
+    Packet receiveKind(web_client::Kind enKind) const;
     util::FileDescriptor m_fd;
 };

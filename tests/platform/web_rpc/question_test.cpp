@@ -58,9 +58,9 @@ TEST_F(WebRpcTest, EverybodyHearsNewsAndWhoReadsLateTheNewestOfEach)
                                  strSecond != "{\"number\":-" + strLast + ",\"text\":\"two\"}";
          ++s32Count) {
         const auto st = late.receive();
-        ASSERT_NE(st.enKind, web_rpc::Kind{});
-        bAnswered |= st.enKind == web_rpc::Kind::ANSWER;
-        if (st.enKind == web_rpc::Kind::NEWS)
+        ASSERT_NE(st.enKind, web_client::Kind{});
+        bAnswered |= st.enKind == web_client::Kind::ANSWER;
+        if (st.enKind == web_client::Kind::NEWS)
             (st.strBytes.find("two") == std::string::npos ? strFirst : strSecond) = st.strBytes;
     }
     EXPECT_LT(s32Count, 2 * TIMES) << "nothing was left out: the test shows nothing";

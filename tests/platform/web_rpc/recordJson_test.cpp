@@ -1,3 +1,4 @@
+// Records as JSON.
 #include "web_client/recordJson.h"
 
 #include <gmock/gmock.h>
@@ -6,20 +7,20 @@
 
 namespace
 {
-struct tagPOINT_S {
+struct Point {
     BU_S32 x, y;
 };
-struct tagSCREEN_S {
+struct Screen {
     BU_U32 u32Width;
     BU_CHAR acText[8];
 };
-union tagPART_U {
-    tagPOINT_S stPoint;
-    tagSCREEN_S stScreen;
+union Part {
+    Point stPoint;
+    Screen stScreen;
     BU_U8 u8Raw;
 };
 /// A record with everything that a list can name.
-struct tagALL_S {
+struct All {
     BU_S32 s32;
     BU_U32 u32;
     BU_U64 u64;
@@ -31,16 +32,16 @@ struct tagALL_S {
     float fReal;
     BU_CHAR acName[8];
     BU_S32 as32[3];
-    tagPOINT_S astPoint[2];
+    Point astPoint[2];
     BU_S32 enPart;
-    tagPART_U data;
+    Part data;
 };
 } // namespace
 
-WEB_FIELDS(tagPOINT_S, WEB_FIELD(x, 0), WEB_FIELD(y, 4));
-WEB_FIELDS(tagSCREEN_S, WEB_FIELD(u32Width, 0), WEB_FIELD(acText, 4));
-WEB_MEMBERS(tagPART_U, enPart, WEB_MEMBER(1, stPoint), WEB_MEMBER(2, stScreen), WEB_MEMBER(-3, u8Raw));
-WEB_FIELDS(tagALL_S, WEB_FIELD(s32, 0), WEB_FIELD(u32, 0), WEB_FIELD(u64, 0), WEB_FIELD(s64, 0), WEB_FIELD(u16, 0),
+WEB_FIELDS(Point, WEB_FIELD(x, 0), WEB_FIELD(y, 4));
+WEB_FIELDS(Screen, WEB_FIELD(u32Width, 0), WEB_FIELD(acText, 4));
+WEB_MEMBERS(Part, enPart, WEB_MEMBER(1, stPoint), WEB_MEMBER(2, stScreen), WEB_MEMBER(-3, u8Raw));
+WEB_FIELDS(All, WEB_FIELD(s32, 0), WEB_FIELD(u32, 0), WEB_FIELD(u64, 0), WEB_FIELD(s64, 0), WEB_FIELD(u16, 0),
            WEB_FIELD(s8, 0), WEB_FIELD(bSmall, 0), WEB_SWITCH(bLarge, 0), WEB_FIELD(fReal, 0), WEB_FIELD(acName, 0),
            WEB_FIELD(as32, 0), WEB_FIELD(astPoint, 0), WEB_FIELD(enPart, 0), WEB_FIELD(data, 0));
 
@@ -50,15 +51,15 @@ using namespace web_client;
 using namespace std::string_literals;
 using testing::HasSubstr;
 
-std::string readAll(std::string_view json, tagALL_S &stAll)
+std::string readAll(std::string_view json, All &stAll)
 {
     stAll = {};
-    return readRecord(web_layout::RECORD<tagALL_S>, json, reinterpret_cast<BU_CHAR *>(&stAll));
+    return readRecord(web_layout::RECORD<All>, json, reinterpret_cast<BU_CHAR *>(&stAll));
 }
 
-std::string writeAll(const tagALL_S &stAll)
+std::string writeAll(const All &stAll)
 {
-    return writeRecord(web_layout::RECORD<tagALL_S>, reinterpret_cast<const BU_CHAR *>(&stAll));
+    return writeRecord(web_layout::RECORD<All>, reinterpret_cast<const BU_CHAR *>(&stAll));
 }
 
 TEST(Json, WritesWhatItReads)
@@ -67,7 +68,7 @@ TEST(Json, WritesWhatItReads)
         R"({"s32":-2147483648,"u32":4294967295,"u64":18446744073709551615,"s64":-9223372036854775808,"u16":65535,)"
         R"("s8":-128,"bSmall":true,"bLarge":true,"fReal":0.1,"acName":"Käm \"","as32":[1,-2,3],)"
         R"("astPoint":[{"x":1,"y":2},{"x":3,"y":4}],"enPart":2,"data":{"stScreen":{"u32Width":7,"acText":"a"}}})";
-    tagALL_S stAll;
+    All stAll;
     ASSERT_EQ(readAll(strJson, stAll), "");
     EXPECT_EQ(stAll.u64, UINT64_MAX);
     EXPECT_EQ(stAll.fReal, 0.1F);
@@ -79,10 +80,10 @@ TEST(Json, WritesWhatItReads)
 
 TEST(Json, TakesWhatMeansTheSame)
 {
-    struct tagROW_S {
+    struct Row {
         const char *pcJson, *pcPart; ///< of the answer
     };
-    constexpr tagROW_S ROWS[] = {
+    constexpr Row ROWS[] = {
         {"{}", R"({"s32":0,"u32":0,)"},
         {" {\n\"s32\" : 1e3 } ", R"("s32":1000)"},
         {R"({"u64":5.0})", R"("u64":5,)"},
@@ -99,7 +100,7 @@ TEST(Json, TakesWhatMeansTheSame)
         {R"({"acName":"\u00fc"})", R"("acName":"ü")"},
     };
     for (const auto &[pcJson, pcPart] : ROWS) {
-        tagALL_S stAll;
+        All stAll;
         EXPECT_EQ(readAll(pcJson, stAll), "") << pcJson;
         EXPECT_THAT(writeAll(stAll), HasSubstr(pcPart)) << pcJson;
     }
@@ -107,11 +108,11 @@ TEST(Json, TakesWhatMeansTheSame)
 
 TEST(Json, SaysWhatIsWrong)
 {
-    struct tagROW_S {
+    struct Row {
         std::string strJson, strWhy;
     };
     const std::string strDeep = R"({"data":)" + std::string(100'000, '[');
-    const tagROW_S ROWS[] = {
+    const Row ROWS[] = {
         {"", "this is no JSON"},
         {"{", "this is no JSON"},
         {"{} {}", "this is no JSON"},
@@ -165,7 +166,7 @@ TEST(Json, SaysWhatIsWrong)
         {R"({"enPart":2,"data":{"stScreen":{"acText":"123456789"}}})", "acText must not be longer"},
     };
     for (const auto &[strJson, strWhy] : ROWS) {
-        tagALL_S stAll;
+        All stAll;
         const std::string strFault = readAll(strJson, stAll);
         EXPECT_THAT(strFault, HasSubstr(strWhy)) << strJson.substr(0, 80);
         EXPECT_LT(strFault.size(), 200U);
@@ -174,7 +175,7 @@ TEST(Json, SaysWhatIsWrong)
 
 TEST(Json, AnswersWithWhateverARecordHolds)
 {
-    tagALL_S stAll{};
+    All stAll{};
     std::memset(&stAll, 0xFF, sizeof stAll); // no terminator, no UTF-8, a REAL that is no number, a switch of -1
     stAll.bSmall = true;
     stAll.enPart = -3;

@@ -1,3 +1,4 @@
+// The events and questions of the tests.
 #include "webRpcTest.h"
 
 #include <atomic>
@@ -43,15 +44,15 @@ void registerAll()
 
 const BU_CHAR *answerEcho(const void *pvRequest, void *pvAnswer)
 {
-    const auto &st = *static_cast<const tagECHO_S *>(pvRequest);
-    *static_cast<tagECHO_S *>(pvAnswer) = st;
+    const auto &st = *static_cast<const Echo *>(pvRequest);
+    *static_cast<Echo *>(pvAnswer) = st;
     return st.number < 0 ? "too dark" : nullptr;
 }
 
 const BU_CHAR *answerMany(const void *pvRequest, void *pvAnswer)
 {
-    auto &lines = static_cast<tagLINES_S *>(pvAnswer)->lines;
-    lines.resize(static_cast<std::size_t>(static_cast<const tagECHO_S *>(pvRequest)->number), {"a \"line\"", {}});
+    auto &lines = static_cast<Lines *>(pvAnswer)->lines;
+    lines.resize(static_cast<std::size_t>(static_cast<const Echo *>(pvRequest)->number), {"a \"line\"", {}});
     if (!lines.empty()) lines.back() = {nullptr, {{7, "x"}}};
     return nullptr;
 }
@@ -78,8 +79,8 @@ WebRpcTest::WebRpcTest(const std::string &strFolder, Time enTime)
                           gate().pass();
                           stResponse.s32Value = st.s32EventType;
                       }>);
-    EXPECT_EQ(WEB_RPC_RegisterQuestion("echo", WEB_RPC_RECORD<tagECHO_S>, WEB_RPC_RECORD<tagECHO_S>, answerEcho), 0);
-    EXPECT_EQ(WEB_RPC_RegisterQuestion("many", WEB_RPC_RECORD<tagECHO_S>, WEB_RPC_RECORD<tagLINES_S>, answerMany), 0);
+    EXPECT_EQ(WEB_RPC_RegisterQuestion("echo", WEB_RPC_RECORD<Echo>, WEB_RPC_RECORD<Echo>, answerEcho), 0);
+    EXPECT_EQ(WEB_RPC_RegisterQuestion("many", WEB_RPC_RECORD<Echo>, WEB_RPC_RECORD<Lines>, answerMany), 0);
     EXPECT_EQ(WEB_RPC_InitForAppMain(), 0);
 }
 
@@ -115,7 +116,7 @@ BU_S32 WebRpcTest::valueOf(const std::string &strResponse)
 
 BU_S32 WebRpcTest::tell(const BU_CHAR *pcSubject, BU_S32 s32Number, const BU_CHAR *pcText)
 {
-    tagECHO_S st{.number = s32Number};
+    Echo st{.number = s32Number};
     std::strcpy(st.text, pcText);
-    return WEB_RPC_Tell(pcSubject, web_layout::RECORD<tagECHO_S>, &st);
+    return WEB_RPC_Tell(pcSubject, web_layout::RECORD<Echo>, &st);
 }

@@ -60,20 +60,20 @@ constexpr BU_U32 GATED_PAGES[] = {GATED, 23, 19, 26, 11, 15, 66, 88};
 
 /// The questions: "echo" answers with what it was asked, and refuses a negative number; "many" answers with so many
 /// lines.
-struct tagECHO_S {
+struct Echo {
     BU_S32 number = 5;
     BU_CHAR text[16]{};
 };
-struct tagLINE_S {
+struct Line {
     const BU_CHAR *line;
-    std::vector<tagECHO_S> more;
+    std::vector<Echo> more;
 };
-struct tagLINES_S {
-    std::vector<tagLINE_S> lines;
+struct Lines {
+    std::vector<Line> lines;
 };
-WEB_FIELDS(tagECHO_S, WEB_FIELD(number, 0), WEB_FIELD(text, 0));
-WEB_FIELDS(tagLINE_S, WEB_FIELD(line, 0), WEB_FIELD(more, 0));
-WEB_FIELDS(tagLINES_S, WEB_LIST(lines));
+WEB_FIELDS(Echo, WEB_FIELD(number, 0), WEB_FIELD(text, 0));
+WEB_FIELDS(Line, WEB_FIELD(line, 0), WEB_FIELD(more, 0));
+WEB_FIELDS(Lines, WEB_LIST(lines));
 
 class WebRpcTest : public testing::Test
 {

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace web_rpc
+namespace web_client
 {
 enum class Kind : BU_U8 {
     CALL = 1, ///< from the web server: subject: the event; bytes: the image of the request
@@ -18,7 +18,7 @@ enum class Kind : BU_U8 {
     NEWS      ///< to the web server, unasked: bytes: a JSON text
 };
 
-struct tagHEAD_S {
+struct Head {
     BU_U8 au8Magic[4]{'W', 'R', 'P', 1}; // the last byte is the version
     Kind enKind{};
     BU_U8 u8Reserved{};
@@ -26,21 +26,21 @@ struct tagHEAD_S {
     BU_U32 u32Id{};     // of a call or question, and of its answer: chosen by who asks
     BU_U32 u32Subject{};
 };
-static_assert(sizeof(tagHEAD_S) == 16 && offsetof(tagHEAD_S, s16Result) == 6 && offsetof(tagHEAD_S, u32Id) == 8);
+static_assert(sizeof(Head) == 16 && offsetof(Head, s16Result) == 6 && offsetof(Head, u32Id) == 8);
 
 constexpr std::size_t TO_CAMERA_MAX = 16 << 10; ///< bytes of a message, the head among them
 constexpr std::size_t FROM_CAMERA_MAX = 192 << 10;
 constexpr std::size_t NAME_MAX_SIZE = 64; ///< of a question
 
-struct tagMESSAGE_S {
-    tagHEAD_S stHead;
+struct Message {
+    Head stHead;
     std::string_view name; ///< of a question
     std::string_view bytes;
 };
 
 /// The views point into the packet. @return none: not a message of this version
-std::optional<tagMESSAGE_S> decode(std::string_view packet);
+std::optional<Message> decode(std::string_view packet);
 
 /// The packet of a question, with its name and text in one.
 std::string encodeQuestion(BU_U32 u32Id, std::string_view name, std::string_view json);
-} // namespace web_rpc
+} // namespace web_client

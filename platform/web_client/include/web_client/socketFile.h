@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-namespace web_rpc
+namespace web_client
 {
 inline constexpr const char *SOCKET_PATH = "/var/run/web_rpc";
 
@@ -18,4 +18,4 @@ util::FileDescriptor connectTo(const char *pcPath);
 
 /// Head and bytes as one packet; never waits. @return 0, or what went wrong (EAGAIN: no room at present)
 int sendPacket(int s32Fd, std::string_view head, std::string_view bytes);
-} // namespace web_rpc
+} // namespace web_client
