@@ -99,7 +99,6 @@ BU_S32 BSP_PTGetCurPos(BU_S32, PT_POS_S *, PT_DEV_TYPE_E) { return 0; }
 BU_S32 BSP_PTPosToVisca(BU_S32, PT_POS_S *) { return 0; }
 BU_S32 PTZ_API_GetZoomPos(BU_S32, BU_S32 *) { return 0; }
 BU_S32 PRESET_API_RegisterSuperseded(PT_CTRL_FROM_E, PFN_PRESET_SUPERSEDED) { return 0; }
-BU_S32 SYSTEM_SetSleepHook(std::function<void(BU_BOOL)>) { return 0; }
 BU_S32 SYSTEM_API_WakeAppService() { return 0; }
 BU_BOOL SYSTEM_API_IsAsleep() { return BU_FALSE; }
 BU_S32 UART_RegisterReceiver(tagRS_PROTO_E, FN_UART_RECEIVER) { return 0; }

@@ -1,3 +1,4 @@
+// Which preset numbers stand for a function, and what they do.
 #include "preset/preset.h"
 
 #include "camera/menu.h"
@@ -25,13 +26,13 @@ void handlePreset_SetDHCP(void *) { NET_API_SetIpMode("NetCard0", IP_MODE_E_DHCP
 void handlePreset_SetStaticIp(void *) { NET_API_SetIpMode("NetCard0", IP_MODE_E_STATIC); }
 void handlePreset_OpenAdvancedMenu(void *) { CMD_MENU_HandleAdvancedMenuBtn(); }
 
-struct tagSPECIAL_PRESET_S {
+struct SpecialPreset {
     BU_S32 s32Id;
     const BU_CHAR *pcName;
     void (*pfnHandle)(void *);
     std::string_view strModel = {}; ///< the only model that has it; empty: every model
 };
-constexpr tagSPECIAL_PRESET_S SPECIAL_PRESETS[] = {
+constexpr SpecialPreset SPECIAL_PRESETS[] = {
     {80, "EnableTracking", handlePreset_EnableAlg},
     {81, "DisableTracking", handlePreset_DisableAlg},
     {95, "OpenMenu", handlePreset_OpenMenu},

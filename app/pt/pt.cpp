@@ -1,3 +1,4 @@
+// The speed levels of this model: three straight lines to a speed, and which map a source of moves takes.
 #include "pt/pt.h"
 
 #include <algorithm>
@@ -5,23 +6,23 @@
 namespace
 {
 /// Level ranges of a map and the speeds, in degrees per second, at its two knees.
-struct tagSPEED_MAP_S {
+struct SpeedMap {
     BU_S32 Lmin, L1, L2, Lmax;
     BU_S32 s32MinScale; ///< the slowest speed, in multiples of the entry's minimum
 };
-constexpr tagSPEED_MAP_S STANDARD{1, 6, 20, 24, 10};
-constexpr tagSPEED_MAP_S SUPERFINE{1, 64, 212, 255, 1};
+constexpr SpeedMap STANDARD{1, 6, 20, 24, 10};
+constexpr SpeedMap SUPERFINE{1, 64, 212, 255, 1};
 
-struct tagKNEES_S {
+struct Knees {
     BU_S32 s32Lower, s32Upper;
 };
-constexpr tagKNEES_S PAN_KNEES{6, 60};
-constexpr tagKNEES_S TILT_KNEES{5, 45};
+constexpr Knees PAN_KNEES{6, 60};
+constexpr Knees TILT_KNEES{5, 45};
 
-void mapLevels(const tagSPEED_MAP_S &stMap, PT_SPD_S *pstSpd, BU_S32 s32PanLevel, BU_S32 s32TiltLevel,
+void mapLevels(const SpeedMap &stMap, PT_SPD_S *pstSpd, BU_S32 s32PanLevel, BU_S32 s32TiltLevel,
                const PT_SPEED_CALC_SET_S &stSetup)
 {
-    const auto speed = [&](BU_S32 s32Level, BU_S32 s32Min, const tagKNEES_S &stKnees, BU_S32 s32Max) {
+    const auto speed = [&](BU_S32 s32Level, BU_S32 s32Min, const Knees &stKnees, BU_S32 s32Max) {
         return PT_CalcSpeedLevelMap_TKV_MX_ThreeStage(
             s32Level, stMap.Lmin, stMap.L1, stMap.L2, stMap.Lmax, s32Min * stMap.s32MinScale,
             stSetup.s32SpeedMul * stKnees.s32Lower, stSetup.s32SpeedMul * stKnees.s32Upper, s32Max);

@@ -4,6 +4,9 @@
 /// as they are; where the machine has an input device of that name (in CAMERA_INPUT, default /dev/input), its events
 /// come as well. Either may go and come back.
 ///
+/// In stand-by a press of POWER on a remote named "NecBr" or "NecYm" with the camera's address ends it, and no callback
+/// gets that press.
+///
 /// A move never outlives a lost release: a direction, zoom or focus key of a remote counts as released 15 s after its
 /// device was last heard with it, and every key at once when its device goes.
 #pragma once

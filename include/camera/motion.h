@@ -194,7 +194,7 @@ BU_S32 BSP_PTProcInit(BU_S32 s32Dev, void *pvParam);
 /// @param pstMotion  read only during the call
 /// @param pvPrivate  handed back at the end of a move with a target; null: no report wanted
 /// @return 1: a move with a target runs; 0: done (drive, stop); -1: refused, nothing changed: null, unknown source,
-///   device or type, or the head is not started
+///   device or type, the head is not started, or a move in stand-by
 /// Thread: any; takes microseconds.
 BU_S32 BSP_PTCtrlMotion(PT_CTRL_FROM_E enFrom, const PT_MOTION_CTRL_S *pstMotion, void *pvPrivate);
 

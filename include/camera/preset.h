@@ -25,7 +25,7 @@ struct PRESET_INFO_S {
 /// while that one still moves, has no further end; the source's PFN_PRESET_SUPERSEDED is told instead, once.
 /// @param s32Preset  0...999, or -1 for home
 /// @return 1: the recall runs and its ends follow; 0: nobody is to hear of the end (no data, or no callback), or a
-///   special number; -1: nothing stored there, unknown source, nothing started
+///   special number; -1: nothing stored there, unknown source, nothing started, stand-by
 /// Thread: any.
 BU_S32 PRESET_API_GotoById(BU_S32 s32Preset, PT_CTRL_FROM_E enFrom, void *pvPrivate);
 /// Recalls home, as PRESET_API_GotoById(-1).

@@ -3,8 +3,6 @@
 
 #include "base/setting.h"
 
-#include <functional>
-
 struct MPP_BUSINESS_CFG_S;
 enum tagTKV_SCREEN_SAVER_DATA_E : BU_S32 {
     TKV_SCREEN_SAVER_DATA_CLOSE = 0,
@@ -62,16 +60,13 @@ enum SYSTEM_RESTORE_E : BU_S32 {
 /// @return 0, or -1: other bits (nothing is restored), or the store cannot be written
 BU_S32 SYSTEM_API_FactoryRestoreConfiguration(BU_S32 s32Bitmap);
 
-/// Stand-by. The camera stops answering its controllers but for "power on", and its lamp shows it. Asleep already: no
-/// effect. @return 0
+/// Stand-by: head and lens refuse every move whoever asks, stops are carried out, and the lamp shows it. Asleep
+/// already: no effect. @return 0
 BU_S32 SYSTEM_API_SleepAppService();
 /// Ends stand-by: hands the record of the power-off command over to the next start ("/var/ViscaCtrlPowerOff" becomes
 /// "/app/ViscaCtrlPowerOn") and restarts the camera. @return 0, or -1: not asleep
 BU_S32 SYSTEM_API_WakeAppService();
 BU_BOOL SYSTEM_API_IsAsleep();
-/// Called with BU_TRUE when stand-by begins and BU_FALSE when it ends, on the thread of whoever asks for it. Each call
-/// adds a function. @return 0, or -1 on an empty one
-BU_S32 SYSTEM_SetSleepHook(std::function<void(BU_BOOL bAsleep)> fnHook);
 
 /// "Chinese" or "English", default English [Language]. @return 0, or -1: another word, or not stored
 BU_S32 SYSTEM_API_SetLanguage(const BU_CHAR *pcWord, BU_BOOL bSaveCfg);

@@ -1,20 +1,23 @@
+// Which bytes are an event record, and where the next one begins.
 #include "eventReader.h"
 
 #include <algorithm>
 #include <cstring>
 
+namespace input
+{
 namespace
 {
 constexpr BU_S64 RECORD_MS = 500;
 static_assert(sizeof(input_event) == 24);
 
 /// The types of event that a device sends, with their greatest code and the range of their value.
-struct tagTYPE_ROW_S {
+struct TypeRow {
     BU_U16 u16Type, u16MaxCode;
     BU_S32 s32Min = INT32_MIN, s32Max = INT32_MAX;
 };
-constexpr tagTYPE_ROW_S TYPES[] = {{EV_KEY, KEY_MAX, 0, 2}, {EV_REL, REL_MAX}, {EV_ABS, ABS_MAX}, {EV_MSC, MSC_MAX},
-                                   {EV_SW, SW_MAX},         {EV_LED, LED_MAX}, {EV_SND, SND_MAX}, {EV_REP, REP_MAX}};
+constexpr TypeRow TYPES[] = {{EV_KEY, KEY_MAX, 0, 2}, {EV_REL, REL_MAX}, {EV_ABS, ABS_MAX}, {EV_MSC, MSC_MAX},
+                             {EV_SW, SW_MAX},         {EV_LED, LED_MAX}, {EV_SND, SND_MAX}, {EV_REP, REP_MAX}};
 
 bool isSync(const input_event &stEvent)
 {
@@ -30,7 +33,7 @@ bool isRecord(const input_event &stEvent)
     if (stEvent.type == EV_SYN)
         return isSync(stEvent) &&
                (stEvent.input_event_sec != 0 || stEvent.input_event_usec != 0 || stEvent.code || stEvent.value);
-    const auto row = std::ranges::find(TYPES, stEvent.type, &tagTYPE_ROW_S::u16Type);
+    const auto row = std::ranges::find(TYPES, stEvent.type, &TypeRow::u16Type);
     return row != std::end(TYPES) && stEvent.code <= row->u16MaxCode && stEvent.value >= row->s32Min &&
            stEvent.value <= row->s32Max;
 }
@@ -57,3 +60,4 @@ void EventReader::feed(std::span<const BU_U8> bytes, BU_S64 s64NowMs, const Sink
         }
     }
 }
+} // namespace input

@@ -1,3 +1,4 @@
+/// Event records from a stream of bytes.
 #pragma once
 
 #include "base/types.h"
@@ -7,6 +8,8 @@
 #include <linux/input.h>
 #include <span>
 
+namespace input
+{
 /// Finds event records in a stream of bytes: records may come in parts, and whatever is no record is skipped until one
 /// follows. A record without any content (all bytes zero) is skipped as well; it says nothing.
 class EventReader
@@ -26,3 +29,4 @@ private:
     std::size_t m_size = 0;
     BU_S64 m_s64FedMs = 0;
 };
+} // namespace input

@@ -1,11 +1,13 @@
+// Which keys are held, and which of them have been silent for too long.
 #include "heldKeys.h"
 
 #include <algorithm>
 #include <sys/time.h>
 
+namespace input
+{
 namespace
 {
-constexpr BU_U16 KEY_MASK = 0x7F; // of a remote's code; above it is the remote's address
 // By the remotes' key codes: focus, zoom, directions.
 constexpr BU_U16 MOTOR_KEYS[] = {23, 24, 28, 29, 32, 33, 34, 35};
 constexpr std::size_t ADDRESSES = 4;
@@ -83,3 +85,4 @@ input_event releaseOf(BU_U16 u16Code)
     stEvent.code = u16Code;
     return stEvent;
 }
+} // namespace input

@@ -1,3 +1,4 @@
+/// Which keys are held.
 #pragma once
 
 #include "base/types.h"
@@ -6,6 +7,10 @@
 #include <linux/input.h>
 #include <optional>
 #include <vector>
+
+namespace input
+{
+constexpr BU_U16 KEY_BITS = 7, KEY_MASK = (1 << KEY_BITS) - 1; ///< of a remote's code; above it is its address, less 1
 
 /// The keys that a device holds, and which of them are to be taken for released because nothing is heard any more.
 ///
@@ -37,3 +42,4 @@ private:
 
 /// The release of a key that its device did not tell, at this moment.
 input_event releaseOf(BU_U16 u16Code);
+} // namespace input

@@ -1,3 +1,4 @@
+// The monitors that run, by the device record of their caller.
 #include "board/input.h"
 
 #include "monitor.h"
@@ -17,16 +18,18 @@
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 
+using namespace input;
+
 namespace
 {
-struct tagMONITORS_S {
+struct Monitors {
     std::mutex lock; // guards running
     std::map<const BSP_INPUT_THREAD_S *, std::unique_ptr<Monitor>> running;
 };
-tagMONITORS_S &monitors()
+Monitors &monitors()
 {
-    static auto *pstMonitors = new tagMONITORS_S;
-    return *pstMonitors;
+    static auto *pclMonitors = new Monitors;
+    return *pclMonitors;
 }
 
 /// The name of a device; empty when it is no plain file name.

@@ -1,3 +1,4 @@
+// An input device of the machine, found by its name.
 #include "kernelDevice.h"
 
 #include "util/log.h"
@@ -7,6 +8,8 @@
 #include <filesystem>
 #include <libevdev/libevdev.h>
 
+namespace input
+{
 std::unique_ptr<KernelDevice> KernelDevice::find(const std::string &strFolder, const std::string &strName)
 {
     std::error_code error;
@@ -42,3 +45,4 @@ BU_S32 KernelDevice::read(const std::function<void(const input_event &)> &sink)
             return s32Ret == -EAGAIN || s32Ret == -EINTR ? 0 : -1;
     }
 }
+} // namespace input

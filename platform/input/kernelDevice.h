@@ -1,3 +1,4 @@
+/// An input device of the machine.
 #pragma once
 
 #include "base/types.h"
@@ -10,6 +11,8 @@
 
 struct libevdev;
 
+namespace input
+{
 /// An input device of the machine.
 class KernelDevice
 {
@@ -32,3 +35,4 @@ private:
     util::FileDescriptor m_clDevice;
     libevdev *m_pstDevice;
 };
+} // namespace input

@@ -1,5 +1,8 @@
+// One device: where its events come from, what is made up for, and whom they reach.
 #include "monitor.h"
 
+#include "camera/serial.h"
+#include "camera/systemService.h"
 #include "util/file.h"
 #include "util/log.h"
 #include "util/time.h"
@@ -15,12 +18,28 @@
 #include <sys/inotify.h>
 #include <system_error>
 
+namespace input
+{
 namespace
 {
 constexpr std::size_t CHUNK_RECORDS = 128;
 constexpr BU_U32 LINK_GOES = IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_CREATE;
 constexpr BU_U32 FOLDER_GOES = IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED | IN_Q_OVERFLOW;
 constexpr BU_U32 DEVICE_COMES = IN_CREATE | IN_MOVED_TO | IN_ATTRIB; // with IN_ATTRIB it may become readable
+
+/// Whether an event is the press of POWER, by which a remote of this camera's address ends stand-by.
+bool endsStandby(const std::string &strName, const input_event &stEvent)
+{
+    constexpr BU_U16 POWER = 16;
+    constexpr std::string_view REMOTES[] = {"NecBr", "NecYm"}; // the small remote's POWER does nothing
+    if (!SYSTEM_API_IsAsleep() || stEvent.type != EV_KEY || stEvent.value != 1) return false;
+    BU_S32 s32Receiver = IR_SWITCH_E_OFF;
+    BU_U8 u8Address = 0;
+    IR_API_GetSwitch(&s32Receiver);
+    IR_API_GetAddr(&u8Address);
+    return s32Receiver == IR_SWITCH_E_ON && stEvent.code == ((u8Address - 1) << KEY_BITS | POWER) &&
+           std::ranges::find(REMOTES, strName) != std::end(REMOTES);
+}
 
 /// Wakes the monitors whose keys have been silent.
 util::TimerQueue &silence()
@@ -108,19 +127,19 @@ void Monitor::onFolders()
     if (bDevices && !m_kernel) m_kernel = KernelDevice::find(m_strFolder, m_strName);
 }
 
-Monitor::tagCHANGES_S Monitor::readFolders()
+Monitor::Changes Monitor::readFolders()
 {
-    tagCHANGES_S stChanges;
+    Changes changes;
     alignas(inotify_event) std::array<BU_CHAR, 4096> acEvents;
     for (ssize_t size; (size = read(m_clFolders, acEvents.data(), acEvents.size())) > 0;)
         for (ssize_t at = 0; at < size;) {
             const auto *pstEvent = reinterpret_cast<const inotify_event *>(acEvents.data() + at);
             const std::string_view name = pstEvent->len > 0 ? pstEvent->name : "";
-            stChanges.bLink |= name == m_strName || (pstEvent->mask & FOLDER_GOES) != 0;
-            stChanges.bDevices |= name.starts_with("event");
+            changes.bLink |= name == m_strName || (pstEvent->mask & FOLDER_GOES) != 0;
+            changes.bDevices |= name.starts_with("event");
             at += static_cast<ssize_t>(sizeof(inotify_event) + pstEvent->len);
         }
-    return stChanges;
+    return changes;
 }
 
 void Monitor::readTerminal()
@@ -156,7 +175,10 @@ void Monitor::deliver(const input_event &stEvent, HeldKeys &held, BU_S64 s64NowM
 {
     held.note(stEvent, s64NowMs);
     if (!m_armedMs && stEvent.type == EV_KEY && stEvent.value != 0) armSilence();
-    m_pfEventCb(&stEvent);
+    if (endsStandby(m_strName, stEvent))
+        SYSTEM_API_WakeAppService(); // the press is not the service's any more: it would put the camera to sleep again
+    else
+        m_pfEventCb(&stEvent);
 }
 
 /// Arms the wake-up for the key that will be silent first. One that is armed already comes earlier: a key that is heard
@@ -192,3 +214,4 @@ void Monitor::releaseAll(HeldKeys &held)
         m_pfEventCb(&stEvent);
     }
 }
+} // namespace input

@@ -1,3 +1,4 @@
+/// The monitor of one device.
 #pragma once
 
 #include "board/input.h"
@@ -10,6 +11,8 @@
 #include <optional>
 #include <sys/types.h>
 
+namespace input
+{
 /// Watches one device on a thread of its own and hands its events to a callback.
 class Monitor
 {
@@ -30,10 +33,10 @@ private:
     void watch(const std::stop_token &stop);
     void watchFolders();
     void onFolders();
-    struct tagCHANGES_S {
+    struct Changes {
         bool bLink = false, bDevices = false;
     };
-    tagCHANGES_S readFolders();
+    Changes readFolders();
     void readTerminal();
     void readKernel();
     void closeKernel();
@@ -55,3 +58,4 @@ private:
     pid_t m_s32Thread = 0;
     util::Thread m_thread; // last: starts last, joined first
 };
+} // namespace input

@@ -1,3 +1,4 @@
+// A device as a pseudo-terminal, linked below the device root.
 #include "terminal.h"
 
 #include <array>
@@ -9,6 +10,8 @@
 #include <sys/stat.h>
 #include <termios.h>
 
+namespace input
+{
 namespace
 {
 bool makeRaw(int s32Terminal)
@@ -70,3 +73,4 @@ BU_S32 Terminal::link()
     if (symlink(m_strTerminal.c_str(), strNew.c_str()) != 0) return -1;
     return std::rename(strNew.c_str(), m_strLink.c_str()) == 0 ? 0 : -1;
 }
+} // namespace input

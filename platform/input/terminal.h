@@ -1,3 +1,4 @@
+/// A device as a pseudo-terminal.
 #pragma once
 
 #include "base/types.h"
@@ -8,6 +9,8 @@
 #include <string>
 #include <sys/types.h>
 
+namespace input
+{
 /// A device as a pseudo-terminal: remotes write event records into the terminal that the link leads to.
 class Terminal
 {
@@ -33,3 +36,4 @@ private:
     util::FileDescriptor m_clMaster;
     util::FileDescriptor m_clTerminal; // held open, so that remotes may come and go without ending it
 };
+} // namespace input

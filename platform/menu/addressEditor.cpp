@@ -1,3 +1,4 @@
+// Which digits an address takes, and where the cursor goes.
 #include "addressEditor.h"
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// What a description of the menu may hold; each fault is told with its place.
 #include "description.h"
 
 #include "config/config.h"
@@ -123,12 +124,12 @@ void readOptions(const Json &json, Item &item, const CFG_VALUE_INT_S *pstRow, co
                          ") is outside the range of the setting");
 }
 
-struct tagKIND_S {
+struct KindName {
     std::string_view strMember;
     Kind enKind;
 };
-constexpr tagKIND_S KINDS[] = {{"page", Kind::PAGE}, {"int", Kind::INT},   {"option", Kind::OPTION},
-                               {"text", Kind::TEXT}, {"info", Kind::INFO}, {"action", Kind::ACTION}};
+constexpr KindName KINDS[] = {{"page", Kind::PAGE}, {"int", Kind::INT},   {"option", Kind::OPTION},
+                              {"text", Kind::TEXT}, {"info", Kind::INFO}, {"action", Kind::ACTION}};
 
 void readValue(const Json &json, Item &item, const WordLists &lists)
 {
@@ -187,7 +188,7 @@ private:
                   {"page", "int", "option", "text", "info",    "action", "label",     "setting",   "zone",   "words",
                    "min",  "max", "step",   "unit", "confirm", "manual", "nextStart", "twoLenses", "ofRate", "when"});
         Item item;
-        for (const tagKIND_S &st : KINDS)
+        for (const KindName &st : KINDS)
             if (const Json *pKey = json.find(st.strMember)) {
                 if (!item.strKey.empty()) pKey->refuse("an item is of one kind");
                 item.enKind = st.enKind;

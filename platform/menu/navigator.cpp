@@ -1,3 +1,4 @@
+// What the keys do on a page, in an editor, at a question.
 #include "navigator.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// When the status line and messages show, and what they say.
 #include "prompt.h"
 
 #include "camera/motion.h"

@@ -1,3 +1,4 @@
+// Where each value and information of the menu is read.
 #include "values.h"
 
 #include "board/device.h"
@@ -38,11 +39,11 @@ Read ndiSwitch(const Service &)
     return MPP_NDI_GetInstance(0, stCfg) == 0 ? Read(stCfg.bEnabled) : std::nullopt;
 }
 
-struct tagREADER_S {
+struct Reader {
     std::string_view strKey;
     Read (*pfnRead)(const Service &);
 };
-constexpr tagREADER_S READERS[] = {
+constexpr Reader READERS[] = {
     {"ViscaAddr", viscaAddress},
     {"FreedCammeraId", [](const Service &) { return Read(*GetCammeraIdGst()); }},
     {"LensImage", [](const Service &) { return Read(ISP_API_GetCurDevImageId()); }},
@@ -80,11 +81,11 @@ std::string ndiVersion(const Service &)
     return textOf(acText);
 }
 
-struct tagINFO_S {
+struct Info {
     std::string_view strKey;
     std::string (*pfnText)(const Service &);
 };
-constexpr tagINFO_S INFOS[] = {
+constexpr Info INFOS[] = {
     {"DeviceName", boardText<BSP_DEVATTR_GetDeviceName, 128>},
     {"DeviceModel", boardText<BSP_DEVATTR_GetDeviceModel, 32>},
     {"SerialNumber", boardText<BSP_DEVATTR_GetSn, 64>},

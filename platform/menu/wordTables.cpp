@@ -1,3 +1,4 @@
+// Which vocabulary tables a description may name.
 #include "wordTables.h"
 
 #include "vocabulary/tables.h"
@@ -8,11 +9,11 @@ namespace menu
 {
 namespace
 {
-struct tagWORD_TABLE_S {
+struct WordTable {
     std::string_view strName;
     std::span<const STR2ENUM_MAP_S> words;
 };
-const tagWORD_TABLE_S WORD_TABLES[] = {
+const WordTable WORD_TABLES[] = {
     {"SWITCH", MAP_SWITCH},
     {"MOUNT_MODE", MAP_MOUNT_MODE},
     {"AUDIO_INPUT", MAP_AUDIO_INPUT},
@@ -47,7 +48,7 @@ const tagWORD_TABLE_S WORD_TABLES[] = {
 
 std::span<const STR2ENUM_MAP_S> wordTable(std::string_view name)
 {
-    const auto *pst = std::ranges::find(WORD_TABLES, name, &tagWORD_TABLE_S::strName);
+    const auto *pst = std::ranges::find(WORD_TABLES, name, &WordTable::strName);
     return pst == std::end(WORD_TABLES) ? std::span<const STR2ENUM_MAP_S>() : pst->words;
 }
 } // namespace menu

@@ -5,6 +5,7 @@
 #include "camera/settingEvent.h"
 #include "camera/system.h"
 #include "camera/zoom.h"
+#include "motion/standby.h"
 #include "service.h"
 #include "settings/settings.h"
 #include "util/journal.h"
@@ -54,6 +55,8 @@ bool hasTarget(ZF_MOTION_TYPE_E enType)
     return enType == ZF_E_ZOOM_DIRECT_POS || enType == ZF_E_FOCUS_DIRECT_POS || enType == ZF_E_ZOOM_FOCUS_DIRECT_POS;
 }
 
+bool isStop(ZF_MOTION_TYPE_E enType) { return enType == ZF_E_ZOOM_STOP || enType == ZF_E_FOCUS_STOP; }
+
 /// @return when a move with a target ends
 BU_S64 start(Lens &lens, BU_S64 s64NowUs, const ZF_MOTION_CTRL_S &stMotion)
 {
@@ -97,7 +100,7 @@ BU_S64 start(Lens &lens, BU_S64 s64NowUs, const ZF_MOTION_CTRL_S &stMotion)
 BU_S32 focusNow()
 {
     const Session session;
-    if (!session->bLensStarted) return -1;
+    if (!session->bLensStarted || isStandby()) return -1;
     session->moves.supersede(FOCUS);
     session->lens.focusOnce(session.s64NowUs, session.s64NowUs);
     return 0;
@@ -137,7 +140,7 @@ BU_S32 lensMotion(ZF_CTRL_FROM_E enFrom, const ZF_MOTION_CTRL_S &stMotion, const
 {
     const Session session;
     const Units units = unitsOf(stMotion.enMotionType);
-    if (!session->bLensStarted || units == 0) return -1;
+    if (!session->bLensStarted || units == 0 || (isStandby() && !isStop(stMotion.enMotionType))) return -1;
     session->moves.supersede(units);
     // As the zoom starts to move, an automatic focus leaves a command of its own.
     if (session->lens.isAuto() && stMotion.enMotionType != ZF_E_ZOOM_STOP) session->moves.supersede(FOCUS);

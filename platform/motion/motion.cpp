@@ -2,6 +2,7 @@
 #include "camera/motion.h"
 
 #include "camera/system.h"
+#include "motion/standby.h"
 #include "service.h"
 #include "speed.h"
 #include "util/journal.h"
@@ -110,6 +111,7 @@ BU_S32 BSP_PTCtrlMotion(PT_CTRL_FROM_E enFrom, const PT_MOTION_CTRL_S *pstMotion
 {
     if (const auto injected = journal::call(__func__, enFrom, pstMotion, pvPrivate)) return *injected;
     if (!pstMotion || pstMotion->u32PTDev != 0 || !isSource(enFrom) || !isType(pstMotion->enMotionType)) return -1;
+    if (isStandby() && pstMotion->enMotionType != PT_MOTION_E_STOP) return -1;
     return pstMotion->enMotionType <= PT_MOTION_E_STOP ? drive(*pstMotion)
                                                        : moveWithTarget(enFrom, *pstMotion, pvPrivate);
 }

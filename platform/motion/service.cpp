@@ -1,15 +1,21 @@
 #include "service.h"
 
+#include "motion/standby.h"
 #include "speed.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace motion
 {
 namespace
 {
 constexpr BU_S32 PRIVATE_SIZE_MAX = 65536;
-}
+std::atomic<bool> g_bStandby{false};
+} // namespace
+
+bool setStandby(bool bOn) { return g_bStandby.exchange(bOn); }
+bool isStandby() { return g_bStandby; }
 
 tagMOTION_S &motion()
 {
@@ -81,7 +87,7 @@ BU_S64 recallLens(const Session &session, BU_S32 s32Zoom, std::optional<BU_S32> 
 
 BU_S32 recall(const tagPOSITION_S &stPosition, PT_CTRL_FROM_E enFrom, const void *pvPrivate)
 {
-    if (enFrom < 0 || enFrom >= PT_CTRL_E_FROM_BUTT) return -1;
+    if (enFrom < 0 || enFrom >= PT_CTRL_E_FROM_BUTT || isStandby()) return -1;
     const tagHEAD_SPEED_S stSpeed = presetHeadSpeed();
     const bool bTogether = arrivesTogether(PT_CTRL_E_FROM_PRESET);
     const Session session;

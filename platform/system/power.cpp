@@ -4,23 +4,18 @@
 #include "board/profile.h"
 #include "lampManager.h"
 #include "media/pipeline.h"
+#include "motion/standby.h"
 #include "settings/settings.h"
 #include "store/store.h"
 #include "util/file.h"
 #include "util/journal.h"
-#include "util/listeners.h"
 #include "util/log.h"
 #include "vocabulary/words.h"
-
-#include <atomic>
 
 namespace
 {
 constexpr const BU_CHAR *ASLEEP_KEY = "Standby/Asleep";
 constexpr const BU_CHAR *POWER_OFF_RECORD = "/var/ViscaCtrlPowerOff";
-
-std::atomic<bool> g_bAsleep{false};
-util::Listeners<BU_BOOL> g_hooks;
 
 /// The power-off command that began stand-by is answered by the next start.
 void handOverPowerOffRecord()
@@ -59,28 +54,24 @@ BU_S32 SYSTEM_API_InitializeMppBusinessByXml(MPP_BUSINESS_CFG_S *pstCfg)
 BU_S32 SYSTEM_API_SleepAppService()
 {
     if (const auto injected = journal::call(__func__)) return *injected;
-    if (g_bAsleep.exchange(true)) return 0;
+    if (motion::setStandby(true)) return 0;
     LOG_INFO("stand-by\n");
     CFG_STORE_SetInt(ASLEEP_KEY, BU_TRUE);
     lamp::triggerUpdate(LED_EVENT_FROM_E_SLEEP);
-    g_hooks.tell(BU_TRUE);
     return 0;
 }
 
 BU_S32 SYSTEM_API_WakeAppService()
 {
     if (const auto injected = journal::call(__func__)) return *injected;
-    if (!g_bAsleep.exchange(false)) return -1;
+    if (!motion::setStandby(false)) return -1;
     LOG_INFO("end of stand-by\n");
     CFG_STORE_SetInt(ASLEEP_KEY, BU_FALSE);
     handOverPowerOffRecord();
-    g_hooks.tell(BU_FALSE);
     return UTIL_CMD_RunSafe("reboot");
 }
 
-BU_BOOL SYSTEM_API_IsAsleep() { return g_bAsleep; }
-
-BU_S32 SYSTEM_SetSleepHook(std::function<void(BU_BOOL)> fnHook) { return g_hooks.add(std::move(fnHook)) < 0 ? -1 : 0; }
+BU_BOOL SYSTEM_API_IsAsleep() { return motion::isStandby(); }
 
 BU_S32 SYSTEM_API_SetLanguage(const BU_CHAR *pcWord, BU_BOOL bSaveCfg)
 {

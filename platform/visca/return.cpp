@@ -84,8 +84,6 @@ void onSuperseded(PT_CTRL_FROM_E, const void *pvPrivate, BU_S32 s32Size)
     library().sockets.close(origin::ticketOf(stPri));
 }
 
-void onSleep(BU_BOOL bAsleep) { library().bStandby = bAsleep != BU_FALSE; }
-
 /// The form that the row of an inquiry gives its answer.
 Shape shapeOf(const VISCA_MSG_PRI_S &stPri)
 {
@@ -136,13 +134,7 @@ BU_S32 answer(tagVISCA_CTRL_INFO_S &stInfo, BU_BOOL bOk, Fault enFault)
 }
 } // namespace
 
-void startWatch()
-{
-    static std::once_flag s_hooked; // a hook stays for the life of the process
-    std::call_once(s_hooked, [] { SYSTEM_SetSleepHook(onSleep); });
-    library().bStandby = SYSTEM_API_IsAsleep() != BU_FALSE;
-    PRESET_API_RegisterSuperseded(PT_CTRL_E_FROM_VISCA, onSuperseded);
-}
+void startWatch() { PRESET_API_RegisterSuperseded(PT_CTRL_E_FROM_VISCA, onSuperseded); }
 
 void stopWatch()
 {

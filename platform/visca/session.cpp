@@ -62,31 +62,28 @@ void acceptAddress(std::span<const BU_U8> packet, const VISCA_MSG_PRI_S &stFrom,
     transmit(stFrom, au8Next);
 }
 
+/// In stand-by the platform tells it; the service knows of no power but on.
 void acceptInquiry(VISCA_MSG_PRI_S &stFrom, Job &job)
 {
-    if (!library().bStandby) {
+    if (stFrom.enMsgType != VISCA_INQ_E_POWER || !SYSTEM_API_IsAsleep()) {
         origin::setTicket(stFrom, numberOf(*job.pstRow)); // its answer has the form of the row
         job.enKind = Job::Inquiry;
         return;
     }
     const BU_U8 au8Off[] = {replyHead(answerAddress(stFrom)), 0x50, VISCA_MSG_E_POWER_OFF, TERMINATOR};
-    if (stFrom.enMsgType == VISCA_INQ_E_POWER)
-        transmit(stFrom, au8Off);
-    else
-        refuse(stFrom, 0, Fault::NotNow);
+    transmit(stFrom, au8Off);
 }
 
 void acceptCommand(VISCA_MSG_PRI_S &stFrom, Peer &peer, Job &job)
 {
-    const bool bStandby = library().bStandby;
-    const bool bWake = job.pstRow->enType == VISCA_CMD_E_POWER && job.stInfo.enPowerCtrl == VISCA_MSG_E_POWER_ON;
-    if (bStandby && !bWake) return refuse(stFrom, 1, Fault::NotNow);
+    const bool bPowerAsleep = job.pstRow->enType == VISCA_CMD_E_POWER && SYSTEM_API_IsAsleep();
+    if (bPowerAsleep && job.stInfo.enPowerCtrl != VISCA_MSG_E_POWER_ON) return refuse(stFrom, 1, Fault::NotNow);
     std::optional<Ended> superseded;
     const bool bOpen = library().sockets.open(peer, stFrom, job.pstRow->moves, job.pstRow->drives, superseded);
     if (superseded) answerEnded(*superseded, Fault::Cancelled);
     if (!bOpen) return refuse(stFrom, 0, Fault::BufferFull);
     transmit(stFrom, ackOf(answerAddress(stFrom), stFrom.u8SocketNum).bytes());
-    job.enKind = bStandby ? Job::Wake : Job::Command;
+    job.enKind = bPowerAsleep ? Job::Wake : Job::Command;
 }
 
 void stopMotors(BU_U8 u8Motors)

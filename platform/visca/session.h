@@ -49,7 +49,6 @@ struct Library {
     std::atomic<decltype(VISCA_CTRL_CALL_FUNC_S::pfnViscaMsgCtrl)> pfnControl{};
     std::atomic<decltype(VISCA_CTRL_CALL_FUNC_S::pfnViscaMsgComplete)> pfnComplete{};
     std::atomic<BU_U8> u8Address{1};
-    std::atomic<bool> bStandby{false};
     Sockets sockets;
 };
 Library &library();

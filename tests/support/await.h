@@ -6,16 +6,16 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-/// Runs step until done, for ten seconds of real time at most. @return whether it is done
-template <class Done> bool await(const Done &done)
+/// Asks until it is done, for a limit of real time. @return whether it is done
+template <class Done> bool await(const Done &done, std::chrono::seconds limit = std::chrono::seconds(10))
 {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto deadline = std::chrono::steady_clock::now() + limit;
     while (!done()) {
         if (std::chrono::steady_clock::now() > deadline) {
             ADD_FAILURE() << "what was awaited does not come";
             return false;
         }
-        std::this_thread::yield();
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
     return true;
 }

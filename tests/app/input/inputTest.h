@@ -79,8 +79,9 @@ protected:
         remote(&stEvent);
     }
 
-    /// Plays "key": a tap, "+key": a press, "-key": a release, "*key": a repeat, "~ms": that much time,
-    /// "[open]" "[close]": the menu, "[track]" "[untrack]". Gives what the keys did, in order.
+    /// Plays "key": a tap, "+key": a press, "-key": a release, "*key": a repeat, "~ms": that much time, "[open]"
+    /// "[close]": the menu, "[track]" "[untrack]", "[Key=value]": a setting, "[!Function]": it fails. Gives in short
+    /// what the keys did.
     std::string play(Remote remote, const std::string &strSteps)
     {
         std::string strAll;
@@ -88,38 +89,51 @@ protected:
         for (std::string step; steps >> step;) {
             const std::string strName = step.substr(1);
             if (step[0] == '[')
-                setUp(step);
+                setUp(step.substr(1, step.size() - 2));
             else if (step[0] == '~')
                 clock().advance(std::stoi(strName));
-            else if (step[0] == '+' || step[0] == '-' || step[0] == '*')
-                send(remote, EV_KEY, codeOf(strName), step[0] == '+' ? 1 : step[0] == '-' ? 0 : 2);
+            else if (const auto event = std::string("-+*").find(step[0]); event != std::string::npos)
+                send(remote, EV_KEY, codeOf(strName), static_cast<int>(event));
             else
                 for (const int s32Value : {1, 0}) send(remote, EV_KEY, codeOf(step), s32Value);
-            for (const auto &strEffect : journal::effects()) strAll += (strAll.empty() ? "" : " ") + strEffect;
+            for (const auto &strEffect : journal::effects()) strAll += (strAll.empty() ? "" : " ") + inShort(strEffect);
         }
         return strAll;
     }
 
     struct Case {
-        const char *pcSteps;
-        std::string strEffects;
+        const char *pcSteps, *pcEffects;
     };
     /// Each case with a camera just started.
     void expect(Remote remote, const std::vector<Case> &cases)
     {
-        for (const auto &[pcSteps, strEffects] : cases) {
+        for (const auto &[pcSteps, pcEffects] : cases) {
             reset();
-            EXPECT_EQ(play(remote, pcSteps), strEffects) << pcSteps;
+            EXPECT_EQ(play(remote, pcSteps), pcEffects) << pcSteps;
         }
     }
 
 private:
     static void setUp(const std::string &strStep)
     {
-        if (strStep == "[open]") CMD_MENU_OnlyOpenMenu();
-        if (strStep == "[close]") CMD_MENU_OnlyCloseMenu();
-        if (strStep == "[track]") ALG_API_SetEnable(BU_TRUE, BU_FALSE, BU_FALSE);
-        if (strStep == "[untrack]") ALG_API_SetEnable(BU_FALSE, BU_FALSE, BU_FALSE);
+        const auto equals = strStep.find('=');
+        if (strStep == "open") CMD_MENU_OnlyOpenMenu();
+        if (strStep == "close") CMD_MENU_OnlyCloseMenu();
+        if (strStep == "track") ALG_API_SetEnable(BU_TRUE, BU_FALSE, BU_FALSE);
+        if (strStep == "untrack") ALG_API_SetEnable(BU_FALSE, BU_FALSE, BU_FALSE);
+        if (strStep[0] == '!') journal::inject(strStep.substr(1).c_str(), -1, 10);
+        if (equals != std::string::npos)
+            CFG_SETTING_Set(strStep.substr(0, equals).c_str(), 0, std::stoi(strStep.substr(equals + 1)), BU_FALSE,
+                            BU_FALSE);
         journal::effects();
+    }
+    /// "ISP_API_SetGain(0, 1, 1)" is "SetGain(0, 1, 1)", "CMD_MENU_HandeUpBtn()" is "MENU_Up".
+    static std::string inShort(std::string str)
+    {
+        if (const auto at = str.find("_API_"); at != std::string::npos) str.erase(0, at + 5);
+        std::ranges::replace(str, '"', '\'');
+        for (const std::string strPart : {"CMD_", "Hande", "Btn", "()", ", NULL"})
+            if (const auto at = str.find(strPart); at != std::string::npos) str.erase(at, strPart.size());
+        return str;
     }
 };

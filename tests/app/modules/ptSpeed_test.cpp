@@ -56,18 +56,26 @@ TEST(PtSpeed, QuotientsAreCutTowardsZeroAndEmptyStagesGiveTheirLowerSpeed)
 
 TEST(PtSpeed, TheSetHasOneEntryAClassAndReplacesWhatWasThere)
 {
+    const struct {
+        PT_CTRL_FROM_E enFrom;
+        FN_SPEED_LEVEL_MAP pfnMap;
+        BU_S32 s32Match;
+        FN_SPEED_SCALE_RATE_CALC pfnRate;
+    } rows[] = {{PT_CTRL_E_FROM_ALG, PT_CalcSpeedLevelMap_Simple, 1, PT_CalcSpeedRate_Advanced},
+                {PT_CTRL_E_FROM_PRESET, PT_CalcSpeedLevelMap_Simple, 2, PT_CalcSpeedRate_Simple},
+                {PT_CTRL_E_FROM_OTHER, STANDARD, 0, PT_CalcSpeedRate_Simple},
+                {PT_CTRL_E_FROM_TKV_SUPERFINE, SUPERFINE, 0, PT_CalcSpeedRate_Simple}};
     std::vector<PT_SPEED_CALC_SET_S> listSet(3);
     ASSERT_EQ(APP_PT_GetSpeedCalcSet_TKV_MX(listSet), 0);
-    ASSERT_EQ(listSet.size(), 4u);
-    EXPECT_EQ(listSet[0].eFrom, PT_CTRL_E_FROM_ALG);
-    EXPECT_EQ(listSet[1].eFrom, PT_CTRL_E_FROM_PRESET);
-    EXPECT_EQ(listSet[2].eFrom, PT_CTRL_E_FROM_OTHER);
-    EXPECT_EQ(listSet[3].eFrom, PT_CTRL_E_FROM_TKV_SUPERFINE);
-    EXPECT_EQ(listSet[2].fnMapSpeedLevel, STANDARD);
-    EXPECT_EQ(listSet[3].fnMapSpeedLevel, SUPERFINE);
-    // Tracking brings its own range, everyone else takes the service's.
-    EXPECT_FALSE(listSet[0].bLoadSpeedRange);
+    ASSERT_EQ(listSet.size(), std::size(rows));
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const auto &[enFrom, pfnMap, s32Match, pfnRate] = rows[i];
+        const PT_SPEED_CALC_SET_S &st = listSet[i];
+        EXPECT_TRUE(st.eFrom == enFrom && st.fnMapSpeedLevel == pfnMap && st.s32SpeedMatchFlag == s32Match &&
+                    st.fnCalcRate == pfnRate && st.s32SpeedAccuracyFlag == 2)
+            << i;
+        EXPECT_EQ(st.bLoadSpeedRange, i > 0); // tracking brings its own range, everyone else takes the service's
+    }
     EXPECT_EQ(listSet[0].s32MaxPanSpeed, 64 * listSet[0].s32SpeedMul);
     EXPECT_EQ(listSet[0].s32MaxTiltSpeed, 32 * listSet[0].s32SpeedMul);
-    for (int i = 1; i < 4; ++i) EXPECT_TRUE(listSet[i].bLoadSpeedRange) << i;
 }

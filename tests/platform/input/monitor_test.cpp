@@ -1,11 +1,14 @@
 // The monitor of a device, driven through its pseudo-terminal and through an event file of the machine.
 #include "board/input.h"
 
+#include "camera/serial.h"
+#include "camera/systemService.h"
+#include "support/await.h"
 #include "support/platformTest.h"
 #include "util/fileDescriptor.h"
 
 #include <array>
-#include <condition_variable>
+#include <atomic>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
@@ -38,33 +41,24 @@ public:
         m_u64Count++;
         if (m_list.size() < 1000)
             m_list.push_back(std::string(1, cDevice) + "-+*"[pstEvent->value] + std::to_string(pstEvent->code));
-        m_changed.notify_all();
     }
     /// Takes what has been heard once it is so many.
     std::vector<std::string> take(std::size_t count)
     {
-        std::unique_lock guard(m_lock);
-        m_changed.wait_for(guard, 10s, [&] { return m_list.size() >= count; });
+        await([&] { return count <= (std::lock_guard(m_lock), m_list.size()); });
+        const std::lock_guard guard(m_lock);
+        m_u64Count = 0;
         return std::exchange(m_list, {});
     }
     bool waitFor(BU_U64 u64Count)
     {
-        std::unique_lock guard(m_lock);
-        return m_changed.wait_for(guard, 60s, [&] { return m_u64Count >= u64Count; });
-    }
-    void reset() { *this = {}; }
-    Heard &operator=(const Heard &)
-    {
-        m_u64Count = 0;
-        m_list.clear();
-        return *this;
+        return await([&] { return u64Count <= (std::lock_guard(m_lock), m_u64Count); }, 60s);
     }
 
 private:
     std::mutex m_lock; // guards the two below
     std::vector<std::string> m_list;
-    BU_U64 m_u64Count = 0;
-    std::condition_variable m_changed;
+    BU_U64 m_u64Count = 0; // since the last take
 };
 Heard g_heard;
 
@@ -75,7 +69,7 @@ protected:
     {
         fs::create_directories(machine());
         setenv("CAMERA_INPUT", machine().c_str(), 1);
-        g_heard.reset();
+        g_heard.take(0);
         std::strcpy(m_astInput[0].acDeviceName, "NecSr");
         std::strcpy(m_astInput[1].acDeviceName, "BigOne");
         m_astInput[0].pfEventCb = [](const input_event *pstEvent) { g_heard.add('N', pstEvent); };
@@ -92,12 +86,12 @@ protected:
 
     static util::FileDescriptor openDevice(const std::string &strPath)
     {
-        for (int i = 0; i < 1000; ++i) { // it may be on its way
-            util::FileDescriptor clDevice(open(strPath.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
-            if (clDevice >= 0) return clDevice;
-            std::this_thread::sleep_for(10ms);
-        }
-        return util::FileDescriptor();
+        util::FileDescriptor clDevice;
+        await([&] { // it may be on its way
+            clDevice = util::FileDescriptor(open(strPath.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+            return clDevice >= 0;
+        });
+        return clDevice;
     }
     static void send(int fd, std::initializer_list<std::array<int, 3>> events)
     {
@@ -107,6 +101,15 @@ protected:
             stEvent.code = static_cast<BU_U16>(s32Code);
             stEvent.value = s32Value;
             EXPECT_EQ(write(fd, &stEvent, sizeof(stEvent)), ssize_t{sizeof(stEvent)});
+        }
+    }
+
+    static void flood(int fd, std::span<const std::byte> bytes)
+    {
+        while (!bytes.empty()) {
+            const ssize_t size = write(fd, bytes.data(), bytes.size());
+            ASSERT_GT(size, 0);
+            bytes = bytes.subspan(static_cast<std::size_t>(size));
         }
     }
 
@@ -196,6 +199,36 @@ TEST_F(MonitorTest, AKeyThatIsHeardStaysHeld)
     EXPECT_THAT(g_heard.take(1), ElementsAre("N-33"));
 }
 
+TEST_F(MonitorTest, PowerOfTheLargerRemotesOfItsAddressEndsStandby)
+{
+    journal::inject("UTIL_CMD_RunSafe", 0, 10); // no restart
+    IR_API_SetAddr(2, BU_FALSE, IRADDR_SWITCH_E_SOFT);
+    constexpr int POWER = 1 << 7 | 16;
+    const struct {
+        const char *pcDevice, *pcReceiver;
+        int s32Code, s32Value;
+        bool bWakes;
+    } rows[] = {{"NecBr", "On", POWER, 1, true},  {"NecYm", "On", POWER, 1, true},
+                {"NecSr", "On", POWER, 1, false}, {"NecBr", "On", POWER, 2, false}, // held since it put it to sleep
+                {"NecBr", "On", 16, 1, false},    {"NecBr", "On", 1 << 7 | 30, 1, false},
+                {"NecYm", "Off", POWER, 1, false}};
+    for (const auto &row : rows) {
+        std::strcpy(m_astInput[1].acDeviceName, row.pcDevice);
+        start(1);
+        IR_API_SetSwitch(row.pcReceiver, BU_FALSE);
+        const auto clDevice = openDevice(root() + "/dev/input/" + row.pcDevice);
+        SYSTEM_API_SleepAppService();
+        send(clDevice, {{EV_KEY, row.s32Code, row.s32Value}, {EV_KEY, row.s32Code, 0}});
+        const auto heard = g_heard.take(row.bWakes ? 1 : 2);
+        EXPECT_EQ(heard.size(), row.bWakes ? 1U : 2U) << row.pcDevice; // the press that wakes is nobody else's
+        EXPECT_EQ(SYSTEM_API_IsAsleep(), !row.bWakes) << row.pcDevice << ' ' << row.s32Code;
+        SYSTEM_API_WakeAppService();
+        send(clDevice, {{EV_KEY, POWER, 1}}); // awake it is a key as any other
+        EXPECT_THAT(g_heard.take(1), ElementsAre("B+144"));
+        BSP_INPUT_StopMonitorEvent(&m_astInput[1]);
+    }
+}
+
 TEST_F(MonitorTest, DeviceThatVanishesReleasesItsKeysAndReturns)
 {
     start();
@@ -216,7 +249,7 @@ TEST_F(MonitorTest, DeviceThatVanishesReleasesItsKeysAndReturns)
         }
         row.vanish();
         EXPECT_THAT(g_heard.take(2), ElementsAre("N-8", "N-32")) << row.strWhat;
-        for (int i = 0; i < 1000 && !fs::is_symlink(link()); ++i) std::this_thread::sleep_for(5ms);
+        await([&] { return fs::is_symlink(link()); });
         const auto clDevice = openDevice(link());
         clock().advance(500); // whatever part of a record was left is old by now
         send(clDevice, {{EV_KEY, 30, 1}, {EV_KEY, 30, 0}});
@@ -236,19 +269,11 @@ TEST_F(MonitorTest, StormsArriveWholeAndEndWithNothingHeld)
         events[i].value = i % 2 == 0;
     }
     const auto begin = std::chrono::steady_clock::now();
-    for (BU_U64 sent = 0; sent < EVENTS; sent += events.size()) {
-        const auto *pcBytes = reinterpret_cast<const char *>(events.data());
-        for (std::size_t left = events.size() * sizeof(input_event); left > 0;) {
-            const ssize_t size = write(clDevice, pcBytes, left);
-            ASSERT_GT(size, 0);
-            pcBytes += size;
-            left -= static_cast<std::size_t>(size);
-        }
-    }
+    for (BU_U64 sent = 0; sent < EVENTS; sent += events.size()) flood(clDevice, std::as_bytes(std::span(events)));
     ASSERT_TRUE(g_heard.waitFor(EVENTS));
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
     RecordProperty("eventsPerSecond", static_cast<int>(EVENTS / took.count()));
-    g_heard.reset();
+    g_heard.take(0);
     clock().advance(60000);
     send(clDevice, {{EV_KEY, 30, 1}});
     EXPECT_THAT(g_heard.take(1), ElementsAre("N+30"));
@@ -261,14 +286,12 @@ TEST_F(MonitorTest, GarbageFloodsLeaveItReading)
     std::vector<BU_U8> bytes(1 << 20);
     BU_U32 u32 = 1;
     for (BU_U8 &u8 : bytes) u8 = static_cast<BU_U8>((u32 = u32 * 1664525 + 1013904223) >> 24 | 0x80);
-    for (std::size_t at = 0; at < bytes.size();) {
-        const ssize_t size = write(clDevice, bytes.data() + at, bytes.size() - at);
-        ASSERT_GT(size, 0);
-        at += static_cast<std::size_t>(size);
-    }
+    flood(clDevice, std::as_bytes(std::span(bytes)));
     send(clDevice, {{EV_KEY, 30, 1}, {EV_KEY, 30, 0}, {EV_KEY, 30, 1}, {EV_KEY, 30, 0}});
     EXPECT_THAT(g_heard.take(4), ElementsAre("N+30", "N-30", "N+30", "N-30"));
 }
+
+std::atomic<bool> g_bGrabbed; // the event device, for the camera alone
 
 /// A FIFO with the answers of an event device named "NecSr".
 class EventFile : public MonitorTest
@@ -291,6 +314,7 @@ protected:
                 const auto clDevice = openDevice(strPath); // returns when the monitor has opened it
                 send(clDevice, {{EV_KEY, 32, 1}, {EV_SYN, 0, 0}, {EV_KEY, 8, 1}, {EV_SYN, 0, 0}});
                 EXPECT_THAT(g_heard.take(2), ElementsAre("N+32", "N+8"));
+                EXPECT_TRUE(g_bGrabbed.exchange(false));
                 fs::remove(strPath);
             } // gone
             EXPECT_THAT(g_heard.take(2), ElementsAre("N-8", "N-32"));
@@ -337,6 +361,7 @@ extern "C" int ioctl(int fd, unsigned long request, ...) noexcept
     if (_IOC_TYPE(request) != 'E' || fstat(fd, &stFile) != 0 || !S_ISFIFO(stFile.st_mode))
         return static_cast<int>(syscall(SYS_ioctl, fd, request, pvArg));
     const std::size_t size = _IOC_SIZE(request);
+    if (request == EVIOCGRAB) g_bGrabbed = pvArg != nullptr;
     if (_IOC_DIR(request) != _IOC_READ) return 0;
     std::memset(pvArg, 0, size);
     const unsigned u32Number = _IOC_NR(request);

@@ -3,6 +3,7 @@
 #include "menuTest.h"
 #include "util/json.h"
 
+#include <algorithm>
 #include <cmath>
 
 using testing::HasSubstr;
@@ -32,66 +33,63 @@ class MenuDescription : public MenuTest
 {
 };
 
+std::string quoted(std::string str) { return std::ranges::replace(str, '\'', '"'), str; }
+
 TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
 {
     const std::string strLong(32, 'x');
-    struct {
+    // clang-format off
+    const struct { // with ' for "
         std::string strBefore, strAfter; // what of the good description becomes faulty
         int s32Line;
-        const char *pcReason;
-    } const rows[] = {
+        std::string strReason;
+    } rows[] = {
         {"60, ", "60 ", 1, "syntax error"},
         {"\n]}", "\n]", 17, "syntax error"},
         {"\n]}", "\n]}}", 17, "syntax error"},
-        {"60,", "0,", 1, "timeoutSeconds: must be a whole number from 1 to 3600"},
-        {"60,", "60.5,", 1, "whole number"},
-        {"60,", "99999999999,", 1, "whole number"},
-        {"60,", "null,", 1, "whole number"},
-        {"\"pages\"", "\"page\"", 7, "has no meaning here"},
-        {"\"SWITCH\"", "\"SWITCHES\"", 2, "no vocabulary table"},
-        {"    \"On\": \"On\"", "    \"on\": \"On\"", 4, "does not hold the word \"on\""},
-        {"\"B\": 1}", "\"C\": 1}", 5, "B: is missing"},
-        {"\"A\": \"a\"", "\"A\": [\"a\"]", 5, "English and Chinese"},
-        {"{\"page\": \"Image\",", "{\"page\": \"Images\",", 9, "no page \"Images\""},
-        {"{\"page\": \"Image\",", "{\"page\": \"Main\",", 8, "cannot be opened"},
-        {"{\"page\": \"Image\", \"label\": \"Image\"},", "", 12, "no item opens this page"},
-        {"{\"option\": \"Flip\"", "{\"option\": \"Flop\"", 10, "\"Flop\" is no setting"},
-        {"\"words\": \"Switch\"}", "\"words\": \"Swich\"}", 10, "no list of words"},
-        {"\"words\": \"Switch\"}", "\"setting\": \"Nr9d\", \"words\": \"Switch\"}", 10, "\"Nr9d\" is no setting"},
-        {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"int\": \"Gain\"}", 10, "of one kind"},
-        {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"unit\": 3}", 10, "must be a text"},
-        {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"manual\": 1}", 10, "true or false"},
-        {"\"words\": \"Switch\"}", "\"words\": \"Switch\", \"words\": \"Switch\"}", 10,
-         "pages/0/items/1/words: is there twice"},
-        {"\"Restart?\"", "\"" + strLong + "\"", 11, "1 to 31 bytes"},
-        {"\"Restart?\"", "\"\"", 11, "1 to 31 bytes"},
-        {"{\"action\": \"Restart\"", "{\"do\": \"Restart\"", 11, "\"do\" has no meaning here"},
-        {"\"name\": \"Image\"", "\"name\": \"Main\"", 12, "there twice"},
-        {"\"int\": \"Brightness\"", "\"int\": \"Brightnes\"", 13, "\"Brightnes\" is no setting"},
-        {"\"max\": 10", "\"max\": 15", 13, "0...15 goes beyond that of the setting, 0...14"},
-        {"\"max\": 10", "\"min\": -1", 13, "-1...14 goes beyond"},
-        {"\"max\": 10", "\"max\": 0", 13, "0...0 is empty"},
-        {"\"max\": 10", "\"step\": 15", 13, "no such step"},
-        {"\"max\": 10", "\"step\": 0", 13, "no such step"},
-        {"\"IMAGE\"", "\"PICTURE\"", 13, "no such data zone"},
-        {"\"Mode\", \"zone\"", "\"Mode\", \"setting\": \"Fps\", \"zones\"", 14, "has no meaning here"},
-        {"\"max\": 7, ", "", 15, "needs min and max"},
-        {"\"max\": 7, ", "\"max\": 7, \"unit\": 5\n,", 15, "must be a text"},
-        {"\"when\": {\"IpMode\"", "\"when\": {\"ipMode\"", 15, "no option item"},
-        {"[\"B\"]", "[\"C\"]", 15, "does not know the word \"C\""},
-        {"\"SerialNumber\"", "\"Weather\"", 16, "nothing tells \"Weather\""},
-        {"\"Serial\"", "\"Serial\", \"icon\": 1", 16, "\"icon\" has no meaning here"},
+        {"60,", "0,", 1, "timeoutSeconds: must be a whole number from 1 to 3600"}, {"60,", "60.5,", 1, "whole number"},
+        {"60,", "99999999999,", 1, "whole number"}, {"60,", "null,", 1, "whole number"},
+        {"'pages'", "'page'", 7, "has no meaning here"}, {"'SWITCH'", "'SWITCHES'", 2, "no vocabulary table"},
+        {" 'On': 'On'", " 'on': 'On'", 4, "does not hold the word 'on'"},
+        {"'B': 1}", "'C': 1}", 5, "B: is missing"},
+        {"'A': 'a'", "'A': ['a']", 5, "English and Chinese"},
+        {"{'page': 'Image',", "{'page': 'Images',", 9, "no page 'Images'"},
+        {"{'page': 'Image',", "{'page': 'Main',", 8, "cannot be opened"},
+        {"{'page': 'Image', 'label': 'Image'},", "", 12, "no item opens this page"},
+        {"{'option': 'Flip'", "{'option': 'Flop'", 10, "'Flop' is no setting"},
+        {"'words': 'Switch'}", "'words': 'Swich'}", 10, "no list of words"},
+        {"'words': 'Switch'}", "'setting': 'Nr9d', 'words': 'Switch'}", 10, "'Nr9d' is no setting"},
+        {"'words': 'Switch'}", "'words': 'Switch', 'int': 'Gain'}", 10, "of one kind"},
+        {"'words': 'Switch'}", "'words': 'Switch', 'unit': 3}", 10, "must be a text"},
+        {"'words': 'Switch'}", "'words': 'Switch', 'manual': 1}", 10, "true or false"},
+        {"'words': 'Switch'}", "'words': 'Switch', 'words': 'Switch'}", 10, "pages/0/items/1/words: is there twice"},
+        {"'Restart?'", "'" + strLong + "'", 11, "1 to 31 bytes"}, {"'Restart?'", "''", 11, "1 to 31 bytes"},
+        {"{'action': 'Restart'", "{'do': 'Restart'", 11, "'do' has no meaning here"},
+        {"'name': 'Image'", "'name': 'Main'", 12, "there twice"},
+        {"'int': 'Brightness'", "'int': 'Brightnes'", 13, "'Brightnes' is no setting"},
+        {"'max': 10", "'max': 15", 13, "0...15 goes beyond that of the setting, 0...14"},
+        {"'max': 10", "'min': -1", 13, "-1...14 goes beyond"}, {"'max': 10", "'max': 0", 13, "0...0 is empty"},
+        {"'max': 10", "'step': 15", 13, "no such step"}, {"'max': 10", "'step': 0", 13, "no such step"},
+        {"'IMAGE'", "'PICTURE'", 13, "no such data zone"},
+        {"'Mode', 'zone'", "'Mode', 'setting': 'Fps', 'zones'", 14, "has no meaning here"},
+        {"'max': 7, ", "", 15, "needs min and max"}, {"'max': 7, ", "'max': 7, 'unit': 5\n,", 15, "must be a text"},
+        {"'when': {'IpMode'", "'when': {'ipMode'", 15, "no option item"},
+        {"['B']", "['C']", 15, "does not know the word 'C'"},
+        {"'SerialNumber'", "'Weather'", 16, "nothing tells 'Weather'"},
+        {"'Serial'", "'Serial', 'icon': 1", 16, "'icon' has no meaning here"},
     };
+    // clang-format on
     EXPECT_EQ(menu::readDescription(DESCRIPTION).listPages.size(), 2U);
     for (const auto &row : rows) {
         std::string strFaulty = DESCRIPTION;
-        ASSERT_NE(strFaulty.find(row.strBefore), std::string::npos) << row.strBefore;
-        strFaulty.replace(strFaulty.find(row.strBefore), row.strBefore.size(), row.strAfter);
+        const auto at = strFaulty.find(quoted(row.strBefore));
+        ASSERT_NE(at, std::string::npos) << row.strBefore;
+        strFaulty.replace(at, row.strBefore.size(), quoted(row.strAfter));
         try {
             menu::readDescription(strFaulty);
             ADD_FAILURE() << row.strAfter << " was taken";
         } catch (const util::JsonFault &fault) {
-            EXPECT_THAT(fault.what(), HasSubstr(row.pcReason)) << row.strAfter;
+            EXPECT_THAT(fault.what(), HasSubstr(quoted(row.strReason))) << row.strAfter;
             EXPECT_EQ(fault.s32Line, row.s32Line) << row.strAfter << ": " << fault.what();
         }
     }

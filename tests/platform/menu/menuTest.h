@@ -15,25 +15,25 @@
 class Confirmed
 {
 public:
-    void note(std::string strConfirmed)
+    void note(const std::string &strConfirmed)
     {
         const std::lock_guard guard(m_lock);
-        m_list.push_back(std::move(strConfirmed));
+        m_strText += (m_strText.empty() ? "" : " ") + strConfirmed;
     }
     void clear()
     {
         const std::lock_guard guard(m_lock);
-        m_list.clear();
+        m_strText.clear();
     }
-    std::vector<std::string> list() const
+    std::string text() const
     {
         const std::lock_guard guard(m_lock);
-        return m_list;
+        return m_strText;
     }
 
 private:
-    mutable std::mutex m_lock; // guards m_list
-    std::vector<std::string> m_list;
+    mutable std::mutex m_lock; // guards the text
+    std::string m_strText;
 };
 inline Confirmed &confirmed()
 {
@@ -56,7 +56,7 @@ inline BU_S32 setParam(ITEM_NODE_S *pst)
         s32Value = stText.s32ValSaveCur; // of the lists used here the index is the value
     }
     if (pst->enValType == VALUE_TYPE_E_EDIT_TXT) strConfirmed += std::string("=") + pst->unVal.stEditableVal.acCurVal;
-    confirmed().note(std::move(strConfirmed));
+    confirmed().note(strConfirmed);
     if (g_bAccept && s32Value != INT32_MIN) CFG_SETTING_Set(pst->acItemIndex, 0, s32Value, BU_TRUE, BU_TRUE);
     return 0;
 }

@@ -1,11 +1,13 @@
 // The menu as its callers see it: status, keys, time-out, what is drawn and when.
 #include "camera/image.h"
 #include "camera/menu.h"
+#include "camera/motion.h"
 #include "camera/preset.h"
 #include "camera/system.h"
 #include "camera/systemService.h"
 #include "menuTest.h"
 #include "scene/scene.h"
+#include "support/await.h"
 
 #include <algorithm>
 #include <atomic>
@@ -82,7 +84,7 @@ TEST_F(Menu, ABurstOfKeysAndChangesDrawsInOrder)
     for (int i = 0; i < 3; ++i) CMD_MENU_HandeRightBtn();
     for (int i = 0; i < 1000; ++i) ISP_API_SetContrast(0, i % 15, BU_FALSE, BU_TRUE);
     run();
-    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=8", "Brightness=9", "Brightness=10"));
+    EXPECT_EQ(confirmed().text(), "Brightness=8 Brightness=9 Brightness=10");
     EXPECT_LE(shown().size(), 8U);
 }
 
@@ -131,7 +133,7 @@ TEST_F(Menu, DiagonalsCountAsUpAndDown)
     press({CMD_MENU_OnlyOpenMenu, CMD_MENU_HandeHomeBtn});
     EXPECT_EQ(press({CMD_MENU_HandeDownLeftBtn, CMD_MENU_HandeDownRightBtn, CMD_MENU_HandeUpRightBtn}), "111");
     EXPECT_EQ(press({CMD_MENU_HandeRightBtn}), "1");
-    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=8"));
+    EXPECT_EQ(confirmed().text(), "Brightness=8");
     EXPECT_EQ(press({CMD_MENU_HandeUpLeftBtn, CMD_MENU_HandeUpBtn}), "11");
 }
 
@@ -140,9 +142,32 @@ TEST_F(Menu, AHeldKeyAppliesOnce)
 {
     press({CMD_MENU_OnlyOpenMenu, CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn, CMD_MENU_HandeLeftBtn,
            CMD_MENU_HandeLeftUpdateParam, CMD_MENU_HandeLeftUpdateParam, CMD_MENU_HandeLeftUpdateParam});
-    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=6"));
+    EXPECT_EQ(confirmed().text(), "Brightness=6");
     press({CMD_MENU_HandeSetParam, CMD_MENU_HandeSetParam});
-    EXPECT_THAT(confirmed().list(), ElementsAre("Brightness=6", "Brightness=3"));
+    EXPECT_EQ(confirmed().text(), "Brightness=6 Brightness=3");
+}
+
+/// Outside the menu; hanging, the camera goes the other way.
+TEST_F(Menu, DirectionKeysDriveTheHeadAtTheSetSpeeds)
+{
+    PT_API_SetPanSpeed(0, 24, BU_FALSE, BU_FALSE);
+    PT_API_SetTileSpeed(0, 1, BU_FALSE, BU_FALSE);
+    for (const BU_S32 s32Mount : {1, 0}) {
+        SYS_API_SetMountMode(s32Mount, BU_FALSE, BU_TRUE);
+        journal::effects();
+        for (const auto pfnKey : {CMD_PT_HandeUpBtn, CMD_PT_HandeDownBtn, CMD_PT_HandeLeftBtn, CMD_PT_HandeRightBtn})
+            pfnKey(0);
+        CMD_PT_StopMove();
+        std::string strDone;
+        for (const std::string &str : journal::effects())
+            if (str.starts_with("BSP_PTCtrlMotion(2, {")) strDone += str.substr(21, str.find('}') - 21) + "; ";
+        const auto moves = [](const std::string &strOne, const std::string &strOther) {
+            const std::string strSpeeds = ", pan 12000, tilt 375; ";
+            return strOne + strSpeeds + strOther + strSpeeds;
+        };
+        EXPECT_EQ(strDone, s32Mount ? moves("UP", "DOWN") + moves("LEFT", "RIGHT") + "STOP; "
+                                    : moves("DOWN", "UP") + moves("RIGHT", "LEFT") + "STOP; ");
+    }
 }
 
 TEST_F(Menu, FollowsTheOutputFormat)
@@ -224,8 +249,8 @@ TEST(MenuThreads, KeysOfManyThreadsLeaveAMenuThatWorks)
     threads.clear();
     CMD_MENU_OnlyCloseMenu();
     CMD_MENU_OnlyOpenMenu();
-    while (OSD_Menu_HasSubPage() == 0) std::this_thread::yield(); // the keys before it have been worked off
+    await([] { return OSD_Menu_HasSubPage() == 1; }); // the keys before it have been worked off
     EXPECT_EQ(CMD_MENU_GetMenuStatus(), 1);
     CMD_MENU_OnlyCloseMenu();
-    while (OSD_Menu_HasSubPage() == 1) std::this_thread::yield();
+    await([] { return OSD_Menu_HasSubPage() == 0; });
 }

@@ -1,3 +1,4 @@
+#include "motion/standby.h"
 #include "motionTest.h"
 
 #include "camera/system.h"
@@ -230,6 +231,32 @@ TEST_F(MotionTest, RefusesWithoutAnyEffect)
     clock().advance(1750);
     EXPECT_THAT(reports(), ElementsAre("pt 1 done"));
     EXPECT_EQ(zoom(), 0);
+}
+
+/// Whoever asks: refused with nothing moved; what ran runs on, and stops stop it.
+TEST_F(MotionTest, AsleepItRefusesMovesAndCarriesOutStops)
+{
+    clock().advance(1000);
+    PRESET_API_SetCur(7, nullptr);
+    run("right=0 tele=0 near=0");
+    clock().advance(500);
+    motion::setStandby(true);
+    run("move=-1 back#1=-1 right=-1 left=-1 home=-1 reset=-1 zoom=-1 focus=-1 both=-1 tele=-1 wide=-1 near=-1 "
+        "recall7=-1");
+    EXPECT_EQ(PRESET_API_GotoHome(FROM, nullptr), -1);
+    EXPECT_EQ(AF_API_TriggerAutoFocus(0), -1);
+    EXPECT_EQ(PTZ_API_SetZoomAct(0, ZOOM_ACTION_E_TELE, 5), -1);
+    EXPECT_EQ(AF_API_SetFocusPos(0, 1000), -1);
+    run("stop=0 zoomstop=0 focusstop=0");
+    clock().advance(1000);
+    const double dPan = pan();
+    const BU_S32 s32Zoom = zoom(), s32Focus = focus();
+    EXPECT_GT(dPan, 0);
+    clock().advance(10000);
+    EXPECT_EQ(std::tuple(pan(), zoom(), focus()), std::tuple(dPan, s32Zoom, s32Focus));
+    motion::setStandby(false);
+    run("recall7=0 move#2=1");
+    EXPECT_THAT(reports(), IsEmpty());
 }
 
 TEST_F(MotionTest, JournalNamesTheMotion)

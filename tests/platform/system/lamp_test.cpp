@@ -91,54 +91,35 @@ private:
     BSP_LED_HANDLE m_pvLamp = nullptr;
 };
 
-// clang-format off
+/// The base level (CFG and IR here) is below all others; of two equal sources the later in the enumeration wins.
 TEST_F(Lamp, ShowsTheHighestSourceThatAsks)
 {
     start();
-    const struct {
-        LED_EVENT_FROM_E enFrom;
-        LED_TALLY_STATE_S stState;
-        const BU_CHAR *pcShown;
-    } steps[] = {
-        {LED_EVENT_FROM_E_VISCA, hold(0x00FF00), "hold #00FF00 80%"},
-        {LED_EVENT_FROM_E_CFG,   hold(ALL_ON),   "hold #00FF00 80%"}, // the base level is below all others
-        {LED_EVENT_FROM_E_NDI,   hold(0xFF0000), "hold #FF0000 80%"},
-        {LED_EVENT_FROM_E_ALG,   hold(0x0000FF), "hold #FF0000 80%"},
-        {LED_EVENT_FROM_E_NDI,   OFF,            "hold #0000FF 80%"},
-        {LED_EVENT_FROM_E_ALG,   OFF,            "hold #00FF00 80%"},
-        {LED_EVENT_FROM_E_VISCA, OFF,            "hold #FFFFFF 80%"},
-        {LED_EVENT_FROM_E_IR,    hold(0x123456), "hold #123456 80%"}, // of two equal ones the later in the enumeration
-        {LED_EVENT_FROM_E_IR,    OFF,            "hold #FFFFFF 80%"},
-        {LED_EVENT_FROM_E_CFG,   OFF,            "off"},
-    };
-    for (const auto &st : steps) EXPECT_EQ(shownFor(st.stState, st.enFrom), st.pcShown) << "source " << st.enFrom;
+    constexpr LED_EVENT_FROM_E ORDER[] = {LED_EVENT_FROM_E_NDI, LED_EVENT_FROM_E_VISCA, LED_EVENT_FROM_E_IR,
+                                          LED_EVENT_FROM_E_CFG};
+    for (const LED_EVENT_FROM_E enFrom : ORDER) shownFor(hold(static_cast<BU_U32>(enFrom)), enFrom);
+    for (const LED_EVENT_FROM_E enFrom : ORDER) {
+        EXPECT_EQ(shown(), "hold #00000" + std::to_string(enFrom) + " 80%");
+        shownFor(OFF, enFrom);
+    }
+    EXPECT_EQ(shown(), "off");
     EXPECT_EQ(LED_API_SetLedStateInfoFrom(NAME, static_cast<LED_EVENT_FROM_E>(8), OFF), -1);
     EXPECT_EQ(LED_API_SetLedStateInfoFrom("OtherLed", LED_EVENT_FROM_E_CFG, OFF), -1);
 }
 
 TEST_F(Lamp, ALineTellsModeColourBrightnessAndRate)
 {
-    const struct {
-        LED_TALLY_STATE_S stState;
-        const BU_CHAR *pcShown;
-    } rows[] = {
-        {state(LED_WORK_MODE_E_RGB_CIRCLE),                                    "circle 80%"},
-        {{LED_WORK_MODE_E_HOLD, 0x010203, LED_BRIGHTNESS_100, LED_CLOSE, 0},   "hold #010203 100%"},
-        {state(LED_WORK_MODE_E_FLICK, ALL_ON, LED_MODE_FLICKER_50HZ),          "flick white 80% 50Hz"},
-        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_10HZ),        "flick #FF0000 80% 10Hz"},
-        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_5HZ),         "flick #FF0000 80% 5Hz"},
-        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_3HZ),         "flick #FF0000 80% 3Hz"},
-        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_2HZ),         "flick #FF0000 80% 2Hz"},
-        {state(LED_WORK_MODE_E_FLICK_DURATION, 0xFF0000, LED_MODE_FLICKER_1HZ), "flick #FF0000 80% 1Hz"},
-        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, LED_MODE_FLICKER_HALFHZ),      "flick #FF0000 80% 0.5Hz"},
-        {state(LED_WORK_MODE_E_FLICK, 0xFF0000, 99),                           "flick #FF0000 80% 1Hz"},
-    };
     start(LED_WHITE_MODE_E_SINGLE);
-    for (const auto &row : rows) EXPECT_EQ(shownFor(row.stState), row.pcShown);
+    EXPECT_EQ(shownFor(state(LED_WORK_MODE_E_RGB_CIRCLE)), "circle 80%");
+    EXPECT_EQ(shownFor({LED_WORK_MODE_E_HOLD, 0x010203, LED_BRIGHTNESS_100, LED_CLOSE, 0}), "hold #010203 100%");
+    EXPECT_EQ(shownFor(hold(ALL_ON)), "hold white 80%");
+    const char *const RATES[] = {"",    "",    "50Hz", "10Hz",  "5Hz",
+                                 "3Hz", "2Hz", "1Hz",  "0.5Hz", "1Hz"}; // the last: unknown
+    for (BU_S32 i = LED_MODE_FLICKER_50HZ; i < 10; ++i)
+        EXPECT_EQ(shownFor(state(LED_WORK_MODE_E_FLICK, 0xFF0000, i)), std::string("flick #FF0000 80% ") + RATES[i]);
     start(LED_WHITE_MODE_E_RGB);
     EXPECT_EQ(shownFor(hold(ALL_ON)), "hold #FFFFFF 80%");
 }
-// clang-format on
 
 TEST_F(Lamp, AStateWithADurationEndsAndALaterOneIsNotCutShort)
 {
