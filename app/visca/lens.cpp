@@ -11,24 +11,19 @@ using namespace visca;
 
 namespace
 {
-/// How far a controller may zoom, by the digital magnification allowed: 1x (optical only) to 16x.
-constexpr BU_S32 MAX_ZOOM_POS[] = {16384, 19248, 22113, 24978, 26410, 27843, 28559, 29275,
-                                   29705, 30135, 30421, 30708, 30912, 31117, 31270, 31424};
-
+/// How far a controller may zoom, by the digital magnification allowed.
 BU_S32 visca_GetMaxInfoZoomPos()
 {
     BU_S32 s32Limit = 1;
     PTZ_API_GetMaxDZoomTime(0, &s32Limit, BU_FALSE);
-    const bool bKnown = s32Limit >= 1 && s32Limit <= static_cast<BU_S32>(std::size(MAX_ZOOM_POS));
-    return MAX_ZOOM_POS[bKnown ? s32Limit - 1 : 0];
+    const bool bKnown = s32Limit >= 1 && s32Limit <= std::ssize(PTZ_ZOOM_ENDS);
+    return PTZ_ZOOM_ENDS[bKnown ? s32Limit - 1 : 0];
 }
 
 constexpr Coded<ZF_MOTION_TYPE_E> ZOOM_MOTIONS[] = {
     {VISCA_MSG_E_SET_ZOOM_STOP, ZF_E_ZOOM_STOP},          {VISCA_MSG_E_SET_ZOOM_TELE_STANDARD, ZF_E_ZOOM_TELE},
     {VISCA_MSG_E_SET_ZOOM_WIDE_STANDARD, ZF_E_ZOOM_WIDE}, {VISCA_MSG_E_SET_ZOOM_TELE_VARIABLE, ZF_E_ZOOM_TELE},
     {VISCA_MSG_E_SET_ZOOM_WIDE_VARIABLE, ZF_E_ZOOM_WIDE}, {VISCA_MSG_E_SET_ZOOM_DIRECT_POS, ZF_E_ZOOM_DIRECT_POS}};
-
-constexpr BU_S32 MIN_FOCUS_POS = 175, MAX_FOCUS_POS = 7095;
 
 constexpr Coded<ZF_MOTION_TYPE_E> FOCUS_MOTIONS[] = {
     {VISCA_MSG_E_SET_FOCUS_STOP, ZF_E_FOCUS_STOP},          {VISCA_MSG_E_SET_FOCUS_FAR_STANDARD, ZF_E_FOCUS_FAR},
@@ -99,7 +94,7 @@ BU_S32 viscaCtrlFocus(tagVISCA_CTRL_INFO_S *pstInfo)
     const auto &stFocus = pstInfo->stFocusCtrl;
     TRACE("%d\n", stFocus.enFocusType);
     if (stFocus.enFocusType == VISCA_MSG_E_SET_FOCUS_DIRECT_POS &&
-        (stFocus.u16FocusPos < MIN_FOCUS_POS || stFocus.u16FocusPos > MAX_FOCUS_POS)) {
+        (stFocus.u16FocusPos < AF_FAR_END || stFocus.u16FocusPos > AF_NEAR_END)) {
         TRACE("focus pos %d out of range\n", stFocus.u16FocusPos);
         return -1;
     }

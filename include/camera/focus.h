@@ -11,9 +11,11 @@ struct tagFaceRectInfo {
     BU_S32 updatelevel;
 };
 
+constexpr BU_S32 AF_FAR_END = 175, AF_NEAR_END = 7095; ///< focus positions
+
 /// Starts or stops the focus drive and returns at once. @param u8Speed  1 slowest ... 8 fastest. @return 0 or -1
 BU_S32 AF_API_SetFocusAct(BU_S32 s32Dev, FOCUS_ACTION_E enAction, BU_U8 u8Speed);
-/// Focus position, 175 far ... 7095 near; the setter moves there and returns at once, its flags change nothing more.
+/// Focus position from end to end; the setter moves there and returns at once, its flags change nothing more.
 BU_SETTING_DEV(AF_API_, FocusAbs)
 BU_S32 AF_API_GetFocusPos(BU_S32 s32Dev, BU_S32 *ps32Pos);
 BU_S32 AF_API_SetFocusPos(BU_S32 s32Dev, BU_S32 s32Pos);

@@ -32,11 +32,6 @@ constexpr BU_S64 VISCA_PART = 6, MOTOR_PART = 625;
 static_assert(MOTOR_PART * 144 == VISCA_PART * MOTOR_PER_DEGREE * 10);
 constexpr BU_S32 MOTOR_PER_CENTIDEGREE = MOTOR_PER_DEGREE / 100;
 
-/// End of the zoom range at each digital-zoom limit; the first row is the end of the lens.
-constexpr std::array<BU_S32, 16> ZOOM_ENDS = {16384, 19248, 22113, 24978, 26410, 27843, 28559, 29275,
-                                              29705, 30135, 30421, 30708, 30912, 31117, 31270, 31424};
-static_assert(ZOOM_ENDS.front() == ZOOM_OPTICAL_END);
-
 constexpr double FACE_HEIGHT_CM = 24, PICTURE_HEIGHT_PER_CM = 1.15; // of a scene, without zoom, per cm of distance
 } // namespace
 
@@ -78,18 +73,18 @@ BU_S32 motorFromCentiDegrees(BU_S32 s32CentiDegrees)
 
 BU_S32 zoomEnd(BU_S32 s32DigitalLimit)
 {
-    const bool bKnown = s32DigitalLimit >= 1 && s32DigitalLimit <= static_cast<BU_S32>(ZOOM_ENDS.size());
-    return bKnown ? ZOOM_ENDS[s32DigitalLimit - 1] : ZOOM_OPTICAL_END;
+    const bool bKnown = s32DigitalLimit >= 1 && s32DigitalLimit <= static_cast<BU_S32>(PTZ_ZOOM_ENDS.size());
+    return bKnown ? PTZ_ZOOM_ENDS[s32DigitalLimit - 1] : ZOOM_OPTICAL_END;
 }
 
 double magnificationOf(BU_S32 s32ZoomPos)
 {
-    const BU_S32 s32Pos = std::clamp(s32ZoomPos, 0, ZOOM_ENDS.back());
+    const BU_S32 s32Pos = std::clamp(s32ZoomPos, 0, PTZ_ZOOM_ENDS.back());
     if (s32Pos <= ZOOM_OPTICAL_END) return std::pow(opticalZoom(), static_cast<double>(s32Pos) / ZOOM_OPTICAL_END);
-    const auto above = std::ranges::lower_bound(ZOOM_ENDS, s32Pos);
+    const auto above = std::ranges::lower_bound(PTZ_ZOOM_ENDS, s32Pos);
     const BU_S32 s32Below = *(above - 1);
-    const double dFactor =
-        static_cast<double>(above - ZOOM_ENDS.begin()) + static_cast<double>(s32Pos - s32Below) / (*above - s32Below);
+    const double dFactor = static_cast<double>(above - PTZ_ZOOM_ENDS.begin()) +
+                           static_cast<double>(s32Pos - s32Below) / (*above - s32Below);
     return opticalZoom() * dFactor;
 }
 
@@ -98,10 +93,11 @@ BU_S32 zoomPosOf(double dMagnification)
     if (!(dMagnification > 1)) return 0;
     if (dMagnification <= opticalZoom())
         return static_cast<BU_S32>(std::lround(ZOOM_OPTICAL_END * std::log(dMagnification) / std::log(opticalZoom())));
-    const double dFactor = std::min<double>(dMagnification / opticalZoom(), ZOOM_ENDS.size());
-    const auto row = std::min<std::size_t>(static_cast<std::size_t>(dFactor), ZOOM_ENDS.size() - 1);
+    const double dFactor = std::min<double>(dMagnification / opticalZoom(), PTZ_ZOOM_ENDS.size());
+    const auto row = std::min<std::size_t>(static_cast<std::size_t>(dFactor), PTZ_ZOOM_ENDS.size() - 1);
     const double dShare = dFactor - static_cast<double>(row);
-    return static_cast<BU_S32>(std::lround(ZOOM_ENDS[row - 1] + dShare * (ZOOM_ENDS[row] - ZOOM_ENDS[row - 1])));
+    return static_cast<BU_S32>(
+        std::lround(PTZ_ZOOM_ENDS[row - 1] + dShare * (PTZ_ZOOM_ENDS[row] - PTZ_ZOOM_ENDS[row - 1])));
 }
 
 double sharpFocus(double dZoomPos, BU_S32 s32DistanceCm)

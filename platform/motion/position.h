@@ -32,8 +32,8 @@ double magnificationOf(BU_S32 s32ZoomPos);
 /// The position closest to a magnification, 0 up to the digital end; below 1 and not a number: 0.
 BU_S32 zoomPosOf(double dMagnification);
 
-constexpr BU_S32 FOCUS_FAR_END = lens_curve::FAR_END;
-constexpr BU_S32 FOCUS_NEAR_END = lens_curve::NEAR_END;
+constexpr BU_S32 FOCUS_FAR_END = AF_FAR_END;
+constexpr BU_S32 FOCUS_NEAR_END = AF_NEAR_END;
 /// Where the focus stands when the picture is sharp: the lens curve of a scene at that distance.
 double sharpFocus(double dZoomPos, BU_S32 s32DistanceCm);
 /// Distance of a face that fills the fraction dHeight of the picture height.
