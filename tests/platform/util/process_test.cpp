@@ -3,6 +3,7 @@
 #include "support/await.h"
 #include "util/childProcess.h"
 #include "util/debug.h"
+#include "util/fileDescriptor.h"
 #include "util/journal.h"
 #include "util/log.h"
 #include "util/platform.h"
@@ -103,10 +104,9 @@ TEST_F(ProcessDeathTest, CrashPrintsTheCallStack)
 TEST_F(ProcessTest, ReadinessReachesTheServiceManager)
 {
     const std::string strSocket = outside() + "/notify";
-    sockaddr_un stAddress{};
-    stAddress.sun_family = AF_UNIX;
+    sockaddr_un stAddress{.sun_family = AF_UNIX, .sun_path = {}};
     strSocket.copy(stAddress.sun_path, sizeof(stAddress.sun_path) - 1);
-    const int s32Fd = socket(AF_UNIX, SOCK_DGRAM, 0);
+    const util::FileDescriptor s32Fd(socket(AF_UNIX, SOCK_DGRAM, 0));
     ASSERT_EQ(bind(s32Fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof(stAddress)), 0);
     setenv("NOTIFY_SOCKET", strSocket.c_str(), 1);
     PLATFORM_Ready();
@@ -114,7 +114,6 @@ TEST_F(ProcessTest, ReadinessReachesTheServiceManager)
     std::array<BU_CHAR, 64> acText{};
     EXPECT_EQ(recv(s32Fd, acText.data(), acText.size(), MSG_DONTWAIT), 7);
     EXPECT_STREQ(acText.data(), "READY=1");
-    close(s32Fd);
 }
 
 TEST_F(ProcessTest, PortsMoveByTheOffsetButNeverBeyondThePorts)
@@ -173,15 +172,11 @@ TEST_F(ProcessTest, RestartKeepsArgumentsAndLeavesNoFileAndNoChildBehind)
 {
     setenv("RESTART_MARK", (outside() + "/mark").c_str(), 1);
     const pid_t pid = fork();
-    if (pid == 0) {
-        execl("/proc/self/exe", "camera", "--gtest_also_run_disabled_tests", "--gtest_filter=*Restarted.Stage",
-              nullptr);
-        _exit(1);
-    }
+    constexpr const char *FILTER = "--gtest_filter=*Restarted.Stage";
+    if (pid == 0) _exit(execl("/proc/self/exe", "camera", "--gtest_also_run_disabled_tests", FILTER, nullptr));
     int s32Status = 0;
     waitpid(pid, &s32Status, 0);
     unsetenv("RESTART_MARK");
-    ASSERT_TRUE(WIFEXITED(s32Status));
-    EXPECT_EQ(WEXITSTATUS(s32Status), 42);
+    EXPECT_TRUE(WIFEXITED(s32Status) && WEXITSTATUS(s32Status) == 42) << s32Status;
 }
 } // namespace
