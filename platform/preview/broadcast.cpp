@@ -1,3 +1,4 @@
+/// Which caches are listened to, and which viewer gets which packet.
 #include "broadcast.h"
 
 #include "registry.h"
@@ -12,12 +13,12 @@ constexpr BU_S32 AUDIO_CACHE = 6;
 
 std::span<const BU_U8> bytesOf(const STREAM_PACKET_S &st) { return {st.pu8Data, st.u32Length}; }
 
-preview::tagHEADER_S headerOf(const preview::tagARRIVAL_S &stArrival, BU_S32 s32EncodeType, BU_U32 u32Sequence)
+preview::Header headerOf(const preview::Arrival &stArrival, BU_S32 s32EncodeType, BU_U32 u32Sequence)
 {
     const STREAM_PACKET_METADATA_S &stMetadata = stArrival.stMetadata;
-    preview::tagHEADER_S stHeader;
+    preview::Header stHeader;
     stHeader.u8Codec = static_cast<BU_U8>(s32EncodeType);
-    if (stArrival.pstPacket->bKeyFrame) stHeader.u8Flags = preview::tagHEADER_S::KEY_FRAME;
+    if (stArrival.pstPacket->bKeyFrame) stHeader.u8Flags = preview::Header::KEY_FRAME;
     stHeader.Sequence.set(u32Sequence);
     stHeader.Width.set(static_cast<BU_U64>(stMetadata.s32Width));
     stHeader.Height.set(static_cast<BU_U64>(stMetadata.s32Height));
@@ -49,14 +50,14 @@ void Feed::requestKeyFrame() const
     if (m_pstCache) STREAM_requestKeyFrame(m_pstCache);
 }
 
-Broadcast::Broadcast(const std::shared_ptr<Inbox> &pstInbox, std::function<void(tagVIEWER_S &)> fnWaiting)
+Broadcast::Broadcast(const std::shared_ptr<Inbox> &pstInbox, std::function<void(Viewer &)> fnWaiting)
     : m_pstInbox(pstInbox), m_fnWaiting(std::move(fnWaiting)), m_audio(pstInbox, AUDIO, "previewAudio")
 {
 }
 
-void Broadcast::add(tagVIEWER_S &stViewer)
+void Broadcast::add(Viewer &stViewer)
 {
-    tagCHANNEL_S &channel = m_channels.try_emplace(stViewer.u32Channel, m_pstInbox, stViewer.u32Channel).first->second;
+    Channel &channel = m_channels.try_emplace(stViewer.u32Channel, m_pstInbox, stViewer.u32Channel).first->second;
     channel.viewers.push_back(&stViewer);
     const bool bFirst = channel.viewers.size() == 1;
     if (bFirst) m_pstInbox->watch(stViewer.u32Channel, true);
@@ -64,7 +65,7 @@ void Broadcast::add(tagVIEWER_S &stViewer)
     if (!bFirst) channel.feed.requestKeyFrame(); // a new feed has asked for one itself
 }
 
-void Broadcast::remove(tagVIEWER_S &stViewer)
+void Broadcast::remove(Viewer &stViewer)
 {
     const auto it = m_channels.find(stViewer.u32Channel);
     if (it == m_channels.end() || std::erase(it->second.viewers, &stViewer) == 0) return;
@@ -86,7 +87,7 @@ void Broadcast::connect()
     for (auto &[u32Channel, channel] : m_channels) {
         channel.feed.connect(channel.viewers.empty() ? nullptr
                                                      : STREAM_getStreamCacheById(registry().idOf(u32Channel)));
-        bAudio |= channel.feed.isLive() && std::ranges::any_of(channel.viewers, &tagVIEWER_S::bAudio);
+        bAudio |= channel.feed.isLive() && std::ranges::any_of(channel.viewers, &Viewer::bAudio);
     }
     m_audio.connect(bAudio ? STREAM_getStreamCacheById(AUDIO_CACHE) : nullptr);
 }
@@ -94,44 +95,44 @@ void Broadcast::connect()
 void Broadcast::distribute()
 {
     connect(); // a channel may have got another id
-    const Inbox::tagBATCH_S stBatch = m_pstInbox->take();
+    const Inbox::Batch stBatch = m_pstInbox->take();
     if (stBatch.bLost)
         for (auto &[u32Channel, channel] : m_channels)
-            for (tagVIEWER_S *pstViewer : channel.viewers) pstViewer->queue.lose();
-    for (const tagARRIVAL_S &stArrival : stBatch.arrivals)
+            for (Viewer *pstViewer : channel.viewers) pstViewer->queue.lose();
+    for (const Arrival &stArrival : stBatch.arrivals)
         stArrival.u32Source == AUDIO ? giveAudio(stArrival) : give(stArrival);
 }
 
-void Broadcast::give(const tagARRIVAL_S &stArrival)
+void Broadcast::give(const Arrival &stArrival)
 {
     const auto it = m_channels.find(stArrival.u32Source);
     if (it == m_channels.end() || it->second.viewers.empty()) return;
-    tagCHANNEL_S &channel = it->second;
+    Channel &channel = it->second;
     const STREAM_PACKET_S &stPacket = *stArrival.pstPacket;
     if (stPacket.s32EncodeType != 0) channel.s32EncodeType = stPacket.s32EncodeType;
     const auto pstMessage =
         std::make_shared<Message>(headerOf(stArrival, channel.s32EncodeType, channel.u32Sequence++), bytesOf(stPacket));
-    for (tagVIEWER_S *pstViewer : channel.viewers) offer(*pstViewer, pstMessage);
+    for (Viewer *pstViewer : channel.viewers) offer(*pstViewer, pstMessage);
 }
 
-void Broadcast::giveAudio(const tagARRIVAL_S &stArrival)
+void Broadcast::giveAudio(const Arrival &stArrival)
 {
     const STREAM_PACKET_S &stPacket = *stArrival.pstPacket;
     const auto pstMessage =
         std::make_shared<Message>(headerOf(stArrival, stPacket.s32EncodeType, m_u32AudioSequence++), bytesOf(stPacket));
     for (auto &[u32Channel, channel] : m_channels) {
         if (!channel.feed.isLive()) continue;
-        for (tagVIEWER_S *pstViewer : channel.viewers)
+        for (Viewer *pstViewer : channel.viewers)
             if (pstViewer->bAudio) offer(*pstViewer, pstMessage);
     }
 }
 
-void Broadcast::offer(tagVIEWER_S &stViewer, const MessageRef &pstMessage)
+void Broadcast::offer(Viewer &stViewer, const MessageRef &pstMessage)
 {
     if (stViewer.queue.offer(pstMessage)) m_fnWaiting(stViewer);
 }
 
-void Broadcast::requestKeyFrame(const tagVIEWER_S &stViewer) const
+void Broadcast::requestKeyFrame(const Viewer &stViewer) const
 {
     const auto it = m_channels.find(stViewer.u32Channel);
     if (it != m_channels.end()) it->second.feed.requestKeyFrame();

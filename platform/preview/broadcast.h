@@ -11,7 +11,7 @@
 namespace preview
 {
 /// A connection that watches a channel.
-struct tagVIEWER_S {
+struct Viewer {
     void *pvConnection = nullptr; ///< the owner's
     bool bAudio = false;          ///< wants the sound too
     BU_U32 u32Channel = 0;
@@ -46,33 +46,33 @@ class Broadcast
 {
 public:
     /// @param fnWaiting  is told when a viewer's queue has something to send
-    Broadcast(const std::shared_ptr<Inbox> &pstInbox, std::function<void(tagVIEWER_S &)> fnWaiting);
+    Broadcast(const std::shared_ptr<Inbox> &pstInbox, std::function<void(Viewer &)> fnWaiting);
 
-    void add(tagVIEWER_S &stViewer);
-    void remove(tagVIEWER_S &stViewer); ///< one that is not there is tolerated
+    void add(Viewer &stViewer);
+    void remove(Viewer &stViewer); ///< one that is not there is tolerated
     std::size_t size() const;
     void distribute(); ///< what lies in the inbox, to the viewers
-    void requestKeyFrame(const tagVIEWER_S &stViewer) const;
+    void requestKeyFrame(const Viewer &stViewer) const;
 
 private:
-    struct tagCHANNEL_S {
-        tagCHANNEL_S(const std::shared_ptr<Inbox> &pstInbox, BU_U32 u32Channel)
+    struct Channel {
+        Channel(const std::shared_ptr<Inbox> &pstInbox, BU_U32 u32Channel)
             : feed(pstInbox, u32Channel, "preview" + std::to_string(u32Channel))
         {
         }
         Feed feed;
-        std::vector<tagVIEWER_S *> viewers;
+        std::vector<Viewer *> viewers;
         BU_U32 u32Sequence = 0;
         BU_S32 s32EncodeType = 0; // what the last key frame was, for packets that do not tell
     };
     void connect();
-    void give(const tagARRIVAL_S &stArrival);
-    void giveAudio(const tagARRIVAL_S &stArrival);
-    void offer(tagVIEWER_S &stViewer, const MessageRef &pstMessage);
+    void give(const Arrival &stArrival);
+    void giveAudio(const Arrival &stArrival);
+    void offer(Viewer &stViewer, const MessageRef &pstMessage);
 
     const std::shared_ptr<Inbox> m_pstInbox;
-    const std::function<void(tagVIEWER_S &)> m_fnWaiting;
-    std::map<BU_U32, tagCHANNEL_S> m_channels; // by number
+    const std::function<void(Viewer &)> m_fnWaiting;
+    std::map<BU_U32, Channel> m_channels; // by number
     Feed m_audio;
     BU_U32 m_u32AudioSequence = 0;
 };

@@ -1,3 +1,4 @@
+/// The few things of HTTP.
 #include "http.h"
 
 #include <algorithm>

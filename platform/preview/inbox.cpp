@@ -1,10 +1,11 @@
+/// What waits for the service thread, within its limits.
 #include "inbox.h"
 
 #include <utility>
 
 namespace preview
 {
-void Inbox::put(tagARRIVAL_S stArrival)
+void Inbox::put(Arrival stArrival)
 {
     const std::lock_guard guard(m_lock);
     if (m_packets >= PACKETS_MAX || m_bytes > BYTES_MAX) {
@@ -17,7 +18,7 @@ void Inbox::put(tagARRIVAL_S stArrival)
     m_arrivals.post(std::move(stArrival));
 }
 
-Inbox::tagBATCH_S Inbox::take()
+Inbox::Batch Inbox::take()
 {
     const std::lock_guard guard(m_lock);
     m_packets = m_bytes = 0;

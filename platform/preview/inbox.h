@@ -11,7 +11,7 @@
 
 namespace preview
 {
-struct tagARRIVAL_S {
+struct Arrival {
     BU_U32 u32Source; ///< number of the channel, or AUDIO
     STREAM_PACKET_REF pstPacket;
     STREAM_PACKET_METADATA_S stMetadata;
@@ -28,22 +28,22 @@ public:
     explicit Inbox(std::function<void()> fnWake) : m_arrivals(std::move(fnWake)) {}
 
     /// Never waits for the service thread. What it leaves lying beyond the limits is lost.
-    void put(tagARRIVAL_S stArrival);
+    void put(Arrival stArrival);
     void wake() { m_arrivals.wake(); }
     void close() { m_arrivals.close(); } ///< nothing is taken in and nobody woken after this
 
-    struct tagBATCH_S {
-        std::deque<tagARRIVAL_S> arrivals;
+    struct Batch {
+        std::deque<Arrival> arrivals;
         bool bLost = false; ///< packets before these were lost
     };
-    tagBATCH_S take();
+    Batch take();
 
     void watch(BU_U32 u32Source, bool bWatched); ///< whether anybody wants the packets
     bool isWatched(BU_U32 u32Source) const;
 
 private:
     mutable std::mutex m_lock; // guards everything below, so that the numbers fit the mailbox
-    util::Mailbox<tagARRIVAL_S> m_arrivals;
+    util::Mailbox<Arrival> m_arrivals;
     std::size_t m_packets = 0, m_bytes = 0; // in it
     bool m_bLost = false;
     std::set<BU_U32> m_watched;

@@ -11,7 +11,7 @@ namespace preview
 {
 using util::BigEndian;
 
-struct tagHEADER_S {
+struct Header {
     static constexpr BU_U8 KEY_FRAME = 0x01;
 
     BU_U8 au8Magic[4]{'P', 'T', 'Z', 1}; // the last byte is the version
@@ -25,8 +25,8 @@ struct tagHEADER_S {
     BU_U8 u8Channels{};
     BU_U8 au8Reserved[3]{};
 };
-static_assert(sizeof(tagHEADER_S) == 32 && offsetof(tagHEADER_S, Sequence) == 8 && offsetof(tagHEADER_S, Width) == 12 &&
-              offsetof(tagHEADER_S, TimestampUs) == 16 && offsetof(tagHEADER_S, SampleRate) == 24);
+static_assert(sizeof(Header) == 32 && offsetof(Header, Sequence) == 8 && offsetof(Header, Width) == 12 &&
+              offsetof(Header, TimestampUs) == 16 && offsetof(Header, SampleRate) == 24);
 
 /// One message, shared by everybody it goes to. The frame header that the WebSocket library writes in front of it
 /// depends on its size alone, so all sends may use the same memory, one after the other.
@@ -35,7 +35,7 @@ class Message
 public:
     static constexpr std::size_t HEADROOM = 16;
 
-    Message(const tagHEADER_S &stHeader, std::span<const BU_U8> packet);
+    Message(const Header &stHeader, std::span<const BU_U8> packet);
     BU_U8 *data() const { return m_bytes.get() + HEADROOM; } ///< HEADROOM bytes before it may be overwritten
     std::size_t size() const { return m_size; }
     bool isKeyFrame() const { return m_bKeyFrame; }

@@ -1,3 +1,4 @@
+/// What a recorded packet is, told by its first bytes.
 #include "playback.h"
 
 #include "util/time.h"
@@ -6,7 +7,7 @@
 
 namespace
 {
-struct tagRECORDED_S {
+struct Recorded {
     std::vector<BU_U8> bytes;
     STREAM_PACKET_S stPacket;
 };
@@ -25,7 +26,7 @@ constexpr bool startsAt(std::span<const BU_U8> packet, std::size_t i)
 
 namespace preview
 {
-tagPICTURE_S pictureOf(std::span<const BU_U8> packet)
+PictureKind pictureOf(std::span<const BU_U8> packet)
 {
     if (!startsAt(packet, 0) && !(startsAt(packet, 1) && packet[0] == 0)) return {0, true};
     for (std::size_t i = 0; i + 3 < packet.size(); ++i) {
@@ -39,9 +40,9 @@ tagPICTURE_S pictureOf(std::span<const BU_U8> packet)
 
 STREAM_PACKET_REF recordedPacket(std::span<const BU_U8> packet)
 {
-    const auto pst = std::make_shared<tagRECORDED_S>();
+    const auto pst = std::make_shared<Recorded>();
     pst->bytes.assign(packet.begin(), packet.end());
-    const tagPICTURE_S stPicture = pictureOf(packet);
+    const PictureKind stPicture = pictureOf(packet);
     pst->stPacket = {pst->bytes.data(), static_cast<BU_U32>(pst->bytes.size()), static_cast<BU_U64>(UTIL_TIME_NowUs()),
                      stPicture.bKeyFrame, stPicture.s32EncodeType};
     return {pst, &pst->stPacket};

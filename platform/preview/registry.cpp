@@ -1,3 +1,4 @@
+/// The channels by name.
 #include "registry.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ Registry &registry()
 void Registry::add(BU_S32 s32Id, std::string_view name)
 {
     const std::lock_guard guard(m_lock);
-    const auto it = std::ranges::find(m_channels, name, &tagCHANNEL_S::strName);
+    const auto it = std::ranges::find(m_channels, name, &Channel::strName);
     if (it == m_channels.end())
         m_channels.push_back({std::string(name), s32Id});
     else
@@ -23,7 +24,7 @@ void Registry::add(BU_S32 s32Id, std::string_view name)
 std::optional<BU_U32> Registry::find(std::string_view name) const
 {
     const std::lock_guard guard(m_lock);
-    const auto it = std::ranges::find(m_channels, name, &tagCHANNEL_S::strName);
+    const auto it = std::ranges::find(m_channels, name, &Channel::strName);
     if (it == m_channels.end()) return std::nullopt;
     return static_cast<BU_U32>(it - m_channels.begin());
 }
@@ -38,7 +39,7 @@ std::vector<std::string> Registry::names() const
 {
     const std::lock_guard guard(m_lock);
     std::vector<std::string> list;
-    for (const tagCHANNEL_S &st : m_channels) list.push_back(st.strName);
+    for (const Channel &st : m_channels) list.push_back(st.strName);
     return list;
 }
 } // namespace preview

@@ -21,12 +21,12 @@ public:
     std::vector<std::string> names() const; ///< in order of their numbers
 
 private:
-    struct tagCHANNEL_S {
+    struct Channel {
         std::string strName;
         BU_S32 s32Id;
     };
     mutable std::mutex m_lock; // guards m_channels
-    std::vector<tagCHANNEL_S> m_channels;
+    std::vector<Channel> m_channels;
 };
 Registry &registry();
 } // namespace preview

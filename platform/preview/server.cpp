@@ -1,3 +1,4 @@
+/// The server: who may connect and watch, what a viewer may say, when a connection ends.
 #include "server.h"
 
 #include "admission.h"
@@ -26,12 +27,12 @@ constexpr std::size_t CLIENT_MESSAGE = 16; // [bytes] what a viewer may say
 constexpr std::string_view KEY_REQUEST = "key";
 constexpr lws_retry_bo_t LIVENESS{nullptr, 0, 0, 20, 60, 0}; // a ping after 20 s of silence, gone after 60 s
 
-struct tagCONNECTION_S {
+struct Connection {
     lws *pstWsi = nullptr;
     std::string strAddress;
     BU_S64 s64DeadlineMs = 0; // for its request; 0: kept
     MessageMeter meter;
-    tagVIEWER_S stViewer;
+    Viewer stViewer;
 };
 typedef std::unique_ptr<lws_context, decltype(&lws_context_destroy)> Context;
 
@@ -68,7 +69,7 @@ private:
     void dropLate();
 
     std::shared_ptr<Inbox> m_pstInbox;
-    std::map<lws *, std::unique_ptr<tagCONNECTION_S>> m_connections;
+    std::map<lws *, std::unique_ptr<Connection>> m_connections;
     Admission m_admission;
     const OriginRule m_originRule;
     std::optional<Broadcast> m_broadcast;
@@ -94,7 +95,7 @@ int onEvent(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, void *pvIn
 constexpr std::size_t WHOLE_MESSAGE = 1 << 30;
 constexpr lws_protocols PROTOCOLS[] = {{"preview", onEvent, 0, CLIENT_MESSAGE + 1, 0, nullptr, WHOLE_MESSAGE}, {}};
 
-tagCONNECTION_S *connectionOf(lws *pstWsi) { return static_cast<tagCONNECTION_S *>(lws_get_opaque_user_data(pstWsi)); }
+Connection *connectionOf(lws *pstWsi) { return static_cast<Connection *>(lws_get_opaque_user_data(pstWsi)); }
 
 std::string addressOf(lws *pstWsi)
 {
@@ -133,8 +134,8 @@ bool LwsServer::listen(const std::string &strAddress, BU_S32 s32Port)
     m_context.reset(lws_create_context(&stInfo));
     if (!m_context) return false;
     m_pstInbox = std::make_shared<Inbox>([pstContext = m_context.get()] { lws_cancel_service(pstContext); });
-    m_broadcast.emplace(m_pstInbox, [](tagVIEWER_S &stViewer) {
-        lws_callback_on_writable(static_cast<tagCONNECTION_S *>(stViewer.pvConnection)->pstWsi);
+    m_broadcast.emplace(m_pstInbox, [](Viewer &stViewer) {
+        lws_callback_on_writable(static_cast<Connection *>(stViewer.pvConnection)->pstWsi);
     });
     m_deadlines.emplace("previewDeadline");
     stInfo.vhost_name = "preview";
@@ -195,7 +196,7 @@ int LwsServer::handle(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, 
 
 void LwsServer::enter(lws *pstWsi)
 {
-    auto pst = std::make_unique<tagCONNECTION_S>();
+    auto pst = std::make_unique<Connection>();
     pst->pstWsi = pstWsi;
     pst->strAddress = addressOf(pstWsi);
     pst->s64DeadlineMs = UTIL_TIME_NowMs() + HANDSHAKE_MS;
@@ -222,7 +223,7 @@ int LwsServer::admit(lws *pstWsi, std::string_view protocol)
     const auto strOrigin = http::header(pstWsi, WSI_TOKEN_ORIGIN), strHost = http::header(pstWsi, WSI_TOKEN_HOST);
     const std::string strPath = http::header(pstWsi, WSI_TOKEN_GET_URI).value_or("");
     const auto channel = strPath.starts_with('/') ? registry().find(strPath.substr(1)) : std::nullopt;
-    tagCONNECTION_S *pst = connectionOf(pstWsi);
+    Connection *pst = connectionOf(pstWsi);
     if (!pst || protocol != "websocket") return http::answer(pstWsi, 400, "The preview speaks WebSocket only\n");
     if (strOrigin && !m_originRule.allows(*strOrigin, strHost.value_or(""))) {
         LOG_WARN("preview: a page of %s may not watch\n", strOrigin->c_str());
@@ -237,14 +238,14 @@ int LwsServer::admit(lws *pstWsi, std::string_view protocol)
 
 void LwsServer::establish(lws *pstWsi)
 {
-    tagCONNECTION_S &connection = *connectionOf(pstWsi);
+    Connection &connection = *connectionOf(pstWsi);
     connection.s64DeadlineMs = 0;
     m_broadcast->add(connection.stViewer);
 }
 
 int LwsServer::receive(lws *pstWsi, std::string_view text)
 {
-    tagCONNECTION_S &connection = *connectionOf(pstWsi);
+    Connection &connection = *connectionOf(pstWsi);
     if (text.size() + lws_remaining_packet_payload(pstWsi) > CLIENT_MESSAGE)
         return closeWith(pstWsi, LWS_CLOSE_STATUS_MESSAGE_TOO_LARGE);
     const bool bKnown = text == KEY_REQUEST && lws_is_first_fragment(pstWsi) && lws_is_final_fragment(pstWsi);
@@ -256,7 +257,7 @@ int LwsServer::receive(lws *pstWsi, std::string_view text)
 
 int LwsServer::send(lws *pstWsi)
 {
-    tagVIEWER_S &stViewer = connectionOf(pstWsi)->stViewer;
+    Viewer &stViewer = connectionOf(pstWsi)->stViewer;
     const MessageRef pstMessage = stViewer.queue.take();
     if (!pstMessage) return 0;
     if (lws_write(pstWsi, pstMessage->data(), pstMessage->size(), LWS_WRITE_BINARY) < 0) return -1;

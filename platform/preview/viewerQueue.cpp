@@ -1,3 +1,4 @@
+/// When a viewer loses what waits for it.
 #include "viewerQueue.h"
 
 namespace preview

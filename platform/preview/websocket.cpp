@@ -1,3 +1,4 @@
+/// The service's calls: start, stop, channels, packets of a recording.
 #include "live/websocket.h"
 
 #include "inbox.h"
@@ -15,16 +16,16 @@ namespace
 {
 using namespace preview;
 
-struct tagSERVICE_S {
+struct Service {
     std::mutex control; // one start or stop at a time; guards pstServer
     std::unique_ptr<Server> pstServer;
     std::mutex state; // guards the rest
     bool bInitd = false;
     std::shared_ptr<Inbox> pstInbox; // of the running server, else null
 };
-tagSERVICE_S &service()
+Service &service()
 {
-    static tagSERVICE_S &st = *new tagSERVICE_S; // threads may use it until the process ends
+    static Service &st = *new Service; // threads may use it until the process ends
     return st;
 }
 

@@ -1,3 +1,4 @@
+/// Caches for the tests, in place of the media library's.
 #include "fakeCaches.h"
 #include "streamCache.h"
 
@@ -5,35 +6,32 @@
 
 namespace
 {
-struct tagCACHE_S {
+struct Cache {
     BU_S32 s32Id;
     STREAM_PACKET_METADATA_S stMetadata;
     std::atomic<BU_U32> u32KeyRequests{0};
     std::mutex lock{}; // guards nothing but the wait
     std::condition_variable demand{};
     BU_U64 u64Written = 0;
-    STREAM_CACHE_S cache{{[this] {
-                              const std::lock_guard guard(lock);
-                              demand.notify_all();
-                          },
-                          [this] {
-                              ++u32KeyRequests;
-                              return 0;
-                          },
-                          [] { return 600; }}};
+    STREAM_CACHE_S cache{{[this] { wake(); }, [this] { return ++u32KeyRequests, 0; }, [] { return 600; }}};
+    void wake()
+    {
+        const std::lock_guard guard(lock);
+        demand.notify_all();
+    }
 };
-std::array<tagCACHE_S, 3> &caches()
+std::array<Cache, 3> &caches()
 {
-    static auto &list = *new std::array<tagCACHE_S, 3>{tagCACHE_S{2, {STREAM_TYPE_H264, 640, 360, 30, 1, 0, 0, 0}},
-                                                       tagCACHE_S{4, {STREAM_TYPE_H265, 320, 180, 15, 1, 0, 0, 0}},
-                                                       tagCACHE_S{6, {STREAM_TYPE_AAC, 0, 0, 0, 0, 48000, 2, 1024}}};
+    static auto &list = *new std::array<Cache, 3>{Cache{2, {STREAM_TYPE_H264, 640, 360, 30, 1, 0, 0, 0}},
+                                                  Cache{4, {STREAM_TYPE_H265, 320, 180, 15, 1, 0, 0, 0}},
+                                                  Cache{6, {STREAM_TYPE_AAC, 0, 0, 0, 0, 48000, 2, 1024}}};
     return list;
 }
-tagCACHE_S &at(BU_S32 s32Id)
+Cache &at(BU_S32 s32Id)
 {
     return *std::find_if(caches().begin(), caches().end(), [&](const auto &st) { return st.s32Id == s32Id; });
 }
-struct tagBYTES_S {
+struct Packet {
     std::string strBytes;
     STREAM_PACKET_S stPacket;
 };
@@ -41,7 +39,7 @@ struct tagBYTES_S {
 
 void FakeCaches::reset()
 {
-    for (tagCACHE_S &st : caches()) {
+    for (Cache &st : caches()) {
         st.cache.clear();
         st.cache.introduce(st.stMetadata);
         st.u32KeyRequests = 0;
@@ -50,8 +48,8 @@ void FakeCaches::reset()
 
 BU_U64 FakeCaches::write(BU_S32 s32Id, const std::string &strBytes, bool bKeyFrame)
 {
-    tagCACHE_S &st = at(s32Id);
-    const auto pst = std::make_shared<tagBYTES_S>();
+    Cache &st = at(s32Id);
+    const auto pst = std::make_shared<Packet>();
     pst->strBytes = strBytes;
     const BU_U64 u64Timestamp = 0x0102030405060000 + ++st.u64Written;
     pst->stPacket = {reinterpret_cast<const BU_U8 *>(pst->strBytes.data()), static_cast<BU_U32>(strBytes.size()),
@@ -64,14 +62,14 @@ BU_U32 FakeCaches::keyRequests(BU_S32 s32Id) { return at(s32Id).u32KeyRequests; 
 
 bool FakeCaches::waitForConsumers(BU_S32 s32Id, bool bAny)
 {
-    tagCACHE_S &st = at(s32Id);
+    Cache &st = at(s32Id);
     std::unique_lock guard(st.lock);
     return st.demand.wait_for(guard, std::chrono::seconds(20), [&] { return st.cache.isWanted() == bAny; });
 }
 
 STREAM_CACHE_S *STREAM_getStreamCacheById(BU_S32 s32Id)
 {
-    for (tagCACHE_S &st : caches())
+    for (Cache &st : caches())
         if (st.s32Id == s32Id) return &st.cache;
     return nullptr;
 }

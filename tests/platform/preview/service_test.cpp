@@ -1,3 +1,4 @@
+/// The running service: real viewers on the loopback, the test writes the caches.
 #include "fakeCaches.h"
 #include "live/websocket.h"
 #include "server.h"
@@ -7,13 +8,10 @@
 
 #include <gmock/gmock.h>
 
-#include <arpa/inet.h>
 #include <atomic>
 #include <cstdlib>
 #include <deque>
 #include <filesystem>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <thread>
 
 namespace
@@ -62,17 +60,12 @@ TEST_F(Preview, StartsAtAKeyFrameWithItsHeader)
     FakeCaches::write(2, "delta", false);
     const BU_U64 u64Key = FakeCaches::write(2, "key frame", true);
     const auto st = viewer.readMessage();
-    EXPECT_EQ(st.strPacket, "key frame");
-    EXPECT_EQ(st.s32Codec, 17);
-    EXPECT_TRUE(st.bKeyFrame);
-    EXPECT_EQ(st.u64Timestamp, u64Key);
-    EXPECT_EQ(st.u32Width, 640U);
-    EXPECT_EQ(st.u32Height, 360U);
+    EXPECT_EQ(std::tuple(st.strPacket, st.s32Codec, st.bKeyFrame, st.u64Timestamp, st.u32Width, st.u32Height),
+              std::tuple("key frame", 17, true, u64Key, 640U, 360U));
     FakeCaches::write(2, "next", false);
     const auto stNext = viewer.readMessage();
-    EXPECT_EQ(stNext.strPacket, "next");
-    EXPECT_FALSE(stNext.bKeyFrame);
-    EXPECT_EQ(stNext.u32Sequence, st.u32Sequence + 1);
+    EXPECT_EQ(std::tuple(stNext.strPacket, stNext.bKeyFrame, stNext.u32Sequence),
+              std::tuple("next", false, st.u32Sequence + 1));
 
     Viewer late = watch("/ch1"); // joins within a group of pictures
     EXPECT_EQ(FakeCaches::keyRequests(2), 2U);
@@ -118,10 +111,8 @@ TEST_F(Preview, SoundForThoseWhoWantItBehindTheFirstPicture)
     EXPECT_EQ(listener.readMessage().strPacket, "picture");
     FakeCaches::write(6, "sound", true);
     const auto st = listener.readMessage();
-    EXPECT_EQ(st.strPacket, "sound");
-    EXPECT_EQ(st.s32Codec, 34);
-    EXPECT_EQ(st.u32SampleRate, 48000U);
-    EXPECT_EQ(st.u32Channels, 2U);
+    EXPECT_EQ(std::tuple(st.strPacket, st.s32Codec, st.u32SampleRate, st.u32Channels),
+              std::tuple("sound", 34, 48000U, 2U));
     FakeCaches::write(4, "second", false);
     EXPECT_EQ(silent.readMessage().s32Codec, 18);
     EXPECT_EQ(silent.readMessage().strPacket, "second");
@@ -167,35 +158,26 @@ TEST_F(Preview, ARecordingReachesTheViewersOfItsChannel)
     Viewer viewer = watch("/ch5"), other = watch("/ch1");
     for (const auto &str : {strDelta, strKey, strDelta}) EXPECT_EQ(push("ch5", str), 0);
     const auto stKey = viewer.readMessage(), stDelta = viewer.readMessage();
-    EXPECT_EQ(stKey.strPacket, strKey);
-    EXPECT_TRUE(stKey.bKeyFrame);
-    EXPECT_EQ(stDelta.strPacket, strDelta);
-    EXPECT_EQ(stDelta.s32Codec, 17);
+    EXPECT_EQ(std::tuple(stKey.strPacket, stKey.bKeyFrame, stDelta.strPacket, stDelta.s32Codec),
+              std::tuple(strKey, true, strDelta, 17));
     FakeCaches::write(2, "live", true);
     EXPECT_EQ(other.readMessage().strPacket, "live") << "the recording is for its channel only";
 }
 
-/// What a viewer may not say, and what it is told, 0: the service ends the connection without a word.
-struct tagVIOLATION_S {
-    const char *pcName;
-    std::string strBytes;
-    int s32Code;
-};
-const tagVIOLATION_S VIOLATIONS[] = {
-    {"unmasked", "\x81\x05hello", 1008},
-    {"unknown opcode", Viewer::masked(0x83, ""), 1002},
-    {"reserved bit", Viewer::masked(0xC1, "key"), 1002},
-    {"fragmented ping", Viewer::masked(0x09, "x"), 1002},
-    {"continuation of nothing", Viewer::masked(0x80, "x"), 1002},
-    {"17 bytes", Viewer::masked(0x81, "seventeen letters"), 1009},
-    {"a gigabyte", "\x82\xFF\0\0\0\0\x3F\xFF\xFF\xFF\1\2\3\4"s + std::string(64, 'x'), 1009},
-    {"no such message", Viewer::masked(0x81, "hello"), 1008},
-    {"half a message", Viewer::masked(0x01, "ke"), 1008},
-    {"garbage", std::string(20, '\xFF'), 1002},
-};
-
 TEST_F(Preview, ViolationsEndTheirConnectionOnly)
 {
+    const std::tuple<const char *, std::string, int> VIOLATIONS[] = {
+        {"unmasked", "\x81\x05hello", 1008},
+        {"unknown opcode", Viewer::masked(0x83, ""), 1002},
+        {"reserved bit", Viewer::masked(0xC1, "key"), 1002},
+        {"fragmented ping", Viewer::masked(0x09, "x"), 1002},
+        {"continuation of nothing", Viewer::masked(0x80, "x"), 1002},
+        {"17 bytes", Viewer::masked(0x81, "seventeen letters"), 1009},
+        {"a gigabyte", "\x82\xFF\0\0\0\0\x3F\xFF\xFF\xFF\1\2\3\4"s + std::string(64, 'x'), 1009},
+        {"no such message", Viewer::masked(0x81, "hello"), 1008},
+        {"half a message", Viewer::masked(0x01, "ke"), 1008},
+        {"garbage", std::string(20, '\xFF'), 1002},
+    };
     Viewer witness = watch("/ch1");
     for (const auto &[pcName, strBytes, s32Code] : VIOLATIONS) {
         Viewer viewer = watch("/ch1");
@@ -209,24 +191,18 @@ TEST_F(Preview, ViolationsEndTheirConnectionOnly)
     EXPECT_EQ(witness.readMessage().strPacket, "still here");
 }
 
-/// Requests that do not become viewers.
-struct tagREQUEST_S {
-    const char *pcName, *pcPath, *pcHeaders;
-    int s32Status;
-};
-constexpr tagREQUEST_S REQUESTS[] = {
-    {"no browser", "/ch1", "", 101},
-    {"page of this machine", "/ch1", "Origin: http://127.0.0.1:8080\r\n", 101},
-    {"page of the host itself", "/ch1", "Origin: https://LOCALHOST\r\n", 101},
-    {"foreign page", "/ch1", "Origin: http://elsewhere.example\r\n", 403},
-    {"foreign page, unknown channel", "/ch9", "Origin: null\r\n", 403},
-    {"unknown channel", "/ch9", "", 404},
-    {"no channel", "/", "", 404},
-    {"longer name", "/ch1/x", "", 404},
-};
-
 TEST_F(Preview, WhoMayWatch)
 {
+    constexpr std::tuple<const char *, const char *, const char *, int> REQUESTS[] = {
+        {"no browser", "/ch1", "", 101},
+        {"page of this machine", "/ch1", "Origin: http://127.0.0.1:8080\r\n", 101},
+        {"page of the host itself", "/ch1", "Origin: https://LOCALHOST\r\n", 101},
+        {"foreign page", "/ch1", "Origin: http://elsewhere.example\r\n", 403},
+        {"foreign page, unknown channel", "/ch9", "Origin: null\r\n", 403},
+        {"unknown channel", "/ch9", "", 404},
+        {"no channel", "/", "", 404},
+        {"longer name", "/ch1/x", "", 404},
+    };
     for (const auto &[pcName, pcPath, pcHeaders, s32Status] : REQUESTS) {
         Viewer viewer(port(), pcPath, pcHeaders);
         EXPECT_EQ(viewer.status(), s32Status) << pcName;
@@ -308,15 +284,8 @@ TEST_F(Preview, OccupiedPortIsRefused)
     const int s32Taken = port();
     WEBSOCKET_StopService();
     {
-        const util::FileDescriptor fd(socket(AF_INET, SOCK_STREAM, 0));
-        const int s32On = 1;
-        setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &s32On, sizeof(s32On));
-        sockaddr_in stAddress{};
-        stAddress.sin_family = AF_INET;
-        stAddress.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        stAddress.sin_port = htons(static_cast<BU_U16>(s32Taken));
-        ASSERT_EQ(bind(fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof(stAddress)), 0);
-        ASSERT_EQ(listen(fd, 1), 0);
+        const auto pstOther = preview::Server::open("127.0.0.1", s32Taken);
+        ASSERT_TRUE(pstOther);
         EXPECT_EQ(WEBSOCKET_StartService(s32Taken), -1);
         EXPECT_EQ(WEBSOCKET_isServiceRunning(), 0);
     }
