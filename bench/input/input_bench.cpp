@@ -2,17 +2,14 @@
 // kernel's pseudo-terminal, which a remote is, and what the handler's.
 #include "board/input.h"
 #include "keys.h"
-#include "store/store.h"
 #include "util/file.h"
 #include "util/thread.h"
 
 #include <array>
 #include <atomic>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
 #include <linux/input.h>
 #include <string>
 #include <termios.h>
@@ -117,14 +114,3 @@ void BM_Handler(benchmark::State &state)
 }
 BENCHMARK(BM_Handler);
 } // namespace
-
-int main(int argc, char **argv)
-{
-    char acFolder[] = "/tmp/camera-bench-XXXXXX";
-    UTIL_ROOT_Set(mkdtemp(acFolder));
-    CFG_STORE_Open(nullptr);
-    setenv("CAMERA_TRACE", "0", 1); // the traces are for people
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    std::filesystem::remove_all(acFolder);
-}

@@ -88,5 +88,3 @@ void renderAndEncode(benchmark::State &state)
 }
 BENCHMARK(renderAndEncode)->Unit(benchmark::kMillisecond);
 } // namespace
-
-BENCHMARK_MAIN();

@@ -120,5 +120,3 @@ void readSettings(benchmark::State &state)
 }
 BENCHMARK(readSettings)->Unit(benchmark::kMicrosecond);
 } // namespace
-
-BENCHMARK_MAIN();

@@ -2,8 +2,8 @@
 // and the sub stream. Baseline: a copy of the canvas.
 #include <SDL2/SDL_surface.h>
 
-#include "media/overlay.h"
 #include "internal.h"
+#include "media/overlay.h"
 #include "painter.h"
 
 #include <benchmark/benchmark.h>
@@ -133,5 +133,3 @@ BENCHMARK(handOver)->Arg(720)->Arg(1080)->Arg(2160)->Unit(benchmark::kMicrosecon
 BENCHMARK(firstPicture)->ArgsProduct({{720, 1080, 2160}, {0, 1}})->Unit(benchmark::kMicrosecond);
 BENCHMARK(furtherPictures)->ArgsProduct({{720, 1080, 2160}, {0, 1}})->Unit(benchmark::kMicrosecond);
 } // namespace
-
-BENCHMARK_MAIN();

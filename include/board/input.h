@@ -33,7 +33,8 @@ BU_S32 BSP_INPUT_StartMonitorEvent(BSP_INPUT_THREAD_S *pstInput);
 /// Ends it and waits for a running callback. @return 0, or -1: not watched, or called by a callback of this device
 BU_S32 BSP_INPUT_StopMonitorEvent(BSP_INPUT_THREAD_S *pstInput);
 
-/// The name of an open input device: that of the kernel; of a watched pseudo-terminal, the device it stands for.
+/// A call of our own. The name of an open input device: that of the kernel; of a watched pseudo-terminal, the device
+/// it stands for.
 /// @param s32Size  of the buffer; a longer name is cut. @return 0, or -1: no input device; the buffer is untouched
 /// Thread: any.
 BU_S32 BSP_INPUT_GetDeviceName(BU_S32 s32Fd, BU_CHAR *pcName, BU_S32 s32Size);

@@ -25,6 +25,16 @@ struct MPP_VOUT_CFG_S {
     BU_S32 s32OutputCs; ///< HDMI_CS_E
 };
 
+/// Outputs that an HDMI distributor chip may serve.
+enum MPP_HDMI_DISTRIBUTOR_TYPE_E : BU_S32 {
+    MPP_HDMI_DISTRIBUTOR_TYPE_HDMI = 0,
+    MPP_HDMI_DISTRIBUTOR_TYPE_3G_SDI,
+    MPP_HDMI_DISTRIBUTOR_TYPE_CA_12G_SDI,
+    MPP_HDMI_DISTRIBUTOR_TYPE_YM_12G_SDI,
+    MPP_HDMI_DISTRIBUTOR_TYPE_FULLNDI,
+    MPP_HDMI_DISTRIBUTOR_MAX
+};
+
 /// Registers a function that MPP_InitCfg runs before it sets anything up; several run in the order of registration.
 /// @return 0, or -1 on null
 BU_S32 MPP_RegisterBeforeInit(BU_S32 (*pfnCb)(void *));
@@ -43,3 +53,8 @@ BU_S32 MPP_GetVoutCfg(MPP_VOUT_ID enOut, MPP_VOUT_CFG_S *pstCfg);
 BU_S32 MPP_SetVoutCfg(MPP_VOUT_ID enOut, const MPP_VOUT_CFG_S *pstCfg);
 /// Video of an output on or off. @return 0, or -1: no such output
 BU_S32 MPP_SwitchVoutVideo(MPP_VOUT_ID enOut, BU_BOOL bOn);
+
+/// The chip's port that serves an output. @return the port, 255: the model has none, or no such output
+BU_S32 MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_E enType);
+/// @return 1: the attached display's description changed, 0; on the PC no display is ever attached
+BU_S32 MPP_IsChangeHdmiEdid();

@@ -1,11 +1,14 @@
-// The audio input. Its volume is a setting of the camera.
+// The audio input, whose volume is a setting of the camera; its encoder; the outputs of the board.
 #include "media/audio.h"
 
 #include "camera/settingEvent.h"
 #include "camera/system.h"
 #include "config/config.h"
+#include "internal.h"
 #include "util/journal.h"
 #include "util/log.h"
+
+#include <iterator>
 
 namespace
 {
@@ -13,10 +16,23 @@ constexpr BU_S32 INPUT = 0, NONE = -1, FORMAT_S16_LE = 0;
 constexpr BU_S32 CHANNELS = 2, SAMPLE_RATE = 48000;
 constexpr const BU_CHAR *VOLUME_KEY = "AudioVolume";
 
-bool hasAudio()
+CFG_FEATURE_LIST_S features()
 {
     CFG_FEATURE_LIST_S stList{};
-    return CFG_FEATURE_GetConfiguration(&stList) == 0 && stList.stGeneral.bAudio;
+    CFG_FEATURE_GetConfiguration(&stList);
+    return stList;
+}
+bool hasAudio() { return features().stGeneral.bAudio; }
+
+/// The outputs; the id of one is its place.
+constexpr struct {
+    AUDIO_DEV_TYPE_E enDev;
+    decltype(&CFG_FEATURE_AV_S::stHdmi) pstIntf;
+} OUTPUTS[] = {{AUDIO_DEV_ALSA, &CFG_FEATURE_AV_S::stHdmi}, {AUDIO_DEV_UAC, &CFG_FEATURE_AV_S::stUsb}};
+bool hasOutput(BU_S32 s32Id)
+{
+    return s32Id >= 0 && s32Id < static_cast<BU_S32>(std::size(OUTPUTS)) &&
+           (features().stAv.*OUTPUTS[s32Id].pstIntf).bSupport;
 }
 } // namespace
 
@@ -60,4 +76,34 @@ BU_S32 AUDIO_AI_SetAttr(BU_S32 s32Id, const tagAI_ATTR_S *pstAttr, BU_BOOL bSave
     if (const auto injected = journal::call(__func__, s32Id, pstAttr, bSaveCfg)) return *injected;
     if (s32Id != INPUT || !hasAudio()) return AUDIO_AI_NOT_AVAILABLE;
     return pstAttr ? CFG_SETTING_Set(VOLUME_KEY, 0, pstAttr->s32Volume, bSaveCfg, BU_TRUE) : -1;
+}
+
+BU_S32 AUDIO_AENC_GetAttr(BU_S32 s32Id, AENC_ATTR_S &stAttr)
+{
+    if (const auto injected = journal::ask(__func__, s32Id)) return *injected;
+    if (s32Id != INPUT || !hasAudio()) return AUDIO_AI_NOT_AVAILABLE;
+    stAttr = {AUDIO_SOUND_MODE_STEREO, media::AUDIO_BIT_RATE / 1024};
+    return 0;
+}
+
+BU_S32 AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E enType)
+{
+    if (const auto injected = journal::ask(__func__, enType)) return *injected;
+    return enType == AENC_TYPE_E_AAC && hasAudio() ? media::AUDIO_CACHE : NONE;
+}
+
+BU_S32 AUDIO_AO_GetIdByDevId(AUDIO_DEV_TYPE_E enDev)
+{
+    if (const auto injected = journal::ask(__func__, enDev)) return *injected;
+    for (BU_S32 i = 0; i < static_cast<BU_S32>(std::size(OUTPUTS)); ++i)
+        if (OUTPUTS[i].enDev == enDev && hasOutput(i)) return i;
+    return NONE;
+}
+
+BU_S32 AUDIO_AO_SetEnable(BU_S32 s32Id, BU_BOOL bOn, BU_BOOL bSaveCfg)
+{
+    if (const auto injected = journal::call(__func__, s32Id, bOn, bSaveCfg)) return *injected;
+    if (!hasOutput(s32Id)) return -1;
+    LOG_INFO("audio output %d is %s\n", s32Id, bOn ? "on" : "off");
+    return 0;
 }

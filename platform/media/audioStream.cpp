@@ -27,7 +27,6 @@ namespace
 {
 using namespace media;
 
-constexpr BU_S32 BIT_RATE = 128'000;
 constexpr const BU_CHAR *INPUT = "/dev/audio_in"; // raw 16-bit samples, 48 kHz stereo, from whoever writes to it
 
 struct Holder {
@@ -87,7 +86,7 @@ AacEncoder::AacEncoder()
     m_context->sample_fmt = AV_SAMPLE_FMT_FLTP;
     m_context->sample_rate = AUDIO_RATE;
     m_context->time_base = {1, AUDIO_RATE};
-    m_context->bit_rate = BIT_RATE;
+    m_context->bit_rate = AUDIO_BIT_RATE;
     m_context->profile = FF_PROFILE_AAC_LOW;
     av_channel_layout_default(&m_context->ch_layout, AUDIO_CHANNELS);
     av_opt_set(m_context->priv_data, "aac_coder", "fast", 0);
@@ -154,7 +153,7 @@ private:
     void loop(const std::stop_token &stop);
     void listenWhileWanted(const std::stop_token &stop);
 
-    STREAM_CACHE_S m_cache{{[this] { wake(); }, [] { return 0; }, [] { return BIT_RATE / 1000; }}};
+    STREAM_CACHE_S m_cache{{[this] { wake(); }, [] { return 0; }, [] { return AUDIO_BIT_RATE / 1000; }}};
     std::mutex m_lock; // guards m_thread; the demand changes before it is taken
     std::condition_variable_any m_wake;
     std::optional<util::Thread> m_thread;

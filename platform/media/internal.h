@@ -10,6 +10,7 @@ namespace media
 /// The clock of the scene: the time of day, carried on by the monotonic clock so that it never jumps.
 BU_S64 sceneTimeUs(BU_S64 s64MonotonicUs);
 
+constexpr BU_S32 AUDIO_CACHE = 6, AUDIO_BIT_RATE = 128'000; // [bit/s]
 /// The sound of the camera as AAC. @return null: the board has no audio
 STREAM_CACHE_S *audioCache();
 /// Makes the audio thread, once; it works only while the cache has a consumer.

@@ -1,6 +1,7 @@
 // Bring-up of the media pipeline, and the configuration of its video outputs.
 #include "media/pipeline.h"
 
+#include "board/profile.h"
 #include "camera/settingEvent.h"
 #include "internal.h"
 #include "util/journal.h"
@@ -174,3 +175,15 @@ BU_S32 MPP_SwitchVoutVideo(MPP_VOUT_ID enOut, BU_BOOL bOn)
     if (const auto injected = journal::call(__func__, enOut, bOn)) return *injected;
     return isOutput(enOut) ? 0 : -1;
 }
+
+BU_S32 MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_E enType)
+{
+    constexpr BU_S32 NONE = 255;
+    constexpr const BU_CHAR *KEYS[] = {"hdmi", "3gSdi", "ca12gSdi", "ym12gSdi", "fullNdi"};
+    static_assert(std::size(KEYS) == MPP_HDMI_DISTRIBUTOR_MAX);
+    if (const auto injected = journal::ask(__func__, enType)) return *injected;
+    if (enType < 0 || enType >= MPP_HDMI_DISTRIBUTOR_MAX) return NONE;
+    return BSP_PROFILE_GetInt((std::string("hdmiDistributor/") + KEYS[enType]).c_str(), NONE);
+}
+
+BU_S32 MPP_IsChangeHdmiEdid() { return journal::ask(__func__).value_or(0); }

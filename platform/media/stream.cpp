@@ -13,11 +13,9 @@ using media::VencChannel;
 
 namespace
 {
-constexpr BU_S32 AUDIO_CACHE = 6;
-
 STREAM_CACHE_S *cacheOf(BU_S32 s32Id)
 {
-    if (s32Id == AUDIO_CACHE) return media::audioCache();
+    if (s32Id == media::AUDIO_CACHE) return media::audioCache();
     const VencChannel *pst = channelOfCache(s32Id);
     return pst ? pst->cache() : nullptr;
 }

@@ -1,6 +1,7 @@
 // Start of the running state, stand-by, language, clock.
 #include "camera/systemService.h"
 
+#include "board/device.h"
 #include "board/profile.h"
 #include "lampManager.h"
 #include "media/pipeline.h"
@@ -12,10 +13,20 @@
 #include "util/log.h"
 #include "vocabulary/words.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr const BU_CHAR *ASLEEP_KEY = "Standby/Asleep";
 constexpr const BU_CHAR *POWER_OFF_RECORD = "/var/ViscaCtrlPowerOff";
+
+/// The pictures of the camera: its first two lens devices; a board that lists none has a picture all the same.
+BU_S32 pictureCount()
+{
+    tagHW_ABILITY_S stAbility{};
+    BSP_HW_ABI_GetHwAbility(&stAbility);
+    return std::clamp(stAbility.stLens.s32DevCnt, 1, 2);
+}
 
 /// The power-off command that began stand-by is answered by the next start.
 void handOverPowerOffRecord()
@@ -41,7 +52,7 @@ BU_S32 SYSTEM_API_InitializeMppBusinessByXml(MPP_BUSINESS_CFG_S *pstCfg)
 {
     if (const auto injected = journal::call(__func__)) return *injected;
     if (!pstCfg) return -1;
-    pstCfg->s32PipeCnt = BSP_PROFILE_GetInt("sensor/count", 2);
+    pstCfg->s32PipeCnt = BSP_PROFILE_GetInt("sensor/count", pictureCount());
     pstCfg->s32Width = BSP_PROFILE_GetInt("sensor/width", 3840);
     pstCfg->s32Height = BSP_PROFILE_GetInt("sensor/height", 2160);
     pstCfg->enFormat = static_cast<HDMI_FORMAT_E>(settings::value(settings::SYSTEM_API_HdmiFormat));

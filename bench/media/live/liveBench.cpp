@@ -270,6 +270,7 @@ int run(const std::string &strOnly)
     allowManyConnections();
     char acFolder[] = "/tmp/camera-bench-XXXXXX";
     const std::string strFolder = mkdtemp(acFolder);
+    setenv("CAMERA_ROOT", strFolder.c_str(), 1); // of this process and the baselines; the camera has another
     printMachine();
     if (isWanted("cache")) handOver();
     if (isWanted("start")) starts(strFolder);

@@ -1,5 +1,7 @@
 // Output format, factory restore, stand-by, tracking, serial ports, menu state.
 #include "../settings/settingsTest.h"
+#include "board/device.h"
+#include "board/profile.h"
 #include "camera/image.h"
 #include "camera/menu.h"
 #include "camera/serial.h"
@@ -8,8 +10,10 @@
 #include "camera/tracking.h"
 #include "media/audio.h"
 #include "media/pipeline.h"
+#include "support/place.h"
 #include "vocabulary/wordSetters.h"
 
+#include <fstream>
 #include <tuple>
 
 using testing::Contains;
@@ -84,6 +88,51 @@ TEST_F(SystemSettings, AnOutputKeepsItsOwnFormatUntilItsSettingChanges)
     stOwn.s32Fps = 61;
     EXPECT_EQ(MPP_SetVoutCfg(MPP_VOUT_ID_0, &stOwn), -1);
     EXPECT_EQ(MPP_GetVoutCfg(static_cast<MPP_VOUT_ID>(3), &stCfg), -1);
+}
+
+TEST_F(SystemSettings, ThePipelineHasAPictureForEachLensOfTheProfile)
+{
+    for (const auto &[pcModel, s32Lenses] : {std::pair("minimal", 1), {"QLS-500", 2}, {"TKV-MX", 2}}) {
+        BSP_PROFILE_Load(pcModel);
+        tagHW_ABILITY_S stAbility{};
+        BSP_HW_ABI_GetHwAbility(&stAbility);
+        EXPECT_EQ(stAbility.stLens.s32DevCnt, s32Lenses) << pcModel;
+        MPP_BUSINESS_CFG_S stCfg{};
+        SYSTEM_API_InitializeMppBusinessByXml(&stCfg);
+        EXPECT_EQ(stCfg.s32PipeCnt, s32Lenses) << pcModel;
+    }
+}
+
+TEST_F(SystemSettings, AudioAndDistributorPortsFollowTheProfile)
+{
+    AENC_ATTR_S stAttr{};
+    EXPECT_EQ(AUDIO_AENC_GetAttr(0, stAttr), 0);
+    EXPECT_EQ(stAttr.enSoundMode, AUDIO_SOUND_MODE_STEREO);
+    EXPECT_EQ(stAttr.s32AacBitRate * 1024, 128000);
+    EXPECT_EQ(AUDIO_AENC_GetAttr(1, stAttr), AUDIO_AI_NOT_AVAILABLE);
+    EXPECT_EQ(AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E_AAC), 6);
+    EXPECT_EQ(AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E_G711U), -1);
+    EXPECT_EQ(AUDIO_AO_GetIdByDevId(AUDIO_DEV_SDK), -1);
+    EXPECT_NE(AUDIO_AO_GetIdByDevId(AUDIO_DEV_ALSA), AUDIO_AO_GetIdByDevId(AUDIO_DEV_UAC));
+    for (const auto enDev : {AUDIO_DEV_ALSA, AUDIO_DEV_UAC})
+        EXPECT_EQ(AUDIO_AO_SetEnable(AUDIO_AO_GetIdByDevId(enDev), BU_TRUE, BU_TRUE), 0) << enDev;
+    EXPECT_EQ(AUDIO_AO_SetEnable(-1, BU_TRUE, BU_TRUE), -1);
+    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_3G_SDI), 255); // no chip
+    EXPECT_EQ(MPP_IsChangeHdmiEdid(), 0);
+
+    std::ifstream profile(place::source("platform/board/profiles/TKV-MX.json"));
+    profile.ignore(); // its brace
+    std::ofstream(root() + "/own.json") << R"({"hdmiDistributor": {"hdmi": 1, "3gSdi": 2, "fullNdi": 3},)"
+                                        << profile.rdbuf();
+    BSP_PROFILE_Load((root() + "/own.json").c_str());
+    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_HDMI), 1);
+    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_3G_SDI), 2);
+    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_FULLNDI), 3);
+    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_MAX), 255);
+    BSP_PROFILE_Load("minimal");
+    EXPECT_EQ(AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E_AAC), -1);
+    EXPECT_EQ(AUDIO_AO_GetIdByDevId(AUDIO_DEV_ALSA), -1);
+    BSP_PROFILE_Load("TKV-MX");
 }
 
 TEST_F(SystemSettings, ThePipelineIsUpOnlyAfterWhatHasToComeBefore)
