@@ -1,11 +1,7 @@
 /// Rows of command tests: a message goes in; a result, an answer and the calls on the camera's services come out.
 #pragma once
 
-#include "handlers.h"
-
 #include "viscaTest.h"
-
-#include <map>
 
 /// What the camera is asked to do, in order and with "; " between, as the journal has it or in short: "ISP Gain 3" is
 /// ISP_API_SetGain(0, 3, 1, 1); "ALG" and "SYS" go without the device; "lens X" and "head X" start a motion of the

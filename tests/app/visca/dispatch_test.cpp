@@ -1,8 +1,6 @@
 // The dispatcher: which answer a result makes, what a payload may overwrite, where answers leave, when motions end.
 #include "viscaTest.h"
 
-#include "handlers.h"
-
 #include <cstring>
 
 using testing::StartsWith;

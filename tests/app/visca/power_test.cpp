@@ -1,9 +1,6 @@
 // Power off and on: the record is kept over the restart, and answered after it.
 #include "viscaTest.h"
 
-#include "handlers.h"
-#include <cstring>
-
 #include <fstream>
 
 using testing::HasSubstr;
