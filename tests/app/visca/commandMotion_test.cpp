@@ -209,13 +209,13 @@ TEST_F(ViscaRecall, OnlyARecallThatMovesWaitsForTwoEnds)
     for (const auto &[bFirst, bLast] : {std::pair{BU_TRUE, BU_TRUE}, {BU_FALSE, BU_TRUE}, {BU_TRUE, BU_FALSE}}) {
         EXPECT_EQ(recall(true, false, 1), 1);
         EXPECT_EQ(effects(), strGoto);
+        EXPECT_EQ(end(bFirst), "");
         for (const bool bStored : {false, true}) { // special ones leave the ends alone that another recall waits for
             EXPECT_EQ(recall(bStored, true, 0), 0);
             EXPECT_EQ(effects(), strGoto + strDone);
         }
         EXPECT_THAT(traceOf([] { EXPECT_EQ(recall(false, false, -1), -1); }), HasSubstr("] can't find preset 5\n"));
         EXPECT_EQ(effects(), strFailed);
-        EXPECT_EQ(end(bFirst), "");
         EXPECT_EQ(end(bLast), bLast ? strDone : strFailed);
     }
     EXPECT_EQ(end(), strDone) << "nobody waits: still answered";

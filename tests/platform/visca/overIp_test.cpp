@@ -71,9 +71,10 @@ TEST(ViscaPeerTable, IsBoundedAndForgetsTheOldest)
         return table.get(CMD_FROM_E_OVER_IP_IN, u32Address, 52381);
     };
     for (BU_U32 u32 = 1; u32 <= 4; ++u32) get(u32).sequence = {true, u32};
+    get(1); // heard of again: the second is the oldest now
     EXPECT_NE(&table.get(CMD_FROM_E_NET_UDP_IN, 4, 52381), &get(4)) << "the same address on another port of ours";
-    EXPECT_FALSE(get(1).sequence.bKnown); // made room
-    EXPECT_TRUE(get(3).sequence.bKnown);
+    EXPECT_TRUE(get(1).sequence.bKnown);
+    EXPECT_FALSE(get(2).sequence.bKnown); // made room
     for (BU_U32 u32 = 100; u32 < 5000; ++u32) get(u32).sequence = {true, u32};
     EXPECT_EQ(table.size(), 4u);
     for (BU_U32 u32 = 4996; u32 < 5000; ++u32) EXPECT_EQ(get(u32).sequence.u32Last, u32);
