@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, SessionDialogue, testing::Values(
     Dialogue{"DriveOfOtherMotorsLeavesBothMoves", {{FOCUS_DIRECT, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {LEFT, {"90 41 FF", "90 51 FF"}},
                                                         {"81 21 FF", {"90 61 04 FF"}}, {"81 22 FF", {"90 62 04 FF"}}}},
     Dialogue{"CancelNamesARunningCommand", {{ABS, {"90 41 FF"}}, {"81 22 FF", {"90 62 05 FF"}}, {"81 21 FF", {"90 61 04 FF"}}, {"81 21 FF", {"90 61 05 FF"}}}},
-    Dialogue{"ClearFreesBothSockets", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {"88 01 00 01 FF", {"88 01 00 01 FF"}}, {ABS, {"90 41 FF"}},
+    Dialogue{"ClearFreesBothSockets", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {"88 01 00 01 FF", {"88 01 00 01 FF"}}, {ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}},
                                             {"81 01 00 01 FF", {"90 50 FF"}}, {ABS, {"90 41 FF"}}}},
     Dialogue{"WrongPackets", {{"81 FF", {"90 60 01 FF"}}, {"81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F 10 FF", {"90 60 01 FF"}},
                                    {"81 01 04 77 00 FF", {"90 60 02 FF"}}, {"88 01 04 00 02 FF", {"90 60 02 FF"}}, {"8C 09 04 00 FF", {"90 60 02 FF"}}}},
