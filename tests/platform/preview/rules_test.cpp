@@ -92,6 +92,8 @@ TEST(Recording, TellsKeyFramesAndTypes)
         {"H.264 PPS and slice", "\0\0\1\x28\xEE\0\0\0\1\x41\x9A"s, 0, false},
         {"H.264 SEI and slice", "\0\0\1\x06\x05\0\0\1\x01\x9A"s, 0, false},
         {"H.265 delimiter and parameter sets", "\0\0\0\1\x46\1\0\0\0\1\x40\1\0\0\0\1\x42\1"s, 18, true},
+        {"H.265 SPS alone", "\0\0\1\x42\1"s, 18, true},
+        {"H.265 clean random access", "\0\0\1\x2A\1"s, 18, true},
         {"H.265 IDR alone", "\0\0\1\x26\1"s, 18, true},
         {"H.265 slice", "\0\0\0\1\x02\1\xD0"s, 0, false},
         {"start code cut off", "\0\0\0\1\x41\0\0\1"s, 0, false},
