@@ -1,8 +1,9 @@
 #include "viscaDouble.h"
 
+#include "camera/menu.h"
 #include "camera/motion.h"
+#include "camera/power.h"
 #include "camera/preset.h"
-#include "camera/systemService.h"
 #include "camera/zoom.h"
 #include "store/store.h"
 #include "system/serialPort.h"

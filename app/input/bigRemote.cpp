@@ -1,8 +1,8 @@
 // The big remote.
 #include "camera/image.h"
 #include "camera/menu.h"
-#include "camera/system.h"
-#include "camera/systemService.h"
+#include "camera/picture.h"
+#include "camera/power.h"
 #include "directionKeys.h"
 #include "keyActions.h"
 #include "numberKeys.h"

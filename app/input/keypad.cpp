@@ -1,5 +1,5 @@
 // The front key.
-#include "camera/systemService.h"
+#include "camera/restore.h"
 #include "keyActions.h"
 #include "util/file.h"
 

@@ -1,9 +1,9 @@
 // The tracking remote.
 #include "camera/menu.h"
 #include "camera/network.h"
+#include "camera/power.h"
 #include "camera/preset.h"
 #include "camera/serial.h"
-#include "camera/systemService.h"
 #include "directionKeys.h"
 #include "keyActions.h"
 

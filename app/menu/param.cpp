@@ -4,8 +4,8 @@
 #include "camera/focus.h"
 #include "camera/image.h"
 #include "camera/menu.h"
-#include "camera/system.h"
-#include "camera/systemService.h"
+#include "camera/restore.h"
+#include "camera/sound.h"
 #include "util/file.h"
 #include "util/log.h"
 

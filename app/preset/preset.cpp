@@ -4,7 +4,7 @@
 #include "camera/menu.h"
 #include "camera/network.h"
 #include "camera/preset.h"
-#include "camera/systemService.h"
+#include "camera/restore.h"
 #include "camera/tracking.h"
 #include "model/model.h"
 #include "util/file.h"

@@ -4,7 +4,9 @@
 
 #include "board/lamp.h"
 #include "camera/menu.h"
-#include "camera/system.h"
+#include "camera/picture.h"
+#include "camera/sound.h"
+#include "camera/video.h"
 #include "util/log.h"
 
 #include <algorithm>

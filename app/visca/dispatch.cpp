@@ -4,7 +4,7 @@
 
 #include "camera/motion.h"
 #include "camera/serial.h"
-#include "config/config.h"
+#include "protocol/viscaNet.h"
 #include "util/log.h"
 
 #include <algorithm>

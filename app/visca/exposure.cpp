@@ -1,6 +1,6 @@
 // Exposure mode, shutter, wide dynamic range and backlight.
 #include "camera/image.h"
-#include "camera/systemService.h"
+#include "camera/video.h"
 #include "handlers.h"
 #include "table.h"
 #include "util/log.h"

@@ -5,8 +5,8 @@
 
 #include "camera/focus.h"
 #include "camera/image.h"
-#include "camera/systemService.h"
 #include "camera/tracking.h"
+#include "camera/video.h"
 #include "config/config.h"
 #include "fields.h"
 #include "handlers.h"

@@ -1,7 +1,7 @@
 // Inquiries of white balance, exposure and picture.
 #include "inquiry.h"
 
-#include "camera/system.h"
+#include "camera/picture.h"
 #include "util/log.h"
 
 #include <algorithm>

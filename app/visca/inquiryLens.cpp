@@ -2,8 +2,8 @@
 #include "inquiry.h"
 
 #include "camera/motion.h"
+#include "camera/picture.h"
 #include "camera/preset.h"
-#include "camera/system.h"
 #include "camera/zoom.h"
 #include "util/log.h"
 

@@ -2,10 +2,12 @@
 #include "inquiry.h"
 
 #include "board/device.h"
+#include "board/lamp.h"
 #include "camera/menu.h"
 #include "camera/network.h"
 #include "camera/serial.h"
-#include "camera/system.h"
+#include "camera/sound.h"
+#include "camera/video.h"
 #include "media/audio.h"
 #include "media/pipeline.h"
 #include "util/log.h"

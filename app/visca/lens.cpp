@@ -1,7 +1,7 @@
 // Zoom, digital zoom and focus.
 #include "camera/focus.h"
 #include "camera/motion.h"
-#include "camera/system.h"
+#include "camera/picture.h"
 #include "camera/zoom.h"
 #include "handlers.h"
 #include "table.h"

@@ -1,7 +1,7 @@
 // Presets: stored, recalled, deleted, and their settings.
 #include "camera/motion.h"
+#include "camera/picture.h"
 #include "camera/preset.h"
-#include "camera/system.h"
 #include "handlers.h"
 #include "table.h"
 #include "util/log.h"

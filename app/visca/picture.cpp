@@ -1,8 +1,8 @@
 // Picture parameters and the extra image settings.
+#include "camera/picture.h"
 #include "camera/focus.h"
 #include "camera/image.h"
 #include "camera/preset.h"
-#include "camera/system.h"
 #include "config/config.h"
 #include "handlers.h"
 #include "table.h"

@@ -1,7 +1,7 @@
 // Power off and on: the command that put the camera to sleep is answered after it has come up again.
 #include "handlers.h"
 
-#include "camera/systemService.h"
+#include "camera/power.h"
 #include "util/file.h"
 #include "util/log.h"
 #include "util/thread.h"

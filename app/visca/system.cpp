@@ -1,8 +1,9 @@
 // Address, video output, infrared, sound, menu and factory reset.
-#include "camera/system.h"
 #include "camera/menu.h"
+#include "camera/restore.h"
 #include "camera/serial.h"
-#include "camera/systemService.h"
+#include "camera/sound.h"
+#include "camera/video.h"
 #include "handlers.h"
 #include "media/audio.h"
 #include "table.h"

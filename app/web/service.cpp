@@ -2,7 +2,7 @@
 #include "web/web.h"
 
 #include "api/api.h"
-#include "camera/systemService.h"
+#include "camera/webPort.h"
 #include "model/model.h"
 #include "pages/page.h"
 #include "pages/virtualKey.h"

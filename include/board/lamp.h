@@ -115,3 +115,7 @@ BU_GETTER(EINK_API_, Mode)
 BU_S32 EINK_API_SetModeAndRefreshScreen(BU_S32 s32Mode, BU_BOOL bSaveCfg);
 /// @param pcText  up to 32 characters, longer ones are cut
 BU_S32 OLED_API_RefreshScreen(const BU_CHAR *pcText);
+
+/// Tally from a switcher over the network: switch, default off [AtemTally]; the setter tells the listeners.
+BU_GETTER(SYS_API_, ATEMSwi)
+BU_S32 SYS_API_SetATEMSwi(BU_BOOL bOn, BU_BOOL bSaveCfg);

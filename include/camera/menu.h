@@ -45,3 +45,7 @@ BU_S32 OSD_Menu_HasSubPage();
 /// @param pcIp  the camera's address. @return 0, or -1: off, or null
 BU_S32 PROMPT_API_ShowIpaddr(const BU_CHAR *pcIp);
 BU_S32 PROMPT_API_ShowHdmiInfo(); ///< format and rate of the HDMI output
+
+/// The menu's language: "Chinese" or "English", default English [Language]. @return 0, or -1: another word, or not
+/// stored
+BU_S32 SYSTEM_API_SetLanguage(const BU_CHAR *pcWord, BU_BOOL bSaveCfg);

@@ -53,3 +53,26 @@ BU_S32 NET_API_CheckIpConflict(const BU_CHAR *pcIp);
 BU_S32 NET_API_FallbackIPReplaceDefaultScript(const BU_CHAR *pcIp, const BU_CHAR *pcMask, const BU_CHAR *pcGateway);
 /// The camera's host name. @param s32Size  of the buffer, 128. @return 0 or -1
 BU_S32 NET_API_GetHostCoreName(BU_CHAR *pcName, BU_S32 s32Size);
+
+/// The network cards, main card first; entries that are not used are empty texts.
+BU_S32 CFG_NETWORK_GetCards(tagNETWORK_CARDS_S *pstCards);
+
+/// The stored record of a card; what is not stored has its default (DHCP, 192.168.100.100/24). Store keys below
+/// "Network/<card>/": Enable, IpMode, DnsMode (numbers), IpAddr, NetMask, GateWay, Dns1, Dns2 (dotted addresses).
+/// @param pcCard  "NetCard0", or an entry of acCards
+/// @return 0, or -1: no such card
+BU_S32 CFG_NETWORK_GetCardIntf(const BU_CHAR *pcCard, tagNETWORK_CFG_S *pstCfg);
+
+/// The address that a card takes when DHCP gives none. Store keys below "Network/<card>/": FallbackIpAddr,
+/// FallbackNetMask, FallbackGateWay. @return 0, or -1: no such card, no addresses, or not stored
+BU_S32 CFG_NETWORK_GetIpInfoFallback(const BU_CHAR *pcCard, NETWORK_IP_INFO_S *pstInfo);
+BU_S32 CFG_NETWORK_SetIpInfoFallback(const BU_CHAR *pcCard, const NETWORK_IP_INFO_S *pstInfo);
+
+/// How long a card waits for DHCP, in seconds (store key "Network/<card>/DhcpTimeout", default 30).
+BU_S32 CFG_NETWORK_GetDhcpTimeout(const BU_CHAR *pcCard, BU_U32 *pu32Timeout);
+
+/// The camera's name in the network (store key "Network/HostName"); until one is set, the profile's hostName.
+/// @param s32Size  of the buffer; a longer name is cut and always terminated
+BU_S32 CFG_NETWORK_GetHostname(BU_CHAR *pcBuffer, BU_S32 s32Size);
+/// @return 0, or -1: empty, longer than 63 characters, or other characters than letters, digits, '-', '_' and '.'
+BU_S32 CFG_NETWORK_SetHostname(const BU_CHAR *pcName);

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "base/types.h"
-#include "camera/systemService.h"
+#include "camera/startup.h"
+#include "camera/video.h"
 
 /// What the pipeline is brought up with, from the stored configuration.
 struct MPP_BUSINESS_CFG_S {

@@ -13,3 +13,9 @@ struct tagCFG_VISCA_NET_S {
     BU_CHAR IpAddr[64];  ///< address to listen on, empty: the platform's
 };
 typedef tagCFG_VISCA_NET_S CFG_VISCA_NET_S;
+
+/// The plain VISCA endpoint: UDP on PortNum, default 1259, and TCP, which always has 5678. Store keys below
+/// "ViscaNet/": Enable, ProtocolType, PortNum, WorkMode (numbers), IpAddr (text).
+BU_S32 CFG_SYSTEM_GetViscaNet(tagCFG_VISCA_NET_S *pstCfg);
+/// The VISCA over IP endpoint, UDP 52381 by default. Store keys below "ViscaOverIp/", the same names.
+BU_S32 CFG_SYSTEM_GetViscaOverIp(tagCFG_VISCA_NET_S *pstCfg);

@@ -1,8 +1,8 @@
 /// What the board says of itself.
 #include "board/device.h"
 
-#include "board/ntp.h"
 #include "board/profileData.h"
+#include "camera/clock.h"
 #include "util/journal.h"
 #include "util/log.h"
 #include "util/platform.h"

@@ -1,8 +1,8 @@
 // One device: where its events come from, what is made up for, and whom they reach.
 #include "monitor.h"
 
+#include "camera/power.h"
 #include "camera/serial.h"
-#include "camera/systemService.h"
 #include "util/file.h"
 #include "util/log.h"
 #include "util/time.h"

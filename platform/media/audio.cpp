@@ -2,7 +2,6 @@
 #include "media/audio.h"
 
 #include "camera/settingEvent.h"
-#include "camera/system.h"
 #include "config/config.h"
 #include "internal.h"
 #include "util/journal.h"

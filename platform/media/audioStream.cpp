@@ -1,6 +1,6 @@
 /// The camera's sound as AAC in its stream cache, while somebody listens.
 #include "audioTone.h"
-#include "camera/system.h"
+#include "camera/sound.h"
 #include "config/config.h"
 #include "frameRate.h"
 #include "internal.h"

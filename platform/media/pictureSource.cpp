@@ -1,7 +1,7 @@
 /// What a sensor sees, with the other sensor's picture in it where that is on.
 #include "pictureSource.h"
 
-#include "camera/system.h"
+#include "camera/pip.h"
 #include "pipe.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 #include "camera/menu.h"
 
 #include "camera/menuLibrary.h"
+#include "camera/picture.h"
 #include "camera/settingEvent.h"
-#include "camera/system.h"
 #include "media/pipeline.h"
 #include "navigator.h"
 #include "overlayCanvas.h"

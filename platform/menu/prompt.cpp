@@ -2,7 +2,7 @@
 #include "prompt.h"
 
 #include "camera/motion.h"
-#include "camera/system.h"
+#include "camera/picture.h"
 #include "camera/tracking.h"
 #include "camera/zoom.h"
 #include "store/store.h"

@@ -1,7 +1,9 @@
 // Pan and tilt: commands, registration, position.
 #include "camera/motion.h"
 
-#include "camera/system.h"
+#include "camera/menu.h"
+#include "camera/picture.h"
+#include "journalText.h"
 #include "motion/standby.h"
 #include "service.h"
 #include "speed.h"

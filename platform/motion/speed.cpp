@@ -2,6 +2,7 @@
 
 #include "camera/preset.h"
 #include "camera/zoom.h"
+#include "journalText.h"
 #include "util/journal.h"
 
 #include <algorithm>

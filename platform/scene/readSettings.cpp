@@ -4,7 +4,7 @@
 #include "board/profile.h"
 #include "camera/focus.h"
 #include "camera/motion.h"
-#include "camera/system.h"
+#include "camera/picture.h"
 #include "camera/zoom.h"
 #include "config/config.h"
 #include "motion/lensCurve.h"

@@ -2,7 +2,7 @@
 #include "board/lamp.h"
 
 #include "board/device.h"
-#include "config/config.h"
+#include "camera/network.h"
 #include "lampManager.h"
 #include "settings/settings.h"
 #include "util/file.h"

@@ -1,5 +1,5 @@
 // How busy the machine is, from the counters that the system keeps.
-#include "camera/systemService.h"
+#include "camera/load.h"
 #include "util/journal.h"
 #include "util/time.h"
 

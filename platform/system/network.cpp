@@ -1,6 +1,5 @@
 #include "camera/network.h"
 
-#include "config/config.h"
 #include "store/store.h"
 #include "util/journal.h"
 #include "util/log.h"

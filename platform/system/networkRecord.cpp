@@ -1,4 +1,4 @@
-#include "config/config.h"
+#include "camera/network.h"
 #include "store/store.h"
 #include "store/stored.h"
 

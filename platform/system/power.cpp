@@ -1,5 +1,10 @@
 // Start of the running state, stand-by, language, clock.
-#include "camera/systemService.h"
+#include "camera/power.h"
+#include "board/lamp.h"
+#include "camera/clock.h"
+#include "camera/menu.h"
+#include "camera/startup.h"
+#include "camera/video.h"
 
 #include "board/device.h"
 #include "board/profile.h"

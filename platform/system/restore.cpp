@@ -1,4 +1,4 @@
-#include "camera/systemService.h"
+#include "camera/restore.h"
 #include "motion/presetListeners.h"
 #include "settings/settings.h"
 #include "store/store.h"

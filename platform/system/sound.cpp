@@ -1,4 +1,7 @@
-#include "camera/system.h"
+#include "camera/sound.h"
+#include "board/lamp.h"
+#include "camera/load.h"
+#include "camera/pip.h"
 
 #include "settings/settings.h"
 #include "util/journal.h"

@@ -1,4 +1,5 @@
-#include "config/config.h"
+#include "camera/webPort.h"
+#include "protocol/viscaNet.h"
 #include "store/stored.h"
 
 #include "util/journal.h"

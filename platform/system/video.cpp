@@ -1,5 +1,6 @@
 // Output format: HDMI, SDI, screen saver.
-#include "camera/systemService.h"
+#include "camera/video.h"
+#include "camera/startup.h"
 #include "settings/settings.h"
 #include "store/store.h"
 #include "util/journal.h"

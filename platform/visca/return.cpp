@@ -2,7 +2,6 @@
 #include "session.h"
 
 #include "camera/preset.h"
-#include "camera/systemService.h"
 #include "camera/zoom.h"
 #include "util/journal.h"
 #include "util/log.h"

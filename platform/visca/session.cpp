@@ -1,8 +1,9 @@
 // What is accepted, what is refused and what a message does.
 #include "session.h"
 
+#include "camera/menu.h"
 #include "camera/motion.h"
-#include "camera/systemService.h"
+#include "camera/power.h"
 
 #include <algorithm>
 

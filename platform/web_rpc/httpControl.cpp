@@ -1,5 +1,5 @@
 // The web server process: its ports, and that it runs.
-#include "camera/systemService.h"
+#include "camera/webPort.h"
 #include "store/store.h"
 #include "util/childProcess.h"
 #include "util/file.h"

@@ -1,6 +1,7 @@
 // Click to centre: turns the head so that a point of the picture comes into its middle.
 #include "api.h"
-#include "camera/system.h"
+#include "camera/menu.h"
+#include "camera/picture.h"
 #include "camera/zoom.h"
 #include "position.h"
 

@@ -1,8 +1,8 @@
 // Image panel of either pipe.
 #include "camera/image.h"
 #include "camera/focus.h"
+#include "camera/picture.h"
 #include "camera/preset.h"
-#include "camera/system.h"
 #include "panel.h"
 #include "util/log.h"
 

@@ -1,7 +1,8 @@
 // Pan/tilt panel: speeds, moves, presets, zoom. There is one head with one lens, device 0.
+#include "camera/menu.h"
 #include "camera/motion.h"
+#include "camera/picture.h"
 #include "camera/preset.h"
-#include "camera/system.h"
 #include "camera/zoom.h"
 #include "panel.h"
 #include "util/log.h"

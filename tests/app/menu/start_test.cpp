@@ -2,7 +2,7 @@
 #include "board/profile.h"
 #include "camera/image.h"
 #include "camera/menu.h"
-#include "camera/systemService.h"
+#include "camera/video.h"
 #include "description.h"
 #include "menu/menu.h"
 #include "param.h"

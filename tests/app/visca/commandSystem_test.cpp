@@ -1,7 +1,9 @@
 // Commands of address, output format, network, infrared, lamps, sound, menu and tracking; and what no command may do.
 #include "board/lamp.h"
-#include "camera/systemService.h"
+#include "camera/menu.h"
+#include "camera/restore.h"
 #include "camera/tracking.h"
+#include "camera/video.h"
 #include "commandTest.h"
 #include "led/led.h"
 #include "media/audio.h"

@@ -7,8 +7,7 @@
 #include "camera/menu.h"
 #include "camera/motion.h"
 #include "camera/network.h"
-#include "camera/system.h"
-#include "camera/systemService.h"
+#include "camera/sound.h"
 #include "media/audio.h"
 
 #include <array>

@@ -1,9 +1,9 @@
 // What web servers ask beside the events, and the news that they get.
 #include "camera/image.h"
 #include "camera/menu.h"
+#include "camera/picture.h"
 #include "camera/preset.h"
-#include "camera/system.h"
-#include "camera/systemService.h"
+#include "camera/startup.h"
 #include "camera/zoom.h"
 #include "media/pipeline.h"
 #include "picture/picture.h"

@@ -1,7 +1,9 @@
 // Image panel: items, and when they can be operated.
+#include "board/lamp.h"
 #include "camera/focus.h"
 #include "camera/image.h"
-#include "camera/system.h"
+#include "camera/picture.h"
+#include "camera/sound.h"
 #include "webTest.h"
 
 #include <sstream>

@@ -2,6 +2,7 @@
 #include "board/device.h"
 #include "board/gpio.h"
 #include "board/profile.h"
+#include "camera/network.h"
 #include "config/config.h"
 #include "support/place.h"
 #include "support/platformTest.h"

@@ -1,8 +1,8 @@
 // The monitor of a device, driven through its pseudo-terminal and through an event file of the machine.
 #include "board/input.h"
 
+#include "camera/power.h"
 #include "camera/serial.h"
-#include "camera/systemService.h"
 #include "support/await.h"
 #include "support/platformTest.h"
 #include "util/fileDescriptor.h"

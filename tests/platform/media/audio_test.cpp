@@ -3,7 +3,7 @@
 #include "mediaTest.h"
 
 #include "audioTone.h"
-#include "camera/system.h"
+#include "camera/sound.h"
 #include "internal.h"
 
 #include <cmath>

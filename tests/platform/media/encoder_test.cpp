@@ -2,7 +2,8 @@
 #include "decoder.h"
 #include "mediaTest.h"
 
-#include "camera/systemService.h"
+#include "camera/startup.h"
+#include "camera/video.h"
 #include "util/thread.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // What a pipe renders for whom, driven step by step without its thread.
 #include "pipe.h"
 
-#include "camera/system.h"
+#include "camera/pip.h"
 #include "mediaTest.h"
 
 #include <gmock/gmock.h>

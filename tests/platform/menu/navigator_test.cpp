@@ -1,5 +1,5 @@
 // Walks through the menu as it is shipped: keys on one side, what is shown and what is confirmed on the other.
-#include "camera/system.h"
+#include "camera/picture.h"
 #include "menuTest.h"
 #include "navigator.h"
 #include "painter.h"

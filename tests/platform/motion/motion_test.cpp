@@ -1,7 +1,8 @@
 #include "motion/standby.h"
 #include "motionTest.h"
 
-#include "camera/system.h"
+#include "camera/menu.h"
+#include "camera/picture.h"
 
 namespace
 {

@@ -4,7 +4,6 @@
 #include "camera/focus.h"
 #include "camera/motion.h"
 #include "camera/settingEvent.h"
-#include "camera/system.h"
 #include "camera/zoom.h"
 #include "support/platformTest.h"
 

@@ -2,9 +2,10 @@
 #include "scene/scene.h"
 
 #include "camera/focus.h"
+#include "camera/menu.h"
 #include "camera/motion.h"
+#include "camera/picture.h"
 #include "camera/settingEvent.h"
-#include "camera/system.h"
 #include "camera/zoom.h"
 
 #include "support/platformTest.h"

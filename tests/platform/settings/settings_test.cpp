@@ -1,6 +1,5 @@
 // Properties that hold for every setting, whatever its row says.
 #include "camera/image.h"
-#include "camera/system.h"
 #include "config/config.h"
 #include "settingsTest.h"
 

@@ -1,4 +1,5 @@
-#include "config/config.h"
+#include "camera/network.h"
+#include "protocol/viscaNet.h"
 #include "support/platformTest.h"
 
 #include <cstring>

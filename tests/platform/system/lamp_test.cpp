@@ -1,8 +1,8 @@
 // The lamp manager: which source wins, how a state ends, what the settings show, what a lamp's line says.
 #include "board/lamp.h"
 
+#include "camera/restore.h"
 #include "camera/settingEvent.h"
-#include "camera/systemService.h"
 #include "support/await.h"
 #include "support/platformTest.h"
 

@@ -1,6 +1,5 @@
 #include "camera/network.h"
 
-#include "config/config.h"
 #include "support/platformTest.h"
 
 using testing::Contains;

@@ -1,6 +1,6 @@
 #include "viscaLibTest.h"
 
-#include "config/config.h"
+#include "protocol/viscaNet.h"
 
 #include <arpa/inet.h>
 #include <poll.h>

@@ -1,7 +1,8 @@
 #include "viscaLibTest.h"
 
+#include "camera/menu.h"
+#include "camera/power.h"
 #include "camera/preset.h"
-#include "camera/systemService.h"
 
 using namespace visca;
 using testing::Contains;

@@ -1,5 +1,5 @@
 // The web server program: its ports, and what it reports.
-#include "camera/systemService.h"
+#include "camera/webPort.h"
 #include "support/fakeWebServer.h"
 #include "support/platformTest.h"
 #include "util/platform.h"
