@@ -1,4 +1,5 @@
 // Inquiries of power, network, versions, menu, lamps, audio, video output and the system status.
+#include "base/ipv4.h"
 #include "inquiry.h"
 
 #include "board/device.h"
@@ -130,13 +131,9 @@ BU_S32 viscaInquiryIP(tagVISCA_CTRL_INFO_S *pstInfo)
         TRACE("unknow Type %d\n", enType);
         return -1;
     }
-    BU_S32 as32Octet[4]{};
-    std::sscanf(pcText, "%d.%d.%d.%d", &as32Octet[0], &as32Octet[1], &as32Octet[2], &as32Octet[3]);
-    BU_U32 u32Ip = 0;
-    for (const BU_S32 s32Octet : as32Octet) u32Ip = u32Ip << 8 | (s32Octet & 0xFF);
-    pstInfo->stIpCtrl.u32IpVal = u32Ip;
-    UTIL_TRACE_Print("[%s:%d]: %d, %d.%d.%d.%d\n", __func__, __LINE__, enType, as32Octet[0], as32Octet[1], as32Octet[2],
-                     as32Octet[3]);
+    const auto ip = base::Ipv4::parse(pcText).value_or(base::Ipv4{});
+    pstInfo->stIpCtrl.u32IpVal = ip.u32;
+    UTIL_TRACE_Print("[%s:%d]: %d, %s\n", __func__, __LINE__, enType, ip.text().c_str());
     return 0;
 }
 

@@ -1,5 +1,6 @@
 // Network address: kept until the controller asks to apply it.
 #include "camera/network.h"
+#include "base/ipv4.h"
 #include "handlers.h"
 #include "table.h"
 #include "util/log.h"
@@ -28,11 +29,11 @@ constexpr Coded<IP_TEXT> IP_TEXTS[] = {{VISCA_MSG_E_IP_ADDRESS, &IpInfo::acAddre
 
 BU_S32 keep(IP_TEXT pacText, BU_U32 u32Ip)
 {
-    const BU_U32 a = u32Ip >> 24, b = u32Ip >> 16 & 0xFF, c = u32Ip >> 8 & 0xFF, d = u32Ip & 0xFF;
-    UTIL_TRACE_Print("Ip info: %d.%d.%d.%d\n", a, b, c, d);
+    const std::string strText = base::Ipv4{u32Ip}.text();
+    UTIL_TRACE_Print("Ip info: %s\n", strText.c_str());
     const std::lock_guard guard(g_stIpInfo.lock);
     auto &acText = g_stIpInfo.*pacText;
-    std::snprintf(acText, sizeof(acText), "%u.%u.%u.%u", a, b, c, d);
+    std::snprintf(acText, sizeof(acText), "%s", strText.c_str());
     return 0;
 }
 

@@ -64,11 +64,12 @@ BU_S32 CFG_NETWORK_GetCards(tagNETWORK_CARDS_S *pstCards);
 BU_S32 CFG_NETWORK_GetCardIntf(const BU_CHAR *pcCard, tagNETWORK_CFG_S *pstCfg);
 
 /// The address that a card takes when DHCP gives none. Store keys below "Network/<card>/": FallbackIpAddr,
-/// FallbackNetMask, FallbackGateWay. @return 0, or -1: no such card, no addresses, or not stored
+/// FallbackNetMask, FallbackGateWay (may be empty). @return 0, or -1: no such card, not an address of one machine, no
+/// mask, or not stored
 BU_S32 CFG_NETWORK_GetIpInfoFallback(const BU_CHAR *pcCard, NETWORK_IP_INFO_S *pstInfo);
 BU_S32 CFG_NETWORK_SetIpInfoFallback(const BU_CHAR *pcCard, const NETWORK_IP_INFO_S *pstInfo);
 
-/// How long a card waits for DHCP, in seconds (store key "Network/<card>/DhcpTimeout", default 30).
+/// How long a card waits for DHCP, in seconds (store key "Network/<card>/DhcpTimeout", 1-3600, default 30).
 BU_S32 CFG_NETWORK_GetDhcpTimeout(const BU_CHAR *pcCard, BU_U32 *pu32Timeout);
 
 /// The camera's name in the network (store key "Network/HostName"); until one is set, the profile's hostName.

@@ -9,6 +9,6 @@ BU_S32 SYSTEM_API_SetHttpPort(BU_S32 s32Http, BU_S32 s32Https);
 /// Stops the web server. @return 0
 BU_S32 SYSTEM_API_StopHttpDaemon();
 
-/// Ports of the web server, before the port offset; either pointer may be null. Store keys "Http/Port", default 80, and
-/// "Http/SecurePort", default 443.
+/// Ports of the web server, before the port offset; either pointer may be null. Store keys "Http/Port" and
+/// "Http/SecurePort"; what is not stored is what SYSTEM_API_SetHttpPort asked for, until then 80 and 443.
 BU_S32 CFG_SYSTEM_GetHttpPort(BU_S32 *ps32Http, BU_S32 *ps32Https);

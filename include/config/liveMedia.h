@@ -58,8 +58,8 @@ struct CFG_LM_RTSP_S {
 };
 struct CFG_LM_RTMP_S {
     BU_BOOL bEnabled = BU_FALSE;
-    std::string sServer;     ///< URL, at most 256
-    std::string sStreamCode; ///< stream key, appended to the URL; at most 256
+    std::string sServer;     ///< URL, at most 349
+    std::string sStreamCode; ///< stream key, appended to the URL; at most 349
     BU_BOOL bAuthEnable = BU_FALSE;
     std::string sUsername, sPassword; ///< at most 64 each
     BU_S32 s32Video = 0;              ///< kept, not used
@@ -73,7 +73,7 @@ struct CFG_LM_SRT_S {
     BU_BOOL bEnabled = BU_FALSE;
     BU_BOOL bIsListener = BU_FALSE; ///< listener rather than caller
     std::string sStreamId;          ///< at most 256
-    std::string sHostname;          ///< at most 60
+    std::string sHostname;          ///< at most 64
     BU_S32 s32Port = 0;             ///< 0..65535
     BU_S32 s32AesMode = 0;          ///< key length in bytes: 0 (off), 16, 24, 32
     std::string sPassword;          ///< at most 80

@@ -1,7 +1,7 @@
 /// Payloads of the network pages: a card, the camera's addresses and names, NDI, Dante.
 #pragma once
 
-#include "web/ipText.h"
+#include "base/ipv4.h"
 #include "web/payload.h"
 
 /// A network card. Its image is packed: the flags in byte 0 (bit 0 bEnabled, 1 bDhcp, 2 bAutoDns), s32Index at 1, the
@@ -24,7 +24,10 @@ struct tag_WEB_RPC_ETHERNET_PAYLOAD_S : WEB_RPC_PAYLOAD_S {
         for (int n = 0; n < 3; ++n) flag(n) = buf[0] >> n & 1;
         std::memcpy(&s32Index, buf + 1, sizeof s32Index);
         if (s32Index < 0) return;
-        for (int n = 0; n < 5; ++n) web_layout::formatQuad(at(buf, n), address(n));
+        for (int n = 0; n < 5; ++n) {
+            const std::string strText = base::Ipv4::fromBytes(at(buf, n)).text();
+            std::memcpy(address(n).data(), strText.c_str(), strText.size() + 1);
+        }
         std::memcpy(interface, buf + 25, sizeof interface);
     }
     /// A text that is not an address leaves its 4 bytes as they are.
@@ -35,7 +38,8 @@ struct tag_WEB_RPC_ETHERNET_PAYLOAD_S : WEB_RPC_PAYLOAD_S {
         std::memcpy(buf + 1, &s32Index, sizeof s32Index);
         if (s32Index < 0) return;
         for (int n = 0; n < 5; ++n)
-            web_layout::parseQuad({address(n).data(), strnlen(address(n).data(), address(n).size())}, at(buf, n));
+            if (const auto ip = base::Ipv4::parse({address(n).data(), strnlen(address(n).data(), address(n).size())}))
+                ip->toBytes(at(buf, n));
         std::memcpy(buf + 25, interface, sizeof interface);
     }
     unsigned int getSize() override { return 41; }

@@ -1,102 +1,112 @@
+// The settings of the network outputs: their fields, and where they are stored.
 #include "config/liveMedia.h"
 
-#include "fields.h"
 #include "rules.h"
+#include "store/record.h"
 #include "util/journal.h"
 
 #include <array>
 #include <climits>
 #include <mutex>
 
-namespace store = live_media_store;
+using namespace live;
+using store::Record, store::number, store::text;
 
 namespace
 {
-constexpr BU_S32 NAME = 64, URL = 256, PORT = 65535, AUDIO = CFG_LM_AUDIO_MODE_E_BUTT - 1; // largest values
-constexpr bool SECRET = true;
+// Largest values.
+constexpr BU_S32 NAME = 64, URL = 349, SERVER = 256, STREAM_ID = 256, PORT = 65535;
+constexpr BU_S32 AUDIO = CFG_LM_AUDIO_MODE_E_BUTT - 1;
 
 // The keys of a camera's stored settings: once released they stay as they are.
 // clang-format off
-struct tagPROTOCOL_S { BU_BOOL bExclusive = BU_FALSE; BU_S32 s32Proto = CFG_LM_PROTO_E_NONE; };
-constexpr store::tagFIELD_S<tagPROTOCOL_S> PROTOCOL[] = {
-    {"Exclusive", &tagPROTOCOL_S::bExclusive},
-    {"Protocol",  &tagPROTOCOL_S::s32Proto, CFG_LM_PROTO_E_NONE, CFG_LM_PROTO_E_BUTT - 1},
+struct Protocol { BU_BOOL bExclusive = BU_FALSE; BU_S32 s32Proto = CFG_LM_PROTO_E_NONE; };
+constexpr store::Field<Protocol> PROTOCOL_FIELDS[] = {
+    number<&Protocol::bExclusive>("Exclusive"),
+    number<&Protocol::s32Proto>("Protocol", CFG_LM_PROTO_E_NONE, CFG_LM_PROTO_E_BUTT - 1),
 };
-constexpr store::tagFIELD_S<CFG_LM_RTSP_S> RTSP[] = {
-    {"Enable",      &CFG_LM_RTSP_S::bEnabled},
-    {"SessionName", &CFG_LM_RTSP_S::sSessionName, 0, NAME},
-    {"Audio",       &CFG_LM_RTSP_S::eAudio, 0, AUDIO},
+constexpr store::Field<CFG_LM_RTSP_S> RTSP_FIELDS[] = {
+    number<&CFG_LM_RTSP_S::bEnabled>("Enable"),
+    text<&CFG_LM_RTSP_S::sSessionName>("SessionName", NAME),
+    number<&CFG_LM_RTSP_S::eAudio>("Audio", 0, AUDIO),
 };
-constexpr store::tagFIELD_S<CFG_LM_RTMP_S> RTMP[] = {
-    {"Enable",     &CFG_LM_RTMP_S::bEnabled},
-    {"Server",     &CFG_LM_RTMP_S::sServer, 0, URL},
-    {"StreamCode", &CFG_LM_RTMP_S::sStreamCode, 0, URL, SECRET},
-    {"AuthEnable", &CFG_LM_RTMP_S::bAuthEnable},
-    {"Username",   &CFG_LM_RTMP_S::sUsername, 0, NAME},
-    {"Password",   &CFG_LM_RTMP_S::sPassword, 0, NAME, SECRET},
-    {"Video",      &CFG_LM_RTMP_S::s32Video, INT_MIN, INT_MAX},
-    {"Audio",      &CFG_LM_RTMP_S::eAudio, 0, AUDIO},
+constexpr store::Field<CFG_LM_RTMP_S> RTMP_FIELDS[] = {
+    number<&CFG_LM_RTMP_S::bEnabled>("Enable"),
+    text<&CFG_LM_RTMP_S::sServer>("Server", URL),
+    text<&CFG_LM_RTMP_S::sStreamCode>("StreamCode", URL).secret(),
+    number<&CFG_LM_RTMP_S::bAuthEnable>("AuthEnable"),
+    text<&CFG_LM_RTMP_S::sUsername>("Username", NAME),
+    text<&CFG_LM_RTMP_S::sPassword>("Password", NAME).secret(),
+    number<&CFG_LM_RTMP_S::s32Video>("Video", INT_MIN, INT_MAX),
+    number<&CFG_LM_RTMP_S::eAudio>("Audio", 0, AUDIO),
 };
-constexpr store::tagFIELD_S<CFG_LM_NDI_S> NDI[] = {
-    {"Enable",     &CFG_LM_NDI_S::bEnabled},
-    {"StreamName", &CFG_LM_NDI_S::sStreamName, 0, NAME},
+constexpr store::Field<CFG_LM_NDI_S> NDI_FIELDS[] = {
+    number<&CFG_LM_NDI_S::bEnabled>("Enable"),
+    text<&CFG_LM_NDI_S::sStreamName>("StreamName", NAME),
 };
-constexpr store::tagFIELD_S<CFG_LM_SRT_S> SRT[] = {
-    {"Enable",   &CFG_LM_SRT_S::bEnabled},
-    {"Listener", &CFG_LM_SRT_S::bIsListener},
-    {"StreamId", &CFG_LM_SRT_S::sStreamId, 0, URL},
-    {"Hostname", &CFG_LM_SRT_S::sHostname, 0, 60},
-    {"Port",     &CFG_LM_SRT_S::s32Port, 0, PORT},
-    {"AesMode",  &CFG_LM_SRT_S::s32AesMode, 0, 32},
-    {"Password", &CFG_LM_SRT_S::sPassword, 0, 80, SECRET},
-    {"Latency",  &CFG_LM_SRT_S::s32Latency, 0, INT_MAX},
-    {"Audio",    &CFG_LM_SRT_S::eAudio, 0, AUDIO},
+constexpr store::Field<CFG_LM_SRT_S> SRT_FIELDS[] = {
+    number<&CFG_LM_SRT_S::bEnabled>("Enable"),
+    number<&CFG_LM_SRT_S::bIsListener>("Listener"),
+    text<&CFG_LM_SRT_S::sStreamId>("StreamId", STREAM_ID),
+    text<&CFG_LM_SRT_S::sHostname>("Hostname", NAME),
+    number<&CFG_LM_SRT_S::s32Port>("Port", 0, PORT),
+    number<&CFG_LM_SRT_S::s32AesMode>("AesMode", 0, 32),
+    text<&CFG_LM_SRT_S::sPassword>("Password", 80).secret(),
+    number<&CFG_LM_SRT_S::s32Latency>("Latency", 0, INT_MAX),
+    number<&CFG_LM_SRT_S::eAudio>("Audio", 0, AUDIO),
 };
-constexpr store::tagFIELD_S<CFG_LM_RTSP_GENERAL_S> RTSP_GENERAL[] = {
-    {"Port",       &CFG_LM_RTSP_GENERAL_S::s32Port, 1, PORT},
-    {"HttpEnable", &CFG_LM_RTSP_GENERAL_S::bHttpEnable},
-    {"HttpPort",   &CFG_LM_RTSP_GENERAL_S::s32HttpPort, 0, PORT},
-    {"AuthEnable", &CFG_LM_RTSP_GENERAL_S::bAuthEnable},
-    {"Username",   &CFG_LM_RTSP_GENERAL_S::sUsername, 0, NAME},
-    {"Password",   &CFG_LM_RTSP_GENERAL_S::sPassword, 0, NAME, SECRET},
+constexpr store::Field<CFG_LM_RTSP_GENERAL_S> RTSP_GENERAL_FIELDS[] = {
+    number<&CFG_LM_RTSP_GENERAL_S::s32Port>("Port", 1, PORT),
+    number<&CFG_LM_RTSP_GENERAL_S::bHttpEnable>("HttpEnable"),
+    number<&CFG_LM_RTSP_GENERAL_S::s32HttpPort>("HttpPort", 0, PORT),
+    number<&CFG_LM_RTSP_GENERAL_S::bAuthEnable>("AuthEnable"),
+    text<&CFG_LM_RTSP_GENERAL_S::sUsername>("Username", NAME),
+    text<&CFG_LM_RTSP_GENERAL_S::sPassword>("Password", NAME).secret(),
 };
-constexpr store::tagFIELD_S<CFG_LM_NDI_GENERAL_S> NDI_GENERAL[] = {
-    {"MachineName",       &CFG_LM_NDI_GENERAL_S::sMachineName, 0, NAME},
-    {"GroupName",         &CFG_LM_NDI_GENERAL_S::sGroupName, 0, NAME},
-    {"MulticastEnable",   &CFG_LM_NDI_GENERAL_S::bMulticastEnabled},
-    {"MulticastIp",       &CFG_LM_NDI_GENERAL_S::sMulticastIp, 0, NAME},
-    {"MulticastNetmask",  &CFG_LM_NDI_GENERAL_S::sMulticastNetmask, 0, NAME},
-    {"MulticastTTL",      &CFG_LM_NDI_GENERAL_S::s32MulticastTTL, 0, 255},
-    {"TransmitMethod",    &CFG_LM_NDI_GENERAL_S::s32TransmitMethod, 0, CFG_LM_NDI_CONNECTION_E_BUTT - 1},
-    {"DiscoveryEnable",   &CFG_LM_NDI_GENERAL_S::bDiscoveryServerEnable},
-    {"DiscoveryServer",   &CFG_LM_NDI_GENERAL_S::sDiscoveryServer, 0, URL},
-    {"StreamNameHB",      &CFG_LM_NDI_GENERAL_S::sStreamNameHB, 0, NAME},
-    {"HBEnable",          &CFG_LM_NDI_GENERAL_S::bNdiHBEnable},
-    {"HBIpMode",          &CFG_LM_NDI_GENERAL_S::s32HBIpMode, INT_MIN, INT_MAX},
-    {"HBIpaddr",          &CFG_LM_NDI_GENERAL_S::sHBIpaddr, 0, NAME},
-    {"HBNetmask",         &CFG_LM_NDI_GENERAL_S::sHBNetmask, 0, NAME},
-    {"HBGateway",         &CFG_LM_NDI_GENERAL_S::sHBGateway, 0, NAME},
-    {"HBDns",             &CFG_LM_NDI_GENERAL_S::sHBDns, 0, NAME},
-    {"HBIpaddrFallback",  &CFG_LM_NDI_GENERAL_S::sHBIpaddrFallback, 0, NAME},
-    {"HBNetmaskFallback", &CFG_LM_NDI_GENERAL_S::sHBNetmaskFallback, 0, NAME},
-    {"HBGatewayFallback", &CFG_LM_NDI_GENERAL_S::sHBGatewayFallback, 0, NAME},
-    {"AudioEnable",       &CFG_LM_NDI_GENERAL_S::bAudioEnable},
+constexpr store::Field<CFG_LM_NDI_GENERAL_S> NDI_GENERAL_FIELDS[] = {
+    text<&CFG_LM_NDI_GENERAL_S::sMachineName>("MachineName", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sGroupName>("GroupName", NAME),
+    number<&CFG_LM_NDI_GENERAL_S::bMulticastEnabled>("MulticastEnable"),
+    text<&CFG_LM_NDI_GENERAL_S::sMulticastIp>("MulticastIp", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sMulticastNetmask>("MulticastNetmask", NAME),
+    number<&CFG_LM_NDI_GENERAL_S::s32MulticastTTL>("MulticastTTL", 0, 255),
+    number<&CFG_LM_NDI_GENERAL_S::s32TransmitMethod>("TransmitMethod", 0, CFG_LM_NDI_CONNECTION_E_BUTT - 1),
+    number<&CFG_LM_NDI_GENERAL_S::bDiscoveryServerEnable>("DiscoveryEnable"),
+    text<&CFG_LM_NDI_GENERAL_S::sDiscoveryServer>("DiscoveryServer", SERVER),
+    text<&CFG_LM_NDI_GENERAL_S::sStreamNameHB>("StreamNameHB", NAME),
+    number<&CFG_LM_NDI_GENERAL_S::bNdiHBEnable>("HBEnable"),
+    number<&CFG_LM_NDI_GENERAL_S::s32HBIpMode>("HBIpMode", INT_MIN, INT_MAX),
+    text<&CFG_LM_NDI_GENERAL_S::sHBIpaddr>("HBIpaddr", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sHBNetmask>("HBNetmask", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sHBGateway>("HBGateway", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sHBDns>("HBDns", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sHBIpaddrFallback>("HBIpaddrFallback", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sHBNetmaskFallback>("HBNetmaskFallback", NAME),
+    text<&CFG_LM_NDI_GENERAL_S::sHBGatewayFallback>("HBGatewayFallback", NAME),
+    number<&CFG_LM_NDI_GENERAL_S::bAudioEnable>("AudioEnable"),
 };
-constexpr store::tagFIELD_S<CFG_LM_DANTE_GENERAL_S> DANTE_GENERAL[] = {
-    {"Enable",           &CFG_LM_DANTE_GENERAL_S::bDanteEnable},
-    {"TryMode",          &CFG_LM_DANTE_GENERAL_S::bTryMode},
-    {"ManufacturerId",   &CFG_LM_DANTE_GENERAL_S::sManufacturerId, 0, NAME},
-    {"ManufacturerName", &CFG_LM_DANTE_GENERAL_S::sManufacturerName, 0, NAME},
-    {"ModelId",          &CFG_LM_DANTE_GENERAL_S::sModelId, 0, NAME},
-    {"ModelName",        &CFG_LM_DANTE_GENERAL_S::sModelName, 0, NAME},
-    {"DevicePrefix",     &CFG_LM_DANTE_GENERAL_S::sDevicePrefix, 0, NAME},
+constexpr store::Field<CFG_LM_DANTE_GENERAL_S> DANTE_GENERAL_FIELDS[] = {
+    number<&CFG_LM_DANTE_GENERAL_S::bDanteEnable>("Enable"),
+    number<&CFG_LM_DANTE_GENERAL_S::bTryMode>("TryMode"),
+    text<&CFG_LM_DANTE_GENERAL_S::sManufacturerId>("ManufacturerId", NAME),
+    text<&CFG_LM_DANTE_GENERAL_S::sManufacturerName>("ManufacturerName", NAME),
+    text<&CFG_LM_DANTE_GENERAL_S::sModelId>("ModelId", NAME),
+    text<&CFG_LM_DANTE_GENERAL_S::sModelName>("ModelName", NAME),
+    text<&CFG_LM_DANTE_GENERAL_S::sDevicePrefix>("DevicePrefix", NAME),
 };
 // clang-format on
 
-template <class Record, std::size_t N> store::Fields<Record> all(const store::tagFIELD_S<Record> (&astFields)[N])
-{
-    return astFields;
-}
+constexpr const BU_CHAR *GENERAL = "general"; // beside the numbers of the channels
+constexpr BU_S32 MEDIA = SYSTEM_RESTORE_E_MEDIA;
+const Record<Protocol> PROTOCOL{"LiveMedia/*/", PROTOCOL_FIELDS, MEDIA};
+const Record<CFG_LM_RTSP_S> RTSP{"LiveMedia/*/rtsp/", RTSP_FIELDS, MEDIA, nullptr, faultOfSession};
+const Record<CFG_LM_RTMP_S> RTMP{"LiveMedia/*/rtmp/", RTMP_FIELDS, MEDIA};
+const Record<CFG_LM_NDI_S> NDI{"LiveMedia/*/ndi/", NDI_FIELDS, MEDIA};
+const Record<CFG_LM_SRT_S> SRT{"LiveMedia/*/srt/", SRT_FIELDS, MEDIA, nullptr, faultOfSrt};
+const Record<CFG_LM_RTSP_GENERAL_S> RTSP_GENERAL{"LiveMedia/*/rtsp/", RTSP_GENERAL_FIELDS, MEDIA, nullptr,
+                                                 faultOfServer};
+const Record<CFG_LM_NDI_GENERAL_S> NDI_GENERAL{"LiveMedia/*/ndi/", NDI_GENERAL_FIELDS, MEDIA};
+const Record<CFG_LM_DANTE_GENERAL_S> DANTE_GENERAL{"LiveMedia/*/dante/", DANTE_GENERAL_FIELDS, MEDIA};
 
 /// What a fresh camera streams: the four channels that have encoders, each at a URL of its own.
 constexpr std::array<const BU_CHAR *, CFG_LM_CHN_E_BUTT> SESSION_NAMES = {
@@ -104,16 +114,11 @@ constexpr std::array<const BU_CHAR *, CFG_LM_CHN_E_BUTT> SESSION_NAMES = {
 
 bool isChannel(CFG_LM_CHN_E enChn) { return enChn > CFG_LM_CHN_E_NONE && enChn < CFG_LM_CHN_E_BUTT; }
 
-std::string folderOf(CFG_LM_CHN_E enChn, const BU_CHAR *pcProtocol)
-{
-    return "LiveMedia/" + std::to_string(enChn) + "/" + pcProtocol;
-}
-
 CFG_LM_RTSP_S loadRtsp(CFG_LM_CHN_E enChn)
 {
     CFG_LM_RTSP_S stCfg;
     if (const BU_CHAR *pcName = SESSION_NAMES[enChn]) stCfg = {BU_TRUE, pcName, CFG_LM_AUDIO_MODE_E_AAC};
-    return store::load(folderOf(enChn, "rtsp/"), all(RTSP), stCfg, store::faultOfSession);
+    return RTSP.load(std::to_string(enChn), stCfg);
 }
 
 store::Fault faultOfSharedName(CFG_LM_CHN_E enChn, const std::string &strName)
@@ -134,21 +139,21 @@ std::mutex lockSessionNames; // guards the step from "the name is free" to "the 
 } // namespace
 
 // How the records appear in the call journal; found through the records' namespace.
-static std::string journalText(const CFG_LM_RTSP_S &st) { return store::journalFields(all(RTSP), st); }
-static std::string journalText(const CFG_LM_RTMP_S &st) { return store::journalFields(all(RTMP), st); }
-static std::string journalText(const CFG_LM_NDI_S &st) { return store::journalFields(all(NDI), st); }
-static std::string journalText(const CFG_LM_SRT_S &st) { return store::journalFields(all(SRT), st); }
-static std::string journalText(const CFG_LM_RTSP_GENERAL_S &st) { return store::journalFields(all(RTSP_GENERAL), st); }
-static std::string journalText(const CFG_LM_NDI_GENERAL_S &st) { return store::journalFields(all(NDI_GENERAL), st); }
+static std::string journalText(const CFG_LM_RTSP_S &st) { return RTSP.journalText(st); }
+static std::string journalText(const CFG_LM_RTMP_S &st) { return RTMP.journalText(st); }
+static std::string journalText(const CFG_LM_NDI_S &st) { return NDI.journalText(st); }
+static std::string journalText(const CFG_LM_SRT_S &st) { return SRT.journalText(st); }
+static std::string journalText(const CFG_LM_RTSP_GENERAL_S &st) { return RTSP_GENERAL.journalText(st); }
+static std::string journalText(const CFG_LM_NDI_GENERAL_S &st) { return NDI_GENERAL.journalText(st); }
 
 BU_S32 CFG_LM_LoadGeneralCfgAll(CFG_LM_GENERAL_S *pstCfg)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
     if (!pstCfg) return -1;
     CFG_LM_GENERAL_S stCfg;
-    stCfg.rtsp = store::load("LiveMedia/general/rtsp/", all(RTSP_GENERAL), stCfg.rtsp, store::faultOfServer);
-    stCfg.ndi = store::load("LiveMedia/general/ndi/", all(NDI_GENERAL), stCfg.ndi);
-    stCfg.dante = store::load("LiveMedia/general/dante/", all(DANTE_GENERAL), stCfg.dante);
+    stCfg.rtsp = RTSP_GENERAL.load(GENERAL);
+    stCfg.ndi = NDI_GENERAL.load(GENERAL);
+    stCfg.dante = DANTE_GENERAL.load(GENERAL);
     *pstCfg = std::move(stCfg);
     return 0;
 }
@@ -157,14 +162,15 @@ BU_S32 CFG_LM_LoadAllOfChn(CFG_LM_CHN_E enChn, CFG_LM_CHANNEL_S *pstCfg)
 {
     if (const auto injected = journal::ask(__func__, enChn)) return *injected;
     if (!pstCfg || !isChannel(enChn)) return -1;
-    const tagPROTOCOL_S stProtocol = store::load(folderOf(enChn, ""), all(PROTOCOL), tagPROTOCOL_S{});
+    const std::string strChn = std::to_string(enChn);
+    const Protocol stProtocol = PROTOCOL.load(strChn);
     CFG_LM_CHANNEL_S stCfg;
     stCfg.bProtoExclusive = stProtocol.bExclusive;
     stCfg.enProto = static_cast<CFG_LM_PROTO_E>(stProtocol.s32Proto);
     stCfg.rtsp = loadRtsp(enChn);
-    stCfg.rtmp = store::load(folderOf(enChn, "rtmp/"), all(RTMP), stCfg.rtmp);
-    stCfg.ndi = store::load(folderOf(enChn, "ndi/"), all(NDI), stCfg.ndi);
-    stCfg.srt = store::load(folderOf(enChn, "srt/"), all(SRT), stCfg.srt, store::faultOfSrt);
+    stCfg.rtmp = RTMP.load(strChn);
+    stCfg.ndi = NDI.load(strChn);
+    stCfg.srt = SRT.load(strChn);
     *pstCfg = std::move(stCfg);
     return 0;
 }
@@ -173,50 +179,48 @@ BU_S32 CFG_LM_SetStreamProtocol(CFG_LM_CHN_E enChn, CFG_LM_PROTO_E enProto, BU_B
 {
     if (const auto injected = journal::call(__func__, enChn, enProto, bSaveCfg)) return *injected;
     if (checkChannel(enChn, &enProto) != 0) return -1;
-    if (enProto < CFG_LM_PROTO_E_NONE || enProto >= CFG_LM_PROTO_E_BUTT)
-        return store::refuse(folderOf(enChn, "Protocol"), "there is no protocol " + std::to_string(enProto));
-    return bSaveCfg ? CFG_STORE_SetText(folderOf(enChn, "Protocol").c_str(), std::to_string(enProto).c_str()) : 0;
+    if (PROTOCOL.check({BU_FALSE, enProto}, std::to_string(enChn)) != 0) return -1;
+    return bSaveCfg ? PROTOCOL.put({{"Protocol", std::to_string(enProto)}}, std::to_string(enChn)) : 0;
 }
 
 BU_S32 CFG_LM_SetRtspCfgOfChn(CFG_LM_CHN_E enChn, const CFG_LM_RTSP_S *pstCfg)
 {
     if (const auto injected = journal::call(__func__, enChn, pstCfg)) return *injected;
     if (checkChannel(enChn, pstCfg) != 0) return -1;
-    const std::string strFolder = folderOf(enChn, "rtsp/");
     const std::lock_guard guard(lockSessionNames);
-    if (const auto fault = faultOfSharedName(enChn, pstCfg->sSessionName)) return store::refuse(strFolder, fault);
-    return store::save(strFolder, all(RTSP), *pstCfg, store::faultOfSession);
+    if (const auto fault = faultOfSharedName(enChn, pstCfg->sSessionName)) return store::refuse("LiveMedia", fault);
+    return RTSP.save(*pstCfg, std::to_string(enChn));
 }
 
 BU_S32 CFG_LM_SetRtmpCfgOfChn(CFG_LM_CHN_E enChn, const CFG_LM_RTMP_S *pstCfg)
 {
     if (const auto injected = journal::call(__func__, enChn, pstCfg)) return *injected;
     if (checkChannel(enChn, pstCfg) != 0) return -1;
-    return store::save(folderOf(enChn, "rtmp/"), all(RTMP), *pstCfg);
+    return RTMP.save(*pstCfg, std::to_string(enChn));
 }
 
 BU_S32 CFG_LM_SetNdiCfgOfChn(CFG_LM_CHN_E enChn, const CFG_LM_NDI_S *pstCfg)
 {
     if (const auto injected = journal::call(__func__, enChn, pstCfg)) return *injected;
     if (checkChannel(enChn, pstCfg) != 0) return -1;
-    return store::save(folderOf(enChn, "ndi/"), all(NDI), *pstCfg);
+    return NDI.save(*pstCfg, std::to_string(enChn));
 }
 
 BU_S32 CFG_LM_SetSrtCfgOfChn(CFG_LM_CHN_E enChn, const CFG_LM_SRT_S *pstCfg)
 {
     if (const auto injected = journal::call(__func__, enChn, pstCfg)) return *injected;
     if (checkChannel(enChn, pstCfg) != 0) return -1;
-    return store::save(folderOf(enChn, "srt/"), all(SRT), *pstCfg, store::faultOfSrt);
+    return SRT.save(*pstCfg, std::to_string(enChn));
 }
 
 BU_S32 CFG_LM_SaveRtspGeneralCfg(const CFG_LM_RTSP_GENERAL_S *pstCfg)
 {
     if (const auto injected = journal::call(__func__, pstCfg)) return *injected;
-    return pstCfg ? store::save("LiveMedia/general/rtsp/", all(RTSP_GENERAL), *pstCfg, store::faultOfServer) : -1;
+    return pstCfg ? RTSP_GENERAL.save(*pstCfg, GENERAL) : -1;
 }
 
 BU_S32 CFG_LM_SaveNdiGeneralCfg(const CFG_LM_NDI_GENERAL_S *pstCfg)
 {
     if (const auto injected = journal::call(__func__, pstCfg)) return *injected;
-    return pstCfg ? store::save("LiveMedia/general/ndi/", all(NDI_GENERAL), *pstCfg) : -1;
+    return pstCfg ? NDI_GENERAL.save(*pstCfg, GENERAL) : -1;
 }

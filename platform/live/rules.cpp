@@ -1,14 +1,13 @@
+// What whole live-media records must obey.
 #include "rules.h"
 
 #include <algorithm>
 #include <string_view>
 
-namespace live_media_store
+namespace live
 {
 namespace
 {
-bool isControl(BU_CHAR c) { return static_cast<BU_U8>(c) < 0x20 || c == 0x7F; }
-
 bool isSessionCharacter(BU_CHAR c)
 {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' || c == '_' ||
@@ -26,24 +25,6 @@ bool isSessionPath(std::string_view strName)
     }
 }
 } // namespace
-
-Fault faultOfText(const std::string &strValue, BU_S32 s32MinLength, BU_S32 s32MaxLength)
-{
-    const auto length = static_cast<BU_S64>(strValue.size());
-    if (length < s32MinLength) return "shorter than " + std::to_string(s32MinLength) + " characters";
-    if (length > s32MaxLength) return "longer than " + std::to_string(s32MaxLength) + " characters";
-    if (std::ranges::any_of(strValue, isControl)) return "holds control characters";
-    return std::nullopt;
-}
-
-Fault faultOfNumber(const std::string &strValue, BU_S32 s32Min, BU_S32 s32Max)
-{
-    const auto value = numberOf(strValue);
-    if (!value) return "not a number";
-    if (*value < s32Min || *value > s32Max)
-        return strValue + " is outside " + std::to_string(s32Min) + ".." + std::to_string(s32Max);
-    return std::nullopt;
-}
 
 Fault faultOfSession(const CFG_LM_RTSP_S &stCfg)
 {
@@ -72,4 +53,4 @@ Fault faultOfSrt(const CFG_LM_SRT_S &stCfg)
         return std::to_string(stCfg.s32AesMode) + " is no key length: 0, 16, 24 or 32";
     return std::nullopt;
 }
-} // namespace live_media_store
+} // namespace live

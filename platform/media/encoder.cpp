@@ -17,7 +17,8 @@ constexpr BU_S32 CACHES = 4; // of pictures: those of the channels 0 to 3
 struct Channels {
     std::array<std::unique_ptr<STREAM_CACHE_S>, CACHES> caches;
     std::array<std::shared_ptr<VencChannel>, MPP_VENC_CHN_MAX> channels;
-    std::mutex lock; // serialises what enables and disables
+    std::mutex lock; // serialises what enables and disables; guards bStarted
+    bool bStarted = false;
 
     Channels()
     {
@@ -44,6 +45,14 @@ Channels &all()
 {
     static auto *pstAll = new Channels;
     return *pstAll;
+}
+
+void runAsStored(VencChannel &channel, const StoredVenc &stStored)
+{
+    if (stStored.bEnabled)
+        channel.enable(stStored.stParam, nullptr);
+    else
+        channel.disable();
 }
 
 /// Lets a channel take the pictures of a pipe, and of no other.
@@ -86,17 +95,27 @@ VencChannel *media::channelOfCache(BU_S32 s32CacheId)
 void media::startChannels()
 {
     const std::lock_guard guard(all().lock);
+    all().bStarted = true;
     for (BU_S32 i = 0; i < CACHES; ++i) {
         VencChannel &channel = *channelAt(i);
         if (channel.source() == MPP_PIPE_USAGE_E_BUTT) continue;
         attach(channel, i, channel.source());
-        const StoredVenc stStored = loadVenc(i);
-        if (stStored.bEnabled)
-            channel.enable(stStored.stParam, nullptr);
-        else
-            channel.disable();
+        runAsStored(channel, loadVenc(i));
         channel.introduce();
     }
+}
+
+BU_S32 media::reloadChannels()
+{
+    const std::lock_guard guard(all().lock);
+    for (BU_S32 i = 0; all().bStarted && i < CACHES; ++i) {
+        const StoredVenc stStored = loadVenc(i);
+        MPP_VENC_PARAM_S stParam;
+        const bool bEnabled = channelAt(i)->status(stParam);
+        if (bEnabled != stStored.bEnabled || (bEnabled && stParam != stStored.stParam))
+            runAsStored(*channelAt(i), stStored);
+    }
+    return 0;
 }
 
 void media::setOutputRate(FrameRate stRate)

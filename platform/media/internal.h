@@ -25,6 +25,8 @@ StoredVenc loadVenc(BU_S32 s32Chn);
 /// @return 0 or -1, as the store
 BU_S32 storeVenc(BU_S32 s32Chn, const MPP_VENC_PARAM_S &stParam);
 BU_S32 storeVencEnabled(BU_S32 s32Chn, bool bEnabled);
+/// Lets the channels of the stream caches, once started, run as stored. @return 0
+BU_S32 reloadChannels();
 /// Other encoder parameters by hand, for the length of a run: reads lines such as "1 h265 1280x720 2000" from the debug
 /// file of the encoders: channel, format, size and bit rate [kbit/s]; what is left out stays.
 void openVencConsole();

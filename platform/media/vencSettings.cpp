@@ -1,30 +1,45 @@
-/// What is stored of the encoder channels, and their defaults.
+// What is stored of the encoder channels, and their defaults.
 #include "internal.h"
 
-#include "store/store.h"
-#include "util/log.h"
+#include "store/record.h"
 #include "videoEncoder.h"
 
+#include <climits>
 #include <iterator>
-#include <string>
-#include <vector>
 
 namespace
 {
-struct Field {
-    const BU_CHAR *pcKey;
-    BU_U32 MPP_VENC_PARAM_S::*pu32Field;
+using media::StoredVenc;
+using store::number;
+
+template <auto MEMBER> constexpr auto count(const BU_CHAR *pcKey)
+{
+    return number<&StoredVenc::stParam, MEMBER>(pcKey, 0, INT_MAX);
+}
+constexpr store::Field<StoredVenc> FIELDS[] = {
+    number<&StoredVenc::bEnabled>("Enable"),
+    count<&MPP_VENC_PARAM_S::enType>("Type"),
+    count<&MPP_VENC_PARAM_S::enRcMode>("RcMode"),
+    count<&MPP_VENC_PARAM_S::u32Width>("Width"),
+    count<&MPP_VENC_PARAM_S::u32Height>("Height"),
+    count<&MPP_VENC_PARAM_S::u32FrmRate>("FrmRate"),
+    count<&MPP_VENC_PARAM_S::u32BitRate>("BitRate"),
+    count<&MPP_VENC_PARAM_S::u32GOP>("Gop"),
+    count<&MPP_VENC_PARAM_S::u32Profile>("Profile"),
+    count<&MPP_VENC_PARAM_S::u32Quality>("Quality"),
+    count<&MPP_VENC_PARAM_S::u32QpMinI>("QpMinI"),
+    count<&MPP_VENC_PARAM_S::u32QpMaxI>("QpMaxI"),
+    count<&MPP_VENC_PARAM_S::u32QpMinP>("QpMinP"),
+    count<&MPP_VENC_PARAM_S::u32QpMaxP>("QpMaxP"),
+    count<&MPP_VENC_PARAM_S::u32BitrateProfile>("BitrateProfile"),
 };
-// The keys of a camera's stored settings: once released they stay as they are.
-constexpr Field FIELDS[] = {
-    {"Width", &MPP_VENC_PARAM_S::u32Width},     {"Height", &MPP_VENC_PARAM_S::u32Height},
-    {"FrmRate", &MPP_VENC_PARAM_S::u32FrmRate}, {"BitRate", &MPP_VENC_PARAM_S::u32BitRate},
-    {"Gop", &MPP_VENC_PARAM_S::u32GOP},         {"Profile", &MPP_VENC_PARAM_S::u32Profile},
-    {"Quality", &MPP_VENC_PARAM_S::u32Quality}, {"QpMinI", &MPP_VENC_PARAM_S::u32QpMinI},
-    {"QpMaxI", &MPP_VENC_PARAM_S::u32QpMaxI},   {"QpMinP", &MPP_VENC_PARAM_S::u32QpMinP},
-    {"QpMaxP", &MPP_VENC_PARAM_S::u32QpMaxP},   {"BitrateProfile", &MPP_VENC_PARAM_S::u32BitrateProfile},
-};
-constexpr const BU_CHAR *ENABLE = "Enable", *TYPE = "Type", *RC_MODE = "RcMode";
+
+store::Fault faultOf(const StoredVenc &st)
+{
+    const BU_CHAR *pcRefusal = media::refusal(st.stParam);
+    return pcRefusal ? store::Fault(pcRefusal) : std::nullopt;
+}
+const store::Record<StoredVenc> VENC{"Venc/*/", FIELDS, SYSTEM_RESTORE_E_MEDIA, media::reloadChannels, faultOf};
 
 struct Default {
     BU_U32 u32Width, u32Height, u32FrmRate, u32BitRate, u32GOP;
@@ -32,56 +47,33 @@ struct Default {
 constexpr Default DEFAULTS[] = {
     {1920, 1080, 30, 4000, 60}, {640, 360, 30, 600, 60}, {1280, 720, 30, 2000, 60}, {640, 360, 15, 400, 30}};
 
-std::string keyOf(BU_S32 s32Chn, const BU_CHAR *pcName) { return "Venc/" + std::to_string(s32Chn) + '/' + pcName; }
-
-MPP_VENC_PARAM_S defaultOf(BU_S32 s32Chn)
+StoredVenc defaultOf(BU_S32 s32Chn)
 {
     const Default &st = DEFAULTS[static_cast<std::size_t>(s32Chn) % std::size(DEFAULTS)];
-    MPP_VENC_PARAM_S stParam{};
-    stParam.enType = MPP_VENC_FORMAT_E_H264;
-    stParam.u32Width = st.u32Width;
-    stParam.u32Height = st.u32Height;
-    stParam.u32FrmRate = st.u32FrmRate;
-    stParam.u32BitRate = st.u32BitRate;
-    stParam.u32GOP = st.u32GOP;
-    return stParam;
-}
-
-BU_S32 storedInt(BU_S32 s32Chn, const BU_CHAR *pcName, BU_S32 s32Default)
-{
-    CFG_STORE_GetInt(keyOf(s32Chn, pcName).c_str(), &s32Default);
-    return s32Default;
+    StoredVenc stVenc{true, {}};
+    stVenc.stParam.enType = MPP_VENC_FORMAT_E_H264;
+    stVenc.stParam.u32Width = st.u32Width;
+    stVenc.stParam.u32Height = st.u32Height;
+    stVenc.stParam.u32FrmRate = st.u32FrmRate;
+    stVenc.stParam.u32BitRate = st.u32BitRate;
+    stVenc.stParam.u32GOP = st.u32GOP;
+    return stVenc;
 }
 } // namespace
 
-media::StoredVenc media::loadVenc(BU_S32 s32Chn)
+StoredVenc media::loadVenc(BU_S32 s32Chn)
 {
-    const MPP_VENC_PARAM_S stDefault = defaultOf(s32Chn);
-    MPP_VENC_PARAM_S stParam = stDefault;
-    for (const auto &[pcKey, pu32Field] : FIELDS)
-        stParam.*pu32Field = static_cast<BU_U32>(storedInt(s32Chn, pcKey, static_cast<BU_S32>(stParam.*pu32Field)));
-    stParam.enType = static_cast<MPP_VENC_FORMAT_E>(storedInt(s32Chn, TYPE, stParam.enType));
-    stParam.enRcMode = static_cast<MPP_VENC_RC_MODE_E>(storedInt(s32Chn, RC_MODE, stParam.enRcMode));
-    const bool bFeedsCache = static_cast<std::size_t>(s32Chn) < std::size(DEFAULTS);
-    const bool bEnabled = bFeedsCache && storedInt(s32Chn, ENABLE, BU_TRUE) != BU_FALSE;
-    const BU_CHAR *pcRefusal = refusal(stParam);
-    if (!pcRefusal) return {bEnabled, stParam};
-    LOG_WARN("stored parameters of encoder %d are not used: %s\n", s32Chn, pcRefusal);
-    return {bEnabled, stDefault};
+    StoredVenc stVenc = VENC.load(std::to_string(s32Chn), defaultOf(s32Chn));
+    if (static_cast<std::size_t>(s32Chn) >= std::size(DEFAULTS)) stVenc.bEnabled = false; // it feeds no cache
+    return stVenc;
 }
 
 BU_S32 media::storeVenc(BU_S32 s32Chn, const MPP_VENC_PARAM_S &stParam)
 {
-    std::vector<std::pair<std::string, std::string>> listValues{
-        {keyOf(s32Chn, ENABLE), "1"},
-        {keyOf(s32Chn, TYPE), std::to_string(stParam.enType)},
-        {keyOf(s32Chn, RC_MODE), std::to_string(stParam.enRcMode)}};
-    for (const auto &[pcKey, pu32Field] : FIELDS)
-        listValues.emplace_back(keyOf(s32Chn, pcKey), std::to_string(stParam.*pu32Field));
-    return CFG_STORE_SetTexts(listValues);
+    return VENC.save({true, stParam}, std::to_string(s32Chn));
 }
 
 BU_S32 media::storeVencEnabled(BU_S32 s32Chn, bool bEnabled)
 {
-    return CFG_STORE_SetInt(keyOf(s32Chn, ENABLE).c_str(), bEnabled);
+    return VENC.put({{"Enable", bEnabled ? "1" : "0"}}, std::to_string(s32Chn));
 }

@@ -1,6 +1,8 @@
 // Which digits an address takes, and where the cursor goes.
 #include "addressEditor.h"
 
+#include "base/ipv4.h"
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -14,13 +16,10 @@ constexpr BU_S32 PART_MAX = 255;
 
 AddressEditor::AddressEditor(const std::string &strAddress)
 {
-    unsigned au[4]{};
-    BU_CHAR cRest = 0;
-    const bool bAddress =
-        std::sscanf(strAddress.c_str(), "%3u.%3u.%3u.%3u%c", &au[0], &au[1], &au[2], &au[3], &cRest) == 4;
-    BU_CHAR acText[64];
-    std::snprintf(acText, sizeof(acText), "%03u.%03u.%03u.%03u", au[0], au[1], au[2], au[3]);
-    m_strDigits = bAddress ? acText : "000.000.000.000";
+    const auto ip = base::Ipv4::parse(strAddress).value_or(base::Ipv4{});
+    BU_CHAR acText[LENGTH + 1];
+    std::snprintf(acText, sizeof(acText), "%03u.%03u.%03u.%03u", ip.part(0), ip.part(1), ip.part(2), ip.part(3));
+    m_strDigits = acText;
 }
 
 void AddressEditor::move(BU_S32 s32Places)

@@ -1,9 +1,10 @@
 #include "camera/preset.h"
 
-#include "motion/presetListeners.h"
 #include "service.h"
+#include "store/restore.h"
 #include "store/store.h"
 #include "util/journal.h"
+#include "util/listeners.h"
 
 #include <algorithm>
 #include <cstring>
@@ -18,6 +19,17 @@ constexpr BU_S32 PRESET_HOME = -1;
 constexpr BU_S32 HOME_NUMBER = 0; // becomes home under its name
 constexpr const BU_CHAR *HOME_NAME = "PresetHome";
 constexpr std::size_t PRESET_NAME_SIZE = sizeof(PRESET_INFO_S::acName) - 1;
+
+util::Listeners<BU_S32> g_listeners;
+
+BU_S32 deleteAll()
+{
+    const auto listPresets = CFG_STORE_ListPresets();
+    if (CFG_STORE_DeleteAllPresets() != 0) return -1;
+    for (const CFG_PRESET_S &stPreset : listPresets) g_listeners.tell(stPreset.s32Id);
+    return 0;
+}
+[[maybe_unused]] const bool REGISTERED = (store::onRestore(SYSTEM_RESTORE_E_PRESET, deleteAll), true);
 
 struct tagSPECIAL_S {
     std::string strName;
@@ -118,7 +130,7 @@ BU_S32 PRESET_API_SetCur(BU_S32 s32Preset, const BU_CHAR *pcName)
     const tagPOSITION_S st = currentPosition();
     const BU_S32 s32Ret = CFG_STORE_SetPreset({s32Preset, nameFor(s32Preset, pcName), st.stHead.s32Pan,
                                                st.stHead.s32Tilt, st.s32Zoom, st.focus.value_or(FOCUS_FAR_END)});
-    if (s32Ret == 0) presets::announce(s32Preset);
+    if (s32Ret == 0) g_listeners.tell(s32Preset);
     return s32Ret;
 }
 
@@ -126,7 +138,7 @@ BU_S32 PRESET_API_DeleteById(BU_S32 s32Preset)
 {
     if (const auto injected = journal::call(__func__, s32Preset)) return *injected;
     if (!isNumber(s32Preset) || CFG_STORE_DeletePreset(s32Preset) != 0) return -1;
-    presets::announce(s32Preset);
+    g_listeners.tell(s32Preset);
     return 0;
 }
 
@@ -162,3 +174,7 @@ BU_S32 PRESET_API_RegisterIdInterrupt(BU_S32 s32Preset, const BU_CHAR *pcName, F
     specials().byNumber[s32Preset] = std::move(entry);
     return 0;
 }
+
+BU_S32 PRESET_API_Listen(std::function<void(BU_S32)> fnListener) { return g_listeners.add(std::move(fnListener)); }
+
+BU_S32 PRESET_API_Unlisten(BU_S32 s32Id) { return g_listeners.remove(s32Id); }

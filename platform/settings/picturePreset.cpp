@@ -2,6 +2,7 @@
 #include "camera/preset.h"
 #include "camera/settingEvent.h"
 #include "config/config.h"
+#include "store/restore.h"
 #include "store/store.h"
 #include "util/journal.h"
 
@@ -49,6 +50,7 @@ BU_S32 applyStyle(const tagSTYLE_S &stStyle)
 /// The store keeps a picture preset under "ImagePreset5/": its name, and each setting by its key.
 std::string folder(BU_S32 s32Preset) { return "ImagePreset" + std::to_string(s32Preset) + "/"; }
 constexpr const BU_CHAR *NAME_KEY = "Name";
+[[maybe_unused]] const bool REGISTERED = (store::onRestore(SYSTEM_RESTORE_E_PRESET, "ImagePreset", nullptr), true);
 
 bool isStored(BU_S32 s32Preset)
 {

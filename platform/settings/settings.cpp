@@ -1,6 +1,7 @@
 #include "settings/settings.h"
 
 #include "camera/settingEvent.h"
+#include "store/restore.h"
 #include "store/store.h"
 #include "util/log.h"
 #include "vocabulary/tables.h"
@@ -136,6 +137,20 @@ void restoreRow(Row enRow, BU_S32 s32Instance)
     }
     if (s32Before != stRow.s32Def) announce(stRow.pcKey, s32Instance, stRow.s32Def);
 }
+
+/// Which settings a bit of the factory restore takes back.
+constexpr std::pair<SYSTEM_RESTORE_E, Section> RESTORED[] = {
+    {SYSTEM_RESTORE_E_IMAGE, Section::Image},        {SYSTEM_RESTORE_E_IMAGE, Section::Exposure},
+    {SYSTEM_RESTORE_E_IMAGE, Section::WhiteBalance}, {SYSTEM_RESTORE_E_PTZ, Section::Lens},
+    {SYSTEM_RESTORE_E_PTZ, Section::PanTilt},        {SYSTEM_RESTORE_E_TRACK, Section::Track},
+    {SYSTEM_RESTORE_E_SYSTEM, Section::System},      {SYSTEM_RESTORE_E_SYSTEM, Section::Video},
+    {SYSTEM_RESTORE_E_SYSTEM, Section::Audio},       {SYSTEM_RESTORE_E_SYSTEM, Section::Lamp},
+    {SYSTEM_RESTORE_E_CONTROL, Section::Control},
+};
+[[maybe_unused]] const bool REGISTERED = [] {
+    for (const auto &[enBit, enSection] : RESTORED) store::onRestore(enBit, [en = enSection] { return restore(en); });
+    return true;
+}();
 } // namespace
 
 const tagSETTING_ROW_S &row(Row enRow) { return g_astRows[enRow]; }

@@ -1,102 +1,168 @@
+// The network card: its record, what can be an address, what controllers reach.
 #include "camera/network.h"
 
-#include "store/store.h"
+#include "base/ipv4.h"
+#include "board/profile.h"
+#include "store/record.h"
 #include "util/journal.h"
 #include "util/log.h"
 #include "util/platform.h"
 
-#include <bit>
-#include <cstdio>
-#include <cstring>
-#include <optional>
-#include <string>
-
 namespace
 {
-constexpr BU_U32 DHCP_TIMEOUT_MAX_S = 3600;
-constexpr const BU_CHAR *FALLBACK_CARD = "NetCard0"; // the one that the DHCP client serves
+// A PC takes its addresses from its own system: the camera shows one card whose record is kept but drives nothing.
+constexpr const BU_CHAR *CARD_NAME = "NetCard0", *INTERFACE = "eth0";
+constexpr BU_S32 DHCP_TIMEOUT_MAX_S = 3600, ADDRESS = sizeof(NETWORK_IP_INFO_S::acIpAddr) - 1;
+constexpr std::size_t HOST_NAME_MAX_LENGTH = 63;
 
-/// An address in host order; four decimal numbers of 0-255 without anything around them.
-std::optional<BU_U32> addressOf(const BU_CHAR *pcText)
+bool isMachine(std::string_view text)
 {
-    BU_U32 u32Address = 0;
-    for (int i = 0; i < 4; ++i) {
-        BU_U32 u32Part = 0;
-        int nDigits = 0;
-        for (; pcText && *pcText >= '0' && *pcText <= '9' && nDigits < 4; ++pcText, ++nDigits)
-            u32Part = u32Part * 10 + static_cast<BU_U32>(*pcText - '0');
-        if (nDigits == 0 || nDigits > 3 || u32Part > 255) return std::nullopt;
-        if (i < 3 && *pcText++ != '.') return std::nullopt;
-        u32Address = u32Address << 8 | u32Part;
-    }
-    return *pcText ? std::nullopt : std::optional(u32Address);
+    const auto address = base::Ipv4::parse(text);
+    return address && address->isMachine();
+}
+bool isMask(std::string_view text)
+{
+    const auto address = base::Ipv4::parse(text);
+    return address && address->isMask();
+}
+bool isMachineOrEmpty(std::string_view text) { return text.empty() || isMachine(text); }
+bool isMaskOrEmpty(std::string_view text) { return text.empty() || isMask(text); }
+bool isHostName(std::string_view name)
+{
+    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_.";
+    return !name.empty() && name.size() <= HOST_NAME_MAX_LENGTH && name.find_first_not_of(letters) == name.npos;
 }
 
-/// An address that one machine can have: neither "this network" nor a group nor everybody.
-bool isMachine(const BU_CHAR *pcText)
-{
-    const auto address = addressOf(pcText);
-    return address && *address >> 24 != 0 && *address >> 24 < 224;
-}
-bool isMask(const BU_CHAR *pcText)
-{
-    const auto address = addressOf(pcText);
-    return address && *address != 0 && std::countl_one(*address) + std::countr_zero(*address) == 32;
-}
-bool isEmpty(const BU_CHAR *pcText) { return pcText && !*pcText; }
-bool isMachineOrEmpty(const BU_CHAR *pcText) { return isEmpty(pcText) || isMachine(pcText); }
-bool isMaskOrEmpty(const BU_CHAR *pcText) { return isEmpty(pcText) || isMask(pcText); }
+constexpr NETWORK_IP_INFO_S FACTORY = {"192.168.100.100", "255.255.255.0", "192.168.100.1"};
+struct Card {
+    tagNETWORK_CFG_S stCfg{BU_TRUE, "eth0", IP_MODE_E_DHCP, FACTORY, DNS_MODE_E_AUTO, {}, {}};
+    NETWORK_IP_INFO_S stFallback = FACTORY;
+    BU_U32 u32DhcpTimeout = 30;
+};
 
-bool isCard(const BU_CHAR *pcCard)
+using Cfg = tagNETWORK_CFG_S;
+using Ip = NETWORK_IP_INFO_S;
+using Dns = decltype(Cfg::stDnsInfo);
+using store::number, store::text;
+// clang-format off
+constexpr store::Field<Card> FIELDS[] = {
+    number<&Card::stCfg, &Cfg::bEnable>("Enable"),
+    number<&Card::stCfg, &Cfg::enIpMode>("IpMode", IP_MODE_E_DHCP, IP_MODE_E_STATIC),
+    number<&Card::stCfg, &Cfg::enDnsMode>("DnsMode", DNS_MODE_E_AUTO, DNS_MODE_E_MANUAL),
+    text<&Card::stCfg, &Cfg::stIpInfo, &Ip::acIpAddr>("IpAddr", ADDRESS, isMachine),
+    text<&Card::stCfg, &Cfg::stIpInfo, &Ip::acNetMask>("NetMask", ADDRESS, isMaskOrEmpty),
+    text<&Card::stCfg, &Cfg::stIpInfo, &Ip::acGateWay>("GateWay", ADDRESS, isMachineOrEmpty),
+    text<&Card::stCfg, &Cfg::stDnsInfo, &Dns::acDns, 0>("Dns1", ADDRESS, isMachineOrEmpty),
+    text<&Card::stCfg, &Cfg::stDnsInfo, &Dns::acDns, 1>("Dns2", ADDRESS, isMachineOrEmpty),
+    text<&Card::stFallback, &Ip::acIpAddr>("FallbackIpAddr", ADDRESS, isMachine),
+    text<&Card::stFallback, &Ip::acNetMask>("FallbackNetMask", ADDRESS, isMask),
+    text<&Card::stFallback, &Ip::acGateWay>("FallbackGateWay", ADDRESS, isMachineOrEmpty),
+    number<&Card::u32DhcpTimeout>("DhcpTimeout", 1, DHCP_TIMEOUT_MAX_S),
+};
+// clang-format on
+const store::Record<Card> CARD{"Network/*/", FIELDS, SYSTEM_RESTORE_E_NETWORK};
+
+struct Host {
+    BU_CHAR acName[HOST_NAME_MAX_LENGTH + 1]{};
+};
+constexpr store::Field<Host> HOST_FIELDS[] = {text<&Host::acName>("HostName", HOST_NAME_MAX_LENGTH, isHostName)};
+const store::Record<Host> HOST{"Network/", HOST_FIELDS, SYSTEM_RESTORE_E_NETWORK};
+
+bool isCard(const BU_CHAR *pcCard) { return pcCard && std::string_view(pcCard) == CARD_NAME; }
+
+BU_S32 keep(const BU_CHAR *pcCard, const store::Values &listValues)
 {
-    tagNETWORK_CARDS_S stCards{};
-    if (!pcCard || CFG_NETWORK_GetCards(&stCards) != 0) return false;
-    for (BU_S32 i = 0; i < stCards.s32Cnt; ++i)
-        if (std::strcmp(pcCard, stCards.acCards[i]) == 0) return true;
-    return false;
+    if (!isCard(pcCard) || CARD.put(listValues, pcCard) != 0) return -1;
+    for (const auto &[strKey, strValue] : listValues)
+        LOG_INFO("%s %s is \"%s\"; this machine keeps its own\n", pcCard, strKey.c_str(), strValue.c_str());
+    return 0;
 }
 
-BU_S32 keep(const BU_CHAR *pcCard, const BU_CHAR *pcKey, const std::string &strValue)
-{
-    if (!isCard(pcCard)) return -1;
-    const std::string strKey = std::string("Network/") + pcCard + '/' + pcKey;
-    const BU_S32 s32Ret = CFG_STORE_SetText(strKey.c_str(), strValue.c_str());
-    if (s32Ret == 0) LOG_INFO("%s %s is \"%s\"; this machine keeps its own\n", pcCard, pcKey, strValue.c_str());
-    return s32Ret;
-}
-
-BU_S32 refuse(const BU_CHAR *pcKey, const BU_CHAR *pcText)
-{
-    LOG_WARN("\"%s\" is no %s\n", pcText ? pcText : "", pcKey);
-    return -1;
-}
-
-/// A setter of a text: noted as the call of that function, checked, kept.
-BU_S32 setText(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, const BU_CHAR *pcText,
-               bool (*pfnIsGood)(const BU_CHAR *))
+/// A setter of one field: noted as the call of that function, checked, kept.
+BU_S32 setText(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, const BU_CHAR *pcText)
 {
     if (const auto injected = journal::call(pcFunction, pcCard, pcText)) return *injected;
-    return pfnIsGood(pcText) ? keep(pcCard, pcKey, pcText) : refuse(pcKey, pcText);
+    return pcText ? keep(pcCard, {{pcKey, pcText}}) : -1;
 }
-
-BU_S32 setNumber(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, BU_S32 s32Value, BU_S32 s32Max)
+BU_S32 setNumber(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, BU_S32 s32Value)
 {
     if (const auto injected = journal::call(pcFunction, pcCard, s32Value)) return *injected;
-    return s32Value >= 0 && s32Value <= s32Max ? keep(pcCard, pcKey, std::to_string(s32Value)) : -1;
+    return keep(pcCard, {{pcKey, std::to_string(s32Value)}});
+}
+
+BU_S32 keepFallback(const BU_CHAR *pcCard, const std::string &strIp, const std::string &strMask,
+                    const std::string &strGateway)
+{
+    return keep(pcCard, {{"FallbackIpAddr", strIp}, {"FallbackNetMask", strMask}, {"FallbackGateWay", strGateway}});
 }
 } // namespace
+
+BU_S32 CFG_NETWORK_GetCards(tagNETWORK_CARDS_S *pstCards)
+{
+    if (const auto injected = journal::ask(__func__)) return *injected;
+    if (!pstCards) return -1;
+    *pstCards = {};
+    store::copyText(pstCards->acCards[0], CARD_NAME);
+    store::copyText(pstCards->acEthName[0], INTERFACE);
+    pstCards->s32Cnt = 1;
+    return 0;
+}
+
+BU_S32 CFG_NETWORK_GetCardIntf(const BU_CHAR *pcCard, tagNETWORK_CFG_S *pstCfg)
+{
+    if (const auto injected = journal::ask(__func__, pcCard)) return *injected;
+    if (!isCard(pcCard) || !pstCfg) return -1;
+    *pstCfg = CARD.load(pcCard).stCfg;
+    return 0;
+}
+
+BU_S32 CFG_NETWORK_GetIpInfoFallback(const BU_CHAR *pcCard, NETWORK_IP_INFO_S *pstInfo)
+{
+    if (const auto injected = journal::ask(__func__, pcCard)) return *injected;
+    if (!isCard(pcCard) || !pstInfo) return -1;
+    *pstInfo = CARD.load(pcCard).stFallback;
+    return 0;
+}
+
+BU_S32 CFG_NETWORK_SetIpInfoFallback(const BU_CHAR *pcCard, const NETWORK_IP_INFO_S *pstInfo)
+{
+    if (const auto injected = journal::call(__func__, pcCard, pstInfo)) return *injected;
+    if (!pstInfo) return -1;
+    return keepFallback(pcCard, store::textOf(pstInfo->acIpAddr), store::textOf(pstInfo->acNetMask),
+                        store::textOf(pstInfo->acGateWay));
+}
+
+BU_S32 CFG_NETWORK_GetDhcpTimeout(const BU_CHAR *pcCard, BU_U32 *pu32Timeout)
+{
+    if (const auto injected = journal::ask(__func__, pcCard)) return *injected;
+    if (!isCard(pcCard) || !pu32Timeout) return -1;
+    *pu32Timeout = CARD.load(pcCard).u32DhcpTimeout;
+    return 0;
+}
+
+BU_S32 CFG_NETWORK_GetHostname(BU_CHAR *pcBuffer, BU_S32 s32Size)
+{
+    if (const auto injected = journal::ask(__func__)) return *injected;
+    if (!pcBuffer || s32Size < 1) return -1;
+    const std::string strName = store::textOf(HOST.load().acName);
+    store::copyText({pcBuffer, static_cast<std::size_t>(s32Size)},
+                    strName.empty() ? BSP_PROFILE_GetText("hostName", "ptz-camera") : strName);
+    return 0;
+}
+
+BU_S32 CFG_NETWORK_SetHostname(const BU_CHAR *pcName)
+{
+    if (const auto injected = journal::call(__func__, pcName)) return *injected;
+    return pcName ? HOST.put({{"HostName", pcName}}) : -1;
+}
 
 BU_S32 NET_API_InitCfgParam()
 {
     if (const auto injected = journal::call(__func__)) return *injected;
-    tagNETWORK_CARDS_S stCards{};
-    CFG_NETWORK_GetCards(&stCards);
-    for (BU_S32 i = 0; i < stCards.s32Cnt; ++i) {
-        tagNETWORK_CFG_S stCfg{};
-        if (NET_API_GetAllParamCur(stCards.acCards[i], &stCfg) != 0) continue;
-        LOG_INFO("%s (%s): %s %s\n", stCards.acCards[i], stCfg.acIntf,
-                 stCfg.enIpMode == IP_MODE_E_DHCP ? "DHCP" : "static", stCfg.stIpInfo.acIpAddr);
-    }
+    tagNETWORK_CFG_S stCfg{};
+    if (NET_API_GetAllParamCur(CARD_NAME, &stCfg) == 0)
+        LOG_INFO("%s (%s): %s %s\n", CARD_NAME, stCfg.acIntf, stCfg.enIpMode == IP_MODE_E_DHCP ? "DHCP" : "static",
+                 stCfg.stIpInfo.acIpAddr);
     return 0;
 }
 
@@ -106,74 +172,61 @@ BU_S32 NET_API_GetAllParamCur(const BU_CHAR *pcCard, tagNETWORK_CFG_S *pstCfg)
     if (!pstCfg || CFG_NETWORK_GetCardIntf(pcCard, pstCfg) != 0) return -1;
     if (pstCfg->enIpMode != IP_MODE_E_DHCP) return 0;
     pstCfg->stIpInfo = {};
-    std::snprintf(pstCfg->stIpInfo.acIpAddr, sizeof(pstCfg->stIpInfo.acIpAddr), "%s", PLATFORM_BindAddress().c_str());
-    std::snprintf(pstCfg->stIpInfo.acNetMask, sizeof(pstCfg->stIpInfo.acNetMask), "255.0.0.0");
+    store::copyText(pstCfg->stIpInfo.acIpAddr, PLATFORM_BindAddress());
+    store::copyText(pstCfg->stIpInfo.acNetMask, "255.0.0.0");
     return 0;
 }
 
 BU_S32 NET_API_SetIpMode(const BU_CHAR *pcCard, IP_MODE_E enMode)
 {
-    return setNumber(__func__, pcCard, "IpMode", enMode, IP_MODE_E_STATIC);
+    return setNumber(__func__, pcCard, "IpMode", enMode);
 }
 
 BU_S32 NET_API_SetDnsMode(const BU_CHAR *pcCard, DNS_MODE_E enMode)
 {
-    return setNumber(__func__, pcCard, "DnsMode", enMode, DNS_MODE_E_MANUAL);
+    return setNumber(__func__, pcCard, "DnsMode", enMode);
 }
 
 BU_S32 NET_API_SetNetMode(const BU_CHAR *pcCard, BU_BOOL bEnable)
 {
-    return setNumber(__func__, pcCard, "Enable", bEnable, BU_TRUE);
+    return setNumber(__func__, pcCard, "Enable", bEnable);
 }
 
 BU_S32 NET_API_SetIpAddr(const BU_CHAR *pcCard, const BU_CHAR *pcIp)
 {
-    return setText(__func__, pcCard, "IpAddr", pcIp, isMachine);
+    return setText(__func__, pcCard, "IpAddr", pcIp);
 }
 
 BU_S32 NET_API_SetNetMask(const BU_CHAR *pcCard, const BU_CHAR *pcMask)
 {
-    return setText(__func__, pcCard, "NetMask", pcMask, isMaskOrEmpty);
+    return setText(__func__, pcCard, "NetMask", pcMask);
 }
 
 BU_S32 NET_API_SetGateWay(const BU_CHAR *pcCard, const BU_CHAR *pcGateway)
 {
-    return setText(__func__, pcCard, "GateWay", pcGateway, isMachineOrEmpty);
+    return setText(__func__, pcCard, "GateWay", pcGateway);
 }
 
-BU_S32 NET_API_SetDns1(const BU_CHAR *pcCard, const BU_CHAR *pcDns)
-{
-    return setText(__func__, pcCard, "Dns1", pcDns, isMachineOrEmpty);
-}
+BU_S32 NET_API_SetDns1(const BU_CHAR *pcCard, const BU_CHAR *pcDns) { return setText(__func__, pcCard, "Dns1", pcDns); }
 
-BU_S32 NET_API_SetDns2(const BU_CHAR *pcCard, const BU_CHAR *pcDns)
-{
-    return setText(__func__, pcCard, "Dns2", pcDns, isMachineOrEmpty);
-}
+BU_S32 NET_API_SetDns2(const BU_CHAR *pcCard, const BU_CHAR *pcDns) { return setText(__func__, pcCard, "Dns2", pcDns); }
 
 BU_S32 NET_API_SetDhcpTimeout(const BU_CHAR *pcCard, IP_MODE_E enMode, BU_U32 u32Timeout)
 {
     if (const auto injected = journal::call(__func__, pcCard, enMode, u32Timeout)) return *injected;
-    if (u32Timeout < 1 || u32Timeout > DHCP_TIMEOUT_MAX_S) return -1;
-    return keep(pcCard, "DhcpTimeout", std::to_string(u32Timeout));
+    return keep(pcCard, {{"DhcpTimeout", std::to_string(u32Timeout)}});
 }
 
 BU_S32 NET_API_CheckIpConflict(const BU_CHAR *pcIp)
 {
     if (const auto injected = journal::ask(__func__, pcIp)) return *injected;
-    return isMachine(pcIp) ? 0 : -1;
+    return pcIp && isMachine(pcIp) ? 0 : -1;
 }
 
 BU_S32 NET_API_FallbackIPReplaceDefaultScript(const BU_CHAR *pcIp, const BU_CHAR *pcMask, const BU_CHAR *pcGateway)
 {
     if (const auto injected = journal::call(__func__, pcIp, pcMask, pcGateway)) return *injected;
-    if (!isMachine(pcIp)) return refuse("IpAddr", pcIp);
-    if (!isMask(pcMask)) return refuse("NetMask", pcMask);
-    if (!isMachineOrEmpty(pcGateway)) return refuse("GateWay", pcGateway);
-    const std::string strSection = std::string("Network/") + FALLBACK_CARD + '/';
-    return CFG_STORE_SetTexts({{strSection + "FallbackIpAddr", pcIp},
-                               {strSection + "FallbackNetMask", pcMask},
-                               {strSection + "FallbackGateWay", pcGateway}});
+    return pcIp && pcMask && pcGateway ? keepFallback(CARD_NAME, pcIp, pcMask, pcGateway) : -1;
 }
 
 BU_S32 NET_API_GetHostCoreName(BU_CHAR *pcName, BU_S32 s32Size)

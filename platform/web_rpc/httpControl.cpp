@@ -1,6 +1,6 @@
 // The web server process: its ports, and that it runs.
 #include "camera/webPort.h"
-#include "store/store.h"
+#include "store/record.h"
 #include "util/childProcess.h"
 #include "util/file.h"
 #include "util/journal.h"
@@ -18,8 +18,17 @@ namespace
 constexpr BU_S32 PORT_MAX = 65535;
 constexpr BU_S64 REPORT_MS = 300; // so long a start waits to hear the ports
 
+struct Ports {
+    BU_S32 s32Http = 80, s32Https = 443;
+};
+constexpr store::Field<Ports> FIELDS[] = {store::number<&Ports::s32Http>("Port", 1, PORT_MAX),
+                                          store::number<&Ports::s32Https>("SecurePort", 1, PORT_MAX)};
+BU_S32 reload();
+const store::Record<Ports> PORTS{"Http/", FIELDS, SYSTEM_RESTORE_E_NETWORK, reload};
+
 struct WebServer {
     std::mutex lock; // guards the rest
+    Ports stAsked;   // what counts where none is stored
     std::vector<std::string> arguments;
     std::unique_ptr<util::ChildProcess> pstProgram;
 };
@@ -60,8 +69,13 @@ void tellEndpoint(std::string_view line)
     PLATFORM_AddEndpoint(strUrl + " web page");
 }
 
-void run(WebServer &st, std::vector<std::string> arguments)
+void run(WebServer &st)
 {
+    const Ports stPorts = PORTS.load("", st.stAsked);
+    std::vector<std::string> arguments = {"--root",  UTIL_ROOT_Path("/"),
+                                          "--bind",  PLATFORM_BindAddress(),
+                                          "--http",  std::to_string(PLATFORM_Port(stPorts.s32Http)),
+                                          "--https", std::to_string(PLATFORM_Port(stPorts.s32Https))};
     if (st.pstProgram && st.arguments == arguments) return;
     st.pstProgram.reset(); // the old one gives its ports away first
     const std::string strProgram = program();
@@ -70,18 +84,32 @@ void run(WebServer &st, std::vector<std::string> arguments)
     st.pstProgram = std::make_unique<util::ChildProcess>(strProgram, st.arguments, tellEndpoint);
     st.pstProgram->waitForReport(REPORT_MS);
 }
+
+BU_S32 reload()
+{
+    const std::lock_guard guard(server().lock);
+    if (server().pstProgram) run(server());
+    return 0;
+}
 } // namespace
 
 BU_S32 SYSTEM_API_SetHttpPort(BU_S32 s32Http, BU_S32 s32Https)
 {
     if (const auto injected = journal::call(__func__, s32Http, s32Https)) return *injected;
-    const auto isPort = [](BU_S32 s32Port) { return s32Port >= 1 && s32Port <= PORT_MAX; };
-    if (!isPort(s32Http) || !isPort(s32Https)) return -1;
-    for (const auto &[pcKey, ps32Port] : {std::pair{"Http/Port", &s32Http}, {"Http/SecurePort", &s32Https}})
-        if (BU_S32 s32Stored = 0; CFG_STORE_GetInt(pcKey, &s32Stored) == 0 && isPort(s32Stored)) *ps32Port = s32Stored;
+    if (PORTS.check({s32Http, s32Https}) != 0) return -1;
     const std::lock_guard guard(server().lock);
-    run(server(), {"--root", UTIL_ROOT_Path("/"), "--bind", PLATFORM_BindAddress(), "--http",
-                   std::to_string(PLATFORM_Port(s32Http)), "--https", std::to_string(PLATFORM_Port(s32Https))});
+    server().stAsked = {s32Http, s32Https};
+    run(server());
+    return 0;
+}
+
+BU_S32 CFG_SYSTEM_GetHttpPort(BU_S32 *ps32Http, BU_S32 *ps32Https)
+{
+    if (const auto injected = journal::ask(__func__)) return *injected;
+    const std::lock_guard guard(server().lock);
+    const Ports stPorts = PORTS.load("", server().stAsked);
+    if (ps32Http) *ps32Http = stPorts.s32Http;
+    if (ps32Https) *ps32Https = stPorts.s32Https;
     return 0;
 }
 

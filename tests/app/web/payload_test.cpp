@@ -216,12 +216,12 @@ TEST(DottedQuad, IsReadAndWrittenAsTheSystemDoes)
         texts.push_back(strText.substr(0, 31));
     }
     for (const std::string &strText : texts) {
-        BU_CHAR acOurs[4] = {1, 2, 3, 4}, acTheirs[4] = {1, 2, 3, 4}, acText[32], acTheirText[32];
-        const bool bRead = web_layout::parseQuad(strText, acOurs);
-        ASSERT_EQ(bRead, inet_pton(AF_INET, strText.c_str(), acTheirs) == 1) << strText;
+        BU_CHAR acOurs[4] = {1, 2, 3, 4}, acTheirs[4] = {1, 2, 3, 4}, acTheirText[32];
+        const auto ip = base::Ipv4::parse(strText);
+        if (ip) ip->toBytes(acOurs);
+        ASSERT_EQ(ip.has_value(), inet_pton(AF_INET, strText.c_str(), acTheirs) == 1) << strText;
         ASSERT_EQ(std::memcmp(acOurs, acTheirs, 4), 0) << strText;
-        web_layout::formatQuad(acOurs, acText);
-        ASSERT_STREQ(acText, inet_ntop(AF_INET, acOurs, acTheirText, sizeof acTheirText));
+        ASSERT_EQ(base::Ipv4::fromBytes(acOurs).text(), inet_ntop(AF_INET, acOurs, acTheirText, sizeof acTheirText));
     }
 }
 } // namespace
