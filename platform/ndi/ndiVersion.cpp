@@ -1,3 +1,4 @@
+// The version of NDI that this platform has.
 #include "live/ndi.h"
 
 #include "board/profile.h"

@@ -107,7 +107,7 @@ std::vector<CFG_SETTING_INFO_S> CFG_SETTING_List()
 {
     std::vector<CFG_SETTING_INFO_S> listSettings;
     for (BU_U16 u16 = 0; u16 < settings::ROW_COUNT; ++u16) {
-        const settings::tagSETTING_ROW_S &stRow = settings::row(static_cast<settings::Row>(u16));
+        const settings::SettingRow &stRow = settings::row(static_cast<settings::Row>(u16));
         listSettings.push_back({stRow.pcKey, settings::sectionName(stRow.enSection), stRow.instances()});
     }
     return listSettings;
@@ -120,7 +120,7 @@ BU_S32 CFG_COM_GetIntParams(const BU_CHAR *pcKey, CFG_VALUE_INT_S *pstRange)
     if (const auto injected = journal::ask(__func__, pcKey)) return *injected;
     const settings::Row enRow = settings::find(pcKey);
     if (!pstRange || enRow == settings::ROW_COUNT) return -1;
-    const settings::tagSETTING_ROW_S &stRow = settings::row(enRow);
+    const settings::SettingRow &stRow = settings::row(enRow);
     *pstRange = {stRow.s32Min, stRow.s32Max, stRow.s32Def, stRow.s32Step, settings::value(enRow)};
     return 0;
 }

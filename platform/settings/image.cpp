@@ -1,3 +1,4 @@
+// Image settings that are more than a row: shutter by frame rate, colours, one-push, reset, what the menu edits.
 #include "camera/image.h"
 
 #include "board/profile.h"
@@ -53,38 +54,38 @@ BU_S32 setColor(const BU_CHAR *pcFunction, const Row (&aenRows)[6], BU_S32 s32Pi
 }
 
 /// The shutter is stored per whole frame rate; the rates just below one share its rows, and 60 serves all others.
-struct tagSHUTTER_ROWS_S {
+struct ShutterRows {
     HDMI_FPS_E enFps;
     Row enSpeed, enValue;
 };
-constexpr tagSHUTTER_ROWS_S g_astShutterRows[] = {
+constexpr ShutterRows SHUTTER_ROWS[] = {
     {HDMI_FPS_E_FPS60, settings::ISP_API_ShutterFps60, settings::ISP_API_ShutterValueFps60},
     {HDMI_FPS_E_FPS50, settings::ISP_API_ShutterFps50, settings::ISP_API_ShutterValueFps50},
     {HDMI_FPS_E_FPS30, settings::ISP_API_ShutterFps30, settings::ISP_API_ShutterValueFps30},
     {HDMI_FPS_E_FPS25, settings::ISP_API_ShutterFps25, settings::ISP_API_ShutterValueFps25},
     {HDMI_FPS_E_FPS24, settings::ISP_API_ShutterFps24, settings::ISP_API_ShutterValueFps24},
 };
-const tagSHUTTER_ROWS_S &shutterRows(BU_S32 enFps)
+const ShutterRows &shutterRows(BU_S32 enFps)
 {
-    const auto *pst = std::ranges::find(g_astShutterRows, static_cast<HDMI_FPS_E>(enFps), &tagSHUTTER_ROWS_S::enFps);
-    return pst == std::end(g_astShutterRows) ? g_astShutterRows[0] : *pst;
+    const auto *pst = std::ranges::find(SHUTTER_ROWS, static_cast<HDMI_FPS_E>(enFps), &ShutterRows::enFps);
+    return pst == std::end(SHUTTER_ROWS) ? SHUTTER_ROWS[0] : *pst;
 }
-const tagSHUTTER_ROWS_S &shutterRows() { return shutterRows(settings::value(settings::SYSTEM_API_HdmiFps)); }
+const ShutterRows &shutterRows() { return shutterRows(settings::value(settings::SYSTEM_API_HdmiFps)); }
 
 /// The one-push measurement of a pipeline.
-struct tagONE_PUSH_S {
+struct OnePush {
     BU_S32 s32Pipe;
     std::atomic<bool> bDone{false}; // the last measurement has ended
     BU_TIMER_DATA_S stTimer{};
 };
-tagONE_PUSH_S &onePush(BU_S32 s32Pipe)
+OnePush &onePush(BU_S32 s32Pipe)
 {
-    static auto *const pastOnePush = new std::array<tagONE_PUSH_S, PIPES>{{{0}, {1}}}; // outlived by no timer
+    static auto *const pastOnePush = new std::array<OnePush, PIPES>{{{0}, {1}}}; // outlived by no timer
     return (*pastOnePush)[static_cast<std::size_t>(s32Pipe)];
 }
 BU_S32 onePushOver(void *pvOnePush)
 {
-    auto *pstOnePush = static_cast<tagONE_PUSH_S *>(pvOnePush);
+    auto *pstOnePush = static_cast<OnePush *>(pvOnePush);
     pstOnePush->bDone = true;
     settings::announce("OnePush", pstOnePush->s32Pipe, BU_FALSE);
     return 0;
@@ -92,7 +93,7 @@ BU_S32 onePushOver(void *pvOnePush)
 BU_S32 startOnePush(BU_S32 s32Pipe)
 {
     if (!isPipe(s32Pipe)) return -1;
-    tagONE_PUSH_S &stOnePush = onePush(s32Pipe);
+    OnePush &stOnePush = onePush(s32Pipe);
     stOnePush.bDone = false;
     settings::announce("OnePush", s32Pipe, BU_TRUE);
     return UTIL_TIMER_Start(BU_TIMER_E_ONCE, ONE_PUSH_MS, onePushOver, &stOnePush, &stOnePush.stTimer);

@@ -22,18 +22,18 @@ constexpr BU_S32 FULL_SCALE = 100;
 constexpr std::array STYLE_KEYS = {"Sharpness", "Brightness", "Contrast", "Saturation", "Hue", "Gamma", "Nr2d", "Nr3d"};
 
 /// A style: how far each setting stands from its default, in percent of the way to the end of its range.
-struct tagSTYLE_S {
+struct Style {
     BU_S32 s32Id;
     std::array<BU_S32, STYLE_KEYS.size()> as32Percent;
 };
-constexpr tagSTYLE_S STYLES[] = {
+constexpr Style STYLES[] = {
     {-250, {}},                            // neutral: the defaults
     {-1, {15, 0, 15, 10, 0, 25, 0, 0}},    // natural: a little crisper
     {-2, {-35, 0, -30, -20, 0, 50, 0, 0}}, // film: soft and flat, for grading
     {-3, {30, 5, 30, 30, 5, 0, 20, 15}},   // vivid
 };
 
-BU_S32 applyStyle(const tagSTYLE_S &stStyle)
+BU_S32 applyStyle(const Style &stStyle)
 {
     BU_S32 s32Ret = 0;
     for (std::size_t i = 0; i < STYLE_KEYS.size(); ++i) {
@@ -83,7 +83,7 @@ BU_S32 applyStored(BU_S32 s32Preset)
 BU_S32 IMAGE_PRESET_API_GotoById(BU_S32 s32Preset, PT_CTRL_FROM_E enFrom, void *pvPrivate)
 {
     if (const auto injected = journal::call(__func__, s32Preset, enFrom, pvPrivate)) return *injected;
-    const auto *pstStyle = std::ranges::find(STYLES, s32Preset, &tagSTYLE_S::s32Id);
+    const auto *pstStyle = std::ranges::find(STYLES, s32Preset, &Style::s32Id);
     if (pstStyle != std::end(STYLES)) return applyStyle(*pstStyle);
     return isStored(s32Preset) ? applyStored(s32Preset) : -1;
 }

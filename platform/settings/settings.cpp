@@ -1,3 +1,4 @@
+// The running and the stored values of the settings: how they change, what is stored, who hears.
 #include "settings/settings.h"
 
 #include "camera/settingEvent.h"
@@ -21,13 +22,13 @@ namespace settings
 {
 namespace
 {
-constexpr tagSETTING_ROW_S g_astRows[] = {
-#define SETTING(scope, family, name, functions, section, key, min, max, def, step, rule)                               \
-    {Scope::scope, Section::section, key, min, max, def, step, Rule::rule},
+constexpr SettingRow ROWS[] = {
+#define SETTING(scope, family, name, functions, section, key, min, max, def, step, rule, words)                        \
+    {Scope::scope, Section::section, key, min, max, def, step, Rule::rule, words},
 #include "settings/settings.def"
 #undef SETTING
 };
-static_assert(std::ranges::all_of(g_astRows, [](const auto &st) {
+static_assert(std::ranges::all_of(ROWS, [](const auto &st) {
     return st.s32Min <= st.s32Def && st.s32Def <= st.s32Max && st.s32Step > 0;
 }));
 
@@ -35,30 +36,18 @@ constexpr auto sortedByKey()
 {
     std::array<Row, ROW_COUNT> aenRows{};
     for (BU_U16 u16 = 0; u16 < ROW_COUNT; ++u16) aenRows[u16] = static_cast<Row>(u16);
-    std::ranges::sort(aenRows, {}, [](Row en) { return std::string_view(g_astRows[en].pcKey); });
+    std::ranges::sort(aenRows, {}, [](Row en) { return std::string_view(ROWS[en].pcKey); });
     return aenRows;
 }
-constexpr auto g_aenByKey = sortedByKey();
-static_assert(std::ranges::adjacent_find(g_aenByKey, {},
-                                         [](Row en) { return std::string_view(g_astRows[en].pcKey); }) ==
-                  g_aenByKey.end(),
+constexpr auto BY_KEY = sortedByKey();
+static_assert(std::ranges::adjacent_find(BY_KEY, {}, [](Row en) { return std::string_view(ROWS[en].pcKey); }) ==
+                  BY_KEY.end(),
               "each key stands once");
 
-/// Settings with gaps in their range: only the values of a vocabulary table.
-struct tagLISTED_S {
-    Row enRow;
-    std::span<const STR2ENUM_MAP_S> spanWords;
-};
-constexpr tagLISTED_S g_astListed[] = {
-    {PT_API_SpeedAccuracy, MAP_PT_SPEED_ACCURACY},
-    {EINK_API_Mode, MAP_EINK},
-    {LED_API_TallyMode, MAP_LED_TALLY_MODE_E},
-};
-
-struct tagSLOT_S {
+struct Slot {
     std::atomic<BU_S32> s32Running, s32Stored;
 };
-tagSLOT_S g_astSlots[ROW_COUNT][2];
+Slot g_astSlots[ROW_COUNT][2];
 
 std::atomic<bool> g_bLoaded{false};
 std::atomic<BU_U32> g_u32Generation{1};
@@ -67,32 +56,31 @@ std::mutex g_lockChange; // guards changes of slots; held over the write to the 
 
 std::string storeKey(Row enRow, BU_S32 s32Instance)
 {
-    return std::string(sectionName(g_astRows[enRow].enSection, s32Instance)) + '/' + g_astRows[enRow].pcKey;
+    return std::string(sectionName(ROWS[enRow].enSection, s32Instance)) + '/' + ROWS[enRow].pcKey;
 }
 
 bool isAllowed(Row enRow, BU_S32 s32Value)
 {
-    const tagSETTING_ROW_S &stRow = g_astRows[enRow];
+    const SettingRow &stRow = ROWS[enRow];
     if (s32Value < stRow.s32Min || s32Value > stRow.s32Max) return false;
-    const auto *pst = std::ranges::find(g_astListed, enRow, &tagLISTED_S::enRow);
-    return pst == std::end(g_astListed) ||
-           std::ranges::find(pst->spanWords, s32Value, &STR2ENUM_MAP_S::value) != pst->spanWords.end();
+    return stRow.enRule != Rule::LISTED ||
+           std::ranges::find(stRow.words, s32Value, &STR2ENUM_MAP_S::value) != stRow.words.end();
 }
 
 BU_S32 storedOrDefault(Row enRow, BU_S32 s32Instance)
 {
     BU_S32 s32Value = 0;
     const std::string strKey = storeKey(enRow, s32Instance);
-    if (CFG_STORE_GetInt(strKey.c_str(), &s32Value) != 0) return g_astRows[enRow].s32Def;
+    if (CFG_STORE_GetInt(strKey.c_str(), &s32Value) != 0) return ROWS[enRow].s32Def;
     if (isAllowed(enRow, s32Value)) return s32Value;
     LOG_WARN("%s: stored value %d is outside its range, the default is taken\n", strKey.c_str(), s32Value);
-    return g_astRows[enRow].s32Def;
+    return ROWS[enRow].s32Def;
 }
 
 void loadAll()
 {
     for (BU_U16 u16 = 0; u16 < ROW_COUNT; ++u16)
-        for (BU_S32 i = 0; i < g_astRows[u16].instances(); ++i) {
+        for (BU_S32 i = 0; i < ROWS[u16].instances(); ++i) {
             const BU_S32 s32Value = storedOrDefault(static_cast<Row>(u16), i);
             g_astSlots[u16][i].s32Running.store(s32Value, std::memory_order_relaxed);
             g_astSlots[u16][i].s32Stored.store(s32Value, std::memory_order_relaxed);
@@ -107,16 +95,13 @@ void ensureLoaded()
     if (!g_bLoaded.load(std::memory_order_relaxed)) loadAll();
 }
 
-bool isInstance(Row enRow, BU_S32 s32Instance)
-{
-    return s32Instance >= 0 && s32Instance < g_astRows[enRow].instances();
-}
+bool isInstance(Row enRow, BU_S32 s32Instance) { return s32Instance >= 0 && s32Instance < ROWS[enRow].instances(); }
 
 /// The running value never waits for the store. Both change together as well, so that the last of several threads
 /// leaves the same value in both.
 BU_S32 changeAndStore(Row enRow, BU_S32 s32Instance, BU_S32 s32Value, bool bAtOnce)
 {
-    tagSLOT_S &stSlot = g_astSlots[enRow][s32Instance];
+    Slot &stSlot = g_astSlots[enRow][s32Instance];
     if (bAtOnce) stSlot.s32Running.store(s32Value, std::memory_order_relaxed);
     const std::lock_guard guard(g_lockChange);
     if (bAtOnce) stSlot.s32Running.store(s32Value, std::memory_order_relaxed);
@@ -127,8 +112,8 @@ BU_S32 changeAndStore(Row enRow, BU_S32 s32Instance, BU_S32 s32Value, bool bAtOn
 
 void restoreRow(Row enRow, BU_S32 s32Instance)
 {
-    const tagSETTING_ROW_S &stRow = g_astRows[enRow];
-    tagSLOT_S &stSlot = g_astSlots[enRow][s32Instance];
+    const SettingRow &stRow = ROWS[enRow];
+    Slot &stSlot = g_astSlots[enRow][s32Instance];
     BU_S32 s32Before = 0;
     {
         const std::lock_guard guard(g_lockChange);
@@ -153,7 +138,7 @@ constexpr std::pair<SYSTEM_RESTORE_E, Section> RESTORED[] = {
 }();
 } // namespace
 
-const tagSETTING_ROW_S &row(Row enRow) { return g_astRows[enRow]; }
+const SettingRow &row(Row enRow) { return ROWS[enRow]; }
 
 const BU_CHAR *sectionName(Section enSection, BU_S32 s32Instance)
 {
@@ -173,16 +158,16 @@ Row find(const BU_CHAR *pcKey)
     const std::string_view strKey = pcKey;
     if (strKey == "ShutterSpeed") return shutterRow();
     if (strKey == "ShutterValue") return shutterValueRow();
-    const auto keyOf = [](Row en) { return std::string_view(g_astRows[en].pcKey); };
-    const auto penRow = std::ranges::lower_bound(g_aenByKey, strKey, {}, keyOf);
-    return penRow != g_aenByKey.end() && keyOf(*penRow) == strKey ? *penRow : ROW_COUNT;
+    const auto keyOf = [](Row en) { return std::string_view(ROWS[en].pcKey); };
+    const auto penRow = std::ranges::lower_bound(BY_KEY, strKey, {}, keyOf);
+    return penRow != BY_KEY.end() && keyOf(*penRow) == strKey ? *penRow : ROW_COUNT;
 }
 
 BU_S32 get(Row enRow, BU_S32 s32Instance, BU_S32 *ps32Value, BU_BOOL bReread)
 {
     if (!ps32Value || !isInstance(enRow, s32Instance)) return -1;
     ensureLoaded();
-    const tagSLOT_S &stSlot = g_astSlots[enRow][s32Instance];
+    const Slot &stSlot = g_astSlots[enRow][s32Instance];
     *ps32Value = (bReread ? stSlot.s32Stored : stSlot.s32Running).load(std::memory_order_relaxed);
     return 0;
 }
@@ -195,7 +180,7 @@ BU_S32 value(Row enRow, BU_S32 s32Instance)
 
 BU_S32 set(Row enRow, BU_S32 s32Instance, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
 {
-    const tagSETTING_ROW_S &stRow = g_astRows[enRow];
+    const SettingRow &stRow = ROWS[enRow];
     if (!isInstance(enRow, s32Instance)) return -1;
     if (stRow.enRule == Rule::CLAMP && s32Value != INT32_MIN) // what an unknown word stands for is not a value
         s32Value = std::clamp(s32Value, stRow.s32Min, stRow.s32Max);
@@ -211,25 +196,24 @@ BU_S32 set(Row enRow, BU_S32 s32Instance, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_
     return s32Ret;
 }
 
-BU_S32 setTogether(std::span<const tagCHANGE_S> spanChanges, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
+BU_S32 setTogether(std::span<const Change> spanChanges, BU_BOOL bSaveCfg, BU_BOOL bUpdate)
 {
     if (!std::ranges::all_of(spanChanges, [](const auto &st) { return isAllowed(st.enRow, st.s32Value); })) return -1;
     ensureLoaded();
     std::vector<std::pair<std::string, std::string>> listValues;
-    for (const tagCHANGE_S &st : spanChanges)
-        listValues.emplace_back(storeKey(st.enRow, 0), std::to_string(st.s32Value));
+    for (const Change &st : spanChanges) listValues.emplace_back(storeKey(st.enRow, 0), std::to_string(st.s32Value));
     BU_S32 s32Ret = 0;
     {
         const std::lock_guard guard(g_lockChange);
         if (bSaveCfg) s32Ret = CFG_STORE_SetTexts(listValues);
-        for (const tagCHANGE_S &st : spanChanges) {
-            tagSLOT_S &stSlot = g_astSlots[st.enRow][0];
+        for (const Change &st : spanChanges) {
+            Slot &stSlot = g_astSlots[st.enRow][0];
             stSlot.s32Running.store(st.s32Value, std::memory_order_relaxed);
             if (bSaveCfg && s32Ret == 0) stSlot.s32Stored.store(st.s32Value, std::memory_order_relaxed);
         }
     }
     if (bUpdate)
-        for (const tagCHANGE_S &st : spanChanges) announce(row(st.enRow).pcKey, 0, st.s32Value);
+        for (const Change &st : spanChanges) announce(row(st.enRow).pcKey, 0, st.s32Value);
     return s32Ret;
 }
 
@@ -240,8 +224,8 @@ BU_S32 restore(Section enSection, BU_S32 s32Instance)
     for (const BU_S32 i : {0, 1})
         if (isAsked(i) && CFG_STORE_Erase((std::string(sectionName(enSection, i)) + '/').c_str()) != 0) return -1;
     for (BU_U16 u16 = 0; u16 < ROW_COUNT; ++u16)
-        for (BU_S32 i = 0; i < g_astRows[u16].instances(); ++i)
-            if (g_astRows[u16].enSection == enSection && isAsked(i)) restoreRow(static_cast<Row>(u16), i);
+        for (BU_S32 i = 0; i < ROWS[u16].instances(); ++i)
+            if (ROWS[u16].enSection == enSection && isAsked(i)) restoreRow(static_cast<Row>(u16), i);
     ++g_u32Generation;
     return 0;
 }

@@ -6,84 +6,18 @@
 #include "settings/settings.h"
 #include "store/store.h"
 #include "util/journal.h"
-#include "vocabulary/tables.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
-#include <iterator>
 #include <string>
 
 namespace
 {
-struct tagWORDS_S {
-    const BU_CHAR *pcKey;
-    std::span<const STR2ENUM_MAP_S> words;
-};
-const tagWORDS_S g_astWords[] = {
-    {"Format", MAP_HDMI_FORMAT},
-    {"SdiFormat", MAP_HDMI_FORMAT},
-    {"Fps", MAP_HDMI_FPS},
-    {"SdiFps", MAP_HDMI_FPS},
-    {"HdmiCs", MAP_HDMI_CS},
-    {"SdiCs", MAP_HDMI_CS},
-    {"HdmiOutput", MAP_HDMI_OUTPUT},
-    {"MountMode", MAP_MOUNT_MODE},
-    {"AudioInput", MAP_AUDIO_INPUT},
-    {"Language", MAP_SYS_LANGUAGE},
-    {"DevUSB", MAP_USB},
-    {"EinkMode", MAP_EINK},
-    {"COM-Mode", MAP_SERIAL_TYPE},
-    {"RS232Baudrate", MAP_BAUDRATE},
-    {"RS422Baudrate", MAP_BAUDRATE},
-    {"PipMainVideo", MAP_PIP_MAIN_VIDEO},
-    {"PipPos", MAP_PIP_POS},
-    {"PipSize", MAP_PIP_SIZE},
-    {"ExposureMode", MAP_AE_MODE},
-    {"AEMeterMode", MAP_AE_METER_MODE},
-    {"AntiFlicker", MAP_ANTI_FLICKER},
-    {"IrisLevel", MAP_IRIS_LEVEL},
-    {"ShutterMode", MAP_SHUTTER_MODE},
-    {"ND-Filter", MAP_ND_FILTER},
-    {"WbMode", MAP_WB_MODE},
-    {"StaticMode", MAP_STATIC_WB},
-    {"WbSensitivity", MAP_AWB_SENSITIVITY},
-    {"ImageStyle", MAP_ISP_BIN_USAGE},
-    {"FocusArea", MAP_FOCUS_AREA},
-    {"FocusModel", MAP_FOCUS_MODE},
-    {"FocusDistance", MAP_FOCUS_RANGE},
-    {"DZoomTime", MAP_DZOOM_TIME},
-    {"PowerUpPtzPos", MAP_PTZ_POS},
-    {"SpeedAccuracy", MAP_PT_SPEED_ACCURACY},
-    {"SpeedMode", MAP_PT_SPEED_MODE},
-    {"TrackMode", MAP_TRACK_MODE},
-    {"TrackStrategy", MAP_TRACK_STRATEGY},
-    {"BinocularStrategy", MAP_TRACK_MODE},
-    {"MonocularStrategy", MAP_TRACK_MODE},
-    {"BodySize", MAP_BODY_SIZE},
-    {"PeoplePos", MAP_PEOPLE_POS},
-    {"HeadPos", MAP_HEAD_POS},
-    {"TrackSpeed", MAP_TRACK_SPEED},
-    {"LostTime", MAP_TARGET_LOST_TIMEOUT},
-    {"LostAction", MAP_LOST_ACTION},
-    {"TrackSensitivity", MAP_TRACK_SENSITIVITY},
-    {"TallyMode", MAP_LED_TALLY_MODE_E},
-};
-
-/// The words of a setting; none: its text is the number.
-std::span<const STR2ENUM_MAP_S> wordsOf(settings::Row enRow)
-{
-    const settings::tagSETTING_ROW_S &stRow = settings::row(enRow);
-    for (const tagWORDS_S &stWords : g_astWords)
-        if (!std::strcmp(stWords.pcKey, stRow.pcKey)) return stWords.words;
-    if (stRow.s32Min == 0 && stRow.s32Max == 1) return MAP_SWITCH;
-    return {};
-}
-
 std::string textOf(settings::Row enRow, BU_S32 s32Value)
 {
-    const auto words = wordsOf(enRow);
+    const auto words = settings::row(enRow).words;
     const BU_CHAR *pcWord = sysEnum2Str(words.data(), static_cast<BU_S32>(words.size()), s32Value);
     return *pcWord ? pcWord : std::to_string(s32Value);
 }
@@ -91,7 +25,7 @@ std::string textOf(settings::Row enRow, BU_S32 s32Value)
 /// @return false: neither a word nor a number
 bool valueOf(settings::Row enRow, const BU_CHAR *pcText, BU_S32 *ps32Value)
 {
-    const auto words = wordsOf(enRow);
+    const auto words = settings::row(enRow).words;
     *ps32Value = sysStr2Enum(words.data(), static_cast<BU_S32>(words.size()), pcText);
     if (*ps32Value != INT32_MIN) return true;
     const BU_CHAR *pcEnd = pcText + std::strlen(pcText);
@@ -108,17 +42,17 @@ std::string deviceName()
 std::string off() { return "Off"; }
 
 /// Texts that are no numbers in disguise.
-struct tagFREE_TEXT_S {
+struct FreeText {
     const BU_CHAR *pcSection, *pcKey;
     std::string (*pfnDefault)();
 
     std::string path() const { return std::string(pcSection) + "/" + pcKey; }
 };
-constexpr tagFREE_TEXT_S g_astFreeTexts[] = {{"System", "DeviceName", deviceName}, {"Network", "Ndi", off}};
+constexpr FreeText FREE_TEXTS[] = {{"System", "DeviceName", deviceName}, {"Network", "Ndi", off}};
 
-const tagFREE_TEXT_S *freeText(const BU_CHAR *pcSection, const BU_CHAR *pcKey)
+const FreeText *freeText(const BU_CHAR *pcSection, const BU_CHAR *pcKey)
 {
-    for (const tagFREE_TEXT_S &stText : g_astFreeTexts)
+    for (const FreeText &stText : FREE_TEXTS)
         if (!std::strcmp(stText.pcKey, pcKey) && (!pcSection || !std::strcmp(stText.pcSection, pcSection)))
             return &stText;
     return nullptr;
@@ -131,7 +65,7 @@ bool findRow(const BU_CHAR *pcSection, const BU_CHAR *pcKey, settings::Row *penR
     *ps32Instance = 0;
     if (*penRow == settings::ROW_COUNT) return false;
     if (!pcSection) return true;
-    const settings::tagSETTING_ROW_S &stRow = settings::row(*penRow);
+    const settings::SettingRow &stRow = settings::row(*penRow);
     for (; *ps32Instance < stRow.instances(); ++*ps32Instance)
         if (!std::strcmp(settings::sectionName(stRow.enSection, *ps32Instance), pcSection)) return true;
     return false;
@@ -144,7 +78,7 @@ template <std::size_t N> void copy(BU_CHAR (&acTo)[N], const std::string &strFro
 
 BU_S32 getText(const BU_CHAR *pcSection, const BU_CHAR *pcKey, CFG_VALUE_TXT_S *pstValue)
 {
-    if (const tagFREE_TEXT_S *pstText = freeText(pcSection, pcKey)) {
+    if (const FreeText *pstText = freeText(pcSection, pcKey)) {
         std::string strValue = pstText->pfnDefault();
         copy(pstValue->acDef, strValue);
         CFG_STORE_GetText(pstText->path().c_str(), &strValue);
@@ -162,7 +96,7 @@ BU_S32 getText(const BU_CHAR *pcSection, const BU_CHAR *pcKey, CFG_VALUE_TXT_S *
 
 BU_S32 setText(const BU_CHAR *pcSection, const BU_CHAR *pcKey, const BU_CHAR *pcValue, BU_BOOL bSaveCfg)
 {
-    if (const tagFREE_TEXT_S *pstText = freeText(pcSection, pcKey)) {
+    if (const FreeText *pstText = freeText(pcSection, pcKey)) {
         if (std::strlen(pcValue) >= sizeof(CFG_VALUE_TXT_S::acCur)) return -1;
         return bSaveCfg ? CFG_STORE_SetText(pstText->path().c_str(), pcValue) : 0;
     }
@@ -176,7 +110,7 @@ BU_S32 setText(const BU_CHAR *pcSection, const BU_CHAR *pcKey, const BU_CHAR *pc
 std::span<const STR2ENUM_MAP_S> CFG_SETTING_Words(const BU_CHAR *pcKey)
 {
     const settings::Row enRow = settings::find(pcKey);
-    return enRow == settings::ROW_COUNT ? std::span<const STR2ENUM_MAP_S>() : wordsOf(enRow);
+    return enRow == settings::ROW_COUNT ? settings::NUMBERS : settings::row(enRow).words;
 }
 
 BU_S32 CFG_COM_GetTxtParams(const BU_CHAR *pcKey, CFG_VALUE_TXT_S *pstValue)

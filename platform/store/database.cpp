@@ -1,3 +1,4 @@
+// The database file: one table of settings, one of presets; damage is found before anything is used.
 #include "database.h"
 
 #include <sqlite3.h>
@@ -18,8 +19,8 @@ constexpr const BU_CHAR *SET_UP = "PRAGMA journal_mode=WAL; PRAGMA synchronous=F
                                   "PRAGMA user_version=1;";
 static_assert(FORMAT == 1, "as SET_UP writes it");
 
-// In the order of STATEMENT_E.
-constexpr const BU_CHAR *g_apcStatements[] = {
+// In the order of Query.
+constexpr const BU_CHAR *STATEMENTS[] = {
     "BEGIN IMMEDIATE",
     "COMMIT",
     "ROLLBACK",
@@ -42,6 +43,8 @@ std::string columnText(sqlite3_stmt *pstStatement, int s32Column)
 }
 } // namespace
 
+namespace store
+{
 Database::Database() : m_clHandle(nullptr, sqlite3_close_v2) {}
 Database::~Database() = default;
 
@@ -88,7 +91,7 @@ bool Database::isSound()
 
 bool Database::prepareAll()
 {
-    for (const BU_CHAR *pcSql : g_apcStatements) {
+    for (const BU_CHAR *pcSql : STATEMENTS) {
         sqlite3_stmt *pstRaw = nullptr;
         const int s32Ret = sqlite3_prepare_v3(m_clHandle.get(), pcSql, -1, SQLITE_PREPARE_PERSISTENT, &pstRaw, nullptr);
         m_statements.emplace_back(pstRaw, sqlite3_finalize);
@@ -109,7 +112,7 @@ bool Database::load(SettingMap &settings, PresetMap &presets)
            });
 }
 
-DATABASE_OPEN_E Database::open(const std::string &strPath, SettingMap &settings, PresetMap &presets)
+Opened Database::open(const std::string &strPath, SettingMap &settings, PresetMap &presets)
 {
     sqlite3 *pstRaw = nullptr;
     constexpr int s32Flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
@@ -117,21 +120,21 @@ DATABASE_OPEN_E Database::open(const std::string &strPath, SettingMap &settings,
     m_clHandle.reset(pstRaw);
     if (s32Ret != SQLITE_OK) {
         m_strReason = pstRaw ? sqlite3_errmsg(pstRaw) : "no memory";
-        return DATABASE_OPEN_E_IMPOSSIBLE;
+        return Opened::IMPOSSIBLE;
     }
     sqlite3_busy_timeout(pstRaw, BUSY_TIMEOUT_MS);
     if (sqlite3_db_readonly(pstRaw, "main") == 1) {
         m_strReason = "read-only";
-        return isSound() && load(settings, presets) ? DATABASE_OPEN_E_READONLY : DATABASE_OPEN_E_IMPOSSIBLE;
+        return isSound() && load(settings, presets) ? Opened::READONLY : Opened::IMPOSSIBLE;
     }
-    if (isSound() && run(SET_UP) && load(settings, presets) && prepareAll()) return DATABASE_OPEN_E_OK;
+    if (isSound() && run(SET_UP) && load(settings, presets) && prepareAll()) return Opened::OK;
     const int s32Error = sqlite3_errcode(pstRaw) & 0xFF;
     const bool bAccess = s32Error == SQLITE_CANTOPEN || s32Error == SQLITE_IOERR || s32Error == SQLITE_FULL ||
                          s32Error == SQLITE_BUSY || s32Error == SQLITE_READONLY;
-    return bAccess ? DATABASE_OPEN_E_IMPOSSIBLE : DATABASE_OPEN_E_DAMAGED;
+    return bAccess ? Opened::IMPOSSIBLE : Opened::DAMAGED;
 }
 
-bool Database::step(STATEMENT_E enStatement, const std::function<void(sqlite3_stmt *)> &bind)
+bool Database::step(Query enStatement, const std::function<void(sqlite3_stmt *)> &bind)
 {
     sqlite3_stmt *pstStatement = m_statements[enStatement].get();
     if (bind) bind(pstStatement);
@@ -184,3 +187,4 @@ bool Database::deletePreset(BU_S32 s32Id)
 }
 
 bool Database::deleteAllPresets() { return step(DELETE_PRESETS); }
+} // namespace store

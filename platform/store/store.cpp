@@ -1,3 +1,4 @@
+// What is stored: in memory for reading; a write reaches the disk first.
 #include "store/store.h"
 #include "config/config.h"
 
@@ -14,12 +15,14 @@
 #include <optional>
 #include <shared_mutex>
 
+using namespace store;
+
 namespace
 {
 constexpr const BU_CHAR *DEFAULT_PATH = "/cfg0/settings.db";
 
 /// Everything stored, in memory: reads never touch the disk and never wait for a write to it.
-struct tagSTORE_S {
+struct State {
     std::mutex writeLock; // guards database and s32OpenResult; held over a whole write, taken before valueLock
     std::unique_ptr<Database> database; // none: in memory only
     BU_S32 s32OpenResult = 0;
@@ -28,10 +31,10 @@ struct tagSTORE_S {
     SettingMap settings;
     PresetMap presets;
 };
-tagSTORE_S &store()
+State &state()
 {
-    static auto *pstStore = new tagSTORE_S;
-    return *pstStore;
+    static auto *pst = new State;
+    return *pst;
 }
 
 void setAside(const std::string &strPath)
@@ -49,15 +52,15 @@ std::unique_ptr<Database> openDatabase(const std::string &strPath, SettingMap &s
         auto database = std::make_unique<Database>();
         SettingMap readSettings;
         PresetMap readPresets;
-        const DATABASE_OPEN_E enResult = database->open(strPath, readSettings, readPresets);
-        if (enResult == DATABASE_OPEN_E_OK || enResult == DATABASE_OPEN_E_READONLY) {
+        const Opened enResult = database->open(strPath, readSettings, readPresets);
+        if (enResult == Opened::OK || enResult == Opened::READONLY) {
             settings = std::move(readSettings);
             presets = std::move(readPresets);
         }
-        if (enResult == DATABASE_OPEN_E_OK) return database;
+        if (enResult == Opened::OK) return database;
         const std::string strReason = database->reason();
         database.reset();
-        if (enResult == DATABASE_OPEN_E_DAMAGED && !bAgain) {
+        if (enResult == Opened::DAMAGED && !bAgain) {
             LOG_ERROR("%s is damaged (%s): set aside as %s.damaged, all settings have their defaults", strPath.c_str(),
                       strReason.c_str(), strPath.c_str());
             setAside(strPath);
@@ -75,30 +78,30 @@ BU_S32 openLocked(const BU_CHAR *pcPath)
 {
     SettingMap settings;
     PresetMap presets;
-    store().database.reset();
+    state().database.reset();
     if (pcPath) {
         const std::string strPath = UTIL_ROOT_Path(pcPath);
         std::error_code error;
         const bool bNew = !std::filesystem::exists(strPath, error);
-        store().database = openDatabase(strPath, settings, presets);
-        if (bNew && store().database) LOG_INFO("%s is new: all settings have their defaults", strPath.c_str());
+        state().database = openDatabase(strPath, settings, presets);
+        if (bNew && state().database) LOG_INFO("%s is new: all settings have their defaults", strPath.c_str());
     }
     {
-        const std::unique_lock guard(store().valueLock);
-        store().settings = std::move(settings);
-        store().presets = std::move(presets);
+        const std::unique_lock guard(state().valueLock);
+        state().settings = std::move(settings);
+        state().presets = std::move(presets);
     }
-    store().bOpen = true;
-    store().s32OpenResult = pcPath && !store().database ? -1 : 0;
-    return store().s32OpenResult;
+    state().bOpen = true;
+    state().s32OpenResult = pcPath && !state().database ? -1 : 0;
+    return state().s32OpenResult;
 }
 
 /// The first use opens the store of the device root.
 void ensureOpen()
 {
-    if (store().bOpen.load(std::memory_order_acquire)) return;
-    const std::lock_guard guard(store().writeLock);
-    if (!store().bOpen) openLocked(DEFAULT_PATH);
+    if (state().bOpen.load(std::memory_order_acquire)) return;
+    const std::lock_guard guard(state().writeLock);
+    if (!state().bOpen) openLocked(DEFAULT_PATH);
 }
 
 /// Puts a change on the disk, then in memory: readers never see what is not stored.
@@ -107,13 +110,13 @@ template <class Write, class Apply> BU_S32 change(Write write, Apply apply)
     ensureOpen();
     std::string strReason;
     {
-        const std::lock_guard guard(store().writeLock);
-        if (!store().database || write(*store().database)) {
-            const std::unique_lock values(store().valueLock);
-            apply(store());
+        const std::lock_guard guard(state().writeLock);
+        if (!state().database || write(*state().database)) {
+            const std::unique_lock values(state().valueLock);
+            apply(state());
             return 0;
         }
-        strReason = store().database->reason();
+        strReason = state().database->reason();
     }
     LOG_ERROR("settings not written: %s", strReason.c_str());
     return -1;
@@ -123,31 +126,31 @@ std::optional<std::string> textOf(const BU_CHAR *pcKey)
 {
     if (!pcKey) return std::nullopt;
     ensureOpen();
-    const std::shared_lock guard(store().valueLock);
-    const auto setting = store().settings.find(std::string_view(pcKey));
-    return setting == store().settings.end() ? std::nullopt : std::optional(setting->second);
+    const std::shared_lock guard(state().valueLock);
+    const auto setting = state().settings.find(std::string_view(pcKey));
+    return setting == state().settings.end() ? std::nullopt : std::optional(setting->second);
 }
 } // namespace
 
 BU_S32 CFG_STORE_Open(const BU_CHAR *pcPath)
 {
-    const std::lock_guard guard(store().writeLock);
+    const std::lock_guard guard(state().writeLock);
     return openLocked(pcPath);
 }
 
 void CFG_STORE_Close()
 {
-    const std::lock_guard guard(store().writeLock);
-    store().database.reset();
-    store().bOpen = false;
+    const std::lock_guard guard(state().writeLock);
+    state().database.reset();
+    state().bOpen = false;
 }
 
 BU_S32 CFG_VerifyFileFormat()
 {
     if (const auto injected = journal::call(__func__)) return *injected;
     ensureOpen();
-    const std::lock_guard guard(store().writeLock);
-    return store().s32OpenResult;
+    const std::lock_guard guard(state().writeLock);
+    return state().s32OpenResult;
 }
 
 BU_S32 CFG_STORE_GetInt(const BU_CHAR *pcKey, BU_S32 *ps32Value)
@@ -189,13 +192,13 @@ BU_S32 CFG_STORE_SetTexts(const std::vector<std::pair<std::string, std::string>>
             // What is on the disk already needs no write. No other writer is under way here.
             std::vector<std::pair<std::string, std::string>> changed;
             for (const auto &value : listValues) {
-                const auto setting = store().settings.find(value.first);
-                if (setting == store().settings.end() || setting->second != value.second) changed.push_back(value);
+                const auto setting = state().settings.find(value.first);
+                if (setting == state().settings.end() || setting->second != value.second) changed.push_back(value);
             }
             return changed.empty() || database.put(changed);
         },
-        [&](tagSTORE_S &stStore) {
-            for (const auto &[strKey, strValue] : listValues) stStore.settings[strKey] = strValue;
+        [&](State &st) {
+            for (const auto &[strKey, strValue] : listValues) st.settings[strKey] = strValue;
         });
 }
 
@@ -204,8 +207,8 @@ BU_S32 CFG_STORE_Erase(const BU_CHAR *pcPrefix)
     const std::string strPrefix = pcPrefix ? pcPrefix : "";
     if (const auto injected = journal::ask(__func__, strPrefix.c_str())) return *injected;
     return change([&](Database &database) { return database.erase(strPrefix); },
-                  [&](tagSTORE_S &stStore) {
-                      std::erase_if(stStore.settings,
+                  [&](State &st) {
+                      std::erase_if(st.settings,
                                     [&](const auto &setting) { return setting.first.starts_with(strPrefix); });
                   });
 }
@@ -213,9 +216,9 @@ BU_S32 CFG_STORE_Erase(const BU_CHAR *pcPrefix)
 BU_S32 CFG_STORE_GetPreset(BU_S32 s32Id, CFG_PRESET_S *pstPreset)
 {
     ensureOpen();
-    const std::shared_lock guard(store().valueLock);
-    const auto preset = store().presets.find(s32Id);
-    if (preset == store().presets.end() || !pstPreset) return -1;
+    const std::shared_lock guard(state().valueLock);
+    const auto preset = state().presets.find(s32Id);
+    if (preset == state().presets.end() || !pstPreset) return -1;
     *pstPreset = preset->second;
     return 0;
 }
@@ -224,28 +227,28 @@ BU_S32 CFG_STORE_SetPreset(const CFG_PRESET_S &stPreset)
 {
     if (const auto injected = journal::ask(__func__, stPreset.s32Id)) return *injected;
     return change([&](Database &database) { return database.putPreset(stPreset); },
-                  [&](tagSTORE_S &stStore) { stStore.presets[stPreset.s32Id] = stPreset; });
+                  [&](State &st) { st.presets[stPreset.s32Id] = stPreset; });
 }
 
 BU_S32 CFG_STORE_DeletePreset(BU_S32 s32Id)
 {
     if (const auto injected = journal::ask(__func__, s32Id)) return *injected;
     return change([=](Database &database) { return database.deletePreset(s32Id); },
-                  [=](tagSTORE_S &stStore) { stStore.presets.erase(s32Id); });
+                  [=](State &st) { st.presets.erase(s32Id); });
 }
 
 BU_S32 CFG_STORE_DeleteAllPresets()
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
     return change([](Database &database) { return database.deleteAllPresets(); },
-                  [](tagSTORE_S &stStore) { stStore.presets.clear(); });
+                  [](State &st) { st.presets.clear(); });
 }
 
 std::vector<CFG_PRESET_S> CFG_STORE_ListPresets()
 {
     ensureOpen();
-    const std::shared_lock guard(store().valueLock);
+    const std::shared_lock guard(state().valueLock);
     std::vector<CFG_PRESET_S> list;
-    for (const auto &[s32Id, stPreset] : store().presets) list.push_back(stPreset);
+    for (const auto &[s32Id, stPreset] : state().presets) list.push_back(stPreset);
     return list;
 }

@@ -44,11 +44,11 @@ BU_S32 setOf(const BU_CHAR *pcFunction, const BU_CHAR *pcName, Row enRow, T valu
 }
 
 /// Colours of the tally modes that have one.
-struct tagMODE_COLOR_S {
+struct ModeColor {
     tagLED_TALLY_MODE_E enMode;
     BU_U32 u32Color;
 };
-constexpr tagMODE_COLOR_S g_astColors[] = {
+constexpr ModeColor COLORS[] = {
     {LED_TALLY_MODE_E_COLOR_W, ALL_ON},
     {LED_TALLY_MODE_E_COLOR_R, 0xFF0000},
     {LED_TALLY_MODE_E_COLOR_G, 0x00FF00},
@@ -80,8 +80,8 @@ LED_TALLY_STATE_S lamp::restState()
     if (enMode == LED_TALLY_MODE_E_COLOR_RGB_CIRCLE) stState.enMode = LED_WORK_MODE_E_RGB_CIRCLE;
     if (enMode == LED_TALLY_MODE_E_COLOR_CUSTOM)
         stState.u32ColorRGB = static_cast<BU_U32>(settings::value(settings::LED_API_TallyCustomColor));
-    const auto *pst = std::ranges::find(g_astColors, enMode, &tagMODE_COLOR_S::enMode);
-    if (pst != std::end(g_astColors)) stState.u32ColorRGB = pst->u32Color;
+    const auto *pst = std::ranges::find(COLORS, enMode, &ModeColor::enMode);
+    if (pst != std::end(COLORS)) stState.u32ColorRGB = pst->u32Color;
     return stState;
 }
 

@@ -1,3 +1,4 @@
+// A lamp as a line of its file in the device root.
 #include "lampDevice.h"
 
 #include "util/file.h"
@@ -20,7 +21,7 @@ constexpr BU_U32 ALL_ON = 0xFF000000;
 constexpr const BU_CHAR *FLICKER[] = {"", "", "50Hz", "10Hz", "5Hz", "3Hz", "2Hz", "1Hz", "0.5Hz"};
 static_assert(std::size(FLICKER) == LED_MODE_FLICKER_HALFHZ + 1);
 
-struct tagLAMP_S {
+struct Lamp {
     int nFile;
     std::string strPath, strShown;
 };
@@ -51,7 +52,7 @@ std::string lamp::describe(const LED_TALLY_STATE_S &stState, LED_WHITE_MODE_E en
 
 void lamp::show(BSP_LED_HANDLE pvLamp, const std::string &strLine)
 {
-    auto *pstLamp = static_cast<tagLAMP_S *>(pvLamp);
+    auto *pstLamp = static_cast<Lamp *>(pvLamp);
     if (!pstLamp || pstLamp->strShown == strLine) return;
     pstLamp->strShown = strLine;
     const std::string strText = strLine + '\n';
@@ -72,7 +73,7 @@ BSP_LED_HANDLE BSP_LED_Init(const BU_CHAR *pcPath)
         LOG_ERROR("%s: %s\n", strPath.c_str(), std::strerror(errno));
         return nullptr;
     }
-    auto lamp = std::make_unique<tagLAMP_S>(tagLAMP_S{nFile, strPath, {}});
+    auto lamp = std::make_unique<Lamp>(Lamp{nFile, strPath, {}});
     lamp::show(lamp.get(), "off");
     return lamp.release();
 }
@@ -80,6 +81,6 @@ BSP_LED_HANDLE BSP_LED_Init(const BU_CHAR *pcPath)
 BU_S32 BSP_LED_Destroy(BSP_LED_HANDLE pvLamp)
 {
     if (const auto injected = journal::call(__func__, pvLamp != nullptr)) return *injected;
-    const std::unique_ptr<tagLAMP_S> lamp(static_cast<tagLAMP_S *>(pvLamp));
+    const std::unique_ptr<Lamp> lamp(static_cast<Lamp *>(pvLamp));
     return lamp ? close(lamp->nFile) : -1;
 }

@@ -1,3 +1,4 @@
+// Which source decides what a lamp shows.
 #include "lampManager.h"
 
 #include "camera/settingEvent.h"
@@ -126,13 +127,13 @@ private:
 };
 
 /// Managers by name. Leaked, for their threads outlive static objects.
-struct tagMANAGERS_S {
+struct Managers {
     std::mutex lock; // guards byName
     std::map<std::string, std::shared_ptr<Manager>, std::less<>> byName;
 };
-tagMANAGERS_S &managers()
+Managers &managers()
 {
-    static auto *pstManagers = new tagMANAGERS_S;
+    static auto *pstManagers = new Managers;
     return *pstManagers;
 }
 std::shared_ptr<Manager> managerOf(const BU_CHAR *pcName)

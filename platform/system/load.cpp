@@ -13,12 +13,12 @@ namespace
 {
 constexpr double PORT_BYTES_PER_MS = 1e9 / 8 / 1000;
 
-struct tagCPU_TIMES_S {
+struct CpuTimes {
     BU_U64 u64Idle = 0, u64All = 0;
 };
-tagCPU_TIMES_S cpuTimes()
+CpuTimes cpuTimes()
 {
-    tagCPU_TIMES_S stTimes;
+    CpuTimes stTimes;
     std::ifstream in("/proc/stat");
     std::string strName;
     in >> strName;
@@ -30,13 +30,13 @@ tagCPU_TIMES_S cpuTimes()
     return stTimes;
 }
 
-struct tagNET_BYTES_S {
+struct NetBytes {
     BU_S64 s64Ms = 0;
     BU_U64 u64Received = 0, u64Sent = 0;
 };
-tagNET_BYTES_S netBytes()
+NetBytes netBytes()
 {
-    tagNET_BYTES_S stBytes{UTIL_TIME_NowMs()};
+    NetBytes stBytes{UTIL_TIME_NowMs()};
     std::ifstream in("/proc/net/dev");
     for (std::string strLine; std::getline(in, strLine);) {
         const auto colon = strLine.find(':');
@@ -51,8 +51,8 @@ tagNET_BYTES_S netBytes()
 }
 
 std::mutex g_lockLast; // guards the two below, what the last question found
-tagCPU_TIMES_S g_stLastCpu;
-tagNET_BYTES_S g_stLastNet;
+CpuTimes g_stLastCpu;
+NetBytes g_stLastNet;
 
 BU_FLOAT share(BU_U64 u64Bytes, BU_S64 s64Ms)
 {
@@ -65,7 +65,7 @@ BU_FLOAT share(BU_U64 u64Bytes, BU_S64 s64Ms)
 BU_S32 SYSTEM_API_GetCpuIdlePrecent()
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    const tagCPU_TIMES_S stNow = cpuTimes();
+    const CpuTimes stNow = cpuTimes();
     const std::lock_guard guard(g_lockLast);
     const bool bFirst = g_stLastCpu.u64All == 0;
     const BU_U64 u64All = stNow.u64All - g_stLastCpu.u64All, u64Idle = stNow.u64Idle - g_stLastCpu.u64Idle;
@@ -76,7 +76,7 @@ BU_S32 SYSTEM_API_GetCpuIdlePrecent()
 BU_S32 SYSTEM_API_GetNetUsagePrecent(BU_FLOAT &fReceived, BU_FLOAT &fSent)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
-    const tagNET_BYTES_S stNow = netBytes();
+    const NetBytes stNow = netBytes();
     const std::lock_guard guard(g_lockLast);
     const BU_S64 s64Ms = g_stLastNet.s64Ms ? stNow.s64Ms - g_stLastNet.s64Ms : 0;
     fReceived = share(stNow.u64Received - g_stLastNet.u64Received, s64Ms);

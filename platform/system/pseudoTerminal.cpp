@@ -1,3 +1,4 @@
+// A serial port as a pseudo-terminal: link, bytes, what is lost when nobody reads.
 #include "pseudoTerminal.h"
 
 #include "util/log.h"
@@ -18,12 +19,12 @@ namespace
 {
 constexpr int UNREAD_LIMIT = 2048; // bytes that wait for a controller; more are stale
 
-struct tagRATE_ROW_S {
+struct RateRow {
     BU_S32 s32BitsPerSecond;
     speed_t speed;
 };
-constexpr tagRATE_ROW_S g_astRates[] = {{2400, B2400},   {4800, B4800},   {9600, B9600},    {19200, B19200},
-                                        {38400, B38400}, {57600, B57600}, {115200, B115200}};
+constexpr RateRow RATES[] = {{2400, B2400},   {4800, B4800},   {9600, B9600},    {19200, B19200},
+                             {38400, B38400}, {57600, B57600}, {115200, B115200}};
 
 bool makeRaw(int s32Terminal)
 {
@@ -103,9 +104,9 @@ BU_S32 PseudoTerminal::send(std::span<const BU_U8> bytes)
 
 void PseudoTerminal::setBaudrate(BU_S32 s32BitsPerSecond)
 {
-    const auto rate = std::ranges::find(g_astRates, s32BitsPerSecond, &tagRATE_ROW_S::s32BitsPerSecond);
+    const auto rate = std::ranges::find(RATES, s32BitsPerSecond, &RateRow::s32BitsPerSecond);
     termios stMode;
-    if (rate == std::end(g_astRates) || tcgetattr(m_clTerminal, &stMode) != 0) return;
+    if (rate == std::end(RATES) || tcgetattr(m_clTerminal, &stMode) != 0) return;
     cfsetspeed(&stMode, rate->speed);
     tcsetattr(m_clTerminal, TCSANOW, &stMode);
 }

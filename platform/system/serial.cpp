@@ -24,18 +24,18 @@ constexpr STR2ENUM_MAP_S PROTOCOLS[] = {{"Visca", RS_PROTO_E_VISCA},
 constexpr BU_S32 BAUDRATES[] = {2400, 4800, 9600, 38400};
 static_assert(std::size(BAUDRATES) == std::size(MAP_BAUDRATE));
 
-struct tagPORT_ROWS_S {
+struct PortRows {
     BU_S32 enPort;
     Row enProtocol, enBaudrate;
 };
-constexpr tagPORT_ROWS_S g_astPorts[] = {
+constexpr PortRows PORTS[] = {
     {UART_INSTANCE_TYPE_RS232, settings::SERIAL_API_Protocol232, settings::SERIAL_API_Baudrate232},
     {UART_INSTANCE_TYPE_RS422, settings::SERIAL_API_Protocol422, settings::SERIAL_API_Baudrate422},
 };
-const tagPORT_ROWS_S *portOf(BU_S32 s32Port)
+const PortRows *portOf(BU_S32 s32Port)
 {
-    const auto *pst = std::ranges::find(g_astPorts, s32Port, &tagPORT_ROWS_S::enPort);
-    return pst == std::end(g_astPorts) ? nullptr : pst;
+    const auto *pst = std::ranges::find(PORTS, s32Port, &PortRows::enPort);
+    return pst == std::end(PORTS) ? nullptr : pst;
 }
 
 Row pelcoRow(BU_S32 s32Protocol)
@@ -87,14 +87,14 @@ UART_INSTANCE_TYPE SERIAL_API_GetSerialType()
 BU_S32 SERIAL_API_GetProtocolType(BU_S32 s32Port)
 {
     if (const auto injected = journal::ask(__func__, s32Port)) return *injected;
-    const tagPORT_ROWS_S *pstPort = portOf(s32Port);
+    const PortRows *pstPort = portOf(s32Port);
     return pstPort ? settings::value(pstPort->enProtocol) : -1;
 }
 
 BU_S32 SERIAL_API_SetProtocolType(BU_S32 s32Port, const BU_CHAR *pcWord, BU_BOOL bSaveCfg)
 {
     if (const auto injected = journal::call(__func__, s32Port, pcWord, bSaveCfg)) return *injected;
-    const tagPORT_ROWS_S *pstPort = portOf(s32Port);
+    const PortRows *pstPort = portOf(s32Port);
     if (!pstPort) return -1;
     return settings::set(pstPort->enProtocol, 0, vocabulary::valueOf<PROTOCOLS>(pcWord), bSaveCfg, BU_TRUE);
 }
@@ -102,14 +102,14 @@ BU_S32 SERIAL_API_SetProtocolType(BU_S32 s32Port, const BU_CHAR *pcWord, BU_BOOL
 BU_S32 SERIAL_API_GetBaudrate(BU_S32 s32Port)
 {
     if (const auto injected = journal::ask(__func__, s32Port)) return *injected;
-    const tagPORT_ROWS_S *pstPort = portOf(s32Port);
+    const PortRows *pstPort = portOf(s32Port);
     return pstPort ? BAUDRATES[settings::value(pstPort->enBaudrate)] : -1;
 }
 
 BU_S32 SERIAL_API_SetBaudrate(BU_S32 s32Port, const BU_CHAR *pcWord, BU_BOOL bSaveCfg)
 {
     if (const auto injected = journal::call(__func__, s32Port, pcWord, bSaveCfg)) return *injected;
-    const tagPORT_ROWS_S *pstPort = portOf(s32Port);
+    const PortRows *pstPort = portOf(s32Port);
     if (!pstPort) return -1;
     return settings::set(pstPort->enBaudrate, 0, vocabulary::valueOf<MAP_BAUDRATE>(pcWord), bSaveCfg, BU_TRUE);
 }

@@ -1,3 +1,4 @@
+// The serial ports: open, send, and which protocol gets the bytes.
 #include "system/serialPort.h"
 
 #include "board/profileData.h"
@@ -18,39 +19,36 @@
 namespace
 {
 constexpr std::size_t PORTS = 2;
-constexpr std::array<const BU_CHAR *, PORTS> g_apcThreads = {"rs232", "rs422"};
+constexpr std::array<const BU_CHAR *, PORTS> THREADS = {"rs232", "rs422"};
 // By tagRS_PROTO_E.
-constexpr std::array<const BU_CHAR *, 4> g_apcProtocols = {"VISCA", "Pelco-D", "Pelco-P", "FreeD"};
+constexpr std::array<const BU_CHAR *, 4> PROTOCOLS = {"VISCA", "Pelco-D", "Pelco-P", "FreeD"};
 
-struct tagRECEIVER_S {
+struct Receiver {
     std::shared_ptr<const FN_UART_RECEIVER> fn;
     BU_U32 u32Running = 0;
 };
 
-struct tagUART_S {
+struct Uart {
     std::mutex portLock; // guards ports
     std::array<std::shared_ptr<PseudoTerminal>, PORTS> ports;
-    std::mutex receiverLock;                                    // guards receivers
-    std::array<tagRECEIVER_S, g_apcProtocols.size()> receivers; // by tagRS_PROTO_E
-    std::condition_variable ended;                              // a receiver's call has ended
+    std::mutex receiverLock;                          // guards receivers
+    std::array<Receiver, PROTOCOLS.size()> receivers; // by tagRS_PROTO_E
+    std::condition_variable ended;                    // a receiver's call has ended
 };
-tagUART_S &uart()
+Uart &uart()
 {
-    static auto *pstUart = new tagUART_S;
+    static auto *pstUart = new Uart;
     return *pstUart;
 }
 
-bool isProtocol(BU_S32 s32Protocol)
-{
-    return s32Protocol >= 0 && s32Protocol < static_cast<BU_S32>(g_apcProtocols.size());
-}
+bool isProtocol(BU_S32 s32Protocol) { return s32Protocol >= 0 && s32Protocol < static_cast<BU_S32>(PROTOCOLS.size()); }
 
 /// Hands bytes to the library of the port's protocol; without one they are lost, as on a line that nobody listens to.
 void deliver(UART_INSTANCE_TYPE enPort, std::span<const BU_U8> bytes)
 {
     const BU_S32 s32Protocol = SERIAL_API_GetProtocolType(enPort);
     if (!isProtocol(s32Protocol)) return;
-    tagRECEIVER_S &stReceiver = uart().receivers[static_cast<std::size_t>(s32Protocol)];
+    Receiver &stReceiver = uart().receivers[static_cast<std::size_t>(s32Protocol)];
     std::unique_lock guard(uart().receiverLock);
     const auto fn = stReceiver.fn;
     if (!fn) return;
@@ -66,7 +64,7 @@ std::shared_ptr<PseudoTerminal> openPort(const board::SerialNode &stNode)
 {
     const std::string strLink = UTIL_ROOT_Path(stNode.strDevice.c_str());
     std::shared_ptr<PseudoTerminal> port =
-        PseudoTerminal::open(strLink, g_apcThreads[stNode.enPort],
+        PseudoTerminal::open(strLink, THREADS[stNode.enPort],
                              [enPort = stNode.enPort](std::span<const BU_U8> bytes) { deliver(enPort, bytes); });
     if (!port) {
         LOG_ERROR("serial port %s: %s", strLink.c_str(), std::strerror(errno));
@@ -75,7 +73,7 @@ std::shared_ptr<PseudoTerminal> openPort(const board::SerialNode &stNode)
     port->setBaudrate(SERIAL_API_GetBaudrate(stNode.enPort));
     const BU_S32 s32Protocol = SERIAL_API_GetProtocolType(stNode.enPort);
     PLATFORM_AddEndpoint("serial:" + strLink + " " +
-                         (isProtocol(s32Protocol) ? g_apcProtocols[static_cast<std::size_t>(s32Protocol)] : ""));
+                         (isProtocol(s32Protocol) ? PROTOCOLS[static_cast<std::size_t>(s32Protocol)] : ""));
     return port;
 }
 
@@ -98,10 +96,10 @@ void followBaudrate(const CFG_SETTING_EVENT_S &stEvent)
 }
 
 /// A message in the journal: its bytes in hexadecimal.
-struct tagBYTES_S {
+struct Bytes {
     std::span<const BU_U8> bytes;
 };
-std::string journalText(const tagBYTES_S &stBytes)
+std::string journalText(const Bytes &stBytes)
 {
     std::string strText;
     for (const BU_U8 u8 : stBytes.bytes) {
@@ -116,7 +114,7 @@ BU_S32 send(const BU_CHAR *pcFunction, UART_INSTANCE_TYPE enPort, const BU_U8 *p
 {
     if (!pu8Buf && u32Len > 0) return -1;
     const std::span bytes(pu8Buf, u32Len);
-    if (const auto injected = journal::call(pcFunction, tagBYTES_S{bytes})) return *injected;
+    if (const auto injected = journal::call(pcFunction, Bytes{bytes})) return *injected;
     const auto port = portOf(enPort);
     return port ? port->send(bytes) : -1;
 }
@@ -125,7 +123,7 @@ BU_S32 send(const BU_CHAR *pcFunction, UART_INSTANCE_TYPE enPort, const BU_U8 *p
 BU_S32 UART_RegisterReceiver(tagRS_PROTO_E enProtocol, FN_UART_RECEIVER fnReceiver)
 {
     if (!isProtocol(enProtocol)) return -1;
-    tagRECEIVER_S &stReceiver = uart().receivers[static_cast<std::size_t>(enProtocol)];
+    Receiver &stReceiver = uart().receivers[static_cast<std::size_t>(enProtocol)];
     std::unique_lock guard(uart().receiverLock);
     auto earlier = std::exchange(stReceiver.fn, nullptr);
     if (fnReceiver)
@@ -157,7 +155,7 @@ BU_S32 UART_Change_SerialRs422or232(BU_S32 s32Port)
     if (!port) return -1;
     // One transceiver serves both lines on a camera. Here each port has a terminal of its own and both stay open.
     port->setBaudrate(SERIAL_API_GetBaudrate(s32Port));
-    LOG_INFO("serial port in use: %s", g_apcThreads[static_cast<std::size_t>(s32Port)]);
+    LOG_INFO("serial port in use: %s", THREADS[static_cast<std::size_t>(s32Port)]);
     return 0;
 }
 

@@ -1,3 +1,4 @@
+// Sound, and the picture in picture.
 #include "camera/sound.h"
 #include "board/lamp.h"
 #include "camera/load.h"
@@ -15,11 +16,11 @@ namespace
 constexpr BU_S32 PORT_MBIT_S = 1000;
 
 /// The settings of picture in picture and their places in the record.
-struct tagPIP_FIELD_S {
+struct PipField {
     settings::Row enRow;
     BU_S32 MPP_PIP_CONFIG_S::*ps32Field;
 };
-constexpr tagPIP_FIELD_S g_astPip[] = {
+constexpr PipField PIP_FIELDS[] = {
     {settings::SYS_API_PipEnable, &MPP_PIP_CONFIG_S::bEnablePip},
     {settings::SYS_API_PipMainVideo, &MPP_PIP_CONFIG_S::enMainVideo},
     {settings::SYS_API_PipSubVideo, &MPP_PIP_CONFIG_S::enSubVideo},
@@ -32,7 +33,7 @@ constexpr tagPIP_FIELD_S g_astPip[] = {
 std::string journalText(const MPP_PIP_CONFIG_S &stCfg)
 {
     std::string strText;
-    for (const auto &st : g_astPip) strText += (strText.empty() ? "{" : ", ") + std::to_string(stCfg.*st.ps32Field);
+    for (const auto &st : PIP_FIELDS) strText += (strText.empty() ? "{" : ", ") + std::to_string(stCfg.*st.ps32Field);
     return strText + "}";
 }
 
@@ -58,7 +59,7 @@ BU_S32 SYS_API_GetPipConfig(MPP_PIP_CONFIG_S *pstCfg, BU_BOOL bReread)
 {
     if (const auto injected = journal::ask(__func__)) return *injected;
     if (!pstCfg) return -1;
-    for (const auto &st : g_astPip) settings::get(st.enRow, 0, &(pstCfg->*st.ps32Field), bReread);
+    for (const auto &st : PIP_FIELDS) settings::get(st.enRow, 0, &(pstCfg->*st.ps32Field), bReread);
     return 0;
 }
 
@@ -66,9 +67,9 @@ BU_S32 SYS_API_SetPipConfig(const MPP_PIP_CONFIG_S *pstCfg, BU_BOOL bSaveCfg, BU
 {
     if (const auto injected = journal::call(__func__, pstCfg, bSaveCfg, bUpdate)) return *injected;
     if (!pstCfg) return -1;
-    std::array<settings::tagCHANGE_S, std::size(g_astPip)> astChanges{};
+    std::array<settings::Change, std::size(PIP_FIELDS)> astChanges{};
     for (std::size_t i = 0; i < astChanges.size(); ++i)
-        astChanges[i] = {g_astPip[i].enRow, pstCfg->*g_astPip[i].ps32Field};
+        astChanges[i] = {PIP_FIELDS[i].enRow, pstCfg->*PIP_FIELDS[i].ps32Field};
     return settings::setTogether(astChanges, bSaveCfg, bUpdate);
 }
 

@@ -16,27 +16,25 @@ namespace
 using settings::Row;
 
 /// An output rate: the whole frames/s nearest to it, and its text behind the format ("1080P59.94").
-struct tagRATE_S {
+struct Rate {
     BU_S32 s32Rate;
     std::string_view strText;
 };
-constexpr tagRATE_S g_astRates[] = {{60, "60"},    {60, "59.94"}, {50, "50"}, {30, "30"},
-                                    {30, "29.97"}, {25, "25"},    {24, "24"}, {24, "23.98"}};
-static_assert(std::size(g_astRates) == HDMI_FPS_E_BUTT);
+constexpr Rate RATES[] = {{60, "60"},    {60, "59.94"}, {50, "50"}, {30, "30"},
+                          {30, "29.97"}, {25, "25"},    {24, "24"}, {24, "23.98"}};
+static_assert(std::size(RATES) == HDMI_FPS_E_BUTT);
 constexpr std::string_view FORMAT_TEXTS[] = {"4K", "1080P", "1080I", "720P"};
 static_assert(std::size(FORMAT_TEXTS) == HDMI_FORMAT_E_BUTT);
 
-struct tagOUTPUT_ROWS_S {
+struct OutputRows {
     Row enFormat, enFps, enCs;
 };
-constexpr tagOUTPUT_ROWS_S HDMI{settings::SYSTEM_API_HdmiFormat, settings::SYSTEM_API_HdmiFps,
-                                settings::SYSTEM_API_HdmiCs};
-constexpr tagOUTPUT_ROWS_S SDI{settings::SYSTEM_API_SdiFormat, settings::SYSTEM_API_SdiFps, settings::SYSTEM_API_SdiCs};
+constexpr OutputRows HDMI{settings::SYSTEM_API_HdmiFormat, settings::SYSTEM_API_HdmiFps, settings::SYSTEM_API_HdmiCs};
+constexpr OutputRows SDI{settings::SYSTEM_API_SdiFormat, settings::SYSTEM_API_SdiFps, settings::SYSTEM_API_SdiCs};
 
-BU_S32 setOutput(const tagOUTPUT_ROWS_S &stRows, BU_S32 enFormat, BU_S32 enFps, BU_S32 enCs, BU_BOOL bSaveCfg)
+BU_S32 setOutput(const OutputRows &stRows, BU_S32 enFormat, BU_S32 enFps, BU_S32 enCs, BU_BOOL bSaveCfg)
 {
-    const settings::tagCHANGE_S astChanges[] = {
-        {stRows.enFormat, enFormat}, {stRows.enFps, enFps}, {stRows.enCs, enCs}};
+    const settings::Change astChanges[] = {{stRows.enFormat, enFormat}, {stRows.enFps, enFps}, {stRows.enCs, enCs}};
     return settings::setTogether(astChanges, bSaveCfg, BU_TRUE);
 }
 } // namespace
@@ -74,8 +72,8 @@ BU_S32 SYSTEM_API_SetVideoFormat(const BU_CHAR *pcWord, BU_BOOL bSaveCfg)
     const auto *pFormat = std::ranges::find_if(FORMAT_TEXTS, [&](auto str) { return strWord.starts_with(str); });
     if (pFormat == std::end(FORMAT_TEXTS)) return -1;
     strWord.remove_prefix(pFormat->size());
-    const auto *pstRate = std::ranges::find(g_astRates, strWord, &tagRATE_S::strText);
-    return setOutput(HDMI, static_cast<BU_S32>(pFormat - FORMAT_TEXTS), static_cast<BU_S32>(pstRate - g_astRates),
+    const auto *pstRate = std::ranges::find(RATES, strWord, &Rate::strText);
+    return setOutput(HDMI, static_cast<BU_S32>(pFormat - FORMAT_TEXTS), static_cast<BU_S32>(pstRate - RATES),
                      settings::value(HDMI.enCs), bSaveCfg);
 }
 
@@ -83,7 +81,7 @@ BU_S32 SYSTEM_API_ConvertHdmiFps(HDMI_FPS_E enFps, BU_S32 &s32Rate)
 {
     if (const auto injected = journal::ask(__func__, enFps)) return *injected;
     if (enFps < 0 || enFps >= HDMI_FPS_E_BUTT) return -1;
-    s32Rate = g_astRates[enFps].s32Rate;
+    s32Rate = RATES[enFps].s32Rate;
     return 0;
 }
 

@@ -14,38 +14,38 @@
 namespace
 {
 constexpr BU_S32 TYPES = TRACK_AREA_E_BLACKBOARD + 1;
-typedef std::array<tagTRACK_AREA_S, TRACK_AREA_MAX> AREAS;
+typedef std::array<tagTRACK_AREA_S, TRACK_AREA_MAX> Areas;
 
-struct tagCORRECTION_S {
+struct Correction {
     BU_S32 s32Pan = 0, s32Tilt = 0;
 };
 
 /// What an action of a correction under way changes.
-struct tagSTEP_S {
+struct Step {
     tagTRACK_POS_CORRECT_ACTION_E enAction;
     BU_S32 s32Pan, s32Tilt;
     bool bEnds;
 };
-constexpr tagSTEP_S g_astSteps[] = {
+constexpr Step STEPS[] = {
     {TRACK_POS_CORRECT_ACTION_E_CANCEL, 0, 0, true}, {TRACK_POS_CORRECT_ACTION_E_SAVE, 0, 0, true},
     {TRACK_POS_CORRECT_ACTION_E_UP, 0, 1, false},    {TRACK_POS_CORRECT_ACTION_E_DOWN, 0, -1, false},
     {TRACK_POS_CORRECT_ACTION_E_LEFT, -1, 0, false}, {TRACK_POS_CORRECT_ACTION_E_RIGHT, 1, 0, false},
     {TRACK_POS_CORRECT_ACTION_E_STOP, 0, 0, false},
 };
 
-struct tagSTATE_S {
+struct State {
     std::mutex lock;          // guards all members
     BU_U32 u32Generation = 0; // of the store that the members were read from
-    std::array<AREAS, TYPES> areas{};
-    tagCORRECTION_S stSaved, stWorking;
+    std::array<Areas, TYPES> areas{};
+    Correction stSaved, stWorking;
     bool bCorrecting = false;
 };
-tagSTATE_S g_stState;
+State g_stState;
 
 std::string areaKey(BU_S32 s32Type) { return "Track/Area" + std::to_string(s32Type); }
 constexpr const BU_CHAR *CORRECTION_KEY = "Track/Correction";
 
-std::string textOf(const AREAS &astAreas)
+std::string textOf(const Areas &astAreas)
 {
     std::ostringstream out;
     for (const tagTRACK_AREA_S &st : astAreas)
@@ -54,9 +54,9 @@ std::string textOf(const AREAS &astAreas)
     return out.str();
 }
 
-AREAS areasOf(const std::string &strText)
+Areas areasOf(const std::string &strText)
 {
-    AREAS astAreas{};
+    Areas astAreas{};
     std::istringstream in(strText);
     for (tagTRACK_AREA_S &st : astAreas)
         if (!(in >> st.bEnable >> st.x >> st.y >> st.w >> st.h >> st.s32PresetId >> st.workMode)) return {};
@@ -64,7 +64,7 @@ AREAS areasOf(const std::string &strText)
 }
 
 /// The state, read again after the settings were restored or the store was opened anew. The lock is held.
-tagSTATE_S &state()
+State &state()
 {
     const BU_U32 u32Generation = settings::generation();
     if (g_stState.u32Generation == u32Generation) return g_stState;
@@ -82,7 +82,7 @@ tagSTATE_S &state()
     return g_stState;
 }
 
-BU_S32 storeCorrection(tagCORRECTION_S stCorrection)
+BU_S32 storeCorrection(Correction stCorrection)
 {
     const std::string strText = std::to_string(stCorrection.s32Pan) + ' ' + std::to_string(stCorrection.s32Tilt);
     return CFG_STORE_SetText(CORRECTION_KEY, strText.c_str());
@@ -96,7 +96,7 @@ BU_S32 TRACK_GetAreaList(tagTRACK_AREA_E enType, tagTRACK_AREA_S *pstList, BU_S3
     if (const auto injected = journal::ask(__func__, enType)) return *injected;
     if (!isType(enType) || !pstList || !ps32Count) return -1;
     const std::lock_guard guard(g_stState.lock);
-    const AREAS &astAreas = state().areas[static_cast<std::size_t>(enType)];
+    const Areas &astAreas = state().areas[static_cast<std::size_t>(enType)];
     std::ranges::copy(astAreas, pstList);
     const auto last = std::find_if(astAreas.rbegin(), astAreas.rend(), [](const auto &st) { return st.bEnable != 0; });
     *ps32Count = static_cast<BU_S32>(astAreas.rend() - last);
@@ -107,7 +107,7 @@ BU_S32 TRACK_SetAreaList(tagTRACK_AREA_E enType, const tagTRACK_AREA_S *pstList,
 {
     if (const auto injected = journal::call(__func__, enType, pstList != nullptr, bSaveCfg)) return *injected;
     if (!isType(enType) || !pstList) return -1;
-    AREAS astAreas{};
+    Areas astAreas{};
     std::copy_n(pstList, astAreas.size(), astAreas.begin());
     {
         const std::lock_guard guard(g_stState.lock);
@@ -119,17 +119,17 @@ BU_S32 TRACK_SetAreaList(tagTRACK_AREA_E enType, const tagTRACK_AREA_S *pstList,
 BU_S32 TRACK_DoPosCorrection(BU_S32 s32Action)
 {
     if (const auto injected = journal::call(__func__, s32Action)) return *injected;
-    tagCORRECTION_S stSave;
+    Correction stSave;
     {
         const std::lock_guard guard(g_stState.lock);
-        tagSTATE_S &stState = state();
+        State &stState = state();
         if (s32Action == TRACK_POS_CORRECT_ACTION_E_START) {
             stState.stWorking = stState.stSaved;
             stState.bCorrecting = true;
             return 0;
         }
-        const auto *pst = std::ranges::find(g_astSteps, s32Action, &tagSTEP_S::enAction);
-        if (!stState.bCorrecting || pst == std::end(g_astSteps)) return -1;
+        const auto *pst = std::ranges::find(STEPS, s32Action, &Step::enAction);
+        if (!stState.bCorrecting || pst == std::end(STEPS)) return -1;
         stState.stWorking.s32Pan += pst->s32Pan;
         stState.stWorking.s32Tilt += pst->s32Tilt;
         if (s32Action == TRACK_POS_CORRECT_ACTION_E_SAVE) stSave = stState.stSaved = stState.stWorking;

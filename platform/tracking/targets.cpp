@@ -12,12 +12,12 @@ namespace
 {
 constexpr BU_S32 NOBODY = -1;
 
-struct tagTARGETS_S {
+struct Targets {
     std::mutex lock;                    // guards all members
     std::vector<_AlgTargetPos_S_> list; // from left to right
     BU_S32 s32Current = NOBODY, s32PreSelected = NOBODY;
 };
-tagTARGETS_S g_stTargets;
+Targets g_stTargets;
 
 BU_S32 idOf(const _AlgTargetPos_S_ &st) { return static_cast<BU_S32>(st.id); }
 float middleX(const _AlgTargetPos_S_ &st) { return (st.xmin + st.xmax) / 2; }

@@ -1,3 +1,4 @@
+// Track mode by strategy, and who hears of it.
 #include "camera/tracking.h"
 
 #include "board/profile.h"

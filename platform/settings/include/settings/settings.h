@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/types.h"
+#include "util/words.h"
 
 #include <cstddef>
 #include <span>
@@ -12,8 +13,10 @@
 namespace settings
 {
 enum class Scope : BU_U8 { PIPE, DEVICE, CAMERA };
-enum class Rule : BU_U8 { REFUSE, CLAMP, NEXT_START };
+enum class Rule : BU_U8 { REFUSE, CLAMP, LISTED, NEXT_START };
 enum class Section : BU_U8 { Image, Exposure, WhiteBalance, Lens, PanTilt, Track, System, Video, Audio, Control, Lamp };
+
+constexpr std::span<const STR2ENUM_MAP_S> NUMBERS; ///< the words of a setting without any
 
 enum Row : BU_U16 {
 #define SETTING(scope, family, name, ...) family##name,
@@ -22,18 +25,19 @@ enum Row : BU_U16 {
     ROW_COUNT
 };
 
-struct tagSETTING_ROW_S {
+struct SettingRow {
     Scope enScope;
     Section enSection;
     const BU_CHAR *pcKey;
     BU_S32 s32Min, s32Max, s32Def, s32Step;
     Rule enRule;
+    std::span<const STR2ENUM_MAP_S> words;
 
     /// Values the setting has: two of the pipelines, one of the device and of the camera.
     constexpr BU_S32 instances() const { return enScope == Scope::PIPE ? 2 : 1; }
 };
 
-const tagSETTING_ROW_S &row(Row enRow);
+const SettingRow &row(Row enRow);
 
 /// The row of a key; "ShutterSpeed" and "ShutterValue" stand for the row of the present frame rate.
 /// @return ROW_COUNT for an unknown or missing key
@@ -48,11 +52,11 @@ BU_S32 get(Row enRow, BU_S32 s32Instance, BU_S32 *ps32Value, BU_BOOL bReread = B
 BU_S32 set(Row enRow, BU_S32 s32Instance, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
 
 /// Several settings of the camera that belong together: all or none are changed, and stored in one step.
-struct tagCHANGE_S {
+struct Change {
     Row enRow;
     BU_S32 s32Value;
 };
-BU_S32 setTogether(std::span<const tagCHANGE_S> spanChanges, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+BU_S32 setTogether(std::span<const Change> spanChanges, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
 
 /// The running value of an instance that exists.
 BU_S32 value(Row enRow, BU_S32 s32Instance = 0);
