@@ -11,7 +11,8 @@
 namespace
 {
 // A PC takes its addresses from its own system: the camera shows one card whose record is kept but drives nothing.
-constexpr const BU_CHAR *CARD_NAME = "NetCard0", *INTERFACE = "eth0";
+constexpr const BU_CHAR *CARD_NAME = "NetCard0";
+constexpr BU_CHAR INTERFACE[] = "eth0";
 constexpr BU_S32 DHCP_TIMEOUT_MAX_S = 3600, ADDRESS = sizeof(NETWORK_IP_INFO_S::acIpAddr) - 1;
 constexpr std::size_t HOST_NAME_MAX_LENGTH = 63;
 
@@ -79,12 +80,12 @@ BU_S32 keep(const BU_CHAR *pcCard, const store::Values &listValues)
 }
 
 /// A setter of one field: noted as the call of that function, checked, kept.
-BU_S32 setText(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, const BU_CHAR *pcText)
+BU_S32 set(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, const BU_CHAR *pcText)
 {
     if (const auto injected = journal::call(pcFunction, pcCard, pcText)) return *injected;
     return pcText ? keep(pcCard, {{pcKey, pcText}}) : -1;
 }
-BU_S32 setNumber(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, BU_S32 s32Value)
+BU_S32 set(const BU_CHAR *pcFunction, const BU_CHAR *pcCard, const BU_CHAR *pcKey, BU_S32 s32Value)
 {
     if (const auto injected = journal::call(pcFunction, pcCard, s32Value)) return *injected;
     return keep(pcCard, {{pcKey, std::to_string(s32Value)}});
@@ -177,39 +178,16 @@ BU_S32 NET_API_GetAllParamCur(const BU_CHAR *pcCard, tagNETWORK_CFG_S *pstCfg)
     return 0;
 }
 
-BU_S32 NET_API_SetIpMode(const BU_CHAR *pcCard, IP_MODE_E enMode)
-{
-    return setNumber(__func__, pcCard, "IpMode", enMode);
-}
-
-BU_S32 NET_API_SetDnsMode(const BU_CHAR *pcCard, DNS_MODE_E enMode)
-{
-    return setNumber(__func__, pcCard, "DnsMode", enMode);
-}
-
-BU_S32 NET_API_SetNetMode(const BU_CHAR *pcCard, BU_BOOL bEnable)
-{
-    return setNumber(__func__, pcCard, "Enable", bEnable);
-}
-
-BU_S32 NET_API_SetIpAddr(const BU_CHAR *pcCard, const BU_CHAR *pcIp)
-{
-    return setText(__func__, pcCard, "IpAddr", pcIp);
-}
-
-BU_S32 NET_API_SetNetMask(const BU_CHAR *pcCard, const BU_CHAR *pcMask)
-{
-    return setText(__func__, pcCard, "NetMask", pcMask);
-}
-
-BU_S32 NET_API_SetGateWay(const BU_CHAR *pcCard, const BU_CHAR *pcGateway)
-{
-    return setText(__func__, pcCard, "GateWay", pcGateway);
-}
-
-BU_S32 NET_API_SetDns1(const BU_CHAR *pcCard, const BU_CHAR *pcDns) { return setText(__func__, pcCard, "Dns1", pcDns); }
-
-BU_S32 NET_API_SetDns2(const BU_CHAR *pcCard, const BU_CHAR *pcDns) { return setText(__func__, pcCard, "Dns2", pcDns); }
+// clang-format off
+BU_S32 NET_API_SetIpMode(const BU_CHAR *pcCard, IP_MODE_E enMode)       { return set(__func__, pcCard, "IpMode", enMode); }
+BU_S32 NET_API_SetDnsMode(const BU_CHAR *pcCard, DNS_MODE_E enMode)     { return set(__func__, pcCard, "DnsMode", enMode); }
+BU_S32 NET_API_SetNetMode(const BU_CHAR *pcCard, BU_BOOL bEnable)       { return set(__func__, pcCard, "Enable", bEnable); }
+BU_S32 NET_API_SetIpAddr(const BU_CHAR *pcCard, const BU_CHAR *pcIp)    { return set(__func__, pcCard, "IpAddr", pcIp); }
+BU_S32 NET_API_SetNetMask(const BU_CHAR *pcCard, const BU_CHAR *pcMask) { return set(__func__, pcCard, "NetMask", pcMask); }
+BU_S32 NET_API_SetGateWay(const BU_CHAR *pcCard, const BU_CHAR *pcWay)  { return set(__func__, pcCard, "GateWay", pcWay); }
+BU_S32 NET_API_SetDns1(const BU_CHAR *pcCard, const BU_CHAR *pcDns)     { return set(__func__, pcCard, "Dns1", pcDns); }
+BU_S32 NET_API_SetDns2(const BU_CHAR *pcCard, const BU_CHAR *pcDns)     { return set(__func__, pcCard, "Dns2", pcDns); }
+// clang-format on
 
 BU_S32 NET_API_SetDhcpTimeout(const BU_CHAR *pcCard, IP_MODE_E enMode, BU_U32 u32Timeout)
 {

@@ -1,4 +1,5 @@
 // The running pipeline: from the settings of an encoder to what a reader gets.
+#include "camera/restore.h"
 #include "decoder.h"
 #include "mediaTest.h"
 
@@ -178,6 +179,8 @@ TEST_F(Encoder, StoredParametersComeBack)
     MPP_VENC_PARAM_S stStored = smallVideo(MPP_VENC_FORMAT_E_H265), st{};
     stStored.u32BitRate = 321;
     stStored.enRcMode = MPP_VENC_RC_MODE_VBR;
+    stStored.u32QpMinI = 10, stStored.u32QpMaxI = 40, stStored.u32QpMinP = 11, stStored.u32QpMaxP = 41;
+    stStored.u32Profile = 1, stStored.u32Quality = 70, stStored.u32BitrateProfile = 5;
     reconfigure(stStored, BU_TRUE);
     reconfigure(smallVideo());
     for (const auto &[bStored, stExpected] : {std::pair(BU_TRUE, stStored), {BU_FALSE, smallVideo()}}) {
@@ -192,6 +195,10 @@ TEST_F(Encoder, StoredParametersComeBack)
     EXPECT_EQ(st.enRcMode, MPP_VENC_RC_MODE_VBR);
     CFG_STORE_SetInt("Venc/1/Width", 77); // what no encoder takes: the default
     EXPECT_EQ(restart(), 1);
+    EXPECT_EQ(st.u32Width, 640U);
+    reconfigure(stStored, BU_TRUE);
+    EXPECT_EQ(SYSTEM_API_FactoryRestoreConfiguration(SYSTEM_RESTORE_E_MEDIA), 0); // runs so at once
+    MPP_GetVencChnStatus(CHN, st, BU_FALSE);
     EXPECT_EQ((std::vector{st.u32Width, st.u32Height, st.u32FrmRate, st.u32BitRate, st.u32GOP}),
               (std::vector<BU_U32>{640, 360, 30, 600, 60}));
     MPP_DisableVenc(MPP_PIPE_USAGE_E_CLOSEUP_FULL, CHN, BU_TRUE);

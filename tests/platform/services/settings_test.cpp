@@ -1,4 +1,4 @@
-// Output format, factory restore, stand-by, tracking, serial ports, menu state.
+// Output format, stand-by, tracking, serial ports, menu state: settings through the services of several libraries.
 #include "../settings/settingsTest.h"
 #include "board/device.h"
 #include "board/profile.h"
@@ -26,9 +26,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-class SystemSettings : public PlatformTest
-{
-};
+using SystemSettings = PlatformTest;
 
 TEST_F(SystemSettings, AFormatReachesItsOutput)
 {
@@ -157,60 +155,6 @@ TEST_F(SystemSettings, ThePipelineIsUpOnlyAfterWhatHasToComeBefore)
     EXPECT_EQ(MPP_InitStream(), 0);
     EXPECT_EQ(s32Calls, 2);
 }
-
-struct tagRESTORE_CASE_S {
-    BU_S32 s32Bitmap, s32Result;
-    std::vector<std::string> listBack; ///< keys back at their defaults, of those below
-    bool bNetworkStays, bPresetStays;
-};
-class FactoryRestore : public PlatformTest, public testing::WithParamInterface<tagRESTORE_CASE_S>
-{
-};
-TEST_P(FactoryRestore, TakesBackWhatTheBitsSay)
-{
-    const std::vector<std::string> listKeys = {"Contrast", "RGain", "PanSpeed", "TrackSpeed", "Prompt", "IrAddr"};
-    const auto defaultOf = [](const std::string &strKey) {
-        BU_S32 s32Default = 0;
-        ISP_AF_GetDefVal(strKey.c_str(), &s32Default);
-        return s32Default;
-    };
-    for (const auto &strKey : listKeys) {
-        const BU_S32 s32Other = strKey == "Prompt" ? 0 : defaultOf(strKey) + 1;
-        ASSERT_EQ(CFG_SETTING_Set(strKey.c_str(), 0, s32Other, BU_TRUE, BU_TRUE), 0) << strKey;
-    }
-    CFG_STORE_SetText("Network/NetCard0/IpAddr", "10.0.0.9");
-    CFG_PRESET_S stPreset;
-    CFG_STORE_SetPreset(stPreset);
-    std::vector<std::string> listHeard;
-    const BU_S32 s32Id = CFG_SETTING_Listen([&](const CFG_SETTING_EVENT_S &st) { listHeard.push_back(st.pcKey); });
-    EXPECT_EQ(SYSTEM_API_FactoryRestoreConfiguration(GetParam().s32Bitmap), GetParam().s32Result);
-    CFG_SETTING_Unlisten(s32Id);
-    EXPECT_EQ(listHeard, GetParam().listBack);
-    for (const BU_BOOL bReread : {BU_FALSE, BU_TRUE}) {
-        std::vector<std::string> listBack;
-        for (const auto &strKey : listKeys) {
-            BU_S32 s32Value = 0;
-            CFG_SETTING_Get(strKey.c_str(), 0, &s32Value, bReread);
-            if (s32Value == defaultOf(strKey)) listBack.push_back(strKey);
-        }
-        EXPECT_EQ(listBack, GetParam().listBack);
-    }
-    CFG_SETTING_Reload();
-    for (const auto &strKey : GetParam().listBack) EXPECT_EQ(running(strKey.c_str()), defaultOf(strKey)) << strKey;
-    std::string strAddress;
-    EXPECT_EQ(CFG_STORE_GetText("Network/NetCard0/IpAddr", &strAddress) == 0, GetParam().bNetworkStays);
-    EXPECT_EQ(CFG_STORE_ListPresets().size(), GetParam().bPresetStays ? 1u : 0u);
-}
-INSTANTIATE_TEST_SUITE_P(Settings, FactoryRestore,
-                         testing::ValuesIn<tagRESTORE_CASE_S>({
-                             {0, 0, {"Contrast", "RGain", "PanSpeed", "TrackSpeed", "Prompt", "IrAddr"}, true, true},
-                             {-1, 0, {"Contrast", "RGain", "PanSpeed", "TrackSpeed", "Prompt", "IrAddr"}, false, false},
-                             {SYSTEM_RESTORE_E_IMAGE, 0, {"Contrast", "RGain"}, true, true},
-                             {SYSTEM_RESTORE_E_PTZ | SYSTEM_RESTORE_E_PRESET, 0, {"PanSpeed"}, true, false},
-                             {SYSTEM_RESTORE_E_NETWORK, 0, {}, false, true},
-                             {SYSTEM_RESTORE_E_ALL + 1, -1, {}, true, true},
-                             {-2, -1, {}, true, true},
-                         }));
 
 TEST_F(SystemSettings, StandByHandsThePowerOffRecordToTheNextStart)
 {

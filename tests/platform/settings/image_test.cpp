@@ -12,48 +12,35 @@
 
 using testing::ElementsAre;
 
-class ImageSettings : public PlatformTest
-{
-};
+using ImageSettings = PlatformTest;
 
-typedef BU_S32 (*PFN_SET_DEV)(BU_S32, BU_S32, BU_BOOL, BU_BOOL);
-typedef BU_S32 (*PFN_SET)(BU_S32, BU_BOOL, BU_BOOL);
-struct tagKEY_CASE_S {
-    PFN_SET_DEV pfnSetDev;
-    PFN_SET pfnSet;
-    const BU_CHAR *pcKey;
-};
+// clang-format off
 /// The keys are the menu's; functions have other names.
 TEST_F(ImageSettings, SettersReachTheSettingsOfTheMenu)
 {
-    const tagKEY_CASE_S astCases[] = {
-        {ISP_API_Set2DNR, nullptr, "Nr2d"},
-        {ISP_API_Set3DNR, nullptr, "Nr3d"},
-        {ISP_API_SetDrcSwi, nullptr, "WdrSwi"},
-        {ISP_API_SetDrcMode, nullptr, "WdrMode"},
+    struct {
+        BU_S32 (*pfnSetDev)(BU_S32, BU_S32, BU_BOOL, BU_BOOL);
+        BU_S32 (*pfnSet)(BU_S32, BU_BOOL, BU_BOOL);
+        const BU_CHAR *pcKey;
+    } const rows[] = {
+        {ISP_API_Set2DNR, nullptr, "Nr2d"}, {ISP_API_Set3DNR, nullptr, "Nr3d"},
+        {ISP_API_SetDrcSwi, nullptr, "WdrSwi"}, {ISP_API_SetDrcMode, nullptr, "WdrMode"},
         {ISP_API_SetBackLight, nullptr, "BacklightCompensation"},
         {ISP_API_SetExpCompSwi, nullptr, "ExposureCompensation"},
-        {ISP_API_SetExpBrightness, nullptr, "ExposureBrightness"},
-        {ISP_API_SetAeMode, nullptr, "ExposureMode"},
-        {ISP_API_SetAeMeterMode, nullptr, "AEMeterMode"},
-        {ISP_API_SetNDFilter, nullptr, "ND-Filter"},
-        {ISP_API_SetStWbMode, nullptr, "ColorTemp"},
-        {ISP_API_SetAwbSensitivity, nullptr, "WbSensitivity"},
+        {ISP_API_SetExpBrightness, nullptr, "ExposureBrightness"}, {ISP_API_SetAeMode, nullptr, "ExposureMode"},
+        {ISP_API_SetAeMeterMode, nullptr, "AEMeterMode"}, {ISP_API_SetNDFilter, nullptr, "ND-Filter"},
+        {ISP_API_SetStWbMode, nullptr, "ColorTemp"}, {ISP_API_SetAwbSensitivity, nullptr, "WbSensitivity"},
         {ISP_API_SetIspBinUsage, nullptr, "ImageStyle"},
         {ISP_API_SetExposureFullViewFollow, nullptr, "ViewFollowExposure"},
         {ISP_API_SetWhiteBalanceFullViewFollow, nullptr, "ViewFollowWB"},
-        {ISP_API_SetShutter, nullptr, "ShutterSpeedFps60"},
-        {ISP_API_SetShutterValue, nullptr, "ShutterValueFps60"},
-        {PTZ_API_SetMaxDZoomTime, nullptr, "DZoomTime"},
-        {PTZ_API_SetDZoomMode, nullptr, "DZoom"},
-        {AF_API_SetFocusRange, nullptr, "FocusDistance"},
-        {PT_API_SetPtSpeedMatch, nullptr, "SpeedMatch"},
+        {ISP_API_SetShutter, nullptr, "ShutterSpeedFps60"}, {ISP_API_SetShutterValue, nullptr, "ShutterValueFps60"},
+        {PTZ_API_SetMaxDZoomTime, nullptr, "DZoomTime"}, {PTZ_API_SetDZoomMode, nullptr, "DZoom"},
+        {AF_API_SetFocusRange, nullptr, "FocusDistance"}, {PT_API_SetPtSpeedMatch, nullptr, "SpeedMatch"},
         {PRESET_API_SetPresetSpeed, nullptr, "PresetSpeed"},
-        {nullptr, AF_API_SetDistortionCorrection, "DistortionCorre"},
-        {nullptr, ALG_API_SetEnable, "TrackEnabled"},
+        {nullptr, AF_API_SetDistortionCorrection, "DistortionCorre"}, {nullptr, ALG_API_SetEnable, "TrackEnabled"},
         {nullptr, SYS_API_SetAudioinput, "AudioInput"},
     };
-    for (const tagKEY_CASE_S &st : astCases) {
+    for (const auto &st : rows) {
         CFG_VALUE_INT_S stRange{};
         BU_S32 s32Default = 0;
         ASSERT_EQ(ISP_AF_GetDefVal(st.pcKey, &s32Default), 0) << st.pcKey;
@@ -66,45 +53,40 @@ TEST_F(ImageSettings, SettersReachTheSettingsOfTheMenu)
     }
 }
 
-struct tagSHUTTER_CASE_S {
-    const BU_CHAR *pcFps, *pcKey;
-    SHUTTER_TIME_E enDefault;
-};
-class ShutterOfRate : public PlatformTest, public testing::WithParamInterface<tagSHUTTER_CASE_S>
+TEST_F(ImageSettings, EachRateKeepsAShutterOfItsOwn)
 {
-};
-TEST_P(ShutterOfRate, IsKeptForItself)
-{
-    const tagSHUTTER_CASE_S &st = GetParam();
-    ISP_API_SetShutter(0, SHUTTER_TIME_10000, BU_TRUE, BU_TRUE); // at 60
-    ASSERT_EQ(SYSTEM_API_SetHdmiFps(st.pcFps, BU_TRUE), 0);
-    HDMI_FPS_E enFps{};
-    SYSTEM_API_GetHdmiFps(&enFps);
-    EXPECT_STREQ(ISP_API_GetShutterConfigNameByHdmiFps(enFps), st.pcKey);
-    BU_S32 s32Shutter = -1, s32Default = -1;
-    ISP_API_GetShutter(0, &s32Shutter);
-    ISP_AF_GetDefVal("ShutterSpeed", &s32Default);
-    const bool bOwn = st.pcKey != std::string("ShutterSpeedFps60");
-    EXPECT_EQ(s32Shutter, bOwn ? st.enDefault : SHUTTER_TIME_10000);
-    EXPECT_EQ(s32Default, st.enDefault);
-
-    ISP_API_SetShutter(0, SHUTTER_TIME_500, BU_TRUE, BU_TRUE);
-    EXPECT_EQ(running(st.pcKey), SHUTTER_TIME_500);
-    SYSTEM_API_SetHdmiFps("Fps60", BU_TRUE);
-    ISP_API_GetShutter(0, &s32Shutter);
-    EXPECT_EQ(s32Shutter, bOwn ? SHUTTER_TIME_10000 : SHUTTER_TIME_500);
+    struct {
+        const BU_CHAR *pcFps, *pcKey;
+        BU_S32 s32Default;
+    } const rows[] = {
+        {"Fps60", "ShutterSpeedFps60", SHUTTER_TIME_60}, {"Fps59p94", "ShutterSpeedFps60", SHUTTER_TIME_60},
+        {"Fps50", "ShutterSpeedFps50", SHUTTER_TIME_50}, {"Fps30", "ShutterSpeedFps30", SHUTTER_TIME_30},
+        {"Fps29p97", "ShutterSpeedFps60", SHUTTER_TIME_60}, {"Fps25", "ShutterSpeedFps25", SHUTTER_TIME_25},
+        {"Fps24", "ShutterSpeedFps24", SHUTTER_TIME_24}, {"Fps23p98", "ShutterSpeedFps60", SHUTTER_TIME_60},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.pcFps);
+        CFG_STORE_Open(nullptr);
+        CFG_SETTING_Reload();
+        ISP_API_SetShutter(0, SHUTTER_TIME_10000, BU_TRUE, BU_TRUE); // at 60
+        ASSERT_EQ(SYSTEM_API_SetHdmiFps(row.pcFps, BU_TRUE), 0);
+        HDMI_FPS_E enFps{};
+        SYSTEM_API_GetHdmiFps(&enFps);
+        EXPECT_STREQ(ISP_API_GetShutterConfigNameByHdmiFps(enFps), row.pcKey);
+        BU_S32 s32Shutter = -1, s32Default = -1;
+        ISP_API_GetShutter(0, &s32Shutter);
+        ISP_AF_GetDefVal("ShutterSpeed", &s32Default);
+        const bool bOwn = row.pcKey != std::string("ShutterSpeedFps60");
+        EXPECT_EQ(s32Shutter, bOwn ? row.s32Default : SHUTTER_TIME_10000);
+        EXPECT_EQ(s32Default, row.s32Default);
+        ISP_API_SetShutter(0, SHUTTER_TIME_500, BU_TRUE, BU_TRUE);
+        EXPECT_EQ(running(row.pcKey), SHUTTER_TIME_500);
+        SYSTEM_API_SetHdmiFps("Fps60", BU_TRUE);
+        ISP_API_GetShutter(0, &s32Shutter);
+        EXPECT_EQ(s32Shutter, bOwn ? SHUTTER_TIME_10000 : SHUTTER_TIME_500);
+    }
 }
-INSTANTIATE_TEST_SUITE_P(Settings, ShutterOfRate,
-                         testing::ValuesIn<tagSHUTTER_CASE_S>({
-                             {"Fps60", "ShutterSpeedFps60", SHUTTER_TIME_60},
-                             {"Fps59p94", "ShutterSpeedFps60", SHUTTER_TIME_60},
-                             {"Fps50", "ShutterSpeedFps50", SHUTTER_TIME_50},
-                             {"Fps30", "ShutterSpeedFps30", SHUTTER_TIME_30},
-                             {"Fps29p97", "ShutterSpeedFps60", SHUTTER_TIME_60},
-                             {"Fps25", "ShutterSpeedFps25", SHUTTER_TIME_25},
-                             {"Fps24", "ShutterSpeedFps24", SHUTTER_TIME_24},
-                             {"Fps23p98", "ShutterSpeedFps60", SHUTTER_TIME_60},
-                         }));
+// clang-format on
 
 TEST_F(ImageSettings, ColoursAreSixAndApart)
 {

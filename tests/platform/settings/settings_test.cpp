@@ -31,9 +31,7 @@ private:
 };
 } // namespace
 
-class Settings : public PlatformTest
-{
-};
+using Settings = PlatformTest;
 
 TEST_F(Settings, LimitsHoldForEveryOne)
 {
@@ -87,39 +85,32 @@ TEST_F(Settings, ValuesBetweenTheWordsOfATableAreRefused)
     EXPECT_EQ(CFG_SETTING_Set("TallyMode", 0, 5, BU_TRUE, BU_TRUE), -1);
 }
 
-struct tagFLAGS_CASE_S {
-    const BU_CHAR *pcKey;
-    BU_BOOL bSaveCfg, bUpdate;
-    BU_S32 s32Running, s32Stored; // afterwards, from 0 with 1 set
-};
-class SettingFlags : public PlatformTest, public testing::WithParamInterface<tagFLAGS_CASE_S>
+TEST_F(Settings, FlagsDecideWhatRunsWhatIsStoredAndWhoHears)
 {
-};
-TEST_P(SettingFlags, DecideWhatRunsWhatIsStoredAndWhoHears)
-{
-    const tagFLAGS_CASE_S &st = GetParam();
-    CFG_SETTING_Set(st.pcKey, 0, 0, BU_TRUE, BU_TRUE);
-    Heard heard;
-    EXPECT_EQ(CFG_SETTING_Set(st.pcKey, 0, 1, st.bSaveCfg, st.bUpdate), 0);
-    EXPECT_EQ(running(st.pcKey), st.s32Running);
-    EXPECT_EQ(stored(st.pcKey), st.s32Stored);
-    EXPECT_EQ(running(st.pcKey), st.s32Running); // the question for the stored value changes nothing
-    EXPECT_EQ(heard.texts.size(), st.bUpdate ? 1u : 0u);
-    CFG_SETTING_Reload();
-    EXPECT_EQ(running(st.pcKey), st.s32Stored);
+    struct {
+        const BU_CHAR *pcKey;
+        BU_BOOL bSaveCfg, bUpdate;
+        BU_S32 s32Running, s32Stored; // afterwards, from 0 with 1 set
+    } const rows[] = {
+        {"Contrast", 0, 0, 1, 0}, // the start applies stored values so
+        {"Contrast", 0, 1, 1, 0}, {"Contrast", 1, 0, 1, 1},
+        {"Contrast", 1, 1, 1, 1}, {"Mirror", 1, 0, 0, 1}, // the menu: from the next start on
+        {"Flip", 1, 0, 0, 1},     {"MountMode", 1, 0, 0, 1},
+        {"Mirror", 1, 1, 1, 1},   {"Mirror", 0, 0, 0, 0},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.pcKey + std::to_string(row.bSaveCfg) + std::to_string(row.bUpdate));
+        CFG_SETTING_Set(row.pcKey, 0, 0, BU_TRUE, BU_TRUE);
+        Heard heard;
+        EXPECT_EQ(CFG_SETTING_Set(row.pcKey, 0, 1, row.bSaveCfg, row.bUpdate), 0);
+        EXPECT_EQ(running(row.pcKey), row.s32Running);
+        EXPECT_EQ(stored(row.pcKey), row.s32Stored);
+        EXPECT_EQ(running(row.pcKey), row.s32Running); // the question for the stored value changes nothing
+        EXPECT_EQ(heard.texts.size(), row.bUpdate ? 1u : 0u);
+        CFG_SETTING_Reload();
+        EXPECT_EQ(running(row.pcKey), row.s32Stored);
+    }
 }
-INSTANTIATE_TEST_SUITE_P(Settings, SettingFlags,
-                         testing::ValuesIn<tagFLAGS_CASE_S>({
-                             {"Contrast", BU_FALSE, BU_FALSE, 1, 0}, // the start applies stored values so
-                             {"Contrast", BU_FALSE, BU_TRUE, 1, 0},
-                             {"Contrast", BU_TRUE, BU_FALSE, 1, 1},
-                             {"Contrast", BU_TRUE, BU_TRUE, 1, 1},
-                             {"Mirror", BU_TRUE, BU_FALSE, 0, 1}, // the menu: from the next start on
-                             {"Flip", BU_TRUE, BU_FALSE, 0, 1},
-                             {"MountMode", BU_TRUE, BU_FALSE, 0, 1},
-                             {"Mirror", BU_TRUE, BU_TRUE, 1, 1},
-                             {"Mirror", BU_FALSE, BU_FALSE, 0, 0},
-                         }));
 
 TEST_F(Settings, AStoreThatCannotBeWrittenLeavesTheRunningValue)
 {

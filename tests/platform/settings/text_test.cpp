@@ -1,13 +1,14 @@
+// Settings as texts: the words of their rows, numbers, free texts; the pipeline by its section.
+#include "camera/settingEvent.h"
 #include "config/config.h"
 #include "support/platformTest.h"
 
 #include <cstring>
+#include <map>
 
 namespace
 {
-class SettingText : public PlatformTest
-{
-};
+using SettingText = PlatformTest;
 
 TEST_F(SettingText, WordsNumbersAndFreeTextsGoBothWays)
 {
@@ -19,6 +20,7 @@ TEST_F(SettingText, WordsNumbersAndFreeTextsGoBothWays)
         {"AntiFlicker", "Hz50", "Off", "Hz70"},    // "Off" is 2 here, not 0
         {"ColorTemp", "5600", "2800", "2799"},     // a number, with its range
         {"Contrast", "7", "14", "14x"},            //
+        {"LostAction", "PresetHome", "12", "255"}, // words for some, numbers for the others
         {"Ndi", "Off", "On", nullptr},             // free texts take anything
         {"DeviceName", nullptr, "Hall 2", nullptr} //
     };
@@ -37,6 +39,37 @@ TEST_F(SettingText, WordsNumbersAndFreeTextsGoBothWays)
         EXPECT_STREQ(stValue.acCur, row.pcValue);
     }
 }
+
+// clang-format off
+TEST_F(SettingText, DefaultsAreKnownByTheirWords)
+{
+    const std::map<std::string, std::string> words = {
+        {"ImageStyle", "Default"}, {"ExposureMode", "AutoMode"}, {"AEMeterMode", "AVG"}, {"AntiFlicker", "Hz50"},
+        {"IrisLevel", "IlF2"}, {"ND-Filter", "Flt100"}, {"ShutterMode", "Stardard"}, {"WbMode", "AutoMode"},
+        {"StaticMode", "Custom"}, {"WbSensitivity", "Middle"}, {"DZoomTime", "X1"}, {"FocusArea", "Global"},
+        {"FocusModel", "FocusCDAF"}, {"FocusDistance", "V1"}, {"PowerUpPtzPos", "PresetHome"},
+        {"SpeedAccuracy", "Acc1"}, {"SpeedMode", "Standard"}, {"TrackMode", "EverywhereTracking"},
+        {"TrackStrategy", "Binocular"}, {"BinocularStrategy", "EverywhereTracking"},
+        {"MonocularStrategy", "EverywhereTracking"}, {"BodySize", "Full"}, {"PeoplePos", "Center"},
+        {"HeadPos", "Normal"}, {"TrackSpeed", "Mid"}, {"LostTime", "T4"}, {"LostAction", "PresetHome"},
+        {"TrackSensitivity", "Mid"}, {"MountMode", "Stand"}, {"Language", "English"}, {"DevUSB", "Device"},
+        {"EinkMode", "On"}, {"Format", "Format-1080P"}, {"Fps", "Fps60"}, {"HdmiCs", "YUV422"},
+        {"SdiFormat", "Format-1080P"}, {"SdiFps", "Fps60"}, {"SdiCs", "YUV422"}, {"HdmiOutput", "CloseUp"},
+        {"PipMainVideo", "CloseUp"}, {"PipPos", "BottomRight"}, {"PipSize", "Middle"}, {"AudioInput", "LineIn"},
+        {"COM-Mode", "RS232"}, {"RS232Baudrate", "N9600"}, {"RS422Baudrate", "N9600"}, {"TallyMode", "Close"},
+    };
+    for (const auto &st : CFG_SETTING_List()) {
+        CFG_VALUE_TXT_S stText{};
+        CFG_VALUE_INT_S stRange{};
+        CFG_COM_GetTxtParams(st.pcKey, &stText);
+        CFG_COM_GetIntParams(st.pcKey, &stRange);
+        const auto word = words.find(st.pcKey);
+        const bool bSwitch = stRange.s32Min == 0 && stRange.s32Max == 1;
+        const std::string strSwitch = stRange.s32Def ? "On" : "Off";
+        EXPECT_EQ(stText.acDef, word != words.end() ? word->second : bSwitch ? strSwitch : std::to_string(stRange.s32Def)) << st.pcKey;
+    }
+}
+// clang-format on
 
 TEST_F(SettingText, TheSectionNamesThePipeline)
 {

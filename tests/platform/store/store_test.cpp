@@ -1,3 +1,4 @@
+// The store: what survives a kill, what a damaged file leaves, prefixes, presets, threads.
 #include "support/platformTest.h"
 
 #include <csignal>
@@ -115,45 +116,37 @@ TEST_F(StoreTest, PresetsComeBackByNumber)
     EXPECT_THAT(CFG_STORE_ListPresets(), ElementsAre());
 }
 
-struct tagDAMAGE_CASE_S {
-    const BU_CHAR *pcName;
-    void (*pfnDamage)(const std::string &strFile);
-};
-class DamagedStore : public StoreTest, public testing::WithParamInterface<tagDAMAGE_CASE_S>
-{
-};
-TEST_P(DamagedStore, IsSetAsideAndStartsEmpty)
-{
-    for (BU_S32 s32 = 0; s32 < 200; s32++) CFG_STORE_SetInt(("Some/Key" + std::to_string(s32)).c_str(), s32);
-    CFG_STORE_Close();
-    GetParam().pfnDamage(file());
-    EXPECT_EQ(CFG_STORE_Open(PATH), 0);
-    EXPECT_EQ(number("Some/Key7"), -1);
-    EXPECT_TRUE(std::filesystem::exists(file(".damaged")));
-    EXPECT_EQ(CFG_STORE_SetInt("Some/Key7", 8), 0);
-    reopen();
-    EXPECT_EQ(number("Some/Key7"), 8);
-}
 void overwrite(const std::string &strFile, std::streamoff offset, const std::string &strBytes)
 {
     std::fstream stFile(strFile, std::ios::in | std::ios::out | std::ios::binary);
     stFile.seekp(offset);
     stFile << strBytes;
 }
-INSTANTIATE_TEST_SUITE_P(Damage, DamagedStore,
-                         testing::ValuesIn<tagDAMAGE_CASE_S>({
-                             {"NoDatabase",
-                              [](const std::string &strFile) {
-                                  std::filesystem::remove(strFile);
-                                  std::ofstream(strFile) << "this is no database, whatever its name says";
-                              }},
-                             {"HeaderLost", [](const std::string &s) { overwrite(s, 0, std::string(100, '\x7F')); }},
-                             {"PageLost", [](const std::string &s) { overwrite(s, 4096, std::string(4096, '\x7F')); }},
-                             {"CutOff", [](const std::string &s) { std::filesystem::resize_file(s, 5000); }},
-                             {"OtherFormat",
-                              [](const std::string &s) { overwrite(s, 60, std::string("\0\0\0\x7", 4)); }},
-                         }),
-                         [](const auto &row) { return std::string(row.param.pcName); });
+
+TEST_F(StoreTest, ADamagedFileIsSetAsideAndTheStoreStartsEmpty)
+{
+    const std::pair<const BU_CHAR *, void (*)(const std::string &)> rows[] = {
+        {"no database",
+         [](const std::string &s) { std::ofstream(s) << "this is no database, whatever its name says"; }},
+        {"header lost", [](const std::string &s) { overwrite(s, 0, std::string(100, '\x7F')); }},
+        {"page lost", [](const std::string &s) { overwrite(s, 4096, std::string(4096, '\x7F')); }},
+        {"cut off", [](const std::string &s) { std::filesystem::resize_file(s, 5000); }},
+        {"other format", [](const std::string &s) { overwrite(s, 60, std::string("\0\0\0\x7", 4)); }},
+    };
+    for (const auto &[pcName, pfnDamage] : rows) {
+        SCOPED_TRACE(pcName);
+        for (BU_S32 s32 = 0; s32 < 200; s32++) CFG_STORE_SetInt(("Some/Key" + std::to_string(s32)).c_str(), s32);
+        CFG_STORE_Close();
+        std::filesystem::remove(file(".damaged"));
+        pfnDamage(file());
+        EXPECT_EQ(CFG_STORE_Open(PATH), 0);
+        EXPECT_EQ(number("Some/Key7"), -1);
+        EXPECT_TRUE(std::filesystem::exists(file(".damaged")));
+        EXPECT_EQ(CFG_STORE_SetInt("Some/Key7", 8), 0);
+        reopen();
+        EXPECT_EQ(number("Some/Key7"), 8);
+    }
+}
 
 TEST_F(StoreTest, FolderThatCannotBeWrittenMeansMemoryOnly)
 {

@@ -3,6 +3,7 @@
 #include "camera/menu.h"
 #include "camera/power.h"
 #include "camera/preset.h"
+#include "camera/restore.h"
 
 using namespace visca;
 using testing::Contains;
@@ -235,6 +236,8 @@ TEST_F(Session, RecordOfAnEarlierRunIsAnsweredByItself)
     EXPECT_EQ(CFG_STORE_GetInt("Visca/Run", &s32Run), 0);
     CFG_STORE_SetInt("Visca/Run", 0xFFF); // the numbers start over after 4095
     start({}, {}, captured());
+    SYSTEM_API_FactoryRestoreConfiguration(SYSTEM_RESTORE_E_CONTROL); // nor does a restore repeat them
+    UTIL_THREAD_WaitAsync();
     EXPECT_EQ(CFG_STORE_GetInt("Visca/Run", &s32Run), 0);
     EXPECT_EQ(s32Run, 1);
 }
