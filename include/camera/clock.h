@@ -1,4 +1,5 @@
-/// The clock: set from the network or not. The PC keeps its own clock: the calls are logged and do nothing. Thread: any.
+/// The clock: set from the network or not. The PC keeps its own clock: the calls are logged and do nothing. Thread:
+/// any.
 #pragma once
 
 #include "base/setting.h"
