@@ -36,9 +36,9 @@ void lines(std::string_view text)
         text.remove_prefix(std::min(end + 1, text.size()));
     }
     const auto &[strHost, strOrigin, strCookie, strType, strMethod, strPath] = line;
-    static const web::HostNames names("studio.example", "camera");
-    if (names.has(strHost)) require(web::isSameOrigin("http://" + strHost, strHost, false));
-    if (web::isOwnPage(strOrigin, {}, strHost, true)) require(web::isSameOrigin(strOrigin, strHost, true));
+    static const net::HostNames names("studio.example", "camera");
+    if (names.has(strHost)) require(net::isSameOrigin("http://" + strHost, strHost, false));
+    if (net::isOwnPage(strOrigin, {}, strHost, true)) require(net::isSameOrigin(strOrigin, strHost, true));
     for (const std::string_view value : web::cookies(strCookie, web::SESSION_COOKIE))
         require(value.find(';') == value.npos);
     web::isJsonType(strType);

@@ -4,6 +4,8 @@
 #include "admission.h"
 #include "broadcast.h"
 #include "http.h"
+#include "net/admission.h"
+#include "net/hostRule.h"
 #include "registry.h"
 #include "util/log.h"
 #include "util/thread.h"
@@ -14,7 +16,6 @@
 #include <map>
 #include <optional>
 #include <sys/socket.h>
-#include <unistd.h>
 
 static_assert(preview::Message::HEADROOM >= LWS_PRE);
 
@@ -36,18 +37,13 @@ struct Connection {
 };
 typedef std::unique_ptr<lws_context, decltype(&lws_context_destroy)> Context;
 
-std::string machineName()
-{
-    char acName[256]{};
-    return gethostname(acName, sizeof(acName) - 1) == 0 ? acName : "";
-}
-
 /// Everything but the inbox belongs to the service thread while it runs.
 class LwsServer final : public Server
 {
 public:
     explicit LwsServer(const std::string &strAddress)
-        : m_admission(strAddress), m_originRule(strAddress, machineName()), m_context(nullptr, lws_context_destroy)
+        : m_admission(strAddress, PER_ADDRESS_MAX, CONNECTIONS_MAX), m_originRule(strAddress, net::machineName()),
+          m_context(nullptr, lws_context_destroy)
     {
     }
     ~LwsServer() override;
@@ -70,8 +66,8 @@ private:
 
     std::shared_ptr<Inbox> m_pstInbox;
     std::map<lws *, std::unique_ptr<Connection>> m_connections;
-    Admission m_admission;
-    const OriginRule m_originRule;
+    net::Admission m_admission;
+    const net::OriginRule m_originRule;
     std::optional<Broadcast> m_broadcast;
     BU_S32 m_s32Port = 0;
     BU_S64 m_s64NextMs = 0; // when the deadlines are looked at next
@@ -127,8 +123,8 @@ bool LwsServer::listen(const std::string &strAddress, BU_S32 s32Port)
         LWS_SERVER_OPTION_EXPLICIT_VHOSTS | LWS_SERVER_OPTION_FAIL_UPON_UNABLE_TO_BIND | LWS_SERVER_OPTION_DISABLE_IPV6;
     stInfo.user = this;
     stInfo.protocols = PROTOCOLS;
-    stInfo.fd_limit_per_thread = Admission::CONNECTIONS_MAX + 16; // its own descriptors, and one to turn away with
-    stInfo.max_http_header_pool = Admission::CONNECTIONS_MAX;     // a silent connection holds no other one up
+    stInfo.fd_limit_per_thread = CONNECTIONS_MAX + 16; // its own descriptors, and one to turn away with
+    stInfo.max_http_header_pool = CONNECTIONS_MAX;     // a silent connection holds no other one up
     stInfo.timeout_secs = 2 * HANDSHAKE_MS / 1000;
     stInfo.retry_and_idle_policy = &LIVENESS;
     m_context.reset(lws_create_context(&stInfo));
@@ -230,7 +226,7 @@ int LwsServer::admit(lws *pstWsi, std::string_view protocol)
         return http::answer(pstWsi, 403, "Pages of this origin may not watch\n");
     }
     if (!channel) return http::answer(pstWsi, 404, "No such channel\n");
-    if (m_broadcast->size() >= Admission::VIEWERS_MAX) return http::answer(pstWsi, 503, "Too many viewers\n");
+    if (m_broadcast->size() >= VIEWERS_MAX) return http::answer(pstWsi, 503, "Too many viewers\n");
     pst->stViewer.u32Channel = *channel;
     pst->stViewer.bAudio = http::argument(pstWsi, "audio") == "1";
     return 0;
@@ -292,7 +288,7 @@ bool LwsServer::mayConnect(const void *pvUser) const
     const auto &stAddress = static_cast<const lws_filter_network_conn_args *>(pvUser)->cli_addr;
     char acAddress[INET_ADDRSTRLEN]{};
     inet_ntop(AF_INET, &reinterpret_cast<const sockaddr_in &>(stAddress).sin_addr, acAddress, sizeof(acAddress));
-    return m_admission.mayConnect(acAddress);
+    return m_admission.mayEnter(acAddress);
 }
 } // namespace
 

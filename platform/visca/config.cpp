@@ -74,7 +74,7 @@ std::vector<Endpoint> endpointsOf(const Stored &stNet, const Stored &stOverIp)
 void announce(const std::vector<Endpoint> &list)
 {
     for (const Endpoint &endpoint : list) {
-        const BU_U16 u16Port = net().portOf(endpoint.enFrom);
+        const BU_U16 u16Port = network().portOf(endpoint.enFrom);
         if (!u16Port) continue;
         const bool bTcp = endpoint.enFrom == CMD_FROM_E_NET_TCP_IN, bOverIp = endpoint.enFrom == CMD_FROM_E_OVER_IP_IN;
         PLATFORM_AddEndpoint((bTcp ? "tcp://" : "udp://") + endpoint.strAddress + ":" + std::to_string(u16Port) +
@@ -94,7 +94,7 @@ BU_S32 current(Stored *pstCfg, const Stored Config::*pstWhich)
 /// taken: all as before
 bool change(const Stored &stNet, const Stored &stOverIp, const std::function<bool()> &fnStore)
 {
-    if (!(net().isRunning() ? net().change(endpointsOf(stNet, stOverIp), fnStore) : fnStore())) return false;
+    if (!(network().isRunning() ? network().change(endpointsOf(stNet, stOverIp), fnStore) : fnStore())) return false;
     const std::lock_guard lock(config().mutex);
     config().stNet = stNet;
     config().stOverIp = stOverIp;
@@ -157,7 +157,7 @@ BU_S32 send(BU_U8 *pu8Buf, BU_U32 u32Len, void *pvPrivate,
             BU_S32 (Net::*pfnSend)(const VISCA_MSG_PRI_S &, std::span<const BU_U8>))
 {
     if (!pu8Buf || !pvPrivate) return -1;
-    return (net().*pfnSend)(*static_cast<const VISCA_MSG_PRI_S *>(pvPrivate), {pu8Buf, u32Len});
+    return (network().*pfnSend)(*static_cast<const VISCA_MSG_PRI_S *>(pvPrivate), {pu8Buf, u32Len});
 }
 } // namespace
 
@@ -193,7 +193,7 @@ BU_S32 VISCA_HandlerInit(const VISCA_TRAN_CALL_FUNC_S *pstTrans, const VISCA_CTR
         config().stOverIp = *pstOverIp;
         list = endpointsOf(*pstNet, *pstOverIp);
     }
-    const bool bAny = net().start(list);
+    const bool bAny = network().start(list);
     announce(list);
     startSerial();
     return bAny || list.empty() ? 0 : -1;
@@ -203,7 +203,7 @@ BU_S32 VISCA_HandlerExit()
 {
     if (const auto injected = journal::call(__func__)) return *injected;
     stopSerial();
-    net().stop();
+    network().stop();
     stopWatch();
     library().sockets.clear();
     install(nullptr, nullptr);

@@ -3,13 +3,10 @@
 #include "util/log.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <cerrno>
 #include <cstring>
 #include <future>
 #include <sys/epoll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 
 namespace visca
 {
@@ -29,38 +26,20 @@ const char *nameOf(CMD_FROM_E enFrom)
                                              : "VISCA (udp)";
 }
 
-BU_U16 boundPort(int fd)
+/// @return null: not possible, the reason is logged
+net::Socket openSocket(const Endpoint &endpoint)
 {
-    sockaddr_in stAddress{};
-    socklen_t size = sizeof stAddress;
-    ::getsockname(fd, reinterpret_cast<sockaddr *>(&stAddress), &size);
-    return ntohs(stAddress.sin_port);
-}
-
-/// A socket that listens at the endpoint; -1 with the reason logged.
-int openSocket(const Endpoint &endpoint)
-{
-    const bool bTcp = endpoint.enFrom == CMD_FROM_E_NET_TCP_IN;
-    sockaddr_in stAddress{};
-    stAddress.sin_family = AF_INET;
-    stAddress.sin_port = htons(static_cast<BU_U16>(endpoint.s32Port));
-    const int fd = ::socket(AF_INET, (bTcp ? SOCK_STREAM : SOCK_DGRAM) | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    const int on = 1;
-    if (fd >= 0 && bTcp) ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on); // past connections in TIME_WAIT
-    if (fd >= 0 && !bTcp) ::setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &SOCKET_BUFFER, sizeof SOCKET_BUFFER);
-    errno = EINVAL;
-    if (fd >= 0 && ::inet_pton(AF_INET, endpoint.strAddress.c_str(), &stAddress.sin_addr) == 1 &&
-        ::bind(fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof stAddress) == 0 &&
-        (!bTcp || ::listen(fd, 512) == 0))
-        return fd;
+    const net::Socket socket = endpoint.enFrom == CMD_FROM_E_NET_TCP_IN
+                                   ? net::listenTcp(endpoint.strAddress, endpoint.s32Port)
+                                   : net::bindUdp(endpoint.strAddress, endpoint.s32Port, SOCKET_BUFFER);
+    if (socket) return socket;
     LOG_ERROR("%s cannot listen at %s:%d: %s\n", nameOf(endpoint.enFrom), endpoint.strAddress.c_str(), endpoint.s32Port,
               std::strerror(errno));
-    if (fd >= 0) ::close(fd);
-    return -1;
+    return nullptr;
 }
 } // namespace
 
-Net &net()
+Net &network()
 {
     static Net *s_pstNet = new Net;
     return *s_pstNet;
@@ -68,14 +47,13 @@ Net &net()
 
 bool Net::start(const std::vector<Endpoint> &listEndpoints)
 {
-    m_fdEpoll = ::epoll_create1(EPOLL_CLOEXEC);
-    m_fdWake = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
-    epoll_event stWake{EPOLLIN, {}};
-    stWake.data.u64 = WAKE;
-    ::epoll_ctl(m_fdEpoll, EPOLL_CTL_ADD, m_fdWake, &stWake);
+    m_epoll = util::FileDescriptor(::epoll_create1(EPOLL_CLOEXEC));
+    m_wake = util::FileDescriptor(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC));
+    watch(m_wake, WAKE);
     std::vector<Open> listOpen;
     for (const Endpoint &endpoint : listEndpoints)
-        if (const int fd = openSocket(endpoint); fd >= 0) listOpen.push_back({endpoint, fd, boundPort(fd)});
+        if (const net::Socket socket = openSocket(endpoint))
+            listOpen.push_back({endpoint, socket, net::boundPort(*socket)});
     const bool bAny = !listOpen.empty();
     m_udp.forgetPeers();
     install(listOpen);
@@ -89,14 +67,13 @@ void Net::stop()
     m_thread.reset();
     install({});
     m_tcp.closeAll();
-    ::close(std::exchange(m_fdWake, -1));
-    ::close(std::exchange(m_fdEpoll, -1));
+    m_wake = {};
+    m_epoll = {};
 }
 
 bool Net::change(const std::vector<Endpoint> &listEndpoints, const std::function<bool()> &fnCommit)
 {
     std::vector<Open> listOpen;
-    std::vector<int> listNew;
     {
         const std::lock_guard lock(m_mutexOpen);
         listOpen = m_listOpen;
@@ -104,18 +81,20 @@ bool Net::change(const std::vector<Endpoint> &listEndpoints, const std::function
     std::vector<Open> listNext;
     for (const Endpoint &endpoint : listEndpoints) {
         const auto open = std::ranges::find(listOpen, endpoint, &Open::endpoint);
-        if (open == listOpen.end()) listNew.push_back(openSocket(endpoint));
-        const int fd = open == listOpen.end() ? listNew.back() : open->fd;
-        listNext.push_back({endpoint, fd, fd >= 0 ? boundPort(fd) : BU_U16{0}});
+        const net::Socket socket = open == listOpen.end() ? openSocket(endpoint) : open->socket;
+        if (!socket) return false;
+        listNext.push_back({endpoint, socket, net::boundPort(*socket)});
     }
-    const bool bOk = std::ranges::find(listNew, -1) == listNew.end() && fnCommit();
-    if (!bOk)
-        std::ranges::for_each(listNew, [](int fd) {
-            if (fd >= 0) ::close(fd);
-        });
-    else
-        onNetThread([&] { install(listNext); });
-    return bOk;
+    if (!fnCommit()) return false;
+    onNetThread([&] { install(listNext); });
+    return true;
+}
+
+void Net::watch(int s32Fd, BU_U64 u64What)
+{
+    epoll_event stEvent{EPOLLIN, {}};
+    stEvent.data.u64 = u64What;
+    ::epoll_ctl(m_epoll, EPOLL_CTL_ADD, s32Fd, &stEvent);
 }
 
 /// Thread: network, or none running.
@@ -126,26 +105,24 @@ void Net::install(const std::vector<Open> &listOpen)
         const std::lock_guard lock(m_mutexOpen);
         listOld = std::exchange(m_listOpen, listOpen);
     }
-    const auto fdOf = [](const std::vector<Open> &list, CMD_FROM_E enFrom) {
+    const auto socketOf = [](const std::vector<Open> &list, CMD_FROM_E enFrom) -> net::Socket {
         const auto open = std::ranges::find(list, enFrom, [](const Open &o) { return o.endpoint.enFrom; });
-        return open == list.end() ? -1 : open->fd;
+        return open == list.end() ? nullptr : open->socket;
     };
     for (const auto &[enFrom, u64What] : {std::pair{CMD_FROM_E_OVER_IP_IN, OVER_IP},
                                           {CMD_FROM_E_NET_UDP_IN, PLAIN},
                                           {CMD_FROM_E_NET_TCP_IN, LISTENER}}) {
-        const int fdOld = fdOf(listOld, enFrom), fdNew = fdOf(listOpen, enFrom);
-        if (fdOld == fdNew) continue;
+        const net::Socket old = socketOf(listOld, enFrom), next = socketOf(listOpen, enFrom);
+        if (old == next) continue;
+        if (old) ::epoll_ctl(m_epoll, EPOLL_CTL_DEL, *old, nullptr);
         if (enFrom == CMD_FROM_E_NET_TCP_IN) {
             m_tcp.closeAll();
-            if (fdOld >= 0) ::close(fdOld);
-            m_fdListen = fdNew;
-            m_bListening = fdNew >= 0;
+            m_pstListener = next ? std::make_unique<net::Listener>(next, "VISCA client") : nullptr;
+            m_bListening = next != nullptr;
         } else {
-            m_udp.set(enFrom, fdNew);
+            m_udp.set(enFrom, next);
         }
-        epoll_event stEvent{EPOLLIN, {}};
-        stEvent.data.u64 = u64What;
-        if (fdNew >= 0) ::epoll_ctl(m_fdEpoll, EPOLL_CTL_ADD, fdNew, &stEvent);
+        if (next) watch(*next, u64What);
     }
 }
 
@@ -160,27 +137,11 @@ void Net::onNetThread(const std::function<void()> &fnTask)
 {
     if (t_pstNet == this || !m_thread) return fnTask();
     std::promise<void> done;
-    {
-        const std::lock_guard lock(m_mutexTask);
-        m_listTask.push_back([&] {
-            fnTask();
-            done.set_value();
-        });
-    }
-    ::eventfd_write(m_fdWake, 1);
+    m_tasks.post([&] {
+        fnTask();
+        done.set_value();
+    });
     done.get_future().wait();
-}
-
-void Net::runTasks()
-{
-    eventfd_t count = 0;
-    ::eventfd_read(m_fdWake, &count);
-    std::vector<std::function<void()>> listTask;
-    {
-        const std::lock_guard lock(m_mutexTask);
-        listTask.swap(m_listTask);
-    }
-    for (const auto &fnTask : listTask) fnTask();
 }
 
 void Net::loop(const std::stop_token &stop)
@@ -188,11 +149,11 @@ void Net::loop(const std::stop_token &stop)
     t_pstNet = this;
     m_udp.gatherHere();
     m_tcp.gatherHere();
-    const std::stop_callback wake(stop, [this] { ::eventfd_write(m_fdWake, 1); });
+    const std::stop_callback wake(stop, [this] { m_tasks.wake(); });
     while (!stop.stop_requested()) {
         m_buffers = 0;
         m_u32Turn = m_turn.begin();
-        const bool bPaused = m_fdListen >= 0 && !m_bListening;
+        const bool bPaused = m_pstListener && !m_bListening;
         collect(bPaused ? RETRY_LISTEN_MS : -1);
         m_turn.process();
         flush();
@@ -205,18 +166,20 @@ void Net::collect(int timeoutMs)
 {
     std::array<epoll_event, 64> event;
     if (m_buffers == m_buffer.size()) return;
-    const int count = ::epoll_wait(m_fdEpoll, event.data(), static_cast<int>(event.size()), timeoutMs);
+    const int count = ::epoll_wait(m_epoll, event.data(), static_cast<int>(event.size()), timeoutMs);
     for (int i = 0; i < count; ++i) handleEvent(event[i].data.u64, event[i].events);
 }
 
 void Net::handleEvent(BU_U64 u64What, BU_U32 u32Events)
 {
     const auto buffers = std::span(m_buffer).subspan(m_buffers);
-    if (u64What == WAKE)
-        runTasks();
-    else if (u64What == LISTENER)
-        listenForClients(m_tcp.acceptFrom(m_fdListen, m_fdEpoll));
-    else if (buffers.empty())
+    if (u64What == WAKE) {
+        eventfd_t count = 0;
+        ::eventfd_read(m_wake, &count);
+        m_tasks.run();
+    } else if (u64What == LISTENER) {
+        if (m_pstListener) listenForClients(m_tcp.acceptFrom(*m_pstListener, m_epoll));
+    } else if (buffers.empty())
         return; // heard of again in the next turn
     else if (u64What == OVER_IP || u64What == PLAIN)
         m_buffers += m_udp.receive(u64What == OVER_IP ? CMD_FROM_E_OVER_IP_IN : CMD_FROM_E_NET_UDP_IN, m_turn,
@@ -228,12 +191,12 @@ void Net::handleEvent(BU_U64 u64What, BU_U32 u32Events)
 /// Off: connections wait in the queue of the system without waking the thread.
 void Net::listenForClients(bool bOn)
 {
-    if (bOn == m_bListening || m_fdListen < 0) return;
+    if (bOn == m_bListening || !m_pstListener) return;
     m_bListening = bOn;
     if (!bOn) LOG_WARN("no file descriptors for VISCA clients, new ones wait\n");
     epoll_event stEvent{bOn ? BU_U32{EPOLLIN} : 0u, {}};
     stEvent.data.u64 = LISTENER;
-    ::epoll_ctl(m_fdEpoll, EPOLL_CTL_MOD, m_fdListen, &stEvent);
+    ::epoll_ctl(m_epoll, EPOLL_CTL_MOD, m_pstListener->fd(), &stEvent);
 }
 
 void Net::flush()

@@ -3,12 +3,13 @@
 
 #include "tcp.h"
 #include "udp.h"
-
+#include "util/mailbox.h"
 #include "util/thread.h"
 
 #include <functional>
 #include <memory>
 #include <string>
+#include <sys/eventfd.h>
 
 namespace visca
 {
@@ -42,25 +43,24 @@ public:
 private:
     struct Open {
         Endpoint endpoint;
-        int fd = -1;
+        net::Socket socket;
         BU_U16 u16Port = 0;
     };
     void loop(const std::stop_token &stop);
     void collect(int timeoutMs);
     void handleEvent(BU_U64 u64What, BU_U32 u32Events);
-    void runTasks();
     void onNetThread(const std::function<void()> &fnTask);
+    void watch(int s32Fd, BU_U64 u64What);
     void install(const std::vector<Open> &listOpen);
     void listenForClients(bool bOn);
     void flush();
 
     mutable std::mutex m_mutexOpen; ///< guards m_listOpen
     std::vector<Open> m_listOpen;
-    std::mutex m_mutexTask; ///< guards m_listTask
-    std::vector<std::function<void()>> m_listTask;
-    int m_fdEpoll = -1, m_fdWake = -1;
+    util::FileDescriptor m_epoll, m_wake;
+    util::Mailbox<> m_tasks{[this] { ::eventfd_write(m_wake, 1); }};
     // Of the network thread:
-    int m_fdListen = -1;
+    std::unique_ptr<net::Listener> m_pstListener;
     bool m_bListening = false;
     UdpPorts m_udp;
     TcpClients m_tcp;
@@ -71,5 +71,5 @@ private:
     std::unique_ptr<util::Thread> m_thread;
 };
 /// The camera's one; it lives as long as the process.
-Net &net();
+Net &network();
 } // namespace visca

@@ -3,12 +3,10 @@
 #include "util/log.h"
 
 #include <cerrno>
-#include <fcntl.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/epoll.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 namespace visca
 {
@@ -16,7 +14,6 @@ namespace
 {
 thread_local bool t_bGather = false;
 constexpr BU_U32 INDEX_BITS = 10;
-constexpr std::size_t KEPT_CAPACITY = 512; // of an idle client's answers
 static_assert(TcpClients::MAX_CLIENTS <= 1u << INDEX_BITS);
 
 /// A peer that vanished without a word is found within two minutes; a client that is only silent stays.
@@ -31,7 +28,7 @@ void prepare(int fd)
 }
 } // namespace
 
-TcpClients::TcpClients() : m_client(MAX_CLIENTS), m_fdReserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
+TcpClients::TcpClients() : m_client(MAX_CLIENTS)
 {
     for (std::size_t i = MAX_CLIENTS; i-- > 0;) m_free.push_back(static_cast<BU_U16>(i));
     m_dirty.reserve(MAX_CLIENTS);
@@ -52,34 +49,17 @@ TcpClients::Client *TcpClients::find(BU_U32 u32Id)
     return client.fd >= 0 && idOf(client) == u32Id ? &client : nullptr;
 }
 
-bool TcpClients::acceptFrom(int fdListen, int fdEpoll)
+bool TcpClients::acceptFrom(net::Listener &listener, int s32Epoll)
 {
-    for (int i = 0; i < 64; ++i) {
-        sockaddr_in stFrom{};
-        socklen_t size = sizeof stFrom;
-        const int fd = ::accept4(fdListen, reinterpret_cast<sockaddr *>(&stFrom), &size, SOCK_NONBLOCK | SOCK_CLOEXEC);
-        if (fd >= 0) {
-            admit(fd, fdEpoll, ntohs(stFrom.sin_port));
-            continue;
-        }
-        if (errno == EINTR || errno == ECONNABORTED) continue;
-        if (errno != EMFILE && errno != ENFILE) return true;
-        if (m_fdReserve < 0) return false;
-        ::close(m_fdReserve); // the connection would stay in the queue and wake us for ever
-        const int fdTurnedAway = ::accept4(fdListen, nullptr, nullptr, SOCK_CLOEXEC);
-        if (fdTurnedAway >= 0) ::close(fdTurnedAway);
-        m_fdReserve = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-        if (fdTurnedAway < 0) return false;
-        LOG_WARN("no file descriptor for a VISCA client, turned away\n");
-    }
-    return true;
+    return listener.accept([&](util::FileDescriptor fd, const sockaddr_storage &stFrom) {
+        admit(std::move(fd), s32Epoll, ntohs(reinterpret_cast<const sockaddr_in &>(stFrom).sin_port));
+    });
 }
 
-void TcpClients::admit(int fd, int fdEpoll, BU_U16 u16Port)
+void TcpClients::admit(util::FileDescriptor fd, int s32Epoll, BU_U16 u16Port)
 {
     if (m_free.empty()) {
         LOG_WARN("%zu VISCA clients are connected, the next is turned away\n", m_size);
-        ::close(fd);
         return;
     }
     prepare(fd);
@@ -87,11 +67,11 @@ void TcpClients::admit(int fd, int fdEpoll, BU_U16 u16Port)
     {
         const std::lock_guard lock(m_mutex);
         client.u32Generation = (client.u32Generation + 1) & (0xFFFFFFFFu >> INDEX_BITS);
-        client.fd = fd;
+        client.fd = std::move(fd);
         client.u16Port = u16Port;
         client.bLeft = false;
         client.u32Events = EPOLLIN;
-        m_fdEpoll = fdEpoll;
+        m_s32Epoll = s32Epoll;
     }
     client.splitter = {};
     client.u32Turn = 0;
@@ -99,13 +79,13 @@ void TcpClients::admit(int fd, int fdEpoll, BU_U16 u16Port)
     epoll_event stEvent{};
     stEvent.events = EPOLLIN;
     stEvent.data.u64 = idOf(client);
-    if (::epoll_ctl(fdEpoll, EPOLL_CTL_ADD, fd, &stEvent) == 0) {
+    if (::epoll_ctl(m_s32Epoll, EPOLL_CTL_ADD, client.fd, &stEvent) == 0) {
         m_free.pop_back();
         ++m_size;
         return;
     }
     const std::lock_guard lock(m_mutex);
-    ::close(std::exchange(client.fd, -1));
+    client.fd = {};
 }
 
 bool TcpClients::handle(BU_U32 u32Id, BU_U32 u32Events, Turn &turn, BU_U32 u32Turn, std::span<BU_U8> buffer)
@@ -150,7 +130,7 @@ void TcpClients::onLeft(Client &client, BU_U32 u32Id)
     {
         const std::lock_guard lock(m_mutex);
         client.bLeft = true;
-        if (bWaits || !client.out.empty()) return listenFor(client, u32Id);
+        if (bWaits || !client.out.isEmpty()) return listenFor(client, u32Id);
     }
     close(client);
 }
@@ -159,8 +139,8 @@ void TcpClients::close(Client &client)
 {
     library().sockets.forget(client.peer);
     const std::lock_guard lock(m_mutex);
-    ::close(std::exchange(client.fd, -1));
-    std::vector<BU_U8>().swap(client.out);
+    client.fd = {};
+    client.out.clear();
     client.bDirty = false;
     m_free.push_back(static_cast<BU_U16>(&client - m_client.data()));
     --m_size;
@@ -178,11 +158,10 @@ BU_S32 TcpClients::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> byt
     const std::lock_guard lock(m_mutex);
     Client *client = find(u32Id);
     if (!client) return -1;
-    if (client->out.size() + bytes.size() > MAX_UNREAD) {
+    if (!client->out.add(bytes)) {
         ::shutdown(client->fd, SHUT_RDWR); // the network thread hears of it and closes
         return -1;
     }
-    client->out.insert(client->out.end(), bytes.begin(), bytes.end());
     if (!t_bGather)
         sendOut(*client, u32Id);
     else if (!std::exchange(client->bDirty, true))
@@ -204,15 +183,12 @@ void TcpClients::flush()
 /// Sends what the client takes; the rest waits until it takes more.
 void TcpClients::sendOut(Client &client, BU_U32 u32Id)
 {
-    const ssize_t sent = ::send(client.fd, client.out.data(), client.out.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-    if (sent < 0 && errno != EAGAIN && errno != EINTR) {
+    if (const int s32Error = client.out.send(client.fd); s32Error != 0 && s32Error != EAGAIN) {
         client.out.clear();
         ::shutdown(client.fd, SHUT_RDWR);
         return;
     }
-    if (sent > 0) client.out.erase(client.out.begin(), client.out.begin() + sent);
-    if (client.out.empty() && client.out.capacity() > KEPT_CAPACITY) std::vector<BU_U8>().swap(client.out);
-    if (client.out.empty() && client.bLeft && !library().sockets.isBusy(client.peer))
+    if (client.out.isEmpty() && client.bLeft && !library().sockets.isBusy(client.peer))
         ::shutdown(client.fd, SHUT_RDWR); // all answered
     listenFor(client, u32Id);
 }
@@ -220,10 +196,10 @@ void TcpClients::sendOut(Client &client, BU_U32 u32Id)
 void TcpClients::listenFor(Client &client, BU_U32 u32Id)
 {
     epoll_event stEvent{};
-    stEvent.events = (client.bLeft ? 0u : BU_U32{EPOLLIN}) | (client.out.empty() ? 0u : BU_U32{EPOLLOUT});
+    stEvent.events = (client.bLeft ? 0u : BU_U32{EPOLLIN}) | (client.out.isEmpty() ? 0u : BU_U32{EPOLLOUT});
     stEvent.data.u64 = u32Id;
     if (stEvent.events == client.u32Events) return;
     client.u32Events = stEvent.events;
-    ::epoll_ctl(m_fdEpoll, EPOLL_CTL_MOD, client.fd, &stEvent);
+    ::epoll_ctl(m_s32Epoll, EPOLL_CTL_MOD, client.fd, &stEvent);
 }
 } // namespace visca

@@ -2,6 +2,8 @@
 /// client that has left never reaches the next one.
 #pragma once
 
+#include "net/listener.h"
+#include "net/outbox.h"
 #include "turn.h"
 
 #include <mutex>
@@ -17,8 +19,8 @@ public:
     TcpClients();
 
     /// Takes new connections. Thread: network, as all but send.
-    /// @return false: there are no descriptors; ask again later
-    bool acceptFrom(int fdListen, int fdEpoll);
+    /// @return as Listener::accept
+    bool acceptFrom(net::Listener &listener, int s32Epoll);
     /// Something happened on a client: reads into `buffer` and adds to the turn, sends, or closes.
     /// @return whether the buffer is in use
     bool handle(BU_U32 u32Id, BU_U32 u32Events, Turn &turn, BU_U32 u32Turn, std::span<BU_U8> buffer);
@@ -33,20 +35,20 @@ public:
 
 private:
     struct Client {
-        int fd = -1;
+        util::FileDescriptor fd;
         BU_U32 u32Generation = 0;
         BU_U16 u16Port = 0;
-        bool bDirty = false;    ///< in m_dirty
-        bool bLeft = false;     ///< sends nothing more, but waits for answers
-        BU_U32 u32Events = 0;   ///< asked of epoll
-        std::vector<BU_U8> out; ///< not yet sent; its memory is given back when empty
+        bool bDirty = false;  ///< in m_dirty
+        bool bLeft = false;   ///< sends nothing more, but waits for answers
+        BU_U32 u32Events = 0; ///< asked of epoll
+        net::Outbox out{MAX_UNREAD};
         // Of the network thread alone:
         Splitter splitter;
         Peer peer;
         BU_U32 u32Turn = 0;
         BU_U16 u16Lane = 0;
     };
-    void admit(int fd, int fdEpoll, BU_U16 u16Port);
+    void admit(util::FileDescriptor fd, int s32Epoll, BU_U16 u16Port);
     bool readFrom(Client &client, BU_U32 u32Id, Turn &turn, BU_U32 u32Turn, std::span<BU_U8> buffer);
     void onLeft(Client &client, BU_U32 u32Id);
     void close(Client &client);
@@ -60,7 +62,6 @@ private:
     std::vector<BU_U16> m_free;
     std::vector<BU_U32> m_dirty;
     std::size_t m_size = 0;
-    int m_fdEpoll = -1;
-    int m_fdReserve = -1; ///< given up to take and close a connection when descriptors run out
+    int m_s32Epoll = -1;
 };
 } // namespace visca

@@ -5,7 +5,6 @@
 #include "web_client/socketFile.h"
 
 #include <cerrno>
-#include <cstring>
 #include <sys/epoll.h>
 #include <sys/socket.h>
 #include <utility>
@@ -15,6 +14,11 @@ namespace web_rpc
 namespace
 {
 std::string_view bytesOf(const Head &stHead) { return {reinterpret_cast<const BU_CHAR *>(&stHead), sizeof(stHead)}; }
+
+std::span<const BU_U8> octets(std::string_view text)
+{
+    return {reinterpret_cast<const BU_U8 *>(text.data()), text.size()};
+}
 } // namespace
 
 Connection::Connection(util::FileDescriptor fd, int s32Epoll, BU_U64 u64Number)
@@ -33,23 +37,18 @@ void Connection::tell(const std::string &strSubject, std::string_view json)
     const std::lock_guard guard(m_lock);
     if (m_bCut) return;
     const Head stHead{.enKind = Kind::NEWS};
-    if (m_news.empty() && m_outbox.empty() && send(bytesOf(stHead), json)) return;
+    if (m_news.empty() && m_outbox.isEmpty() && send(bytesOf(stHead), json)) return;
     m_news.insert_or_assign(strSubject, std::string(json));
     watch();
 }
 
 void Connection::post(const Head &stHead, std::string_view bytes)
 {
-    if (m_bCut || (m_outbox.empty() && send(bytesOf(stHead), bytes))) return;
-    if (m_outboxBytes + bytes.size() > OUTBOX_MAX) {
-        LOG_WARN("a web server does not take its answers: cut off\n");
-        m_bCut = true;
-        shutdown(m_fd, SHUT_RDWR);
-        return;
-    }
-    m_outbox.push_back(std::string(bytesOf(stHead)).append(bytes));
-    m_outboxBytes += m_outbox.back().size();
-    watch();
+    if (m_bCut || (m_outbox.isEmpty() && send(bytesOf(stHead), bytes))) return;
+    if (m_outbox.add(octets(bytesOf(stHead)), octets(bytes))) return watch();
+    LOG_WARN("a web server does not take its answers: cut off\n");
+    m_bCut = true;
+    shutdown(m_fd, SHUT_RDWR);
 }
 
 bool Connection::send(std::string_view head, std::string_view bytes)
@@ -63,10 +62,12 @@ bool Connection::send(std::string_view head, std::string_view bytes)
 void Connection::flush()
 {
     const std::lock_guard guard(m_lock);
-    for (; !m_outbox.empty() && send(m_outbox.front(), {}); m_outbox.pop_front())
-        m_outboxBytes -= m_outbox.front().size();
+    for (int s32Error = -1; s32Error != 0 && s32Error != EAGAIN;) { // whatever else: the reader sees the end
+        s32Error = m_outbox.send(m_fd);
+        if (s32Error == EMSGSIZE) LOG_ERROR("an answer is too long to be sent\n");
+    }
     const Head stHead{.enKind = Kind::NEWS};
-    while (m_outbox.empty() && !m_news.empty() && send(bytesOf(stHead), m_news.begin()->second))
+    while (m_outbox.isEmpty() && !m_news.empty() && send(bytesOf(stHead), m_news.begin()->second))
         m_news.erase(m_news.begin());
     watch();
 }
@@ -92,7 +93,7 @@ void Connection::arm()
 void Connection::watch()
 {
     if (!m_bArmed) return; // the thread that reads will
-    const bool bWaits = !m_outbox.empty() || !m_news.empty();
+    const bool bWaits = !m_outbox.isEmpty() || !m_news.empty();
     epoll_event stEvent{};
     stEvent.events = EPOLLIN | EPOLLONESHOT | (bWaits ? EPOLLOUT : 0U);
     stEvent.data.u64 = m_u64Number;

@@ -1,10 +1,10 @@
 /// The connection to one web server process: what goes to it, and never a wait for it.
 #pragma once
 
+#include "net/outbox.h"
 #include "util/fileDescriptor.h"
 #include "web_client/message.h"
 
-#include <deque>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -50,8 +50,7 @@ private:
     const BU_U64 m_u64Number;
     std::mutex m_lock; // guards everything below
     bool m_bRegistered = false, m_bArmed = false, m_bCut = false;
-    std::deque<std::string> m_outbox; // packets that wait for room
-    std::size_t m_outboxBytes = 0;
+    net::Outbox m_outbox{OUTBOX_MAX, net::Outbox::Framing::PACKETS};
     std::map<std::string, std::string> m_news; // by subject, while they wait for room
 };
 

@@ -6,9 +6,7 @@
 #include "web_client/client.h"
 #include "web_client/socketFile.h"
 
-#include <array>
 #include <cerrno>
-#include <fcntl.h>
 #include <sys/epoll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -40,9 +38,9 @@ std::unique_ptr<Server> Server::open(std::function<Result(const Call &)> fnRun)
 }
 
 Server::Server(util::FileDescriptor listener, std::function<Result(const Call &)> fnRun)
-    : m_listener(std::move(listener)), m_epoll(epoll_create1(EPOLL_CLOEXEC)),
-      m_stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_fnRun(std::move(fnRun)), m_u64Last(FIRST_CONNECTION),
-      m_reserve(::open("/dev/null", O_RDONLY | O_CLOEXEC))
+    : m_listener(std::make_shared<const util::FileDescriptor>(std::move(listener)), "web server", 1),
+      m_epoll(epoll_create1(EPOLL_CLOEXEC)), m_stop(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_fnRun(std::move(fnRun)),
+      m_u64Last(FIRST_CONNECTION)
 {
 }
 
@@ -52,7 +50,7 @@ bool Server::watch()
         epoll_event stEvent{.events = EPOLLIN, .data = {.u64 = u64What}};
         return epoll_ctl(m_epoll, EPOLL_CTL_ADD, s32Fd, &stEvent) == 0;
     };
-    if (!add(m_listener, LISTENER) || !add(m_stop, STOP)) {
+    if (!add(m_listener.fd(), LISTENER) || !add(m_stop, STOP)) {
         LOG_ERROR("web calls: no event queue\n");
         return false;
     }
@@ -76,19 +74,14 @@ void Server::work()
         if (epoll_wait(m_epoll, &stEvent, 1, -1) < 1) continue;
         if (stEvent.data.u64 == STOP) return;
         if (stEvent.data.u64 == LISTENER)
-            accept();
+            m_listener.accept([this](util::FileDescriptor fd, const sockaddr_storage &) { enter(std::move(fd)); });
         else
             serve(stEvent.data.u64, stEvent.events, buffer);
     }
 }
 
-void Server::accept()
+void Server::enter(util::FileDescriptor fd)
 {
-    util::FileDescriptor fd(accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    if (fd < 0) {
-        if (errno == EMFILE || errno == ENFILE) turnAway(); // else another thread has it
-        return;
-    }
     const bool bMay = mayConnect(fd);
     const auto pst = std::make_shared<Connection>(std::move(fd), m_epoll, m_u64Last++);
     if (!bMay || !m_pstClients->add(pst)) {
@@ -96,16 +89,6 @@ void Server::accept()
         return;
     }
     pst->arm();
-}
-
-/// Without a free descriptor the connection would stay in the queue and wake the threads for ever.
-void Server::turnAway()
-{
-    const std::lock_guard guard(m_reserveLock);
-    m_reserve = {};
-    if (util::FileDescriptor(accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC)) >= 0)
-        LOG_WARN("web calls: no file descriptor for a connection, it is refused\n");
-    m_reserve = util::FileDescriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC));
 }
 
 void Server::serve(BU_U64 u64Number, BU_U32 u32Events, std::vector<BU_CHAR> &buffer)

@@ -3,6 +3,7 @@
 
 #include "connection.h"
 #include "lanes.h"
+#include "net/listener.h"
 #include "util/thread.h"
 
 #include <atomic>
@@ -39,20 +40,18 @@ private:
     Server(util::FileDescriptor listener, std::function<Result(const Call &)> fnRun);
     bool watch();
     void work();
-    void accept();
-    void turnAway();
+    void enter(util::FileDescriptor fd);
     void serve(BU_U64 u64Number, BU_U32 u32Events, std::vector<BU_CHAR> &buffer);
     void part(Connection &connection);
     void receive(const std::shared_ptr<Connection> &pst, const Message &stMessage);
     void run(Call stCall);
 
-    const util::FileDescriptor m_listener, m_epoll, m_stop;
+    net::Listener m_listener;
+    const util::FileDescriptor m_epoll, m_stop;
     const std::function<Result(const Call &)> m_fnRun;
     const std::shared_ptr<Clients> m_pstClients = std::make_shared<Clients>();
     Lanes m_lanes{HANDLERS};
     std::atomic<BU_U64> m_u64Last;
-    std::mutex m_reserveLock;            // guards m_reserve
-    util::FileDescriptor m_reserve;      // given up for a moment when there is no other
     std::vector<util::Thread> m_threads; // last: end first
 };
 } // namespace web_rpc

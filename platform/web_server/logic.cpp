@@ -40,7 +40,7 @@ std::optional<Reply> generalFault(const Desk &stDesk, const Request &stRequest)
     if (!stRequest.strHost) return problem(400, "the request names no host");
     if (!stDesk.hosts.has(*stRequest.strHost)) return problem(421, "this camera does not go by that name");
     if ((isWrite(stRequest.strMethod) || stRequest.bUpgrade) &&
-        !isOwnPage(stRequest.strOrigin, stRequest.strFetchSite, *stRequest.strHost, stRequest.bTls))
+        !net::isOwnPage(stRequest.strOrigin, stRequest.strFetchSite, *stRequest.strHost, stRequest.bTls))
         return problem(403, "another page may not do that");
     return std::nullopt;
 }
@@ -138,7 +138,7 @@ std::variant<Reply, std::pair<const Route *, Visit>> WebLogic::Impl::judge(const
 }
 
 WebLogic::WebLogic(std::string_view strHosts, std::string_view strMachine, std::string_view strFirstPassword)
-    : m_pImpl(new Impl{{{}, Sessions(std::time(nullptr)), {}, HostNames(strHosts, strMachine)}})
+    : m_pImpl(new Impl{{{}, Sessions(std::time(nullptr)), {}, net::HostNames(strHosts, strMachine)}})
 {
     Desk &stDesk = m_pImpl->stDesk;
     if (strFirstPassword.empty() || !stDesk.users.isEmpty()) return;

@@ -1,5 +1,6 @@
 /// camera-web: the web server of the camera, a process of its own. The service starts and watches it.
 #include "describe.h"
+#include "net/hostRule.h"
 #include "request.h"
 #include "server.h"
 #include "users/certificate.h"
@@ -12,7 +13,6 @@
 #include "web_client/client.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <csignal>
 #include <cstdio>
@@ -95,12 +95,6 @@ std::string textOf(const char *pcVariable)
     return pc ? pc : "";
 }
 
-std::string machineName()
-{
-    std::array<char, 256> acName{};
-    return gethostname(acName.data(), acName.size() - 1) == 0 ? acName.data() : "";
-}
-
 void report(BU_S32 s32Fd, const char *pcScheme, BU_S32 s32Port)
 {
     if (s32Fd >= 0) dprintf(s32Fd, "%s %d\n", pcScheme, s32Port);
@@ -181,7 +175,7 @@ int main(int argc, char **argv)
     }
 
     LOG_INFO("ptz-camera %s, web server\n", util::version());
-    const std::string strMachine = machineName();
+    const std::string strMachine = net::machineName();
     web::WebLogic logic(textOf("CAMERA_WEB_HOSTS"), strMachine, textOf("CAMERA_WEB_PASSWORD"));
     const web::ServerConfig stConfig = configOf(*options, strMachine);
     const auto pstServer = web::Server::make(

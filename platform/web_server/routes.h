@@ -1,6 +1,7 @@
 /// All that can be asked of the web server, one table. What is not in it is denied.
 #pragma once
 
+#include "net/hostRule.h"
 #include "origin.h"
 #include "request.h"
 #include "sessions.h"
@@ -17,7 +18,7 @@ struct Desk {
     Users users;
     Sessions sessions;
     Throttle throttle;
-    HostNames hosts;
+    net::HostNames hosts;
     std::atomic<bool> bCamera = false;
 };
 

@@ -1,9 +1,9 @@
 #include "server.h"
 
 #include "connection.h"
+#include "net/admission.h"
 #include "util/file.h"
 #include "util/log.h"
-#include "visitors.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
@@ -55,7 +55,7 @@ private:
 
     Context m_context;
     Site m_site;
-    Visitors m_visitors;
+    net::Admission m_visitors;
     std::map<BU_U64, std::unique_ptr<Connection>> m_connections; // by number
     BU_U64 m_u64Last = 0;
     std::atomic<bool> m_bStop{false};

@@ -76,9 +76,9 @@ protected:
         stTrans.stViscaTransHandlers[6].pfnViscaCallTrans = VISCA_NetTcpSendMsg;
         return stTrans;
     }
-    static Controller overIp() { return {SOCK_DGRAM, net().portOf(CMD_FROM_E_OVER_IP_IN)}; }
-    static Controller udp() { return {SOCK_DGRAM, net().portOf(CMD_FROM_E_NET_UDP_IN)}; }
-    static Controller tcp() { return {SOCK_STREAM, net().portOf(CMD_FROM_E_NET_TCP_IN)}; }
+    static Controller overIp() { return {SOCK_DGRAM, network().portOf(CMD_FROM_E_OVER_IP_IN)}; }
+    static Controller udp() { return {SOCK_DGRAM, network().portOf(CMD_FROM_E_NET_UDP_IN)}; }
+    static Controller tcp() { return {SOCK_STREAM, network().portOf(CMD_FROM_E_NET_TCP_IN)}; }
 };
 } // namespace
 
@@ -231,10 +231,10 @@ TEST_F(Network, GarbageIsSurvived)
 
 TEST_F(Network, EndpointsChangeWhileRunning)
 {
-    tagCFG_VISCA_NET_S stOverIp{1, 0, net().portOf(CMD_FROM_E_NET_UDP_IN), 0, ""}, stRead{};
-    const BU_U16 u16Before = net().portOf(CMD_FROM_E_OVER_IP_IN);
+    tagCFG_VISCA_NET_S stOverIp{1, 0, network().portOf(CMD_FROM_E_NET_UDP_IN), 0, ""}, stRead{};
+    const BU_U16 u16Before = network().portOf(CMD_FROM_E_OVER_IP_IN);
     EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), -1) << "the port is taken";
-    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), u16Before);
+    EXPECT_EQ(network().portOf(CMD_FROM_E_OVER_IP_IN), u16Before);
     for (const BU_S32 s32Port : {0, -1, 65536}) {
         stOverIp.PortNum = s32Port;
         EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), -1);
@@ -243,10 +243,10 @@ TEST_F(Network, EndpointsChangeWhileRunning)
     const Controller client = tcp();
     stOverIp.bEnable = 0;
     EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), 0);
-    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), 0);
+    EXPECT_EQ(network().portOf(CMD_FROM_E_OVER_IP_IN), 0);
     stOverIp.bEnable = 1;
     EXPECT_EQ(VISCA_OverIp_UpdateConfig(&stOverIp), 0);
-    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), u16Before);
+    EXPECT_EQ(network().portOf(CMD_FROM_E_OVER_IP_IN), u16Before);
     EXPECT_EQ(CFG_SYSTEM_GetViscaOverIp(&stRead), 0);
     EXPECT_EQ(stRead.PortNum, u16Before) << "stored";
     const Controller a = overIp();
@@ -258,7 +258,7 @@ TEST_F(Network, EndpointsChangeWhileRunning)
 
 TEST_F(Network, OccupiedPortLeavesTheOthers)
 {
-    const BU_S32 s32Taken = net().portOf(CMD_FROM_E_NET_TCP_IN);
+    const BU_S32 s32Taken = network().portOf(CMD_FROM_E_NET_TCP_IN);
     const int fdHolder = ::socket(AF_INET, SOCK_DGRAM, 0);
     sockaddr_in stAddress{};
     stAddress.sin_family = AF_INET;
@@ -267,7 +267,7 @@ TEST_F(Network, OccupiedPortLeavesTheOthers)
     ASSERT_EQ(::bind(fdHolder, reinterpret_cast<sockaddr *>(&stAddress), sizeof stAddress), 0);
     VISCA_HandlerExit();
     start({1, 2, 0, 0, ""}, {1, 0, s32Taken, 0, ""}, real());
-    EXPECT_EQ(net().portOf(CMD_FROM_E_OVER_IP_IN), 0);
+    EXPECT_EQ(network().portOf(CMD_FROM_E_OVER_IP_IN), 0);
     const Controller a = udp(), b = tcp();
     a.send(INQUIRY);
     EXPECT_EQ(a.receive(), "90 50 02 FF");
