@@ -1,5 +1,7 @@
 // Any bytes as what a browser sends, cut in two at byte 0: requests are the same however they arrive.
-#include "http.h"
+#include "http/answer.h"
+#include "http/headers.h"
+#include "http/request.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -7,7 +9,7 @@
 
 namespace
 {
-using namespace web::http;
+using namespace http;
 
 void require(bool bTrue)
 {
@@ -53,6 +55,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *pu8Data, std::size_t 
     halves.add(bytes.substr(cut));
     require(whole.strSeen == halves.strSeen);
     isTagIn(bytes, "\"tag\"");
-    if (isWebSocketKey(bytes)) require(switchingHead(bytes).find("Sec-WebSocket-Accept: ") != std::string::npos);
+    if (isWebSocketKey(bytes)) require(switchingHead(bytes, {}).find("Sec-WebSocket-Accept: ") != std::string::npos);
     return 0;
 }

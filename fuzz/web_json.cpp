@@ -1,7 +1,7 @@
 // Any bytes as the body of an event's request (byte 0 chooses it), or as the lines that tell where a request comes
 // from.
 #include "eventApi.h"
-#include "origin.h"
+#include "http/headers.h"
 #include "routes.h"
 #include "web/events.h"
 
@@ -39,10 +39,10 @@ void lines(std::string_view text)
     static const net::HostNames names("studio.example", "camera");
     if (names.has(strHost)) require(net::isSameOrigin("http://" + strHost, strHost, false));
     if (net::isOwnPage(strOrigin, {}, strHost, true)) require(net::isSameOrigin(strOrigin, strHost, true));
-    for (const std::string_view value : web::cookies(strCookie, web::SESSION_COOKIE))
+    for (const std::string_view value : http::cookies(strCookie, web::SESSION_COOKIE))
         require(value.find(';') == value.npos);
-    web::isJsonType(strType);
-    if (const auto strFile = web::pagePath(strPath))
+    http::isJsonType(strType);
+    if (const auto strFile = http::pagePath(strPath))
         require(("/" + *strFile).find("/.") == std::string::npos && ("/" + *strFile).find("//") == std::string::npos);
     std::string strAllow, strRest;
     if (const auto *pstRoute = web::findRoute(strMethod, strPath, strAllow, strRest))

@@ -3,7 +3,8 @@
 
 #include "admission.h"
 #include "broadcast.h"
-#include "http.h"
+#include "handshake.h"
+#include "http/library.h"
 #include "net/admission.h"
 #include "net/hostRule.h"
 #include "registry.h"
@@ -11,8 +12,6 @@
 #include "util/thread.h"
 #include "util/time.h"
 
-#include <arpa/inet.h>
-#include <libwebsockets.h>
 #include <map>
 #include <optional>
 #include <sys/socket.h>
@@ -35,7 +34,6 @@ struct Connection {
     MessageMeter meter;
     Viewer stViewer;
 };
-typedef std::unique_ptr<lws_context, decltype(&lws_context_destroy)> Context;
 
 /// Everything but the inbox belongs to the service thread while it runs.
 class LwsServer final : public Server
@@ -71,34 +69,17 @@ private:
     std::optional<Broadcast> m_broadcast;
     BU_S32 m_s32Port = 0;
     BU_S64 m_s64NextMs = 0; // when the deadlines are looked at next
-    Context m_context;
+    http::Context m_context;
     std::optional<util::TimerQueue> m_deadlines;
     util::Thread m_thread; // last: ends first
 };
 
-int onEvent(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, void *pvIn, std::size_t length)
-{
-    auto *pstServer = static_cast<LwsServer *>(lws_context_user(lws_get_context(pstWsi)));
-    try {
-        return pstServer ? pstServer->handle(pstWsi, enReason, pvUser, pvIn, length) : 0;
-    } catch (const std::exception &error) {
-        LOG_ERROR("preview: %s\n", error.what());
-        return -1;
-    }
-}
-
-// Without a size of its own, what is sent would be cut into pieces of the size of what is received.
-constexpr std::size_t WHOLE_MESSAGE = 1 << 30;
-constexpr lws_protocols PROTOCOLS[] = {{"preview", onEvent, 0, CLIENT_MESSAGE + 1, 0, nullptr, WHOLE_MESSAGE}, {}};
+constexpr auto VIEWER = [](LwsServer &server, lws *pstWsi, lws_callback_reasons enReason, void *pvUser, void *pvIn,
+                           std::size_t length) { return server.handle(pstWsi, enReason, pvUser, pvIn, length); };
+constexpr lws_protocols PROTOCOLS[] = {
+    {"preview", http::onEvent<LwsServer, VIEWER>, 0, CLIENT_MESSAGE + 1, 0, nullptr, http::WHOLE}, {}};
 
 Connection *connectionOf(lws *pstWsi) { return static_cast<Connection *>(lws_get_opaque_user_data(pstWsi)); }
-
-std::string addressOf(lws *pstWsi)
-{
-    char acAddress[INET6_ADDRSTRLEN]{};
-    lws_get_peer_simple(pstWsi, acAddress, sizeof(acAddress));
-    return acAddress;
-}
 
 int closeWith(lws *pstWsi, lws_close_status enStatus)
 {
@@ -106,26 +87,15 @@ int closeWith(lws *pstWsi, lws_close_status enStatus)
     return -1;
 }
 
-void onLibraryLog(int s32Level, const char *pcLine)
-{
-    if (s32Level == LLL_ERR)
-        LOG_WARN("preview: %s", pcLine);
-    else
-        LOG_DEBUG("preview: %s", pcLine);
-}
-
 bool LwsServer::listen(const std::string &strAddress, BU_S32 s32Port)
 {
     if (s32Port < 0 || s32Port > 65535) return false;
-    lws_set_log_level(LLL_ERR | LLL_WARN, onLibraryLog);
-    lws_context_creation_info stInfo{};
-    stInfo.options =
-        LWS_SERVER_OPTION_EXPLICIT_VHOSTS | LWS_SERVER_OPTION_FAIL_UPON_UNABLE_TO_BIND | LWS_SERVER_OPTION_DISABLE_IPV6;
-    stInfo.user = this;
-    stInfo.protocols = PROTOCOLS;
-    stInfo.fd_limit_per_thread = CONNECTIONS_MAX + 16; // its own descriptors, and one to turn away with
-    stInfo.max_http_header_pool = CONNECTIONS_MAX;     // a silent connection holds no other one up
-    stInfo.timeout_secs = 2 * HANDSHAKE_MS / 1000;
+    http::takeLibraryLog(false);
+    lws_context_creation_info stInfo =
+        http::serverInfo(this, PROTOCOLS, CONNECTIONS_MAX + 16, // its own descriptors, and one to turn away with
+                         2 * HANDSHAKE_MS / 1000);
+    stInfo.options |= LWS_SERVER_OPTION_FAIL_UPON_UNABLE_TO_BIND;
+    stInfo.max_http_header_pool = CONNECTIONS_MAX; // a silent connection holds no other one up
     stInfo.retry_and_idle_policy = &LIVENESS;
     m_context.reset(lws_create_context(&stInfo));
     if (!m_context) return false;
@@ -169,7 +139,7 @@ int LwsServer::handle(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, 
         leave(pstWsi);
         return 0;
     case LWS_CALLBACK_HTTP:
-        return http::answer(pstWsi, 404, "The preview speaks WebSocket: ws://.../ch1\n");
+        return answer(pstWsi, 404, "The preview speaks WebSocket: ws://.../ch1\n");
     case LWS_CALLBACK_HTTP_CONFIRM_UPGRADE:
         return admit(pstWsi, static_cast<const char *>(pvIn));
     case LWS_CALLBACK_ESTABLISHED:
@@ -194,7 +164,7 @@ void LwsServer::enter(lws *pstWsi)
 {
     auto pst = std::make_unique<Connection>();
     pst->pstWsi = pstWsi;
-    pst->strAddress = addressOf(pstWsi);
+    pst->strAddress = http::addressOf(pstWsi);
     pst->s64DeadlineMs = UTIL_TIME_NowMs() + HANDSHAKE_MS;
     pst->stViewer.pvConnection = pst.get();
     setsockopt(lws_get_socket_fd(pstWsi), SOL_SOCKET, SO_SNDBUF, &SEND_BUFFER, sizeof(SEND_BUFFER));
@@ -216,19 +186,19 @@ void LwsServer::leave(lws *pstWsi)
 /// @return 0: the connection becomes a viewer; else it was answered why not
 int LwsServer::admit(lws *pstWsi, std::string_view protocol)
 {
-    const auto strOrigin = http::header(pstWsi, WSI_TOKEN_ORIGIN), strHost = http::header(pstWsi, WSI_TOKEN_HOST);
-    const std::string strPath = http::header(pstWsi, WSI_TOKEN_GET_URI).value_or("");
+    const auto strOrigin = header(pstWsi, WSI_TOKEN_ORIGIN), strHost = header(pstWsi, WSI_TOKEN_HOST);
+    const std::string strPath = header(pstWsi, WSI_TOKEN_GET_URI).value_or("");
     const auto channel = strPath.starts_with('/') ? registry().find(strPath.substr(1)) : std::nullopt;
     Connection *pst = connectionOf(pstWsi);
-    if (!pst || protocol != "websocket") return http::answer(pstWsi, 400, "The preview speaks WebSocket only\n");
+    if (!pst || protocol != "websocket") return answer(pstWsi, 400, "The preview speaks WebSocket only\n");
     if (strOrigin && !m_originRule.allows(*strOrigin, strHost.value_or(""))) {
         LOG_WARN("preview: a page of %s may not watch\n", strOrigin->c_str());
-        return http::answer(pstWsi, 403, "Pages of this origin may not watch\n");
+        return answer(pstWsi, 403, "Pages of this origin may not watch\n");
     }
-    if (!channel) return http::answer(pstWsi, 404, "No such channel\n");
-    if (m_broadcast->size() >= VIEWERS_MAX) return http::answer(pstWsi, 503, "Too many viewers\n");
+    if (!channel) return answer(pstWsi, 404, "No such channel\n");
+    if (m_broadcast->size() >= VIEWERS_MAX) return answer(pstWsi, 503, "Too many viewers\n");
     pst->stViewer.u32Channel = *channel;
-    pst->stViewer.bAudio = http::argument(pstWsi, "audio") == "1";
+    pst->stViewer.bAudio = argument(pstWsi, "audio") == "1";
     return 0;
 }
 
@@ -283,13 +253,7 @@ void LwsServer::dropLate()
 }
 
 /// Before anything of it is read. @param pvUser  lws_filter_network_conn_args
-bool LwsServer::mayConnect(const void *pvUser) const
-{
-    const auto &stAddress = static_cast<const lws_filter_network_conn_args *>(pvUser)->cli_addr;
-    char acAddress[INET_ADDRSTRLEN]{};
-    inet_ntop(AF_INET, &reinterpret_cast<const sockaddr_in &>(stAddress).sin_addr, acAddress, sizeof(acAddress));
-    return m_admission.mayEnter(acAddress);
-}
+bool LwsServer::mayConnect(const void *pvUser) const { return m_admission.mayEnter(http::addressOf(pvUser)); }
 } // namespace
 
 namespace preview

@@ -1,5 +1,6 @@
 #include "eventApi.h"
 #include "handlers.h"
+#include "http/headers.h"
 #include "web/events.h"
 
 #include <cctype>
@@ -25,7 +26,7 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 Outcome getPage(Desk &, const Visit &stVisit)
 {
-    if (auto strFile = pagePath(stVisit.stRequest.strPath)) return File{true, std::move(*strFile)};
+    if (auto strFile = http::pagePath(stVisit.stRequest.strPath)) return File{true, std::move(*strFile)};
     return problem(404, "there is no such page");
 }
 

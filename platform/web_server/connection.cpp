@@ -1,5 +1,6 @@
 #include "connection.h"
 
+#include "http/headers.h"
 #include "util/log.h"
 #include "util/time.h"
 
@@ -13,7 +14,6 @@ namespace web
 namespace
 {
 constexpr std::size_t IGNORED_MAX = 1 << 20; // [bytes]
-constexpr std::string_view CONTINUE = "HTTP/1.1 100 Continue\r\n\r\n";
 } // namespace
 
 Connection::Connection(Site &site, lws *pstWsi, BU_U64 u64Number, std::string strRemote, bool bTls)
@@ -115,7 +115,7 @@ bool Connection::onHead(http::Parsed parsed)
     else if (st.u64BodyBytes.value_or(0) > std::min(stAdmission.bodyMax, http::BODY_MAX_BYTES))
         refuse(413, "the body is too large");
     else if (bBody) {
-        if (m_stHead.bExpectContinue) m_output.push(std::string(CONTINUE));
+        if (m_stHead.bExpectContinue) m_output.push(std::string(http::CONTINUE));
         enter(State::BODY, m_site.stConfig.s64RequestMs);
         return m_output.flush(m_pstWsi);
     } else
@@ -180,7 +180,7 @@ void Connection::send(const Reply &stReply, bool bKeepAlive)
     const bool bEmpty = stReply.strBody.empty();
     std::string str = http::answerHead({stReply.u32Status, bEmpty ? "" : std::string_view(stReply.strType),
                                         stReply.strBody.size(), bKeepAlive, unixNow()},
-                                       stReply.headers);
+                                       stReply.headers, securityHeaders());
     if (!m_bHeadOnly) str += stReply.strBody;
     m_output.push(std::move(str));
     enter(State::SEND, m_site.stConfig.s64AnswerMs);
@@ -198,7 +198,8 @@ void Connection::carryOut(const File &stFile)
     const bool bBody = !bSame && !m_bHeadOnly;
     m_output.push(http::answerHead(
         {bSame ? 304U : 200U, bSame ? "" : typeOfFile(stFile.strPath), pst->pstBytes->size(), m_bKeepAlive, unixNow()},
-        {{"ETag", pst->strTag}, {"Cache-Control", stFile.bPage ? "no-cache" : "private, no-cache"}}));
+        {{"ETag", pst->strTag}, {"Cache-Control", stFile.bPage ? "no-cache" : "private, no-cache"}},
+        securityHeaders()));
     if (bBody) m_output.push(pst->pstBytes);
     enter(State::SEND, m_site.stConfig.s64AnswerMs);
     lws_callback_on_writable(m_pstWsi);

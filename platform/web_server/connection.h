@@ -1,7 +1,6 @@
 /// One connection of a browser, from its first request to its last byte.
 #pragma once
 
-#include "http.h"
 #include "output.h"
 #include "preview.h"
 #include "site.h"

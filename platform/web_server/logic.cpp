@@ -1,4 +1,5 @@
 #include "handlers.h"
+#include "http/headers.h"
 #include "util/log.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ std::optional<Reply> routeFault(const Route &stRoute, const Request &stRequest)
     const auto u64Bytes = std::max<unsigned long long>(stRequest.u64BodyBytes.value_or(0), stRequest.strBody.size());
     if (u64Bytes > stRoute.bodyMax || (stRoute.bodyMax == 0 && hasBody(stRequest)))
         return problem(413, stRoute.bodyMax == 0 ? "this takes no body" : "the body is too long");
-    if (stRoute.bodyMax > 0 && !isJsonType(stRequest.strContentType.value_or("")))
+    if (stRoute.bodyMax > 0 && !http::isJsonType(stRequest.strContentType.value_or("")))
         return problem(415, "the body must be application/json");
     return std::nullopt;
 }
@@ -103,10 +104,10 @@ struct WebLogic::Impl {
 /// Whose request it is. A cookie that means nothing is as good as none.
 void WebLogic::Impl::recognise(Visit &stVisit)
 {
-    const std::string strCookies = stVisit.stRequest.strCookie.value_or("");    // the tokens point into it
-    std::vector<std::string_view> tokens = cookies(strCookies, SESSION_COOKIE); // of HTTP, good for HTTPS too
+    const std::string strCookies = stVisit.stRequest.strCookie.value_or("");          // the tokens point into it
+    std::vector<std::string_view> tokens = http::cookies(strCookies, SESSION_COOKIE); // of HTTP, good for HTTPS too
     if (stVisit.stRequest.bTls)
-        for (const std::string_view strToken : cookies(strCookies, SECURE_SESSION_COOKIE))
+        for (const std::string_view strToken : http::cookies(strCookies, SECURE_SESSION_COOKIE))
             tokens.insert(tokens.begin(), strToken);
     for (const std::string_view strToken : tokens) {
         if (!isToken(strToken)) continue;

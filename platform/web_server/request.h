@@ -5,6 +5,8 @@
 /// finish function makes of the answer. It adds securityHeaders() to every answer, whoever made it.
 #pragma once
 
+#include "http/answer.h"
+#include "http/request.h"
 #include "users/users.h"
 #include "web_client/client.h"
 
@@ -14,38 +16,15 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
-#include <vector>
 
 namespace web
 {
 using namespace users; // who may do what
 
-/// Texts are as they came: nothing is decoded, nothing may be trusted. An absent header is none.
-struct Request {
-    std::string strMethod; ///< "GET"
-    std::string strPath;   ///< begins with '/', without the query, percent signs as they came
-    std::string strQuery;  ///< behind the '?', without it
-    std::optional<std::string> strHost, strOrigin, strCookie, strContentType;
-    std::optional<std::string> strFetchSite;        ///< Sec-Fetch-Site
-    std::optional<unsigned long long> u64BodyBytes; ///< Content-Length; none: no body, or one of unknown length
-    bool bChunked = false;                          ///< Transfer-Encoding: the body's length is not known yet
-    bool bUpgrade = false;                          ///< asks to become a WebSocket
-    bool bTls = false;
-    std::string strRemote; ///< address of the other end as text, without port
-    std::string strBody;   ///< whole; empty while headers are judged
-    BU_S64 s64NowMs = 0;   ///< UTIL_TIME_NowMs, when the headers were there
-    BU_S64 s64Unix = 0;    ///< the same moment [s since 1970]
-};
-
-/// An answer. Content-Length, Date, Connection and the security headers are the network half's.
-struct Reply {
-    BU_U32 u32Status = 200;
-    std::string strType = "application/json"; ///< Content-Type; not sent when the body is empty
-    std::string strBody;
-    std::vector<std::pair<std::string, std::string>> headers; ///< Set-Cookie, Retry-After, Allow, Cache-Control
-};
+using http::Header;
+using http::Reply;
+using http::Request;
 
 /// `{"error":"<sentence>"}`. Also for what only the network half sees: 400 request line, 404 no such file, 408, 413,
 /// 414, 431, 503.
@@ -102,10 +81,6 @@ struct Admission {
     std::size_t bodyMax = 0;        ///< bytes to read at most; more: problem(413, ...) and close
 };
 
-struct Header {
-    const char *pcName;
-    const char *pcValue;
-};
 /// For every answer, also files, errors and the answer to an upgrade.
 std::span<const Header> securityHeaders();
 

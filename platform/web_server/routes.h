@@ -2,7 +2,6 @@
 #pragma once
 
 #include "net/hostRule.h"
-#include "origin.h"
 #include "request.h"
 #include "sessions.h"
 #include "users/throttle.h"

@@ -1,14 +1,12 @@
 #include "server.h"
 
 #include "connection.h"
+#include "http/library.h"
 #include "net/admission.h"
 #include "util/file.h"
-#include "util/log.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <atomic>
-#include <libwebsockets.h>
 #include <map>
 #include <openssl/ssl.h>
 #include <sys/socket.h>
@@ -22,7 +20,6 @@ constexpr std::size_t SPARE_DESCRIPTORS =
 constexpr unsigned READ_AT_ONCE = 32 << 10; // [bytes]
 constexpr int SEND_BUFFER = 256 << 10;      // [bytes] what a thousand slow readers hold is bounded
 constexpr unsigned TLS_HANDSHAKE_S = 10;
-typedef std::unique_ptr<lws_context, decltype(&lws_context_destroy)> Context;
 
 /// Everything but the inbox and the stop flag belongs to the thread that runs it.
 class LwsServer final : public Server
@@ -53,7 +50,7 @@ private:
     void makeRoom();
     void tellAll(const std::string &strJson);
 
-    Context m_context;
+    http::Context m_context;
     Site m_site;
     net::Admission m_visitors;
     std::map<BU_U64, std::unique_ptr<Connection>> m_connections; // by number
@@ -64,48 +61,36 @@ private:
 Connection *connectionOf(lws *pstWsi) { return static_cast<Connection *>(lws_get_opaque_user_data(pstWsi)); }
 PreviewLink *linkOf(lws *pstWsi) { return static_cast<PreviewLink *>(lws_get_opaque_user_data(pstWsi)); }
 
-/// What happens on a connection; nothing of it may end the server.
-template <auto Handle>
-int onEvent(lws *pstWsi, lws_callback_reasons enReason, void *pvUser, void *pvIn, std::size_t length)
+/// The bytes of an event, if it brings any.
+std::string_view bytesOf(lws_callback_reasons enReason, const void *pvIn, std::size_t length)
 {
-    auto *pstServer = static_cast<LwsServer *>(lws_context_user(lws_get_context(pstWsi)));
-    try {
-        const bool bBytes = enReason == LWS_CALLBACK_RAW_RX;
-        const std::string_view in(bBytes ? static_cast<const char *>(pvIn) : "", bBytes ? length : 0);
-        return pstServer ? Handle(*pstServer, pstWsi, enReason, pvUser, in) : 0;
-    } catch (const std::exception &error) {
-        LOG_ERROR("web: %s\n", error.what());
-        return -1;
-    }
+    const bool bBytes = enReason == LWS_CALLBACK_RAW_RX;
+    return {bBytes ? static_cast<const char *>(pvIn) : "", bBytes ? length : 0};
 }
-constexpr auto BROWSER = [](LwsServer &server, lws *pstWsi, lws_callback_reasons enReason, void *pvUser,
-                            std::string_view in) { return server.onBrowser(pstWsi, enReason, pvUser, in); };
-constexpr auto PREVIEW = [](LwsServer &server, lws *pstWsi, lws_callback_reasons enReason, void *,
-                            std::string_view in) { return server.onPreview(pstWsi, enReason, in); };
-constexpr auto WATCHED = [](LwsServer &server, lws *, lws_callback_reasons enReason, void *, std::string_view) {
+constexpr auto BROWSER = [](LwsServer &server, lws *pstWsi, lws_callback_reasons enReason, void *pvUser, void *pvIn,
+                            std::size_t length) {
+    return server.onBrowser(pstWsi, enReason, pvUser, bytesOf(enReason, pvIn, length));
+};
+constexpr auto PREVIEW = [](LwsServer &server, lws *pstWsi, lws_callback_reasons enReason, void *, void *pvIn,
+                            std::size_t length) {
+    return server.onPreview(pstWsi, enReason, bytesOf(enReason, pvIn, length));
+};
+constexpr auto WATCHED = [](LwsServer &server, lws *, lws_callback_reasons enReason, void *, void *, std::size_t) {
     return server.onWatched(enReason);
 };
+template <auto Handle> constexpr auto ON_EVENT = http::onEvent<LwsServer, Handle>;
 
-// Without a size of its own, what is sent would be cut into pieces of the size of what is received.
-constexpr std::size_t WHOLE = 1 << 30;
-constexpr lws_protocols PROTOCOLS[] = {{"browser", onEvent<BROWSER>, 0, 0, 0, nullptr, WHOLE},
-                                       {"preview", onEvent<PREVIEW>, 0, 0, 0, nullptr, WHOLE},
-                                       {"watched", onEvent<WATCHED>, 0, 0, 0, nullptr, 0},
+constexpr lws_protocols PROTOCOLS[] = {{"browser", ON_EVENT<BROWSER>, 0, 0, 0, nullptr, http::WHOLE},
+                                       {"preview", ON_EVENT<PREVIEW>, 0, 0, 0, nullptr, http::WHOLE},
+                                       {"watched", ON_EVENT<WATCHED>, 0, 0, 0, nullptr, 0},
                                        {}};
-
-/// What strangers send makes most of them.
-void onLibraryLog(int, const char *pcLine) { LOG_DEBUG("web: %s", pcLine); }
 
 bool LwsServer::create()
 {
-    lws_set_log_level(LLL_ERR, onLibraryLog);
-    lws_context_creation_info stInfo{};
-    stInfo.options =
-        LWS_SERVER_OPTION_EXPLICIT_VHOSTS | LWS_SERVER_OPTION_DISABLE_IPV6 | LWS_SERVER_OPTION_DO_SSL_GLOBAL_INIT;
-    stInfo.user = this;
-    stInfo.protocols = PROTOCOLS;
-    stInfo.fd_limit_per_thread = static_cast<unsigned>(m_site.stConfig.connectionsMax + SPARE_DESCRIPTORS);
-    stInfo.timeout_secs = TLS_HANDSHAKE_S;
+    http::takeLibraryLog(true);
+    lws_context_creation_info stInfo =
+        http::serverInfo(this, PROTOCOLS, m_site.stConfig.connectionsMax + SPARE_DESCRIPTORS, TLS_HANDSHAKE_S);
+    stInfo.options |= LWS_SERVER_OPTION_DO_SSL_GLOBAL_INIT;
     stInfo.pt_serv_buf_size = READ_AT_ONCE;
     m_context.reset(lws_create_context(&stInfo));
     if (!m_context) return false;
@@ -241,12 +226,11 @@ int LwsServer::onWatched(lws_callback_reasons enReason)
 bool LwsServer::enter(lws *pstWsi)
 {
     setsockopt(lws_get_socket_fd(pstWsi), SOL_SOCKET, SO_SNDBUF, &SEND_BUFFER, sizeof(SEND_BUFFER));
-    char acAddress[INET6_ADDRSTRLEN]{};
-    lws_get_peer_simple(pstWsi, acAddress, sizeof(acAddress));
-    auto pst = std::make_unique<Connection>(m_site, pstWsi, ++m_u64Last, acAddress,
+    const std::string strAddress = http::addressOf(pstWsi);
+    auto pst = std::make_unique<Connection>(m_site, pstWsi, ++m_u64Last, strAddress,
                                             std::string_view(lws_get_vhost_name(lws_get_vhost(pstWsi))) == "https");
     lws_set_opaque_user_data(pstWsi, pst.get());
-    m_visitors.enter(acAddress);
+    m_visitors.enter(strAddress);
     m_connections[m_u64Last] = std::move(pst);
     return true;
 }
@@ -263,10 +247,7 @@ void LwsServer::leave(lws *pstWsi)
 /// Before anything of it is read. @param pvUser  lws_filter_network_conn_args
 bool LwsServer::mayConnect(const void *pvUser)
 {
-    const auto &stAddress = static_cast<const lws_filter_network_conn_args *>(pvUser)->cli_addr;
-    char acAddress[INET_ADDRSTRLEN]{};
-    inet_ntop(AF_INET, &reinterpret_cast<const sockaddr_in &>(stAddress).sin_addr, acAddress, sizeof(acAddress));
-    if (!m_visitors.mayEnter(acAddress)) return false;
+    if (!m_visitors.mayEnter(http::addressOf(pvUser))) return false;
     const std::size_t most = m_site.stConfig.connectionsMax;
     if (m_connections.size() >= most) makeRoom();
     return m_connections.size() < most;

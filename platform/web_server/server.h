@@ -1,6 +1,6 @@
 /// The web server's network: ports, connections and the one thread that serves them. libwebsockets brings sockets,
-/// encryption, timers and the event loop; the bytes on them are read by http.h, which refuses with an answer where the
-/// library would just hang up.
+/// encryption, timers and the event loop; the bytes on them are read by http/request.h, which refuses with an answer
+/// where the library would just hang up.
 #pragma once
 
 #include "request.h"

@@ -1,5 +1,6 @@
 /// What stays open: the event stream and the preview.
 #include "connection.h"
+#include "http/headers.h"
 #include "util/log.h"
 
 #include <libwebsockets.h>
@@ -24,9 +25,9 @@ void Connection::carryOut(const NewsStream &stNews)
     if (m_bHeadOnly) return send(problem(405, "this has no end to tell beforehand"), false);
     m_strSession = stNews.strSession;
     setsockopt(lws_get_socket_fd(m_pstWsi), IPPROTO_TCP, TCP_USER_TIMEOUT, &UNHEARD_MS, sizeof(UNHEARD_MS));
-    m_output.push(
-        http::answerHead({200, "text/event-stream", std::nullopt, false, unixNow()}, {{"Cache-Control", "no-store"}}) +
-        "retry: 1000\n\ndata: {\"camera\":" + (m_site.bCamera ? "true" : "false") + "}\n\n");
+    m_output.push(http::answerHead({200, "text/event-stream", std::nullopt, false, unixNow()},
+                                   {{"Cache-Control", "no-store"}}, securityHeaders()) +
+                  "retry: 1000\n\ndata: {\"camera\":" + (m_site.bCamera ? "true" : "false") + "}\n\n");
     m_site.newsReaders.insert(this);
     enter(State::NEWS, m_site.stConfig.s64HeartbeatMs);
     lws_callback_on_writable(m_pstWsi);
@@ -85,7 +86,7 @@ void Connection::carryOut(const PreviewProxy &stPreview)
     setsockopt(lws_get_socket_fd(m_pstWsi), SOL_SOCKET, SO_SNDBUF, &PREVIEW_SEND_BUFFER, sizeof(PREVIEW_SEND_BUFFER));
     m_pstPreview = std::make_unique<PreviewLink>(
         PreviewLink::Events{[this] {
-                                m_output.push(http::switchingHead(m_stHead.strWebSocketKey));
+                                m_output.push(http::switchingHead(m_stHead.strWebSocketKey, securityHeaders()));
                                 enter(State::PREVIEW, m_site.stConfig.s64HeartbeatMs);
                                 lws_callback_on_writable(m_pstWsi);
                             },
@@ -111,7 +112,8 @@ void Connection::carryOut(const PreviewProxy &stPreview)
 /// A page learns why only from a WebSocket that was open.
 void Connection::refusePreview(std::string_view sentence)
 {
-    m_output.push(http::switchingHead(m_stHead.strWebSocketKey) + http::closeFrame(TRY_AGAIN_LATER, sentence));
+    m_output.push(http::switchingHead(m_stHead.strWebSocketKey, securityHeaders()) +
+                  http::closeFrame(TRY_AGAIN_LATER, sentence));
     m_bKeepAlive = false;
     enter(State::SEND, m_site.stConfig.s64LingerMs);
     lws_callback_on_writable(m_pstWsi);

@@ -1,4 +1,6 @@
-#include "http.h"
+#include "http/answer.h"
+#include "http/headers.h"
+#include "http/request.h"
 
 #include <gmock/gmock.h>
 
@@ -6,9 +8,9 @@
 
 namespace
 {
-using namespace web;
-using namespace web::http;
+using namespace http;
 using namespace std::string_literals;
+using testing::ElementsAre;
 
 BU_U32 statusOf(const std::optional<Parsed> &parsed)
 {
@@ -34,13 +36,13 @@ std::string headOf(std::size_t size)
 
 TEST(HttpHead, IsTakenOrRefusedByItsBytes)
 {
-    struct tagROW_S {
+    struct Row {
         const char *pcName;
         std::string strBytes;
         BU_U32 u32Status; // 0: more is awaited
     };
     const std::string strGet = "GET / HTTP/1.1\r\n";
-    const tagROW_S ROWS[] = {
+    const Row ROWS[] = {
         {"plain", strGet + "Host: a\r\n\r\n", 200},
         {"HTTP/1.0", "GET / HTTP/1.0\r\n\r\n", 200},
         {"an empty line before it", "\r\n" + strGet + "\r\n", 200},
@@ -125,11 +127,11 @@ TEST(HttpHead, LeavesWhatFollowsIt)
 
 TEST(HttpHead, TellsHowTheConnectionGoesOn)
 {
-    struct tagROW_S {
+    struct Row {
         const char *pcVersion, *pcHeaders;
         bool bKeepAlive, bUpgrade;
     };
-    constexpr tagROW_S ROWS[] = {
+    constexpr Row ROWS[] = {
         {"1.1", "", true, false},
         {"1.0", "", false, false},
         {"1.0", "Connection: Keep-Alive\r\n", true, false},
@@ -148,35 +150,70 @@ TEST(HttpHead, TellsHowTheConnectionGoesOn)
 
 TEST(HttpTag, IsFoundInAList)
 {
-    struct tagROW_S {
+    struct Row {
         const char *pcList;
         bool bFound;
     };
     for (const auto &[pcList, bFound] :
-         {tagROW_S{"\"a\"", true}, tagROW_S{"W/\"a\"", true}, tagROW_S{"\"b\" ,W/\"a\"", true}, tagROW_S{"*", true},
-          tagROW_S{"", false}, tagROW_S{"a", false}, tagROW_S{"\"b\"", false}, tagROW_S{",", false}})
+         {Row{"\"a\"", true}, Row{"W/\"a\"", true}, Row{"\"b\" ,W/\"a\"", true}, Row{"*", true}, Row{"", false},
+          Row{"a", false}, Row{"\"b\"", false}, Row{",", false}})
         EXPECT_EQ(isTagIn(pcList, "\"a\""), bFound) << pcList;
 }
 
 TEST(HttpAnswer, HasNoPlaceForForeignLines)
 {
-    const std::string str =
-        answerHead({200, "text/plain", 3, true, 784111777}, {{"Set-Cookie", "a=b\r\nEvil: 1"}, {"Retry-After", "1"}});
+    const std::string str = answerHead({200, "text/plain", 3, true, 784111777},
+                                       {{"Set-Cookie", "a=b\r\nEvil: 1"}, {"Retry-After", "1"}}, {});
     EXPECT_TRUE(str.starts_with("HTTP/1.1 200 OK\r\nDate: Sun, 06 Nov 1994 08:49:37 GMT\r\n")) << str;
     EXPECT_EQ(str.find("Evil"), std::string::npos);
     EXPECT_NE(str.find("\r\nRetry-After: 1\r\n"), std::string::npos);
-    EXPECT_EQ(answerHead({304, "", 3, true, 0}, {}).find("Content-Length"), std::string::npos);
+    constexpr Header ALWAYS[] = {{"X-Frame-Options", "DENY"}};
+    const std::string strSame = answerHead({304, "", 3, true, 0}, {}, ALWAYS);
+    EXPECT_EQ(strSame.find("Content-Length"), std::string::npos);
+    EXPECT_NE(strSame.find("\r\nX-Frame-Options: DENY\r\n"), std::string::npos);
 }
 
 TEST(HttpWebSocket, IsAnsweredAsItsStandardShows)
 {
-    EXPECT_NE(
-        switchingHead("dGhlIHNhbXBsZSBub25jZQ==").find("\r\nSec-WebSocket-Accept: s3pPLMBiTxaQ9kYGzzhZRbK+xOo=\r\n"),
-        std::string::npos);
+    EXPECT_NE(switchingHead("dGhlIHNhbXBsZSBub25jZQ==", {})
+                  .find("\r\nSec-WebSocket-Accept: s3pPLMBiTxaQ9kYGzzhZRbK+xOo=\r\n"),
+              std::string::npos);
     EXPECT_EQ(closeFrame(1013, "no"), "\x88\x04\x03\xF5no");
     EXPECT_EQ(closeFrame(1013, std::string(200, 'x')).size(), 127U) << "a control frame has one byte of length";
     for (const char *pcBad :
          {"", "dGhlIHNhbXBsZSBub25jZQ=", "dGhlIHNhbXBsZSBub25jZQ==\r\n", "dGhlIHNhbXBsZSBub25jZ-=="})
         EXPECT_FALSE(isWebSocketKey(pcBad)) << pcBad;
+}
+
+TEST(ContentType, IsJsonInUtf8)
+{
+    for (const char *pcType : {"application/json", "Application/JSON; charset=UTF-8",
+                               "application/json;charset=\"utf-8\"", "application/json; profile=x"})
+        EXPECT_TRUE(isJsonType(pcType)) << pcType;
+    for (const char *pcType : {"", "text/plain", "application/x-www-form-urlencoded", "application/jsonx",
+                               "text/plain; application/json", "application/json; charset=utf-16"})
+        EXPECT_FALSE(isJsonType(pcType)) << pcType;
+}
+
+TEST(Cookies, SurviveGarbageAndForgery)
+{
+    EXPECT_THAT(cookies("a=1; s=one; sx=2; xs=3;s = two", "s"), ElementsAre("one", "two"));
+    EXPECT_THAT(cookies("s=1;s=2;s=3;s=4;s=5", "s").size(), 4U);
+    EXPECT_THAT(cookies(";;=;s;=s; =s=1;s=", "s"), ElementsAre(""));
+    EXPECT_THAT(cookies("s=a=b", "s"), ElementsAre("a=b"));
+    EXPECT_TRUE(cookies("", "s").empty());
+    EXPECT_TRUE(cookies(std::string(100000, ';') + "\xFF\x01", "s").empty());
+}
+
+TEST(PagePath, StaysInsideTheFolder)
+{
+    EXPECT_EQ(pagePath("/"), "index.html");
+    EXPECT_EQ(pagePath("/js/pan-tilt_2.mjs"), "js/pan-tilt_2.mjs");
+    for (const char *pcPath :
+         {"", "app.js", "//etc/passwd", "/../users.json", "/js/../../x", "/js/..", "/.git/config", "/js/.hidden",
+          "/js/", "/js//x", "/%2e%2e/x", "/..%2fx", "/a\\..\\x", "/a b", "/a\nb", "/a?b", "/~root", "/\xC3\xBC"})
+        EXPECT_FALSE(pagePath(pcPath)) << pcPath;
+    EXPECT_FALSE(pagePath("/" + std::string(300, 'a')));
+    EXPECT_FALSE(pagePath(std::string("/a\0b", 4)));
 }
 } // namespace

@@ -1,11 +1,11 @@
 // What of a request's headers and path is believed.
-#include "origin.h"
+#include "http/headers.h"
 
 #include "util/text.h"
 
 #include <algorithm>
 
-namespace web
+namespace http
 {
 bool isJsonType(std::string_view strType)
 {
@@ -32,6 +32,23 @@ std::vector<std::string_view> cookies(std::string_view strHeader, std::string_vi
     return values;
 }
 
+bool isTagIn(std::string_view ifNoneMatch, std::string_view tag)
+{
+    if (util::trimmed(ifNoneMatch) == "*") return true;
+    while (!ifNoneMatch.empty()) {
+        std::string_view one = util::takePart(ifNoneMatch, ',');
+        if (one.starts_with("W/")) one.remove_prefix(2);
+        if (one == tag) return true;
+    }
+    return false;
+}
+
+bool isWebSocketKey(std::string_view key)
+{
+    const auto isBase64 = [](char c) { return util::isAlphaNumeric(c) || c == '+' || c == '/'; };
+    return key.size() == 24 && key.ends_with("==") && std::ranges::all_of(key.substr(0, 22), isBase64);
+}
+
 std::optional<std::string> pagePath(std::string_view strPath)
 {
     constexpr std::size_t PATH_MAX_BYTES = 256;
@@ -47,4 +64,4 @@ std::optional<std::string> pagePath(std::string_view strPath)
     }
     return std::string(strPath);
 }
-} // namespace web
+} // namespace http

@@ -1,4 +1,5 @@
-#include "http.h"
+// How an answer is written.
+#include "http/answer.h"
 
 #include <algorithm>
 #include <array>
@@ -8,11 +9,11 @@
 
 namespace
 {
-struct tagREASON_S {
+struct Reason {
     BU_U32 u32Status;
     const char *pcReason;
 };
-constexpr tagREASON_S REASONS[] = {
+constexpr Reason REASONS[] = {
     {200, "OK"},
     {201, "Created"},
     {204, "No Content"},
@@ -42,7 +43,7 @@ constexpr tagREASON_S REASONS[] = {
 
 const char *reasonOf(BU_U32 u32Status)
 {
-    const auto *pst = std::ranges::find(REASONS, u32Status, &tagREASON_S::u32Status);
+    const auto *pst = std::ranges::find(REASONS, u32Status, &Reason::u32Status);
     return pst == std::end(REASONS) ? "Answer" : pst->pcReason;
 }
 
@@ -63,9 +64,10 @@ std::string dateOf(BU_S64 s64Unix)
 }
 } // namespace
 
-namespace web::http
+namespace http
 {
-std::string answerHead(const AnswerHead &stHead, const std::vector<std::pair<std::string, std::string>> &headers)
+std::string answerHead(const AnswerHead &stHead, const std::vector<std::pair<std::string, std::string>> &headers,
+                       std::span<const Header> always)
 {
     std::string str = "HTTP/1.1 " + std::to_string(stHead.u32Status) + ' ' + reasonOf(stHead.u32Status) + "\r\n";
     put(str, "Date", dateOf(stHead.s64Unix));
@@ -74,11 +76,11 @@ std::string answerHead(const AnswerHead &stHead, const std::vector<std::pair<std
     if (stHead.length && !bNoBody) put(str, "Content-Length", std::to_string(*stHead.length));
     put(str, "Connection", stHead.bKeepAlive ? "keep-alive" : "close");
     for (const auto &[strName, strValue] : headers) put(str, strName, strValue);
-    for (const auto &[pcName, pcValue] : securityHeaders()) put(str, pcName, pcValue);
+    for (const auto &[pcName, pcValue] : always) put(str, pcName, pcValue);
     return str += "\r\n";
 }
 
-std::string switchingHead(std::string_view key)
+std::string switchingHead(std::string_view key, std::span<const Header> always)
 {
     const std::string strText = std::string(key) + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
     std::array<unsigned char, SHA_DIGEST_LENGTH> aDigest{};
@@ -87,7 +89,7 @@ std::string switchingHead(std::string_view key)
     EVP_EncodeBlock(aAccept.data(), aDigest.data(), static_cast<int>(aDigest.size()));
     std::string str = "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n";
     put(str, "Sec-WebSocket-Accept", reinterpret_cast<const char *>(aAccept.data()));
-    for (const auto &[pcName, pcValue] : securityHeaders()) put(str, pcName, pcValue);
+    for (const auto &[pcName, pcValue] : always) put(str, pcName, pcValue);
     return str += "\r\n";
 }
 
@@ -98,4 +100,4 @@ std::string closeFrame(BU_U32 u32Code, std::string_view reason)
                     static_cast<char>(u32Code & 0xFF)};
     return str.append(reason);
 }
-} // namespace web::http
+} // namespace http

@@ -7,7 +7,7 @@
 
 struct lws;
 
-namespace preview::http
+namespace preview
 {
 /// @param s32Token  lws_token_indexes. @return none: absent. One that is too long to be meant seriously: "?"
 std::optional<std::string> header(lws *pstWsi, int s32Token);
@@ -18,4 +18,4 @@ std::string argument(lws *pstWsi, const char *pcName);
 /// A whole answer of plain text, after which the connection ends. @return not 0: for the
 /// callback that answers to return
 int answer(lws *pstWsi, unsigned status, std::string_view text);
-} // namespace preview::http
+} // namespace preview

@@ -1,13 +1,14 @@
-#include "http.h"
+// Which bytes are a request, and what it says.
+#include "http/request.h"
+
+#include "util/text.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 namespace
 {
-using namespace web;
-using namespace web::http;
+using namespace http;
 
 constexpr std::string_view END_OF_LINE = "\r\n", END_OF_HEAD = "\r\n\r\n";
 
@@ -21,40 +22,23 @@ constexpr Refusal BAD_VERSION{505, "only HTTP/1.1 and HTTP/1.0 are spoken here"}
 constexpr Refusal BAD_LENGTH{400, "Content-Length is malformed"};
 constexpr Refusal TWO_LENGTHS{400, "a body has either a Content-Length or a Transfer-Encoding"};
 
-constexpr bool isAlphaNumeric(char c)
-{
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 constexpr bool isTokenChar(char c)
 {
-    return isAlphaNumeric(c) || std::string_view("!#$%&'*+-.^_`|~").find(c) != std::string_view::npos;
+    return util::isAlphaNumeric(c) || std::string_view("!#$%&'*+-.^_`|~").find(c) != std::string_view::npos;
 }
 constexpr bool isVisible(char c) { return c > 0x20 && c < 0x7F; }
 constexpr bool isValueChar(char c) { return c == '\t' || (static_cast<unsigned char>(c) >= 0x20 && c != 0x7F); }
-constexpr char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
-
-bool isSame(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, lowered, lowered); }
-
-std::string_view trimmed(std::string_view text)
-{
-    constexpr std::string_view BLANK = " \t";
-    const std::size_t begin = std::min(text.find_first_not_of(BLANK), text.size());
-    return text.substr(begin, text.find_last_not_of(BLANK) + 1 - begin);
-}
 
 /// Whether a comma list holds the word, in any case.
 bool holds(std::string_view list, std::string_view word)
 {
-    while (!list.empty()) {
-        const std::size_t end = std::min(list.find(','), list.size());
-        if (isSame(trimmed(list.substr(0, end)), word)) return true;
-        list.remove_prefix(std::min(end + 1, list.size()));
-    }
+    while (!list.empty())
+        if (util::isSameWord(util::takePart(list, ','), word)) return true;
     return false;
 }
 
 /// What the connection headers said so far; decided upon when all are read.
-struct tagCONNECTION_SAYS_S {
+struct ConnectionSays {
     bool bClose = false, bKeepAlive = false, bUpgrade = false, bWebSocket = false;
 };
 
@@ -75,32 +59,48 @@ const Refusal *putLength(Request &stRequest, std::string_view value)
     return nullptr;
 }
 
-const Refusal *putHeader(Head &stHead, tagCONNECTION_SAYS_S &stSays, std::string_view name, std::string_view value)
+struct OnceRow {
+    std::string_view name;
+    std::optional<std::string> Request::*pTo;
+};
+constexpr OnceRow ONCE[] = {
+    {"host", &Request::strHost},
+    {"origin", &Request::strOrigin},
+    {"content-type", &Request::strContentType},
+    {"sec-fetch-site", &Request::strFetchSite},
+};
+struct LastRow {
+    std::string_view name;
+    std::string Head::*pTo;
+};
+constexpr LastRow LAST[] = {
+    // of those that came twice the last one counts
+    {"if-none-match", &Head::strIfNoneMatch},
+    {"sec-websocket-key", &Head::strWebSocketKey},
+    {"sec-websocket-version", &Head::strWebSocketVersion},
+};
+
+const Refusal *putHeader(Head &stHead, ConnectionSays &stSays, std::string_view name, std::string_view value)
 {
+    const auto is = [&](std::string_view other) { return util::isSameWord(name, other); };
     Request &st = stHead.stRequest;
-    if (isSame(name, "host")) return put(st.strHost, value);
-    if (isSame(name, "origin")) return put(st.strOrigin, value);
-    if (isSame(name, "content-type")) return put(st.strContentType, value);
-    if (isSame(name, "sec-fetch-site")) return put(st.strFetchSite, value);
-    if (isSame(name, "content-length")) return putLength(st, value);
-    if (isSame(name, "cookie"))
+    for (const auto &[once, pTo] : ONCE)
+        if (is(once)) return put(st.*pTo, value);
+    for (const auto &[last, pTo] : LAST)
+        if (is(last)) stHead.*pTo = value;
+    if (is("content-length")) return putLength(st, value);
+    if (is("cookie"))
         st.strCookie = st.strCookie ? *st.strCookie + "; " + std::string(value) : std::string(value);
-    else if (isSame(name, "transfer-encoding"))
+    else if (is("transfer-encoding"))
         st.bChunked = true;
-    else if (isSame(name, "connection")) {
+    else if (is("connection")) {
         stSays.bClose |= holds(value, "close");
         stSays.bKeepAlive |= holds(value, "keep-alive");
         stSays.bUpgrade |= holds(value, "upgrade");
-    } else if (isSame(name, "upgrade"))
+    } else if (is("upgrade"))
         stSays.bWebSocket |= holds(value, "websocket");
-    else if (isSame(name, "expect"))
-        stHead.bExpectContinue = isSame(value, "100-continue");
-    else if (isSame(name, "if-none-match"))
-        stHead.strIfNoneMatch = value;
-    else if (isSame(name, "sec-websocket-key"))
-        stHead.strWebSocketKey = value;
-    else if (isSame(name, "sec-websocket-version"))
-        stHead.strWebSocketVersion = value;
+    else if (is("expect"))
+        stHead.bExpectContinue = util::isSameWord(value, "100-continue");
     return nullptr;
 }
 
@@ -123,11 +123,11 @@ const Refusal *parseLine(std::string_view line, Head &stHead, bool &bOld)
     return nullptr;
 }
 
-const Refusal *parseHeader(std::string_view line, Head &stHead, tagCONNECTION_SAYS_S &stSays)
+const Refusal *parseHeader(std::string_view line, Head &stHead, ConnectionSays &stSays)
 {
     const std::size_t colon = line.find(':');
     if (colon == std::string_view::npos || colon == 0) return &BAD_HEADER;
-    const std::string_view name = line.substr(0, colon), value = trimmed(line.substr(colon + 1));
+    const std::string_view name = line.substr(0, colon), value = util::trimmed(line.substr(colon + 1));
     if (!std::ranges::all_of(name, isTokenChar) || !std::ranges::all_of(value, isValueChar)) return &BAD_HEADER;
     return putHeader(stHead, stSays, name, value);
 }
@@ -140,12 +140,12 @@ std::string_view takeLine(std::string_view &rest)
 }
 } // namespace
 
-namespace web::http
+namespace http
 {
 Parsed parseHead(std::string_view head)
 {
     Head stHead;
-    tagCONNECTION_SAYS_S stSays;
+    ConnectionSays stSays;
     bool bOld = false;
     if (const Refusal *pst = parseLine(takeLine(head), stHead, bOld)) return *pst;
     std::size_t count = 0;
@@ -180,22 +180,4 @@ std::optional<Parsed> HeadReader::take(std::string &strInput)
     return parsed;
 }
 
-bool isTagIn(std::string_view ifNoneMatch, std::string_view tag)
-{
-    if (trimmed(ifNoneMatch) == "*") return true;
-    while (!ifNoneMatch.empty()) {
-        const std::size_t end = std::min(ifNoneMatch.find(','), ifNoneMatch.size());
-        std::string_view one = trimmed(ifNoneMatch.substr(0, end));
-        if (one.starts_with("W/")) one.remove_prefix(2);
-        if (one == tag) return true;
-        ifNoneMatch.remove_prefix(std::min(end + 1, ifNoneMatch.size()));
-    }
-    return false;
-}
-
-bool isWebSocketKey(std::string_view key)
-{
-    const auto isBase64 = [](char c) { return isAlphaNumeric(c) || c == '+' || c == '/'; };
-    return key.size() == 24 && key.ends_with("==") && std::ranges::all_of(key.substr(0, 22), isBase64);
-}
-} // namespace web::http
+} // namespace http
