@@ -1,3 +1,4 @@
+// Which ports are open, and what the network thread does when something happens there.
 #include "net.h"
 
 #include "util/log.h"

@@ -1,3 +1,4 @@
+// How clients come, are read, answered and go.
 #include "tcp.h"
 
 #include "util/log.h"

@@ -1,3 +1,4 @@
+// What a datagram is, and where its answer goes.
 #include "udp.h"
 
 namespace visca

@@ -1,3 +1,4 @@
+// The life of a connection, request by request.
 #include "connection.h"
 
 #include "http/headers.h"

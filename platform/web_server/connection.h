@@ -1,7 +1,7 @@
 /// One connection of a browser, from its first request to its last byte.
 #pragma once
 
-#include "output.h"
+#include "http/output.h"
 #include "preview.h"
 #include "site.h"
 
@@ -26,7 +26,7 @@ public:
     bool onWritable();
     bool onTimer();
     void answer(const Reply &stReply); ///< to the request that waits for one
-    void tell(const Output::Piece &pstEvent);
+    void tell(const http::Output::Piece &pstEvent);
     void end(); ///< at once: it does not exist any more when this returns
 
     BU_U64 number() const { return m_u64Number; }
@@ -90,7 +90,7 @@ private:
     bool m_bHeadOnly = false;      // the request is a HEAD
     std::size_t m_ignored = 0;     // bytes read for nothing
     std::size_t m_missedBeats = 0; // in a row
-    Output m_output;
+    http::Output m_output;
     std::string m_strSession; // of what has no end
     std::unique_ptr<PreviewLink> m_pstPreview;
 };

@@ -1,7 +1,7 @@
 /// The connection to the preview behind one viewer. It speaks no WebSocket itself: the viewer's frames pass as bytes.
 #pragma once
 
-#include "output.h"
+#include "http/output.h"
 
 #include <functional>
 #include <string>
@@ -50,7 +50,7 @@ private:
 
     const Events m_events;
     lws *m_pstWsi = nullptr;
-    Output m_output;
+    http::Output m_output;
     std::string m_strHead; // of its answer
     bool m_bOpen = false, m_bOver = false, m_bReading = true;
 };

@@ -1,3 +1,4 @@
+// Who may connect, and which event of the library goes to which connection.
 #include "server.h"
 
 #include "connection.h"

@@ -42,7 +42,7 @@ void Connection::stopDrives()
         WEB_CLIENT_Call(st.enEvent, st.strImage, STOP_TIMEOUT_MS, [](WEB_CLIENT_RESULT_E, std::string_view) {});
 }
 
-void Connection::tell(const Output::Piece &pstEvent)
+void Connection::tell(const http::Output::Piece &pstEvent)
 {
     if (m_output.pieces() >= EVENTS_MAX || m_output.bytes() + pstEvent->size() > EVENT_BYTES_MAX) {
         m_output.drop();

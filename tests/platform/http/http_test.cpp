@@ -106,7 +106,8 @@ TEST(HttpHead, LeavesWhatFollowsIt)
 {
     std::string strInput =
         "POST /a?b=%41?c HTTP/1.1\r\nhOST:  camera \t\r\nContent-Length: 4\r\nCookie: x=1\r\nCookie: y=2\r\n"
-        "Sec-Fetch-Site: none\r\nIf-None-Match: \"t\"\r\nExpect: 100-continue\r\n\r\nbodyGET / HTTP/1.1\r\n\r\n";
+        "Sec-Fetch-Site: none\r\nIf-None-Match: \"t\"\r\nExpect: 100-continue\r\nSec-WebSocket-Version: "
+        "13\r\n\r\nbodyGET / HTTP/1.1\r\n\r\n";
     HeadReader reader;
     const Head stHead = std::get<Head>(reader.take(strInput).value());
     EXPECT_EQ(stHead.stRequest.strMethod, "POST");
@@ -117,7 +118,7 @@ TEST(HttpHead, LeavesWhatFollowsIt)
     EXPECT_EQ(stHead.stRequest.strFetchSite, "none");
     EXPECT_EQ(stHead.stRequest.strOrigin, std::nullopt);
     EXPECT_EQ(stHead.stRequest.u64BodyBytes, 4U);
-    EXPECT_EQ(stHead.strIfNoneMatch, "\"t\"");
+    EXPECT_EQ(stHead.strIfNoneMatch + stHead.strWebSocketVersion, "\"t\"13");
     EXPECT_TRUE(stHead.bExpectContinue);
     EXPECT_TRUE(strInput.starts_with("bodyGET"));
     strInput.erase(0, 4);

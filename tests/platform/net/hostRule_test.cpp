@@ -14,41 +14,23 @@ TEST(HostNames, AreAddressesThisMachineAndWhatWasAsked)
          {"127.0.0.1", "127.0.0.1:8080", "192.0.2.7", "[::1]", "[fe80::1]:8443", "localhost", "LOCALHOST:1",
           "hall.corp", "hall.corp.local", "HALL.local:80", "studio.example:8443", "cam-2.lan"})
         EXPECT_TRUE(names.has(pcHost)) << pcHost;
-    for (const char *pcHost : {"",
-                               ":80",
-                               "evil.example",
-                               "evil.example:80",
-                               "127.0.0.1.evil.example",
-                               "localhost.evil.example",
-                               "127.0.0.1:",
-                               "127.0.0.1:80:80",
-                               "127.0.0.1:99999",
-                               "127.0.0.1:8x",
-                               "127.0.0.1, evil.example",
-                               "1.2.3",
-                               "0x7f000001",
-                               "127.0.0.01",
-                               "[::1",
-                               "::1",
-                               "[127.0.0.1]",
-                               "[::1]x",
-                               "[]",
-                               "user@127.0.0.1",
-                               "localhost ",
-                               "localhost/",
-                               "bad name",
-                               "studio.example.",
-                               "hall"})
+    // clang-format off
+    for (const char *pcHost :
+         {"", ":80", "evil.example", "evil.example:80", "127.0.0.1.evil.example", "localhost.evil.example",
+          "127.0.0.1:", "127.0.0.1:80:80", "127.0.0.1:99999", "127.0.0.1:8x", "127.0.0.1, evil.example", "1.2.3",
+          "0x7f000001", "127.0.0.01", "[::1", "::1", "[127.0.0.1]", "[::1]x", "[]", "user@127.0.0.1",
+          "localhost ", "localhost/", "bad name", "studio.example.", "hall"})
         EXPECT_FALSE(names.has(pcHost)) << pcHost;
+    // clang-format on
 }
 
 TEST(Origin, MustBeSchemeHostAndPortOfTheRequest)
 {
-    struct tagROW_S {
+    struct Row {
         const char *pcOrigin, *pcHost;
         bool bTls, bSame;
     };
-    constexpr tagROW_S ROWS[] = {
+    constexpr Row ROWS[] = {
         {"http://127.0.0.1:8080", "127.0.0.1:8080", false, true},
         {"http://Camera.local", "camera.local:80", false, true},
         {"https://camera.local:443", "camera.local", true, true},
@@ -58,6 +40,7 @@ TEST(Origin, MustBeSchemeHostAndPortOfTheRequest)
         {"http://127.0.0.1:8081", "127.0.0.1:8080", false, false}, // another program of this machine
         {"http://127.0.0.1", "127.0.0.1:8080", false, false},
         {"http://localhost:8080", "127.0.0.1:8080", false, false},
+        {"http://[127.0.0.1]:8080", "127.0.0.1:8080", false, false},
         {"null", "127.0.0.1:8080", false, false},
         {"", "127.0.0.1:8080", false, false},
         {"http://", "", false, false},
@@ -72,11 +55,11 @@ TEST(Origin, MustBeSchemeHostAndPortOfTheRequest)
 TEST(Origin, ThatIsNotSentLeavesTheDecisionToTheBrowsersOwnWord)
 {
     typedef std::optional<std::string> Text;
-    struct tagROW_S {
+    struct Row {
         Text strOrigin, strSite;
         bool bOwn;
     };
-    const tagROW_S ROWS[] = {
+    const Row ROWS[] = {
         {{}, {}, true}, // no browser
         {{}, "same-origin", true},
         {{}, "none", true},
@@ -95,11 +78,11 @@ TEST(Origin, ThatIsNotSentLeavesTheDecisionToTheBrowsersOwnWord)
 
 TEST(OriginRule, AllowsTheHostItselfAndTheCamera)
 {
-    struct tagROW_S {
+    struct Row {
         const char *pcOwn, *pcOrigin, *pcHost;
         bool bAllowed;
     };
-    constexpr tagROW_S ROWS[] = {
+    constexpr Row ROWS[] = {
         {"127.0.0.1", "http://localhost", "127.0.0.1:12345", true},
         {"127.0.0.1", "https://127.0.0.1:8443", "localhost:12345", true},
         {"127.0.0.1", "http://[::1]:8080", "localhost", true},

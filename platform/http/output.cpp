@@ -1,9 +1,10 @@
-#include "output.h"
+// How much leaves at once.
+#include "http/output.h"
 
 #include <algorithm>
 #include <libwebsockets.h>
 
-namespace web
+namespace http
 {
 void Output::push(Piece pstPiece)
 {
@@ -36,4 +37,4 @@ bool Output::flush(lws *pstWsi)
     if (!m_waiting.empty() || lws_partial_buffered(pstWsi)) lws_callback_on_writable(pstWsi);
     return true;
 }
-} // namespace web
+} // namespace http

@@ -7,7 +7,7 @@
 
 struct lws;
 
-namespace web
+namespace http
 {
 /// Pieces are shared: one event or file goes to many connections without being copied. Thread: the network thread.
 class Output
@@ -33,4 +33,4 @@ private:
     std::deque<tagWAITING_S> m_waiting;
     std::size_t m_bytes = 0;
 };
-} // namespace web
+} // namespace http
