@@ -2,12 +2,10 @@
 
 #include "protocol/viscaNet.h"
 
-#include <arpa/inet.h>
 #include <poll.h>
 #include <random>
 #include <sys/resource.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 using namespace visca;
 
@@ -23,16 +21,8 @@ class Controller
 public:
     Controller(int type, BU_U16 u16Port) : m_fd(::socket(AF_INET, type | SOCK_CLOEXEC, 0))
     {
-        sockaddr_in stTo{};
-        stTo.sin_family = AF_INET;
-        stTo.sin_port = htons(u16Port);
-        stTo.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        m_bConnected = ::connect(m_fd, reinterpret_cast<sockaddr *>(&stTo), sizeof stTo) == 0;
-    }
-    Controller(Controller &&other) noexcept : m_fd(std::exchange(other.m_fd, -1)), m_bConnected(other.m_bConnected) {}
-    ~Controller()
-    {
-        if (m_fd >= 0) ::close(m_fd);
+        const sockaddr_in stTo = net::socketAddress(INADDR_LOOPBACK, u16Port);
+        m_bConnected = ::connect(m_fd, reinterpret_cast<const sockaddr *>(&stTo), sizeof stTo) == 0;
     }
     bool isConnected() const { return m_bConnected; }
     bool send(const Bytes &data) const { return ::send(m_fd, data.data(), data.size(), MSG_NOSIGNAL) >= 0; }
@@ -56,7 +46,7 @@ public:
     bool isSilent() const { return receive(0, 0).empty(); }
 
 private:
-    int m_fd;
+    util::FileDescriptor m_fd;
     bool m_bConnected = false;
 };
 
@@ -187,13 +177,12 @@ TEST_F(Network, OutOfDescriptorsServesWhoIsConnected)
     const Controller first = tcp();
     first.send(INQUIRY);
     EXPECT_EQ(first.receive(4), "90 50 02 FF");
-    std::vector<int> taken;
+    std::vector<util::FileDescriptor> taken;
     rlimit stLimit{};
     getrlimit(RLIMIT_NOFILE, &stLimit);
     const rlimit stLow{256, stLimit.rlim_max};
     setrlimit(RLIMIT_NOFILE, &stLow);
-    for (int fd; (fd = ::dup(0)) >= 0;) taken.push_back(fd);
-    ::close(taken.back());
+    for (int fd; (fd = ::dup(0)) >= 0;) taken.emplace_back(fd);
     taken.pop_back();
     {
         const Controller turnedAway = tcp();
@@ -201,7 +190,7 @@ TEST_F(Network, OutOfDescriptorsServesWhoIsConnected)
         first.send(INQUIRY);
         EXPECT_EQ(first.receive(4), "90 50 02 FF");
     }
-    for (const int fd : taken) ::close(fd);
+    taken.clear();
     setrlimit(RLIMIT_NOFILE, &stLimit);
     const Controller later = tcp();
     later.send(INQUIRY);
@@ -259,12 +248,8 @@ TEST_F(Network, EndpointsChangeWhileRunning)
 TEST_F(Network, OccupiedPortLeavesTheOthers)
 {
     const BU_S32 s32Taken = network().portOf(CMD_FROM_E_NET_TCP_IN);
-    const int fdHolder = ::socket(AF_INET, SOCK_DGRAM, 0);
-    sockaddr_in stAddress{};
-    stAddress.sin_family = AF_INET;
-    stAddress.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    stAddress.sin_port = htons(static_cast<BU_U16>(s32Taken));
-    ASSERT_EQ(::bind(fdHolder, reinterpret_cast<sockaddr *>(&stAddress), sizeof stAddress), 0);
+    const net::Socket holder = net::bindUdp("127.0.0.1", s32Taken);
+    ASSERT_TRUE(holder);
     VISCA_HandlerExit();
     start({1, 2, 0, 0, ""}, {1, 0, s32Taken, 0, ""}, real());
     EXPECT_EQ(network().portOf(CMD_FROM_E_OVER_IP_IN), 0);
@@ -273,5 +258,4 @@ TEST_F(Network, OccupiedPortLeavesTheOthers)
     EXPECT_EQ(a.receive(), "90 50 02 FF");
     b.send(INQUIRY);
     EXPECT_EQ(b.receive(4), "90 50 02 FF");
-    ::close(fdHolder);
 }

@@ -26,11 +26,11 @@ public:
     bool flush(lws *pstWsi);
 
 private:
-    struct tagWAITING_S {
+    struct Waiting {
         Piece pstPiece;
         std::size_t sent = 0;
     };
-    std::deque<tagWAITING_S> m_waiting;
+    std::deque<Waiting> m_waiting;
     std::size_t m_bytes = 0;
 };
 } // namespace http
