@@ -9,17 +9,22 @@
 #include <sstream>
 
 using testing::ElementsAre;
-using testing::EndsWith;
-using testing::IsEmpty;
 
 namespace
 {
 constexpr BU_U32 GET = WEB_RPC_EVENT_GROUP_E_GET_ISP, SET = WEB_RPC_EVENT_GROUP_E_SET_ISP;
-constexpr BU_S32 AE_MODE = 4, WB_MODE = 22, ONE_PUSH = 31, PRESET = 55;
+constexpr BU_S32 AE_MODE = 4, WB_MODE = 22, ONE_PUSH = 31, DRC_MODE = 46, PRESET = 55;
 
 class Image : public WebTest
 {
 protected:
+    static void setModes(BU_S32 s32Pipe, BU_S32 s32Ae, BU_S32 s32Wb, BU_BOOL bSwitches)
+    {
+        ISP_API_SetAeMode(s32Pipe, s32Ae, BU_FALSE, BU_FALSE);
+        ISP_API_SetWbMode(s32Pipe, s32Wb, BU_FALSE, BU_FALSE);
+        ISP_API_SetExpCompSwi(s32Pipe, bSwitches, BU_FALSE, BU_FALSE);
+        ISP_API_SetDrcSwi(s32Pipe, bSwitches, BU_FALSE, BU_FALSE);
+    }
     /// Which items of a line of numbers are enabled.
     static std::string enabled(BU_S32 s32Pipe, const std::string &strItems)
     {
@@ -36,93 +41,58 @@ TEST_F(Image, ItemsAreReadAndSetOnBothPipes)
 {
     // clang-format off
     constexpr ItemCase ITEMS[] = {
-    {2, "ISP_API_*ExposureFullViewFollow", 1}, {3, "ISP_API_*NDFilter", 3}, {4, "ISP_API_*AeMode", 2, 0xDFFF0},
-    {5, "ISP_API_*AeMeterMode", 5}, {6, "ISP_API_*AntiFlicker", 2}, {7, "ISP_API_*BackLight", 1},
-    {8, "ISP_API_*ExpCompSwi", 1, 512}, {9, "ISP_API_*ExpCompLevel", -4}, {10, "ISP_API_*Gain", 11},
-    {11, "ISP_API_*GainLimit", 12}, {12, "ISP_API_*Shutter", 20}, {13, "ISP_API_*IrisLevel", 3},
-    {14, "ISP_API_*IrisLevel", 4}, {15, "ISP_API_*ExpBrightness", 21}, {16, "ISP_API_*AutoIrisSwi", 1},
-    {18, "ISP_API_*ShutterMode", 1}, {19, "ISP_API_*ShutterValue", 250},
-    {21, "ISP_API_*WhiteBalanceFullViewFollow", 1}, {22, "ISP_API_*WbMode", 3, 0x2FFC00000},
-    {23, "ISP_API_*RGain", 23}, {24, "ISP_API_*BGain", 24}, {25, "ISP_API_*GGain", 25},
-    {26, "ISP_API_*RStrength", 26}, {27, "ISP_API_*GStrength", 27}, {28, "ISP_API_*BStrength", 28},
-    {29, "ISP_API_*AwbSensitivity", 2}, {30, "ISP_API_*Hue", 13}, {33, "ISP_API_*StWbMode", 3300},
-    {35, "ISP_API_*IspBinUsage", 8}, {36, "ISP_API_*MonoChromeSwi", 1}, {38, "ISP_API_*Sharpness", 9},
-    {39, "ISP_API_*Brightness", 10}, {40, "ISP_API_*Contrast", 11}, {41, "ISP_API_*Saturation", 12},
-    {42, "ISP_API_*Gamma", 4}, {43, "ISP_API_*2DNR", 5}, {44, "ISP_API_*3DNR", 7},
-    {45, "ISP_API_*DrcSwi", 1, 0x400000000000}, {46, "ISP_API_*DrcMode", 5}, {47, "SYS_API_*Mirror", 1, 0, true},
-    {48, "SYS_API_*Flip", 1, 0, true}, {50, "SYS_API_*ImageFreeze", 1, 0, true},
-    {51, "AF_API_*DistortionCorrection", 1, 0, true}, {52, "SYS_API_*HdrSwi", 1, 0, true}};
+        {2, "ISP_API_*ExposureFullViewFollow", 1}, {3, "ISP_API_*NDFilter", 3}, {4, "ISP_API_*AeMode", 2, 0xDFFF0},
+        {5, "ISP_API_*AeMeterMode", 5}, {6, "ISP_API_*AntiFlicker", 2}, {7, "ISP_API_*BackLight", 1},
+        {8, "ISP_API_*ExpCompSwi", 1, 512}, {9, "ISP_API_*ExpCompLevel", -4}, {10, "ISP_API_*Gain", 11},
+        {11, "ISP_API_*GainLimit", 12}, {12, "ISP_API_*Shutter", 20}, {13, "ISP_API_*IrisLevel", 3},
+        {14, "ISP_API_*IrisLevel", 4}, {15, "ISP_API_*ExpBrightness", 21}, {16, "ISP_API_*AutoIrisSwi", 1},
+        {18, "ISP_API_*ShutterMode", 1}, {19, "ISP_API_*ShutterValue", 250},
+        {21, "ISP_API_*WhiteBalanceFullViewFollow", 1}, {22, "ISP_API_*WbMode", 3, 0x2FFC00000},
+        {23, "ISP_API_*RGain", 23}, {24, "ISP_API_*BGain", 24}, {25, "ISP_API_*GGain", 25},
+        {26, "ISP_API_*RStrength", 26}, {27, "ISP_API_*GStrength", 27}, {28, "ISP_API_*BStrength", 28},
+        {29, "ISP_API_*AwbSensitivity", 2}, {30, "ISP_API_*Hue", 13}, {33, "ISP_API_*StWbMode", 3300},
+        {35, "ISP_API_*IspBinUsage", 8}, {36, "ISP_API_*MonoChromeSwi", 1}, {38, "ISP_API_*Sharpness", 9},
+        {39, "ISP_API_*Brightness", 10}, {40, "ISP_API_*Contrast", 11}, {41, "ISP_API_*Saturation", 12},
+        {42, "ISP_API_*Gamma", 4}, {43, "ISP_API_*2DNR", 5}, {44, "ISP_API_*3DNR", 7},
+        {45, "ISP_API_*DrcSwi", 1, 0x400000000000}, {46, "ISP_API_*DrcMode", 5}, {47, "SYS_API_*Mirror", 1, 0, true},
+        {48, "SYS_API_*Flip", 1, 0, true}, {50, "SYS_API_*ImageFreeze", 1, 0, true},
+        {51, "AF_API_*DistortionCorrection", 1, 0, true}, {52, "SYS_API_*HdrSwi", 1, 0, true}};
     // clang-format on
     for (const ItemCase &st : ITEMS)
         for (const BU_S32 s32Pipe : {0, 1}) check(st, GET, SET, s32Pipe);
 }
 
-const std::string EXPOSURE = "3 5 6 7 8 9 10 11 12 13 14 15 16 18 19", WHITE_BALANCE = "23 24 25 26 27 28 29 31 33";
-
-TEST_F(Image, ExposureModeDecidesWhichItemsAreEnabled)
+TEST_F(Image, TheModesDecideWhichItemsAreEnabled)
 {
+    const std::string strExposure = "3 5 6 7 8 9 10 11 12 13 14 15 16 18 19", strWhite = "23 24 25 26 27 28 29 31 33",
+                      strFree =
+                          "1 2 4 17 20 21 22 30 32 34 35 36 37 38 39 40 41 42 43 44 45 47 48 49 50 51 52 53 54 55 "
+                          "0 -1 56 2147483647";
     const struct {
-        BU_S32 s32Mode;
-        BU_BOOL bCompensation;
-        std::string strCloseUp, strPanorama;
-    } rows[] = {{AE_MODE_E_AUTO, BU_FALSE, "3 5 6 7 8 11 16", "5 6 7 8 11"},
-                {AE_MODE_E_AUTO, BU_TRUE, "3 5 6 7 8 9 11 16", "5 6 7 8 9 11"},
-                {AE_MODE_E_BRIGHT, BU_TRUE, "3 15 16", "15"},
-                {AE_MODE_E_SHUTTER, BU_TRUE, "3 11 12 16 18 19", "11 12 18 19"},
-                {AE_MODE_E_IRIS, BU_TRUE, "3 13 14", ""},
-                {AE_MODE_E_MANUAL, BU_TRUE, "3 10 12 13 14 18 19", "10 12 18 19"}};
-    for (const auto &st : rows) {
-        for (const BU_S32 s32Pipe : {0, 1}) {
-            ISP_API_SetAeMode(s32Pipe, st.s32Mode, BU_FALSE, BU_FALSE);
-            ISP_API_SetExpCompSwi(s32Pipe, st.bCompensation, BU_FALSE, BU_FALSE);
-            EXPECT_EQ(call(GET, AE_MODE, s32Pipe).s32Value, st.s32Mode);
-        }
-        EXPECT_EQ(enabled(0, EXPOSURE), st.strCloseUp) << st.s32Mode;
-        EXPECT_EQ(enabled(1, EXPOSURE), st.strPanorama) << st.s32Mode;
-    }
-}
-
-TEST_F(Image, WhiteBalanceModeDecidesWhichItemsAreEnabled)
-{
-    const struct {
-        BU_S32 s32Mode;
-        std::string strEnabled;
-    } rows[] = {{WB_MODE_E_AUTO, "26 27 28 29"}, {WB_MODE_E_MANUAL, "23 24 25"}, {WB_MODE_E_INDOOR, ""},
-                {WB_MODE_E_OUTDOOR, ""},         {WB_MODE_E_STATIC, "33"},       {WB_MODE_E_ONE_PUSH, "31"}};
+        BU_S32 s32Ae, s32Wb;
+        BU_BOOL bSwitches; ///< exposure compensation, dynamic range
+        std::string strCloseUp, strPanorama, strWhite;
+    } rows[] = {{AE_MODE_E_AUTO, WB_MODE_E_AUTO, 0, "3 5 6 7 8 11 16", "5 6 7 8 11", "26 27 28 29"},
+                {AE_MODE_E_AUTO, WB_MODE_E_MANUAL, 1, "3 5 6 7 8 9 11 16", "5 6 7 8 9 11", "23 24 25"},
+                {AE_MODE_E_BRIGHT, WB_MODE_E_INDOOR, 1, "3 15 16", "15", ""},
+                {AE_MODE_E_SHUTTER, WB_MODE_E_OUTDOOR, 1, "3 11 12 16 18 19", "11 12 18 19", ""},
+                {AE_MODE_E_IRIS, WB_MODE_E_STATIC, 1, "3 13 14", "", "33"},
+                {AE_MODE_E_MANUAL, WB_MODE_E_ONE_PUSH, 1, "3 10 12 13 14 18 19", "10 12 18 19", "31"}};
     for (const auto &st : rows)
         for (const BU_S32 s32Pipe : {0, 1}) {
-            ISP_API_SetWbMode(s32Pipe, st.s32Mode, BU_FALSE, BU_FALSE);
-            EXPECT_EQ(call(GET, WB_MODE, s32Pipe).s32Value, st.s32Mode);
-            EXPECT_EQ(enabled(s32Pipe, WHITE_BALANCE), st.strEnabled) << st.s32Mode;
-        }
-}
-
-TEST_F(Image, OtherItemsDependOnNoMode)
-{
-    const std::string strFree = "1 2 4 17 20 21 22 30 32 34 35 36 37 38 39 40 41 42 43 44 45 47 48 49 50 51 52 53 54 "
-                                "55 0 -1 56 2147483647";
-    for (const BU_S32 s32Pipe : {0, 1})
-        for (BU_S32 s32Mode = 0; s32Mode < 5; ++s32Mode) {
-            ISP_API_SetAeMode(s32Pipe, s32Mode, BU_FALSE, BU_FALSE);
-            ISP_API_SetWbMode(s32Pipe, s32Mode + 1, BU_FALSE, BU_FALSE);
+            setModes(s32Pipe, st.s32Ae, st.s32Wb, st.bSwitches);
+            EXPECT_EQ(call(GET, AE_MODE, s32Pipe).s32Value, st.s32Ae);
+            EXPECT_EQ(call(GET, WB_MODE, s32Pipe).s32Value, st.s32Wb);
+            EXPECT_EQ(enabled(s32Pipe, strExposure), s32Pipe ? st.strPanorama : st.strCloseUp) << st.s32Ae;
+            EXPECT_EQ(enabled(s32Pipe, strWhite), st.strWhite) << st.s32Wb;
             EXPECT_EQ(enabled(s32Pipe, strFree), strFree);
-            ISP_API_SetDrcSwi(s32Pipe, s32Mode % 2, BU_FALSE, BU_FALSE);
-            EXPECT_EQ(enabled(s32Pipe, "46"), s32Mode % 2 ? "46" : "");
+            EXPECT_EQ(call(GET, DRC_MODE, s32Pipe).bEnabled, st.bSwitches);
         }
-}
-
-TEST_F(Image, ModesAndSwitchesThatCannotBeReadCountAsAutomaticAndOff)
-{
-    ISP_API_SetAeMode(0, AE_MODE_E_MANUAL, BU_FALSE, BU_FALSE);
-    ISP_API_SetWbMode(0, WB_MODE_E_MANUAL, BU_FALSE, BU_FALSE);
-    ISP_API_SetExpCompSwi(0, BU_TRUE, BU_FALSE, BU_FALSE);
-    ISP_API_SetDrcSwi(0, BU_TRUE, BU_FALSE, BU_FALSE);
+    setModes(0, AE_MODE_E_MANUAL, WB_MODE_E_MANUAL, BU_TRUE); // what cannot be read counts as automatic, and off
     for (const char *pcGet : {"ISP_API_GetAeMode", "ISP_API_GetWbMode", "ISP_API_GetExpCompSwi", "ISP_API_GetDrcSwi"})
         journal::inject(pcGet, -1, 100);
-    EXPECT_EQ(enabled(0, EXPOSURE), "3 5 6 7 8 11 16");
-    EXPECT_EQ(enabled(0, WHITE_BALANCE + " 46"), "26 27 28 29");
-    EXPECT_EQ(call(GET, AE_MODE).s32Value, 0);
-    EXPECT_EQ(call(GET, WB_MODE).s32Value, 0);
+    EXPECT_EQ(enabled(0, strExposure + " " + strWhite + " 46"), "3 5 6 7 8 11 16 26 27 28 29");
+    EXPECT_EQ(call(GET, AE_MODE).s32Value + call(GET, WB_MODE).s32Value, 0);
 }
 
 TEST_F(Image, SomeItemsAnswerTheStoredValue)
@@ -133,51 +103,42 @@ TEST_F(Image, SomeItemsAnswerTheStoredValue)
     SYS_API_SetHdrSwi(BU_TRUE, BU_FALSE, BU_FALSE);
     SYS_API_SetImageFreeze(BU_TRUE, BU_FALSE, BU_FALSE);
     ISP_API_SetGamma(0, 3, BU_FALSE, BU_FALSE);
-    const struct {
-        BU_S32 s32Item, s32Value;
-    } rows[] = {{18, 1}, {19, 60}, {51, 0}, {52, 0}, {50, 1}, {42, 3}, {1, 1}, {20, 1}};
-    for (const auto &st : rows) EXPECT_EQ(call(GET, st.s32Item).s32Value, st.s32Value) << st.s32Item;
+    for (const auto &[s32Item, s32Value] :
+         {std::pair{18, 1}, {19, 60}, {51, 0}, {52, 0}, {50, 1}, {42, 3}, {1, 1}, {20, 1}})
+        EXPECT_EQ(call(GET, s32Item).s32Value, s32Value) << s32Item;
 }
 
-TEST_F(Image, OnePushStartsByAskingAndBySetting)
-{
-    EXPECT_EQ(call(GET, ONE_PUSH, 1).s32Value, 0);
-    call(SET, ONE_PUSH, 1, 1);
-    EXPECT_THAT(journal::effects(),
-                ElementsAre("ISP_API_TriggerAwbOnePush(1, 0)", "ISP_API_SetOnePushAwb(1, 1, 1, 1)"));
-}
-
-TEST_F(Image, SavingAndDeletingPresetsAnswerTheirResult)
+TEST_F(Image, ActionsAndWhatIsPrinted)
 {
     const struct {
-        BU_S32 s32Selector;
         const char *pcFunction, *pcArguments;
         BU_S32 s32Refused;
-    } rows[] = {{0, "IMAGEPRESET_API_SetCur", R"((12, ""))", -1},
-                {1, "IMAGE_PRESET_API_GotoById", "(12, 8, NULL)", 0},
-                {2, "IMAGE_PRESET_API_DeleteById", "(12)", -1}};
-    for (const auto &st : rows) {
-        journal::inject(st.pcFunction, -1);
-        const Response res = call(SET, PRESET, 0, st.s32Selector, 12);
-        EXPECT_THAT(journal::effects(), ElementsAre(std::string(st.pcFunction) + st.pcArguments));
-        EXPECT_EQ(res.s32Value, st.s32Refused) << st.pcFunction;
+    } rows[] = {{"IMAGEPRESET_API_SetCur", R"((12, ""))", -1},
+                {"IMAGE_PRESET_API_GotoById", "(12, 8, NULL)", 0},
+                {"IMAGE_PRESET_API_DeleteById", "(12)", -1}};
+    for (BU_S32 s32Selector = -1; s32Selector <= 3; ++s32Selector) {
+        const auto *pst = s32Selector >= 0 && s32Selector < 3 ? &rows[s32Selector] : nullptr;
+        if (pst) journal::inject(pst->pcFunction, -1);
+        const Response res = call(SET, PRESET, 0, s32Selector, 12);
+        EXPECT_EQ(journal::effects(), pst ? Effects{std::string(pst->pcFunction) + pst->pcArguments} : Effects{});
+        EXPECT_EQ(res.s32Value, pst ? pst->s32Refused : 0) << s32Selector;
         EXPECT_EQ(res.s32SideEffectBitmap, 0U);
     }
-    for (const BU_S32 s32Selector : {-1, 3}) EXPECT_EQ(call(SET, PRESET, 0, s32Selector).s32Value, 0);
     for (const BU_S32 s32Item : {1, 17, 20, 32, 34, 37, 53, 54, 0, -1, 56, 64, INT32_MAX})
-        EXPECT_EQ(call(SET, s32Item, 0, 1).s32SideEffectBitmap, 0U) << s32Item;
-    EXPECT_THAT(journal::effects(), IsEmpty());
-}
-
-TEST_F(Image, PrintsWhatItDoes)
-{
-    EXPECT_EQ(printed([] { call(GET, 38); }), "-- Isp Get 38\n");
-    EXPECT_EQ(printed([] { call(SET, 38, 0, 1); }), "");
-    EXPECT_EQ(printed([] { call(SET, 16, 0, 1); }), "=======ISP_API_SetAutoIrisSwi=========");
-    EXPECT_EQ(printed([] { call(SET, ONE_PUSH, 0, 1); }), "ISP_API_SetOnePushAwb ok");
-    EXPECT_THAT(printed([] { call(SET, 52, 0, 1); }), EndsWith("] ===== isp hdr =====req->s32Value0 =1\n"));
-    journal::effects();
-    EXPECT_THAT(printed([] { call(SET, 49, 0, 1); }), EndsWith("] ===== isp reset =====\n"));
-    EXPECT_THAT(journal::effects(), ElementsAre("ISP_API_Reset(0)"));
+        EXPECT_THAT(effects(SET, s32Item, 0, 1), ElementsAre()) << s32Item;
+    EXPECT_EQ(call(GET, ONE_PUSH, 1).s32Value, 0); // asking starts it, too
+    EXPECT_THAT(effects(SET, ONE_PUSH, 1, 1),
+                ElementsAre("ISP_API_TriggerAwbOnePush(1, 0)", "ISP_API_SetOnePushAwb(1, 1, 1, 1)"));
+    EXPECT_THAT(effects(SET, 49, 1, 1), ElementsAre("ISP_API_Reset(1)"));
+    for (const auto &[u32Event, s32Item, pcEnd] : {std::tuple(GET, 38, "-- Isp Get 38\n"),
+                                                   {SET, 38, ""},
+                                                   {SET, 16, "=======ISP_API_SetAutoIrisSwi========="},
+                                                   {SET, ONE_PUSH, "ISP_API_SetOnePushAwb ok"},
+                                                   {SET, 52, "] ===== isp hdr =====req->s32Value0 =1\n"},
+                                                   {SET, 49, "] ===== isp reset =====\n"}}) {
+        const std::string strPrinted = printed([u = u32Event, s = s32Item] { call(u, s, 0, 1); });
+        EXPECT_THAT(strPrinted, testing::EndsWith(pcEnd));
+        EXPECT_EQ(strPrinted.empty(), !*pcEnd);
+    }
 }
 } // namespace
