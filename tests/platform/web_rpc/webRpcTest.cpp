@@ -114,6 +114,14 @@ BU_S32 WebRpcTest::valueOf(const std::string &strResponse)
     return s32Value;
 }
 
+bool WebRpcTest::answers(const Peer &peer)
+{
+    static BU_U32 s_u32Id = 100'000;
+    peer.call(++s_u32Id, SUM, request(1));
+    const auto st = peer.answer();
+    return st.u32Id == s_u32Id && valueOf(st.strBytes) == 1 + 1 + 2 + 3 + 4 + 5;
+}
+
 BU_S32 WebRpcTest::tell(const BU_CHAR *pcSubject, BU_S32 s32Number, const BU_CHAR *pcText)
 {
     Echo st{.number = s32Number};

@@ -54,7 +54,7 @@ private:
 };
 
 /// The events of the tests, each of a page of its own: SUM and COUNT answer at once, SILENT says nothing, HALF lacks
-/// factories; the handlers of the GATED ones wait. Two of GATED's page are NEIGHBOUR and SUM's.
+/// factories; the handlers of the GATED ones wait. NEIGHBOUR is gated too, and of GATED's page.
 enum : BU_U32 { SUM = 1, COUNT = 3, SILENT = 5, HALF = 38, GATED = 7, NEIGHBOUR = 9 };
 constexpr BU_U32 GATED_PAGES[] = {GATED, 23, 19, 26, 11, 15, 66, 88};
 
@@ -87,6 +87,7 @@ protected:
     /// A request whose items are 1, 2, ... but for the first.
     static std::string request(BU_S32 s32Item);
     static BU_S32 valueOf(const std::string &strResponse); ///< s32Value of a panel response
+    static bool answers(const Peer &peer);                 ///< the service, to that one
     static BU_S32 tell(const BU_CHAR *pcSubject, BU_S32 s32Number, const BU_CHAR *pcText = "");
 
 private:
