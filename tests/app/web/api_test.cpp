@@ -117,8 +117,10 @@ TEST_F(Api, APresetIsToldAndItsPictureComesAndGoesWithIt)
     stCfg.s32Height = 360;
     MPP_InitCfg(&stCfg);
     MPP_InitStream();
+    journal::effects();
     PRESET_API_SetCur(3, "Door");
     EXPECT_THAT(heard(), ElementsAre(R"({"preset":3})", R"({"preset":3})")) << "once more when there is a picture";
+    EXPECT_THAT(journal::effects(), testing::Contains(testing::StartsWith("MPP_SnapImage(0, 320, 180, 80, ")));
     EXPECT_THAT(pictureOf(3), testing::StartsWith("\xFF\xD8"));
     EXPECT_THAT(ask("presets"),
                 testing::AllOf(HasSubstr("\"Door\""), testing::Not(HasSubstr("\"Door\",\"picture\":0"))));
@@ -244,7 +246,9 @@ TEST_F(Api, CentredPointIsInTheMiddleOfTheNextPicture)
         SYS_API_SetMountMode(!bHangs, BU_FALSE, BU_TRUE);
         lookAt(5, 3, dZoom);
         const auto vecBefore = picture();
+        journal::effects();
         ask("centre", "{\"x\":" + std::to_string(x) + ",\"y\":" + std::to_string(y) + "}");
+        EXPECT_THAT(journal::effects(), ElementsAre(testing::StartsWith("BSP_PTCtrlMotion(8, {ABS_POS ")));
         clock().advance(10'000);
         const auto [dx, dy] = find(vecBefore, x, y, picture());
         EXPECT_LE(std::max(std::abs(dx), std::abs(dy)), 1)

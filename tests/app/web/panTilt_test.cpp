@@ -60,6 +60,8 @@ TEST_F(PanTilt, SuperfineModeHasSpeedsOfItsOwn)
     EXPECT_EQ(call(GET, SPEED_MODE).s32Value, 1);
     check({1, "PT_API_*PanSpeedSuperfine", 101}, GET, SET, 0);
     check({2, "PT_API_*TileSpeedSuperfine", 102}, GET, SET, 0);
+    journal::inject("PT_API_GetSpeedMode", -1); // then it counts as standard
+    EXPECT_EQ(call(GET, 1).s32Value, 3);
     set(SPEED_MODE, 0);
     EXPECT_EQ(call(GET, 1).s32Value, 3);
     EXPECT_EQ(call(GET, 2).s32Value, 5);

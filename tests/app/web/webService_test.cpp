@@ -1,4 +1,5 @@
 // Start and stop of the web service: what is registered, in which order, and what nobody handles.
+#include "pages/panel.h"
 #include "web/web.h"
 #include "webTest.h"
 #include "web_client/client.h"
@@ -45,6 +46,18 @@ TEST_F(WebService, RegistersThePagesThatAreBuiltThenListensThenSetsThePorts)
     }
     EXPECT_EQ(BSP_StopHttpService(), 0);
     EXPECT_EQ(journal::effects(), (Effects{"SYSTEM_API_StopHttpDaemon()", "WEB_RPC_UnInitForAppMain(0)"}));
+}
+
+TEST_F(WebService, APanelMayHaveABitmapOfItsOwn)
+{
+    constexpr auto NOTHING = [](BU_S32, const Request &, Response &) {};
+    for (const auto &[u64Row, u64Expected] : {std::pair{0U, 512U}, {6U, 6U}}) {
+        Response res;
+        res.s32SideEffectBitmap = 512; // said by the page
+        const web::Item stItem{1, nullptr, NOTHING, u64Row};
+        web::answerSet(&stItem, 0, {}, res);
+        EXPECT_EQ(res.s32SideEffectBitmap, u64Expected);
+    }
 }
 
 TEST_F(WebService, AMissingPayloadEndsAHandler)
