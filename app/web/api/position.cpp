@@ -28,7 +28,8 @@ constexpr BU_FLOAT HUNDREDTHS = 100;
 constexpr BU_S32 PERIOD_MS = 200; // it is told at most so often
 
 BU_TIMER_DATA_S g_stTimer;
-Position g_stTold; // used on the timer's thread alone
+std::mutex g_lock; // guards g_stTold
+Position g_stTold;
 
 const BU_CHAR *read(const web::Nothing &, Position &st)
 {
@@ -45,8 +46,15 @@ BU_S32 tellChange(void *)
 {
     PositionNews st{};
     read({}, st.position);
+    const std::lock_guard guard(g_lock);
     if (st.position != g_stTold && web::tell("position", st) > 0) g_stTold = st.position;
     return 0;
+}
+
+void forget()
+{
+    const std::lock_guard guard(g_lock);
+    g_stTold = {};
 }
 } // namespace
 
@@ -60,7 +68,7 @@ web::Direction web::directionOf(const PT_POS_S &stPos)
 
 const web::Subject web::POSITION{[] {
                                      registerQuestion<Nothing, Position, read>("position");
-                                     g_stTold = {};
+                                     forget();
                                      UTIL_TIMER_Start(BU_TIMER_E_PERIODIC, PERIOD_MS, tellChange, nullptr, &g_stTimer);
                                  },
                                  [] { UTIL_TIMER_Stop(&g_stTimer); }};
