@@ -1,3 +1,4 @@
+// How a drawn surface gets over the picture.
 #include <SDL2/SDL_surface.h>
 
 #include "overlayCanvas.h"

@@ -1,3 +1,4 @@
+// What a page of the menu and a line of text look like.
 #include <SDL2/SDL_ttf.h>
 
 #include "painter.h"
