@@ -68,27 +68,15 @@ BU_S32 SYS_API_SetATEMSwi(BOOL bOn, BOOL bSave) { return note(__func__, bOn, bSa
 BU_S32 UTIL_CMD_RunSafe(const BU_CHAR *pcCommand) { return note(std::string("sh: ") + pcCommand); }
 void UTIL_TIME_SleepMs(BU_S64 s64Ms) { note("sleep", s64Ms); throw Idle{}; }
 util::tagLOG_PREFIX_S::tagLOG_PREFIX_S(const BU_CHAR *, BU_S32) {}
-// clang-format on
-BU_S32 BSP_HW_ABI_GetHwAbility(tagHW_ABILITY_S *pstAbility)
-{
-    pstAbility->stLens = g_stBoard.stLens;
-    return note(__func__) - 1; // whatever it says, the bring-up goes on
-}
-BU_S32 CFG_FEATURE_GetConfiguration(tagCFG_FEATURE_LIST_S *pstList)
-{
-    *pstList = g_stBoard.stFeatures;
-    return note(__func__) + g_stBoard.s32FeatureResult;
-}
+BU_S32 BSP_HW_ABI_GetHwAbility(tagHW_ABILITY_S *pst) { return pst->stLens = g_stBoard.stLens, note(__func__) - 1; } // goes on
+BU_S32 CFG_FEATURE_GetConfiguration(tagCFG_FEATURE_LIST_S *pst)
+{ return *pst = g_stBoard.stFeatures, note(__func__) + g_stBoard.s32FeatureResult; }
 BU_S32 PT_API_InitByXml(const PT_SPEED_LIMIT_T *pst, std::vector<PT_SPEED_CALC_SET_S> list)
-{
-    return note(__func__, pst->s32MinPanSpeedDps, pst->s32MaxPanSpeedDps, pst->s32MinTiltSpeedDps,
-                pst->s32MaxTiltSpeedDps, pst->s32SpeedMul, list.size());
-}
+{ return note(__func__, pst->s32MinPanSpeedDps, pst->s32MaxPanSpeedDps, pst->s32MinTiltSpeedDps, pst->s32MaxTiltSpeedDps,
+              pst->s32SpeedMul, list.size()); }
 BU_S32 UTIL_THREAD_InitData(UTIL_THREAD_DATA_S *, const BU_CHAR *pcName, std::function<void(void *)> fn, void *)
-{
-    g_fnThread = [=](void *pv) { t_pcThread = pcName, fn(pv); };
-    return 0;
-}
+{ return g_fnThread = [=](void *pv) { t_pcThread = pcName, fn(pv); }, 0; }
+// clang-format on
 BU_S32 UTIL_THREAD_Create(UTIL_THREAD_DATA_S *)
 {
     if (g_stBoard.bThreads) std::thread(g_fnThread, nullptr).detach();
@@ -114,11 +102,8 @@ constexpr auto FAIL = DEVICE_SELFCHECK_E_FAIL, PASS = DEVICE_SELFCHECK_E_PASS, N
 Calls calls(std::string_view text) // separated by commas
 {
     Calls list;
-    while (!text.empty()) {
-        const auto end = std::min(text.find(','), text.size());
-        list.emplace_back(text.substr(0, end));
-        text.remove_prefix(std::min(text.find_first_not_of(", \n", end), text.size()));
-    }
+    for (std::size_t end; !text.empty(); text.remove_prefix(std::min(text.find_first_not_of(", \n", end), text.size())))
+        list.emplace_back(text.substr(0, end = std::min(text.find(','), text.size())));
     return list;
 }
 
@@ -148,46 +133,35 @@ struct Flag { const char *pcName; void (*pfnSet)(TestBoard &b); const char *pcMo
 #define FEATURE(member) #member, [](TestBoard &b) { b.stFeatures.member = BU_TRUE; }
 const Flag FLAGS[] = {
     {"bare", [](TestBoard &) {}, ""},
-    {FEATURE(stDisplay.bEinkSupport), "EINK_API_RefreshScreen"},
-    {FEATURE(stDisplay.bOledSupport), "OLED_InitService"},
+    {FEATURE(stDisplay.bEinkSupport), "EINK_API_RefreshScreen"}, {FEATURE(stDisplay.bOledSupport), "OLED_InitService"},
     {FEATURE(stDisplay.bLedSupport), "LED_InitDev, LED_API_AppOver"},
     {FEATURE(stGeneral.bEthernet), "BSP_SetSystemSocketBufLimit 1048576 1048576, NET_API_InitCfgParam"},
     {FEATURE(stGeneral.bPt), "BSP_PTProcInit 0, APP_PT_GetSpeedCalcSet_TKV_MX, "
-                             "PT_API_InitByXml 5 12000 5 9000 100 4, PT_Register, PRESET_API_GotoPowerUpPosition"},
-    {FEATURE(stGeneral.bAf), "MPP_RegisterBeforeInit 1"},
-    {FEATURE(stGeneral.bNtp), ""},
+        "PT_API_InitByXml 5 12000 5 9000 100 4, PT_Register, PRESET_API_GotoPowerUpPosition"},
+    {FEATURE(stGeneral.bAf), "MPP_RegisterBeforeInit 1"}, {FEATURE(stGeneral.bNtp), ""},
     {"NTP with Ethernet", [](TestBoard &b) { b.stFeatures.stGeneral.bNtp = b.stFeatures.stGeneral.bEthernet = 1; },
-     "BSP_SetSystemSocketBufLimit 1048576 1048576, NET_API_InitCfgParam, NTPD_LoadConfig"},
-    {FEATURE(stGeneral.bRstKey), "BSP_RegisterInputDevice"},
-    {FEATURE(stGeneral.bIr), "BSP_RegisterInputDevice"},
+        "BSP_SetSystemSocketBufLimit 1048576 1048576, NET_API_InitCfgParam, NTPD_LoadConfig"},
+    {FEATURE(stGeneral.bRstKey), "BSP_RegisterInputDevice"}, {FEATURE(stGeneral.bIr), "BSP_RegisterInputDevice"},
     {FEATURE(stGeneral.bAudio), "AUDIO_InitCfg 0"},
     {"audio not exactly true", [](TestBoard &b) { b.stFeatures.stGeneral.bAudio = 2; }, ""},
-    {FEATURE(stGeneral.stSerial.bSupport),
-     "UART_DevAllInit, VISCA_InitProcess, PELCO_InitProcess, viscaCtrlPowerReturnMsg"},
+    {FEATURE(stGeneral.stSerial.bSupport), "UART_DevAllInit, VISCA_InitProcess, PELCO_InitProcess, viscaCtrlPowerReturnMsg"},
     {FEATURE(stAv.stHdmi.bSupport), "BSP_StartHdmiSrv, APP_HdmiDistributor_init, APP_HdmiIn_init"},
-    {FEATURE(stAv.stHdBaseT.bSupport), ""},
-    {FEATURE(stAv.stSdi.bSupport), "APP_DSI_LT9211_Init"},
-    {FEATURE(stAv.stUsb.bSupport), "BSP_StartUsbSrv"},
-    {FEATURE(stControl.bViscaEtherSupport), ""},
-    {FEATURE(stControl.bOnvifSupport), "ONVIF_InitProcess"},
-    {FEATURE(stControl.bWebUiSupport), "BSP_StartHttpService"},
+    {FEATURE(stAv.stHdBaseT.bSupport), ""}, {FEATURE(stAv.stSdi.bSupport), "APP_DSI_LT9211_Init"},
+    {FEATURE(stAv.stUsb.bSupport), "BSP_StartUsbSrv"}, {FEATURE(stControl.bViscaEtherSupport), ""},
+    {FEATURE(stControl.bOnvifSupport), "ONVIF_InitProcess"}, {FEATURE(stControl.bWebUiSupport), "BSP_StartHttpService"},
     {FEATURE(stControl.bOsdMenuSupport), "OSD_MENU_RegisterModule"},
-    {FEATURE(stControl.bFreeDSupport), "FREED_InitProcess"},
+    {FEATURE(stControl.bFreeDSupport), "FREED_InitProcess"}, {FEATURE(stControl.bDvipSupport), "DVIP_InitProcess"},
     {FEATURE(stControl.bAiSupport), "ALG_Init, ALG_RegisterInitDestroy"},
-    {FEATURE(stControl.bDvipSupport), "DVIP_InitProcess"},
-    {"tracking without a pipeline",
-     [](TestBoard &b) { b.stFeatures.stControl.bAiSupport = BU_TRUE; b.s32PipelineResult = 1; }, ""},
+    {"tracking without a pipeline", [](TestBoard &b) { b.stFeatures.stControl.bAiSupport = BU_TRUE; b.s32PipelineResult = 1; }, ""},
 };
 struct Lens { std::initializer_list<DEVICE_SELFCHECK_E> chains; BU_S32 s32Pipeline; BU_BOOL bAf; const char *pcMore; };
 const Lens LENSES[] = {
-    {{PASS},       0,  BU_FALSE, "ISP_API_StartService"},
-    {{PASS},       0,  2,        "ISP_API_StartService"}, // not exactly true
-    {{PASS},       -1, BU_FALSE, ""},
-    {{PASS},       -1, BU_TRUE,  "MPP_RegisterBeforeInit 1"},
-    {{FAIL, FAIL}, 0,  BU_TRUE,  "MPP_RegisterBeforeInit 1, ISP_API_StartService"},
-    {{FAIL, PASS}, 0,  BU_TRUE,  "MPP_RegisterBeforeInit 1, ISP_API_StartService, ZF_API_StartService, ZF_Register"},
-    {{PASS, PASS}, 0,  BU_TRUE,  "MPP_RegisterBeforeInit 1, ISP_API_StartService, ZF_API_StartService, ZF_Register"},
-    {{NONE},       0,  BU_TRUE,  "MPP_RegisterBeforeInit 1, ISP_API_StartService, ZF_API_StartService, ZF_Register"},
+    {{PASS}, 0, BU_FALSE, "ISP_API_StartService"}, {{PASS}, 0, 2, "ISP_API_StartService"}, // not exactly true
+    {{PASS}, -1, BU_FALSE, ""}, {{PASS}, -1, BU_TRUE, "MPP_RegisterBeforeInit 1"},
+    {{FAIL, FAIL}, 0, BU_TRUE, "MPP_RegisterBeforeInit 1, ISP_API_StartService"},
+    {{FAIL, PASS}, 0, BU_TRUE, "MPP_RegisterBeforeInit 1, ISP_API_StartService, ZF_API_StartService, ZF_Register"},
+    {{PASS, PASS}, 0, BU_TRUE, "MPP_RegisterBeforeInit 1, ISP_API_StartService, ZF_API_StartService, ZF_Register"},
+    {{NONE}, 0, BU_TRUE, "MPP_RegisterBeforeInit 1, ISP_API_StartService, ZF_API_StartService, ZF_Register"},
 };
 // clang-format on
 
@@ -223,8 +197,7 @@ TEST(BringUp, LensServicesStartOnceAndOnlyOnHealthyChains)
     for (const Lens &st : LENSES) {
         const Set set = [&](TestBoard &b) {
             for (const auto enChain : st.chains) b.stLens.astZfDevPub[b.stLens.s32DevCnt++].enChipChain = enChain;
-            b.s32PipelineResult = st.s32Pipeline;
-            b.stFeatures.stGeneral.bAf = st.bAf;
+            b.s32PipelineResult = st.s32Pipeline, b.stFeatures.stGeneral.bAf = st.bAf;
         };
         EXPECT_EQ(more(set), calls(st.pcMore)) << &st - LENSES;
     }

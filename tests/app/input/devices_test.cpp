@@ -6,9 +6,8 @@
 #include "input/input.h"
 #include "support/await.h"
 
-#include <atomic>
 #include <fstream>
-#include <thread>
+#include <tuple>
 
 namespace
 {
@@ -23,16 +22,10 @@ protected:
     /// The thread sleeps a second at a time: time passes until it has ended.
     void endDipSwitch()
     {
-        std::atomic<bool> bEnded = false;
-        std::jthread end([&] {
-            EXPECT_EQ(BSP_DipSwitchIrIdDeinit(), 0);
-            bEnded = true;
-        });
-        await([&] { return clock().advance(1000), bEnded.load(); });
-    }
-    void flip(int s32Switch, int s32Level)
-    {
-        std::ofstream(root() + "/sys/gpio/IR-DIP-SWITCH" + std::to_string(s32Switch) + "/value") << s32Level << '\n';
+        auto end = std::async(std::launch::async, BSP_DipSwitchIrIdDeinit);
+        await(
+            [&] { return clock().advance(1000), end.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
+        EXPECT_EQ(end.get(), 0);
     }
 };
 
@@ -44,10 +37,9 @@ TEST_F(Devices, OneThatCannotBeWatchedIsLeftOut)
     clock().waitForSleepers(1);
     const std::string strWarning = "Warning: BSP_INPUT_StartMonitorEvent failed\n";
     EXPECT_THAT(testing::internal::GetCapturedStdout(), testing::HasSubstr(strWarning + strWarning));
-    EXPECT_THAT(journal::effects(),
-                testing::IsSupersetOf(
-                    {"BSP_INPUT_StartMonitorEvent(\"NecSr\")", "BSP_INPUT_StartMonitorEvent(\"NecBr\")",
-                     "BSP_INPUT_StartMonitorEvent(\"gpio-keys\")", "BSP_INPUT_StartMonitorEvent(\"NecYm\")"}));
+    const auto effects = journal::effects();
+    for (const std::string strDevice : {"NecSr", "NecBr", "gpio-keys", "NecYm"})
+        EXPECT_THAT(effects, testing::Contains("BSP_INPUT_StartMonitorEvent(\"" + strDevice + "\")"));
     EXPECT_EQ(BSP_UnRegisterInputDevice(), 0);
     EXPECT_THAT(journal::effects(),
                 ElementsAre("BSP_INPUT_StopMonitorEvent(\"gpio-keys\")", "BSP_INPUT_StopMonitorEvent(\"NecYm\")"));
@@ -60,21 +52,14 @@ TEST_F(Devices, SwitchSetsTheAddressOncePerChange)
     BSP_DipSwitchIrIdInit();
     clock().waitForSleepers(1);
     journal::effects();
-    const struct {
-        int s32Switch, s32Level;
-        const char *pcSet;
-    } rows[] = {{0, 1, "IR_API_SetAddr(3, 1, 1)"},
-                {1, 1, "IR_API_SetAddr(4, 1, 1)"},
-                {0, 0, "IR_API_SetAddr(2, 1, 1)"},
-                {1, 0, "IR_API_SetAddr(1, 1, 1)"}};
-    for (const auto &row : rows) {
-        flip(row.s32Switch, row.s32Level);
+    for (const auto &[s32Switch, s32Level, s32Addr] : {std::tuple{0, 1, 3}, {1, 1, 4}, {0, 0, 2}, {1, 0, 1}}) {
+        std::ofstream(root() + "/sys/gpio/IR-DIP-SWITCH" + std::to_string(s32Switch) + "/value") << s32Level << '\n';
         std::vector<std::string> set;
         await([&] { return clock().advance(1000), !(set = journal::effects()).empty(); });
-        EXPECT_THAT(set, ElementsAre(row.pcSet)); // and no other one since the last
+        EXPECT_THAT(set, ElementsAre("IR_API_SetAddr(" + std::to_string(s32Addr) + ", 1, 1)")); // and no other one
         BU_U8 u8Addr = 0;
         EXPECT_EQ(IR_API_GetAddr(&u8Addr), 0);
-        EXPECT_EQ(u8Addr, row.pcSet[15] - '0');
+        EXPECT_EQ(u8Addr, s32Addr);
         EXPECT_EQ(IR_API_SetAddr(3, BU_FALSE, IRADDR_SWITCH_E_SOFT), 0);
         journal::effects();
         for (int i = 0; i < 3; ++i) clock().waitForSleepers(1), clock().advance(1000);
@@ -85,17 +70,14 @@ TEST_F(Devices, SwitchSetsTheAddressOncePerChange)
 
 TEST_F(Devices, WithoutTheSwitchTheThreadEnds)
 {
-    const struct {
-        const char *pcModel, *pcCall, *pcSaid;
-    } rows[] = {{"minimal", nullptr, "call BSP_GetGpioNum failed, ret:-1 -1\n"},
-                {"TKV-MX", "BSP_RequestGpioMode", "call BSP_RequestGpioMode failed, ret:0 1\n"}};
-    for (const auto &row : rows) {
-        BSP_PROFILE_Load(row.pcModel);
-        if (row.pcCall) journal::inject(row.pcCall, -1);
+    journal::inject("BSP_RequestGpioMode", -1);
+    for (const auto &[pcModel, pcSaid] : {std::pair{"minimal", "call BSP_GetGpioNum failed, ret:-1 -1\n"},
+                                          {"TKV-MX", "call BSP_RequestGpioMode failed, ret:0 1\n"}}) {
+        BSP_PROFILE_Load(pcModel);
         testing::internal::CaptureStdout();
         EXPECT_EQ(BSP_DipSwitchIrIdInit(), 0);
         EXPECT_EQ(BSP_DipSwitchIrIdDeinit(), 0); // no time has to pass
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), row.pcSaid);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), pcSaid);
     }
     EXPECT_EQ(BSP_DipSwitchIrIdDeinit(), -1);
 }

@@ -8,6 +8,7 @@
 #include "support/platformTest.h"
 
 #include <cstdio>
+#include <cstring>
 #include <linux/input.h>
 #include <map>
 #include <sstream>
@@ -23,16 +24,14 @@ inline const std::map<std::string, Codes> &families()
 {
     static const auto all = [] {
         std::map<std::string, Codes> families;
-        std::stringstream words;
-        FILE *pstScript = popen((place::source("scripts/remote") + " --list").c_str(), "r");
-        for (int c; (c = std::fgetc(pstScript)) != EOF;) words.put(static_cast<char>(c));
-        pclose(pstScript);
         std::string strFamily;
-        for (std::string word; words >> word;)
-            if (const auto at = word.find('='); at == word.npos)
-                strFamily = word;
+        FILE *pstScript = popen((place::source("scripts/remote") + " --list").c_str(), "r");
+        for (char acWord[64]; std::fscanf(pstScript, "%63s", acWord) == 1;)
+            if (char *pcCode = std::strchr(acWord, '='))
+                families[strFamily][{acWord, pcCode}] = std::atoi(pcCode + 1);
             else
-                families[strFamily][word.substr(0, at)] = std::stoi(word.substr(at + 1));
+                strFamily = acWord;
+        pclose(pstScript);
         return families;
     }();
     return all;
@@ -101,11 +100,8 @@ protected:
         return strAll;
     }
 
-    struct Case {
-        const char *pcSteps, *pcEffects;
-    };
-    /// Each case with a camera just started.
-    void expect(Remote remote, const std::vector<Case> &cases)
+    /// Each case, steps and effects, with a camera just started.
+    void expect(Remote remote, const std::vector<std::pair<const char *, const char *>> &cases)
     {
         for (const auto &[pcSteps, pcEffects] : cases) {
             reset();
@@ -119,12 +115,10 @@ private:
         const auto equals = strStep.find('=');
         if (strStep == "open") CMD_MENU_OnlyOpenMenu();
         if (strStep == "close") CMD_MENU_OnlyCloseMenu();
-        if (strStep == "track") ALG_API_SetEnable(BU_TRUE, BU_FALSE, BU_FALSE);
-        if (strStep == "untrack") ALG_API_SetEnable(BU_FALSE, BU_FALSE, BU_FALSE);
+        if (strStep.ends_with("track")) ALG_API_SetEnable(strStep == "track", BU_FALSE, BU_FALSE);
         if (strStep[0] == '!') journal::inject(strStep.substr(1).c_str(), -1, 10);
-        if (equals != std::string::npos)
-            CFG_SETTING_Set(strStep.substr(0, equals).c_str(), 0, std::stoi(strStep.substr(equals + 1)), BU_FALSE,
-                            BU_FALSE);
+        if (equals != strStep.npos)
+            CFG_SETTING_Set(strStep.substr(0, equals).c_str(), 0, std::stoi(strStep.substr(equals + 1)), 0, 0);
         journal::effects();
     }
     /// "ISP_API_SetGain(0, 1, 1)" is "SetGain(0, 1, 1)", "CMD_MENU_HandeUpBtn()" is "MENU_Up".

@@ -13,13 +13,7 @@ typedef std::vector<BU_U8> Bytes;
 
 input_event event(int s32Type, int s32Code, int s32Value, BU_S64 s64Second = 1'780'000'000)
 {
-    input_event stEvent{};
-    stEvent.input_event_sec = s64Second;
-    stEvent.input_event_usec = s64Second ? 123'456 : 0;
-    stEvent.type = static_cast<BU_U16>(s32Type);
-    stEvent.code = static_cast<BU_U16>(s32Code);
-    stEvent.value = s32Value;
-    return stEvent;
+    return {{s64Second, s64Second ? 123'456 : 0}, static_cast<BU_U16>(s32Type), static_cast<BU_U16>(s32Code), s32Value};
 }
 Bytes &operator+=(Bytes &bytes, const input_event &stEvent)
 {
@@ -45,9 +39,7 @@ TEST(EventReader, PiecesOfAnySizeMakeWholeRecords)
     Bytes bytes;
     std::vector<int> expected;
     for (int i = 1; i <= 50; ++i) {
-        bytes += event(EV_MSC, MSC_SCAN, i);
-        bytes += event(EV_KEY, i, i % 2);
-        bytes += event(EV_SYN, SYN_REPORT, 0);
+        bytes += event(EV_MSC, MSC_SCAN, i), bytes += event(EV_KEY, i, i % 2), bytes += event(EV_SYN, SYN_REPORT, 0);
         expected.push_back(i % 2 ? i : -i);
     }
     for (const std::size_t piece : {1, 7, 23, 24, 25, 48, 1000, 100000}) EXPECT_EQ(keys(bytes, piece), expected);
@@ -65,25 +57,23 @@ TEST(EventReader, FindsTheNextRecordAfterGarbage)
                 if (!bZero)
                     for (BU_U8 &u8 : bytes) u8 = static_cast<BU_U8>(random() | 0x80);
                 for (const int s32Code : {30, 130, 1})
-                    for (const int s32Value : {1, 0}) {
-                        bytes += event(EV_KEY, s32Code, s32Value, s64Second);
-                        bytes += event(EV_SYN, SYN_REPORT, 0, s64Second);
-                    }
+                    for (const int s32Value : {1, 0})
+                        bytes += event(EV_KEY, s32Code, s32Value, s64Second), bytes += event(EV_SYN, 0, 0, s64Second);
                 EXPECT_EQ(keys(bytes, 24), (std::vector{30, -30, 130, -130, 1, -1})) << length << " zero " << bZero;
             }
 }
 
 TEST(EventReader, TakesOnlyWhatADeviceSends)
 {
-    const input_event rows[] = {event(EV_KEY, 30, 3),          event(EV_KEY, 30, -1),
-                                event(EV_KEY, KEY_MAX + 1, 1), event(EV_SYN, 1, 0),
-                                event(EV_SYN, SYN_REPORT, 7),  event(EV_MSC, MSC_MAX + 1, 0),
-                                event(EV_MAX, 0, 0),           event(0xFFFF, 30, 1),
-                                event(EV_KEY, 30, 1, -5),      event(EV_KEY, 30, 1, 1LL << 40)};
+    // clang-format off
+    const input_event rows[] = {
+        event(EV_KEY, 30, 3), event(EV_KEY, 30, -1), event(EV_KEY, KEY_MAX + 1, 1), event(EV_SYN, 1, 0), event(EV_MAX, 0, 0),
+        event(EV_SYN, SYN_REPORT, 7), event(EV_MSC, MSC_MAX + 1, 0), event(0xFFFF, 30, 1), event(EV_KEY, 30, 1, -5),
+        event(EV_KEY, 30, 1, 1LL << 40)};
+    // clang-format on
     for (const input_event &stEvent : rows) {
         Bytes bytes;
-        bytes += stEvent;
-        bytes += event(EV_KEY, 31, 1);
+        bytes += stEvent, bytes += event(EV_KEY, 31, 1);
         EXPECT_EQ(keys(bytes, 1000), std::vector{31}) << stEvent.type << ' ' << stEvent.code << ' ' << stEvent.value;
     }
 }
@@ -91,8 +81,7 @@ TEST(EventReader, TakesOnlyWhatADeviceSends)
 TEST(EventReader, ARecordThatBrokeOffIsForgottenAfterHalfASecond)
 {
     Bytes first, second;
-    first += event(EV_KEY, 30, 1);
-    second += event(EV_KEY, 31, 1);
+    first += event(EV_KEY, 30, 1), second += event(EV_KEY, 31, 1);
     for (const BU_S64 s64RestMs : {1499, 1500}) { // a slow writer is no broken one
         EventReader clReader;
         std::vector<int> codes;

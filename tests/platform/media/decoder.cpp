@@ -4,6 +4,7 @@
 #include "media/stream.h"
 
 #include <cstring>
+#include <map>
 
 struct Decoder::Impl {
     media::AvContext context;
@@ -15,10 +16,11 @@ struct Decoder::Impl {
 Decoder::Decoder(BU_S32 s32StreamType) : m_pst(std::make_unique<Impl>())
 {
     media::quietLibav();
-    const AVCodecID enId = s32StreamType == STREAM_TYPE_H264    ? AV_CODEC_ID_H264
-                           : s32StreamType == STREAM_TYPE_H265  ? AV_CODEC_ID_HEVC
-                           : s32StreamType == STREAM_TYPE_MJPEG ? AV_CODEC_ID_MJPEG
-                                                                : AV_CODEC_ID_AAC;
+    static const std::map<BU_S32, AVCodecID> IDS = {{STREAM_TYPE_H264, AV_CODEC_ID_H264},
+                                                    {STREAM_TYPE_H265, AV_CODEC_ID_HEVC},
+                                                    {STREAM_TYPE_MJPEG, AV_CODEC_ID_MJPEG},
+                                                    {STREAM_TYPE_AAC, AV_CODEC_ID_AAC}};
+    const AVCodecID enId = IDS.at(s32StreamType);
     const AVCodec *pstCodec = avcodec_find_decoder(enId);
     m_pst->context.reset(avcodec_alloc_context3(pstCodec));
     m_pst->context->thread_count = 1;

@@ -11,22 +11,19 @@ namespace
 {
 TEST(FrameRates, ConsumersTakeAnEvenShare)
 {
-    const struct {
-        BU_S64 s64Output, s64Wanted, s64Gets;
-        std::vector<BU_S64> frames; // of the output's first ones
-    } cases[] = {
+    const std::tuple<BU_S64, BU_S64, BU_S64, std::vector<BU_S64>> cases[] = {
+        // output, wanted, got, first frames
         {60, 30, 30, {0, 2, 4, 6, 8}},      {60, 60, 60, {0, 1, 2, 3}},       {30, 60, 30, {0, 1, 2, 3}},
         {60, 25, 25, {0, 3, 5, 8, 10, 12}}, {30, 15, 15, {0, 2, 4}},          {60, 1, 1, {0, 60, 120}},
         {59940, 30, 29970, {0, 2, 4, 6}},   {59940, 60, 59940, {0, 1, 2, 3}}, {50, 29970, 29970, {0, 2, 4, 6, 7}},
         {23980, 24, 23980, {0, 1, 2, 3}},   {24, 23980, 23980, {0, 2, 3, 4}}};
-    for (const auto &st : cases) {
-        const FrameRate stOutput = *FrameRate::ofCode(st.s64Output),
-                        stGets = FrameRate::ofCode(st.s64Wanted)->from(stOutput);
-        EXPECT_EQ(stGets.code(), st.s64Gets) << st.s64Wanted << " from " << st.s64Output;
+    for (const auto &[s64Output, s64Wanted, s64Gets, expected] : cases) {
+        const FrameRate stOutput = *FrameRate::ofCode(s64Output), stGets = FrameRate::ofCode(s64Wanted)->from(stOutput);
+        EXPECT_EQ(stGets.code(), s64Gets) << s64Wanted << " from " << s64Output;
         std::vector<BU_S64> frames;
-        for (BU_S64 s64 = 0; frames.size() < st.frames.size(); s64 = frames.back() + 1)
-            frames.push_back(stGets.nextOf(stOutput, s64));
-        EXPECT_EQ(frames, st.frames) << st.s64Wanted << " from " << st.s64Output;
+        while (frames.size() < expected.size())
+            frames.push_back(stGets.nextOf(stOutput, frames.empty() ? 0 : frames.back() + 1));
+        EXPECT_EQ(frames, expected) << s64Wanted << " from " << s64Output;
     }
     for (const BU_S64 s64Code : {0, -1, 61, 30000, 59941}) EXPECT_FALSE(FrameRate::ofCode(s64Code)) << s64Code;
 }

@@ -82,12 +82,14 @@ TEST_F(Frames, Refused)
     EXPECT_EQ(MPP_StopYuvStream(15, BU_FALSE), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, nullptr, fn), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, &PARAM, nullptr), -1);
-    for (const MPP_YUV_PARAM_S &st : {MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 129, 72, 30, {}},
-                                      MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 128, 73, 30, {}},
-                                      MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 128, 0, 30, {}},
-                                      MPP_YUV_PARAM_S{MPP_YUV_FORMAT_E_NV12, 128, 72, 0, {}},
-                                      MPP_YUV_PARAM_S{static_cast<MPP_YUV_FORMAT_E>(2), 128, 72, 30, {}}})
+    for (const auto &[s32Format, w, h, u32Rate] : {std::tuple{int{MPP_YUV_FORMAT_E_NV12}, 129U, 72U, 30U},
+                                                   {MPP_YUV_FORMAT_E_NV12, 128, 73, 30},
+                                                   {MPP_YUV_FORMAT_E_NV12, 128, 0, 30},
+                                                   {MPP_YUV_FORMAT_E_NV12, 128, 72, 0},
+                                                   {2, 128, 72, 30}}) {
+        const MPP_YUV_PARAM_S st{static_cast<MPP_YUV_FORMAT_E>(s32Format), w, h, u32Rate, {}};
         EXPECT_EQ(MPP_StartYuvStream(11, &st, fn), -1);
+    }
 }
 
 TEST_F(Frames, StillIsAJpegOfItsSize)
@@ -112,26 +114,19 @@ TEST_F(Frames, StillIsAJpegOfItsSize)
     EXPECT_EQ(snap(FULL, 641, pstRoom), -1);
     EXPECT_EQ(snap(MPP_PIPE_USAGE_E_BUTT, 640, pstRoom), -1);
     EXPECT_EQ(snap(FULL, 640, nullptr), -1);
-    SDL_RWclose(pstFull);
-    SDL_RWclose(pstRoom);
+    for (SDL_RWops *pst : {pstFull, pstRoom}) SDL_RWclose(pst);
 }
 
 TEST(Images, Nv12BecomesPlanesAndScales)
 {
     constexpr int W = 32, H = 20, STRIDE = 40;
     std::vector<BU_U8> vecNv12(W * H * 3 / 2), vecRgb(3 * STRIDE * H), vecSmall(3 * 16 * 10);
-    for (int i = 0; i < W * H; ++i)
-        vecNv12[static_cast<std::size_t>(i)] = i % W < W / 2 ? 63 : 235; // left red, right white
-    for (int i = 0; i < W * H / 2; i += 2) {
+    for (std::size_t i = 0; i < vecNv12.size(); ++i) { // left red, right white
         const bool bLeft = i % W < W / 2;
-        vecNv12[static_cast<std::size_t>(W * H + i)] = bLeft ? 102 : 128;
-        vecNv12[static_cast<std::size_t>(W * H + i + 1)] = bLeft ? 240 : 128;
+        vecNv12[i] = i < W * H ? (bLeft ? 63 : 235) : !bLeft ? 128 : i % 2 ? 240 : 102;
     }
-    const auto imageOf = [](std::vector<BU_U8> &vec, int w, int h, int s32Stride) {
-        return ImgInfo{w,
-                       h,
-                       {s32Stride, s32Stride, s32Stride},
-                       {vec.data(), vec.data() + s32Stride * h, vec.data() + 2 * s32Stride * h}};
+    const auto imageOf = [](std::vector<BU_U8> &vec, int w, int h, int s) {
+        return ImgInfo{w, h, {s, s, s}, {vec.data(), vec.data() + s * h, vec.data() + 2 * s * h}};
     };
     MPP_FRAME_INFO_S stFrame{vecNv12.data(), W * H * 3 / 2, BU_TRUE, nullptr, 0, W, H};
     ImgInfo stRgb = imageOf(vecRgb, W, H, STRIDE), stSmall = imageOf(vecSmall, 16, 10, 16);

@@ -20,12 +20,7 @@
 inline MPP_VENC_PARAM_S smallVideo(MPP_VENC_FORMAT_E enType = MPP_VENC_FORMAT_E_H264)
 {
     MPP_VENC_PARAM_S st{};
-    st.enType = enType;
-    st.u32Width = 160;
-    st.u32Height = 90;
-    st.u32FrmRate = 60;
-    st.u32BitRate = 200;
-    st.u32GOP = 120;
+    st.enType = enType, st.u32Width = 160, st.u32Height = 90, st.u32FrmRate = 60, st.u32BitRate = 200, st.u32GOP = 120;
     return st;
 }
 
@@ -39,10 +34,7 @@ protected:
         UTIL_ROOT_Set(m_strRoot.c_str());
         CFG_STORE_Open(nullptr);
         CFG_SETTING_Reload();
-        MPP_BUSINESS_CFG_S stCfg{};
-        stCfg.s32PipeCnt = 2;
-        stCfg.s32Width = stCfg.s32Height = 1080;
-        MPP_InitCfg(&stCfg);
+        usePipes(2);
         MPP_InitStream();
         for (BU_S32 i = 0; i < 4; ++i) {
             const MPP_VENC_PARAM_S stSmall = smallVideo();
@@ -52,6 +44,12 @@ protected:
     }
     ~MediaTest() override { std::filesystem::remove_all(m_strRoot); }
     const std::string &root() const { return m_strRoot; }
+    static void usePipes(BU_S32 s32Count)
+    {
+        MPP_BUSINESS_CFG_S stCfg{};
+        stCfg.s32PipeCnt = s32Count, stCfg.s32Width = stCfg.s32Height = 1080;
+        MPP_InitCfg(&stCfg);
+    }
 
 private:
     std::string m_strRoot;

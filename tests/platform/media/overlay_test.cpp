@@ -11,27 +11,25 @@
 namespace
 {
 constexpr int W = 64, H = 64;
-/// A grey picture, and its pixels after a blend.
 class Target
 {
 public:
     explicit Target(BU_S32 s32Target, int s32Width = W, int s32Height = H)
-        : m_s32Width(s32Width), m_vec(static_cast<std::size_t>(s32Width * s32Height * 3 / 2), 128)
+        : m_s32Width(s32Width), m_s32Height(s32Height),
+          m_vec(static_cast<std::size_t>(s32Width * s32Height * 3 / 2), 128)
     {
-        media::overlay::blend(
-            s32Target, {m_vec.data(), m_vec.data() + s32Width * s32Height, s32Width, s32Width, s32Width, s32Height});
-        m_pu8Uv = m_vec.data() + s32Width * s32Height;
+        BU_U8 *pu8 = m_vec.data();
+        media::overlay::blend(s32Target, {pu8, pu8 + s32Width * s32Height, s32Width, s32Width, s32Width, s32Height});
     }
     std::array<int, 3> at(int x, int y) const
     {
-        const BU_U8 *pu8 = m_pu8Uv + y / 2 * m_s32Width + x / 2 * 2;
-        return {m_vec[static_cast<std::size_t>(y * m_s32Width + x)], pu8[0], pu8[1]};
+        const BU_U8 *pu8 = m_vec.data(), *pu8Uv = pu8 + (m_s32Height + y / 2) * m_s32Width + x / 2 * 2;
+        return {pu8[y * m_s32Width + x], pu8Uv[0], pu8Uv[1]};
     }
 
 private:
-    const int m_s32Width;
+    const int m_s32Width, m_s32Height;
     std::vector<BU_U8> m_vec;
-    const BU_U8 *m_pu8Uv;
 };
 constexpr std::array<int, 3> GREY{128, 128, 128}, RED{63, 102, 240}, GREEN{173, 42, 26};
 
@@ -41,10 +39,8 @@ class Overlay
 public:
     explicit Overlay(BU_S32 s32Targets, SDL_Rect stRect = {0, 0, W, H}, OSD_FORMAT_E enFormat = OSD_FORMAT_E_ARGB8888)
     {
-        m_stCanvas.stMenuRect = stRect;
-        m_stCanvas.stVideoRect = {0, 0, W, H};
-        m_stCanvas.fgAlpha = 255;
-        m_stCanvas.enFormat = enFormat;
+        m_stCanvas.stMenuRect = stRect, m_stCanvas.stVideoRect = {0, 0, W, H};
+        m_stCanvas.fgAlpha = 255, m_stCanvas.enFormat = enFormat;
         m_pstSurface = OSD_COMM_CreateSurface(&m_stCanvas);
         EXPECT_TRUE(m_pstSurface);
         EXPECT_EQ(MPP_OSD_OneToManyCreate(&m_stManager, s32Targets), 0);
@@ -108,9 +104,8 @@ TEST(Overlays, ScaleToEachOutputWithoutFringesAndAreCutAtTheEdge)
     overlay.box({0, 0, 64, 64}, 16, 0xFF00FF00);
     overlay.show();
     const Target half(1, 32, 32), same(0);
-    EXPECT_THAT((std::vector{same.at(33, 63), same.at(63, 33), half.at(17, 17), half.at(17, 31)}),
-                testing::Each(GREEN));
-    EXPECT_THAT((std::vector{same.at(63, 63), half.at(15, 15)}), testing::Each(GREY));
+    EXPECT_THAT((std::array{same.at(33, 63), same.at(63, 33), half.at(17, 17), half.at(17, 31)}), testing::Each(GREEN));
+    EXPECT_THAT((std::array{same.at(63, 63), half.at(15, 15)}), testing::Each(GREY));
 }
 
 TEST(Overlays, LaterOnesLieOnTopAndRefusals)

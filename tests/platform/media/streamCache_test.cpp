@@ -13,19 +13,16 @@ using testing::IsEmpty;
 
 namespace
 {
-struct TestPacket {
-    STREAM_PACKET_S stPacket;
-    std::vector<BU_U8> vec;
-};
 constexpr BU_U64 FRAME_US = 33'333;
 
 /// Its contents are its number, again and again.
 STREAM_PACKET_REF packetOf(BU_U32 u32Number, bool bKey, std::size_t size = 8)
 {
-    auto pst = std::make_shared<TestPacket>();
-    pst->vec.assign(size, static_cast<BU_U8>(u32Number));
-    pst->stPacket = {pst->vec.data(), static_cast<BU_U32>(size), u32Number * FRAME_US, bKey, STREAM_TYPE_H264};
-    return {pst, &pst->stPacket};
+    const auto pst = std::make_shared<std::pair<STREAM_PACKET_S, std::vector<BU_U8>>>();
+    auto &[stPacket, vec] = *pst;
+    vec.assign(size, static_cast<BU_U8>(u32Number));
+    stPacket = {vec.data(), static_cast<BU_U32>(size), u32Number * FRAME_US, bKey, STREAM_TYPE_H264};
+    return {pst, &stPacket};
 }
 
 class StreamCache : public testing::Test
@@ -49,24 +46,21 @@ protected:
 
 TEST_F(StreamCache, WhereANewcomerStarts)
 {
-    const struct {
-        BU_U32 u32Group, u32Written;
-        std::vector<BU_U64> first;
-        int s32Requests;
-    } astCases[] = {
+    const std::tuple<BU_U32, BU_U32, std::vector<BU_U64>, int> rows[] = {
+        // group, written; first, requests
         {10, 13, {10, 11, 12}, 0}, // a young key frame
         {10, 11, {10}, 0},         // the very last packet
         {60, 30, {}, 1},           // the key frame is a second old: a new one is asked for, once
         {10, 0, {}, 1},            // nothing yet
     };
-    for (const auto &st : astCases) {
+    for (const auto &[u32Group, u32Written, first, s32Requests] : rows) {
         m_s32KeyRequests = 0;
         m_cache.join(); // without a consumer nothing is kept
-        write(0, st.u32Written, st.u32Group);
+        write(0, u32Written, u32Group);
         auto stPlace = m_cache.join();
-        EXPECT_EQ(drain(stPlace), st.first) << st.u32Group << ' ' << st.u32Written;
-        EXPECT_EQ(drain(stPlace), std::vector<BU_U64>());
-        EXPECT_EQ(m_s32KeyRequests, st.s32Requests);
+        EXPECT_EQ(drain(stPlace), first) << u32Group << ' ' << u32Written;
+        EXPECT_THAT(drain(stPlace), IsEmpty());
+        EXPECT_EQ(m_s32KeyRequests, s32Requests);
         m_cache.leave();
         m_cache.leave();
     }

@@ -2,9 +2,7 @@
 #include "videoEncoder.h"
 
 #include "decoder.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "mediaTest.h"
 
 #include <cmath>
 
@@ -15,12 +13,8 @@ namespace
 {
 MPP_VENC_PARAM_S paramOf(MPP_VENC_FORMAT_E enType, BU_U32 u32Width = 160, BU_U32 u32Height = 90)
 {
-    MPP_VENC_PARAM_S st{};
-    st.enType = enType;
-    st.u32Width = u32Width;
-    st.u32Height = u32Height;
-    st.u32FrmRate = 30;
-    st.u32BitRate = 500;
+    MPP_VENC_PARAM_S st = smallVideo(enType);
+    st.u32Width = u32Width, st.u32Height = u32Height, st.u32FrmRate = 30, st.u32BitRate = 500, st.u32GOP = 0;
     return st;
 }
 
@@ -34,12 +28,10 @@ public:
     }
     const SCENE_FRAME_S draw(int s32Number)
     {
-        for (int y = 0; y < m_s32Height * 3 / 2; ++y)
-            for (int x = 0; x < m_s32Width; ++x)
-                m_vec[static_cast<std::size_t>(y * m_s32Width + x)] =
-                    static_cast<BU_U8>(y < m_s32Height      ? 40 + (x + y + 2 * s32Number) % 128
-                                       : x < m_s32Width / 2 ? 90
-                                                            : 160);
+        for (std::size_t i = 0; i < m_vec.size(); ++i) {
+            const int x = static_cast<int>(i) % m_s32Width, y = static_cast<int>(i) / m_s32Width;
+            m_vec[i] = BU_U8(y < m_s32Height ? 40 + (x + y + 2 * s32Number) % 128 : 90 + x / (m_s32Width / 2) * 70);
+        }
         return {m_vec.data(), m_vec.data() + m_s32Width * m_s32Height, m_s32Width, m_s32Width, m_s32Width, m_s32Height};
     }
     /// Mean difference of the luma. @param bFull  the decoded picture has the full range
@@ -100,21 +92,17 @@ TEST(EncoderProfiles, AreInTheStream)
 TEST(EncoderChanges, WhatNeedsANewEncoder)
 {
     using P = MPP_VENC_PARAM_S;
-    const struct {
-        BU_U32 P::*pu32Field;
-        BU_U32 u32Value;
-        bool bH264, bH265;
-    } astCases[] = {
+    const std::tuple<BU_U32 P::*, BU_U32, bool, bool> rows[] = {
+        // which codec changes it while it runs
         {&P::u32GOP, 10, true, true},       {&P::u32BitRate, 100, true, false}, {&P::u32Width, 320, false, false},
         {&P::u32FrmRate, 15, false, false}, {&P::u32Profile, 2, false, false},  {&P::u32QpMaxP, 40, false, false},
     };
     for (const auto enType : {MPP_VENC_FORMAT_E_H264, MPP_VENC_FORMAT_E_H265})
-        for (const auto &st : astCases) {
+        for (const auto &[pu32Field, u32Value, bH264, bH265] : rows) {
             MPP_VENC_PARAM_S stParam = paramOf(enType);
             const auto pstEncoder = VideoEncoder::open(stParam, FrameRate{30, 1});
-            stParam.*st.pu32Field = st.u32Value;
-            EXPECT_EQ(pstEncoder->change(stParam), enType == MPP_VENC_FORMAT_E_H264 ? st.bH264 : st.bH265)
-                << &st - astCases;
+            stParam.*pu32Field = u32Value;
+            EXPECT_EQ(pstEncoder->change(stParam), enType == MPP_VENC_FORMAT_E_H264 ? bH264 : bH265) << u32Value;
         }
 }
 

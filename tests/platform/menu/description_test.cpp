@@ -29,9 +29,7 @@ const std::string DESCRIPTION = R"({"timeoutSeconds": 60, "words": {
     {"info": "SerialNumber", "label": "Serial"}]}
 ]})";
 
-class MenuDescription : public MenuTest
-{
-};
+using MenuDescription = MenuTest;
 
 std::string quoted(std::string str) { return std::ranges::replace(str, '\'', '"'), str; }
 
@@ -40,18 +38,13 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
     const std::string strLong(32, 'x');
     // clang-format off
     const struct { // with ' for "
-        std::string strBefore, strAfter; // what of the good description becomes faulty
-        int s32Line;
-        std::string strReason;
+        std::string strBefore, strAfter; int s32Line; std::string strReason; // the first becomes the second: faulty
     } rows[] = {
-        {"60, ", "60 ", 1, "syntax error"},
-        {"\n]}", "\n]", 17, "syntax error"},
-        {"\n]}", "\n]}}", 17, "syntax error"},
+        {"60, ", "60 ", 1, "syntax error"}, {"\n]}", "\n]", 17, "syntax error"}, {"\n]}", "\n]}}", 17, "syntax error"},
         {"60,", "0,", 1, "timeoutSeconds: must be a whole number from 1 to 3600"}, {"60,", "60.5,", 1, "whole number"},
         {"60,", "99999999999,", 1, "whole number"}, {"60,", "null,", 1, "whole number"},
         {"'pages'", "'page'", 7, "has no meaning here"}, {"'SWITCH'", "'SWITCHES'", 2, "no vocabulary table"},
-        {" 'On': 'On'", " 'on': 'On'", 4, "does not hold the word 'on'"},
-        {"'B': 1}", "'C': 1}", 5, "B: is missing"},
+        {" 'On': 'On'", " 'on': 'On'", 4, "does not hold the word 'on'"}, {"'B': 1}", "'C': 1}", 5, "B: is missing"},
         {"'A': 'a'", "'A': ['a']", 5, "English and Chinese"},
         {"{'page': 'Image',", "{'page': 'Images',", 9, "no page 'Images'"},
         {"{'page': 'Image',", "{'page': 'Main',", 8, "cannot be opened"},
@@ -65,12 +58,11 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
         {"'words': 'Switch'}", "'words': 'Switch', 'words': 'Switch'}", 10, "pages/0/items/1/words: is there twice"},
         {"'Restart?'", "'" + strLong + "'", 11, "1 to 31 bytes"}, {"'Restart?'", "''", 11, "1 to 31 bytes"},
         {"{'action': 'Restart'", "{'do': 'Restart'", 11, "'do' has no meaning here"},
-        {"'name': 'Image'", "'name': 'Main'", 12, "there twice"},
+        {"'name': 'Image'", "'name': 'Main'", 12, "there twice"}, {"'max': 10", "'min': -1", 13, "-1...14 goes beyond"},
         {"'int': 'Brightness'", "'int': 'Brightnes'", 13, "'Brightnes' is no setting"},
         {"'max': 10", "'max': 15", 13, "0...15 goes beyond that of the setting, 0...14"},
-        {"'max': 10", "'min': -1", 13, "-1...14 goes beyond"}, {"'max': 10", "'max': 0", 13, "0...0 is empty"},
-        {"'max': 10", "'step': 15", 13, "no such step"}, {"'max': 10", "'step': 0", 13, "no such step"},
-        {"'IMAGE'", "'PICTURE'", 13, "no such data zone"},
+        {"'max': 10", "'max': 0", 13, "0...0 is empty"}, {"'max': 10", "'step': 15", 13, "no such step"},
+        {"'max': 10", "'step': 0", 13, "no such step"}, {"'IMAGE'", "'PICTURE'", 13, "no such data zone"},
         {"'Mode', 'zone'", "'Mode', 'setting': 'Fps', 'zones'", 14, "has no meaning here"},
         {"'max': 7, ", "", 15, "needs min and max"}, {"'max': 7, ", "'max': 7, 'unit': 5\n,", 15, "must be a text"},
         {"'when': {'IpMode'", "'when': {'ipMode'", 15, "no option item"},
@@ -86,8 +78,7 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
         ASSERT_NE(at, std::string::npos) << row.strBefore;
         strFaulty.replace(at, row.strBefore.size(), quoted(row.strAfter));
         try {
-            menu::readDescription(strFaulty);
-            ADD_FAILURE() << row.strAfter << " was taken";
+            ADD_FAILURE() << menu::readDescription(strFaulty).listPages.size() << " pages taken: " << row.strAfter;
         } catch (const util::JsonFault &fault) {
             EXPECT_THAT(fault.what(), HasSubstr(quoted(row.strReason))) << row.strAfter;
             EXPECT_EQ(fault.s32Line, row.s32Line) << row.strAfter << ": " << fault.what();

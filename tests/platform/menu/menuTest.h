@@ -11,34 +11,13 @@
 #include <mutex>
 #include <sstream>
 
-/// "Brightness=8", "Flip=On", "Restart" ...: what was confirmed, in order. Noted on the menu's thread.
-class Confirmed
+inline std::mutex g_confirmedLock;              // guards the text
+inline auto &g_strConfirmed = *new std::string; // the menu's thread lives to the end of the process
+/// What was confirmed since the last call, in order: "Brightness=8 Flip=On Restart".
+inline std::string confirmed()
 {
-public:
-    void note(const std::string &strConfirmed)
-    {
-        const std::lock_guard guard(m_lock);
-        m_strText += (m_strText.empty() ? "" : " ") + strConfirmed;
-    }
-    void clear()
-    {
-        const std::lock_guard guard(m_lock);
-        m_strText.clear();
-    }
-    std::string text() const
-    {
-        const std::lock_guard guard(m_lock);
-        return m_strText;
-    }
-
-private:
-    mutable std::mutex m_lock; // guards the text
-    std::string m_strText;
-};
-inline Confirmed &confirmed()
-{
-    static auto *pst = new Confirmed; // the menu's thread lives to the end of the process
-    return *pst;
+    const std::lock_guard guard(g_confirmedLock);
+    return std::exchange(g_strConfirmed, {});
 }
 inline std::atomic<bool> g_bAccept = true; ///< the service applies what it is given
 
@@ -46,18 +25,18 @@ namespace menu_test
 {
 inline BU_S32 setParam(ITEM_NODE_S *pst)
 {
-    const TXT_VALUE_S &stText = pst->unVal.stTxtVal;
+    const bool bInt = pst->enValType == VALUE_TYPE_E_INT32, bOption = pst->enValType == VALUE_TYPE_E_OPT_TXT;
+    // of the lists used here the index of an option is its value
+    const BU_S32 s32Value = bInt ? pst->unVal.stIntVal.s32ValSaveCur : pst->unVal.stTxtVal.s32ValSaveCur;
     std::string strConfirmed = pst->acItemIndex;
-    BU_S32 s32Value = INT32_MIN;
-    if (pst->enValType == VALUE_TYPE_E_INT32)
-        strConfirmed += "=" + std::to_string(s32Value = pst->unVal.stIntVal.s32ValSaveCur);
-    if (pst->enValType == VALUE_TYPE_E_OPT_TXT) {
-        strConfirmed += std::string("=") + stText.acValIndex[stText.s32ValSaveCur];
-        s32Value = stText.s32ValSaveCur; // of the lists used here the index is the value
-    }
+    if (bInt) strConfirmed += "=" + std::to_string(s32Value);
+    if (bOption) strConfirmed += std::string("=") + pst->unVal.stTxtVal.acValIndex[s32Value];
     if (pst->enValType == VALUE_TYPE_E_EDIT_TXT) strConfirmed += std::string("=") + pst->unVal.stEditableVal.acCurVal;
-    confirmed().note(strConfirmed);
-    if (g_bAccept && s32Value != INT32_MIN) CFG_SETTING_Set(pst->acItemIndex, 0, s32Value, BU_TRUE, BU_TRUE);
+    {
+        const std::lock_guard guard(g_confirmedLock);
+        g_strConfirmed += (g_strConfirmed.empty() ? "" : " ") + strConfirmed;
+    }
+    if (g_bAccept && (bInt || bOption)) CFG_SETTING_Set(pst->acItemIndex, 0, s32Value, BU_TRUE, BU_TRUE);
     return 0;
 }
 
@@ -76,9 +55,5 @@ inline std::string shippedDescription()
 class MenuTest : public PlatformTest
 {
 protected:
-    MenuTest()
-    {
-        confirmed().clear();
-        g_bAccept = true;
-    }
+    MenuTest() { confirmed(), g_bAccept = true; }
 };

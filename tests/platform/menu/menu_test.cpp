@@ -9,13 +9,7 @@
 #include "scene/scene.h"
 #include "support/await.h"
 
-#include <algorithm>
-#include <atomic>
 #include <thread>
-
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace
 {
@@ -27,19 +21,13 @@ protected:
         OSD_MENU_InitOpensourceRes();
         const OSD_MENU_CFG_S stCfg{{0, 0, 0.2F, 1.0F / 3}, OSD_FORMAT_E_ARGB4444, BU_TRUE, BU_TRUE};
         EXPECT_EQ(OSD_MENU_InitSdkRes(&stCfg, menu_test::setParam, menu_test::dataZone, nullptr), 0);
-        run();
-        journal::effects();
+        press({});
     }
-    ~Menu() override
+    ~Menu() override { press({CMD_MENU_OnlyCloseMenu}); }
+    /// Pictures shown and taken away since the last call, after some time: "1" and "0".
+    std::string shown(BU_S64 s64Ms = 0)
     {
-        CMD_MENU_OnlyCloseMenu();
-        run();
-    }
-    void run() { clock().advance(0); }
-
-    /// Pictures shown and taken away since the last call: "1" and "0".
-    static std::string shown()
-    {
+        clock().advance(s64Ms);
         std::string strShown;
         for (const std::string &strEffect : journal::effects())
             if (strEffect.starts_with("MPP_OSD_OneToManyUpdateAllTarget(")) strShown += strEffect.at(33);
@@ -49,7 +37,7 @@ protected:
     {
         for (const auto pfnKey : keys) {
             EXPECT_EQ(pfnKey(), 0);
-            run();
+            clock().advance(0);
         }
         return shown();
     }
@@ -62,79 +50,62 @@ TEST_F(Menu, DrawsOnlyWhatChanges)
     EXPECT_EQ(press({OSD_MENU_RefreshCurrentPage, OSD_MENU_RefreshCurrentPage}), "");
     EXPECT_EQ(press({CMD_MENU_HandeDownBtn, CMD_MENU_HandeUpBtn}), "11");
     EXPECT_EQ(press({CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn}), "11");
-    clock().advance(5000);
-    EXPECT_EQ(shown(), "");
+    EXPECT_EQ(shown(5000), "");
     ISP_API_SetContrast(0, 3, BU_FALSE, BU_TRUE); // a controller; the page shows it
-    run();
     EXPECT_EQ(shown(), "1");
     ISP_API_SetGain(0, 3, BU_FALSE, BU_TRUE); // not on this page
-    run();
     EXPECT_EQ(shown(), "");
     EXPECT_EQ(press({CMD_MENU_HandleMenuBtn}), "0");
     ISP_API_SetContrast(0, 4, BU_FALSE, BU_TRUE);
-    run();
     EXPECT_EQ(shown(), "");
 }
 
 TEST_F(Menu, ABurstOfKeysAndChangesDrawsInOrder)
 {
-    CMD_MENU_HandleMenuBtn();
-    CMD_MENU_HandeHomeBtn();
-    CMD_MENU_HandeDownBtn();
+    for (const auto pfnKey : {CMD_MENU_HandleMenuBtn, CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn}) pfnKey();
     for (int i = 0; i < 3; ++i) CMD_MENU_HandeRightBtn();
     for (int i = 0; i < 1000; ++i) ISP_API_SetContrast(0, i % 15, BU_FALSE, BU_TRUE);
-    run();
-    EXPECT_EQ(confirmed().text(), "Brightness=8 Brightness=9 Brightness=10");
     EXPECT_LE(shown().size(), 8U);
+    EXPECT_EQ(confirmed(), "Brightness=8 Brightness=9 Brightness=10");
 }
 
 TEST_F(Menu, ClosesWhenNobodyPressesAKey)
 {
+    const auto statusAfter = [&](BU_S64 s64Ms) { return clock().advance(s64Ms), CMD_MENU_GetMenuStatus(); };
     press({CMD_MENU_HandleMenuBtn});
-    clock().advance(59'999);
-    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 1);
-    press({CMD_MENU_HandeDownBtn});
-    clock().advance(59'999);
-    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 1);
-    shown();
-    clock().advance(1);
-    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 0);
+    EXPECT_EQ(statusAfter(59'999), 1);
+    EXPECT_EQ(press({CMD_MENU_HandeDownBtn}), "1");
+    EXPECT_EQ(statusAfter(59'999), 1);
+    EXPECT_EQ(statusAfter(1), 0);
     EXPECT_EQ(shown(), "0");
     EXPECT_EQ(CMD_MENU_HandeUpBtn(), -1);
     press({CMD_MENU_HandleMenuBtn});
-    clock().advance(59'000); // counted from its opening, not from the earlier one
-    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 1);
+    EXPECT_EQ(statusAfter(59'000), 1); // counted from its opening, not from the earlier one
 }
 
-TEST_F(Menu, ReturnLeadsOutOfTheFirstPageOnly)
+TEST_F(Menu, TellsWhetherItIsOpenAndWhetherEnterOpensAPage)
 {
-    press({CMD_MENU_OnlyOpenMenu, CMD_MENU_HandeHomeBtn, CMD_MENU_OnlyReturnMenu});
-    EXPECT_EQ(OSD_MENU_GetMenuStatus(), 1);
-    press({OSD_MENU_ReturnMenu});
-    EXPECT_EQ(OSD_MENU_GetMenuStatus(), 0);
+    const struct {
+        BU_S32 (*pfnKey)();
+        BU_S32 s32Open, s32SubPage;
+    } rows[] = {{CMD_MENU_OnlyCloseMenu, 0, 0}, {CMD_MENU_OnlyOpenMenu, 1, 1},   {CMD_MENU_HandeHomeBtn, 1, 0},
+                {OSD_MENU_ReturnMenu, 1, 1},    {CMD_MENU_OnlyReturnMenu, 0, 0}, {CMD_MENU_OnlyOpenMenu, 1, 1},
+                {CMD_MENU_HandeHomeBtn, 1, 0},  {CMD_MENU_OnlyCloseMenu, 0, 0}};
+    for (const auto &row : rows) {
+        press({row.pfnKey});
+        EXPECT_EQ(OSD_MENU_GetMenuStatus(), row.s32Open) << &row - rows;
+        EXPECT_EQ(OSD_Menu_HasSubPage(), row.s32SubPage) << &row - rows;
+    }
     EXPECT_EQ(OSD_MENU_ReturnMenu(), -1);
-}
-
-TEST_F(Menu, TellsWhetherEnterOpensAPage)
-{
-    EXPECT_EQ(OSD_Menu_HasSubPage(), 0);
-    press({CMD_MENU_OnlyOpenMenu});
-    EXPECT_EQ(OSD_Menu_HasSubPage(), 1);
-    press({CMD_MENU_HandeHomeBtn});
-    EXPECT_EQ(OSD_Menu_HasSubPage(), 0);
-    press({CMD_MENU_OnlyReturnMenu});
-    EXPECT_EQ(OSD_Menu_HasSubPage(), 1);
-    press({CMD_MENU_OnlyCloseMenu});
-    EXPECT_EQ(OSD_Menu_HasSubPage(), 0);
 }
 
 TEST_F(Menu, DiagonalsCountAsUpAndDown)
 {
     press({CMD_MENU_OnlyOpenMenu, CMD_MENU_HandeHomeBtn});
-    EXPECT_EQ(press({CMD_MENU_HandeDownLeftBtn, CMD_MENU_HandeDownRightBtn, CMD_MENU_HandeUpRightBtn}), "111");
-    EXPECT_EQ(press({CMD_MENU_HandeRightBtn}), "1");
-    EXPECT_EQ(confirmed().text(), "Brightness=8");
-    EXPECT_EQ(press({CMD_MENU_HandeUpLeftBtn, CMD_MENU_HandeUpBtn}), "11");
+    EXPECT_EQ(press({CMD_MENU_HandeDownLeftBtn, CMD_MENU_HandeDownRightBtn, CMD_MENU_HandeUpRightBtn,
+                     CMD_MENU_HandeRightBtn, CMD_MENU_HandeUpLeftBtn, CMD_MENU_HandeUpBtn}),
+              "111111");
+    EXPECT_EQ(confirmed(), "Brightness=8");
 }
 
 /// A held key as the remote sends it: press, steps, release.
@@ -142,9 +113,9 @@ TEST_F(Menu, AHeldKeyAppliesOnce)
 {
     press({CMD_MENU_OnlyOpenMenu, CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn, CMD_MENU_HandeLeftBtn,
            CMD_MENU_HandeLeftUpdateParam, CMD_MENU_HandeLeftUpdateParam, CMD_MENU_HandeLeftUpdateParam});
-    EXPECT_EQ(confirmed().text(), "Brightness=6");
+    EXPECT_EQ(confirmed(), "Brightness=6");
     press({CMD_MENU_HandeSetParam, CMD_MENU_HandeSetParam});
-    EXPECT_EQ(confirmed().text(), "Brightness=6 Brightness=3");
+    EXPECT_EQ(confirmed(), "Brightness=3");
 }
 
 /// Outside the menu; hanging, the camera goes the other way.
@@ -152,78 +123,58 @@ TEST_F(Menu, DirectionKeysDriveTheHeadAtTheSetSpeeds)
 {
     PT_API_SetPanSpeed(0, 24, BU_FALSE, BU_FALSE);
     PT_API_SetTileSpeed(0, 1, BU_FALSE, BU_FALSE);
-    for (const BU_S32 s32Mount : {1, 0}) {
+    for (const auto &[s32Mount, strExpected] : {std::pair{1, "UP DOWN LEFT RIGHT"}, {0, "DOWN UP RIGHT LEFT"}}) {
         SYS_API_SetMountMode(s32Mount, BU_FALSE, BU_TRUE);
         journal::effects();
         for (const auto pfnKey : {CMD_PT_HandeUpBtn, CMD_PT_HandeDownBtn, CMD_PT_HandeLeftBtn, CMD_PT_HandeRightBtn})
             pfnKey(0);
         CMD_PT_StopMove();
-        std::string strDone;
+        std::string strDone, strSpeeds = ", pan 12000, tilt 375";
         for (const std::string &str : journal::effects())
-            if (str.starts_with("BSP_PTCtrlMotion(2, {")) strDone += str.substr(21, str.find('}') - 21) + "; ";
-        const auto moves = [](const std::string &strOne, const std::string &strOther) {
-            const std::string strSpeeds = ", pan 12000, tilt 375; ";
-            return strOne + strSpeeds + strOther + strSpeeds;
-        };
-        EXPECT_EQ(strDone, s32Mount ? moves("UP", "DOWN") + moves("LEFT", "RIGHT") + "STOP; "
-                                    : moves("DOWN", "UP") + moves("RIGHT", "LEFT") + "STOP; ");
+            if (str.starts_with("BSP_PTCtrlMotion(2, {")) strDone += str.substr(21, str.find('}') - 21) + " ";
+        for (std::size_t at; (at = strDone.find(strSpeeds)) != strDone.npos;) strDone.erase(at, strSpeeds.size());
+        EXPECT_EQ(strDone, std::string(strExpected) + " STOP ");
     }
 }
 
 TEST_F(Menu, FollowsTheOutputFormat)
 {
-    const auto size = [] {
-        std::string strRect;
-        for (const std::string &strEffect : journal::effects())
-            if (strEffect.starts_with("MPP_MEM_AllocMem(")) strRect = strEffect;
-        return strRect.substr(0, strRect.find(','));
-    };
     press({CMD_MENU_OnlyOpenMenu});
-    journal::effects();
-    SYSTEM_API_SetHdmiFormat("Format-4K", BU_FALSE);
-    run();
-    EXPECT_EQ(size(), "MPP_MEM_AllocMem(1105920"); // 768 x 720 x 2
-    SYSTEM_API_SetHdmiFormat("Format-720P", BU_FALSE);
-    run();
-    EXPECT_EQ(size(), "MPP_MEM_AllocMem(122880"); // 256 x 240 x 2
+    for (const auto &[pcFormat, pcSize] : {std::pair{"Format-4K", "1105920,"}, {"Format-720P", "122880,"}}) {
+        journal::effects(); // 768 x 720 x 2, 256 x 240 x 2
+        SYSTEM_API_SetHdmiFormat(pcFormat, BU_FALSE);
+        clock().advance(0);
+        EXPECT_THAT(journal::effects(),
+                    testing::Contains(testing::StartsWith(std::string("MPP_MEM_AllocMem(") + pcSize)));
+    }
 }
 
 TEST_F(Menu, PromptsShowForAMomentWhenTheyAreOn)
 {
     EXPECT_EQ(PROMPT_API_ShowIpaddr(nullptr), -1);
     EXPECT_EQ(PROMPT_API_ShowIpaddr("192.168.100.100"), 0);
-    run();
     EXPECT_EQ(shown(), "1");
-    clock().advance(4000);
+    EXPECT_EQ(shown(4000), "");
     EXPECT_EQ(PROMPT_API_ShowHdmiInfo(), 0);
-    clock().advance(4999);
-    EXPECT_EQ(shown(), "1");
-    clock().advance(1);
-    EXPECT_EQ(shown(), "0");
-    SYS_API_SetPrompt(BU_FALSE, BU_FALSE, BU_TRUE);
-    EXPECT_EQ(PROMPT_API_ShowIpaddr("192.168.100.100"), -1);
-    EXPECT_EQ(PROMPT_API_ShowIpaddr(std::string(10000, '9').c_str()), -1);
-    SYS_API_SetPrompt(BU_TRUE, BU_FALSE, BU_TRUE);
-    EXPECT_EQ(PROMPT_API_ShowIpaddr(std::string(10000, '9').c_str()), 0);
-    run();
-    EXPECT_EQ(shown(), "1");
+    EXPECT_EQ(shown(4999), "1");
+    EXPECT_EQ(shown(1), "0");
+    for (const bool bOn : {false, true}) {
+        SYS_API_SetPrompt(bOn, BU_FALSE, BU_TRUE);
+        for (const std::string &str : {std::string("192.168.100.100"), std::string(10000, '9')})
+            EXPECT_EQ(PROMPT_API_ShowIpaddr(str.c_str()), bOn - 1);
+    }
+    EXPECT_THAT(shown(), testing::EndsWith("1"));
 }
 
 TEST_F(Menu, TheStatusLineGoesWithItsSetting)
 {
     OSD_PROMPT_Init();
-    run();
     EXPECT_EQ(shown(), "1");
-    SYS_API_SetPrompt(BU_FALSE, BU_FALSE, BU_TRUE);
-    clock().advance(250);
-    EXPECT_EQ(shown(), "0");
-    clock().advance(5000);
-    EXPECT_EQ(shown(), "");
-    SYS_API_SetPrompt(BU_TRUE, BU_FALSE, BU_TRUE);
-    clock().advance(250);
-    EXPECT_EQ(shown(), "1");
-    SYS_API_SetPrompt(BU_FALSE, BU_FALSE, BU_TRUE);
-    clock().advance(250);
+    for (const bool bOn : {false, true, false}) {
+        SYS_API_SetPrompt(bOn, BU_FALSE, BU_TRUE);
+        EXPECT_EQ(shown(250), bOn ? "1" : "0");
+        EXPECT_EQ(shown(bOn ? 0 : 5000), "");
+    }
 }
 } // namespace
 

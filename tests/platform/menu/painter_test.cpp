@@ -18,46 +18,40 @@ menu::View viewOf(const std::string &strText)
 {
     menu::View view{strText, strText, {}, 0, 8};
     for (int i = 0; i < 8; ++i) {
-        menu::Row row;
+        menu::Row &row = view.listRows.emplace_back();
         row.strLabel = row.strValue = strText;
-        row.bSelected = i == 3;
-        row.bLess = row.bMore = i == 3;
-        view.listRows.push_back(row);
+        row.bSelected = row.bLess = row.bMore = i == 3;
     }
     return view;
 }
 
-constexpr struct {
-    int w, h;
-} SIZES[] = {{256, 240}, {384, 360}, {640, 540}, {768, 720}};
+constexpr SDL_Point SIZES[] = {{256, 240}, {384, 360}, {640, 540}, {768, 720}};
 
 TEST(MenuPainter, TextsOfAnyLengthStayInsideThePanel)
 {
     const std::string strLong(3000, 'W'), strInvalid = "\xff\xc3(\xe4\xb8";
     for (const std::string &strText : {std::string(), std::string("7"), strLong, strInvalid, std::string("菜单菜单")})
-        for (const auto &size : SIZES) {
-            const auto surface = menu::paintPage(viewOf(strText), size.w, size.h);
+        for (const auto &[w, h] : SIZES) {
+            const auto surface = menu::paintPage(viewOf(strText), w, h), empty = menu::paintPage(viewOf(""), w, h);
             ASSERT_NE(surface, nullptr);
-            const auto empty = menu::paintPage(viewOf(""), size.w, size.h);
-            for (int y = 0; y < size.h; ++y)
-                for (const int x : {0, 1, size.w - 1})
-                    EXPECT_EQ(pixel(*surface, x, y) >> 24, pixel(*empty, x, y) >> 24);
+            for (int y = 0; y < h; ++y)
+                for (const int x : {0, 1, w - 1}) EXPECT_EQ(pixel(*surface, x, y) >> 24, pixel(*empty, x, y) >> 24);
         }
 }
 
 /// The selected row stands out by far; the others are all alike.
 TEST(MenuPainter, TheSelectedRowIsObvious)
 {
-    for (const auto &size : SIZES) {
-        const auto surface = menu::paintPage(viewOf(""), size.w, size.h);
+    for (const auto &[w, h] : SIZES) {
+        const auto surface = menu::paintPage(viewOf(""), w, h);
         int s32Selected = 0, s32Plain = 0;
-        const Uint32 u32Panel = pixel(*surface, size.w / 2, size.h / 5);
-        for (int y = size.h / 7; y < size.h * 4 / 5; ++y) {
-            const Uint32 u32 = pixel(*surface, size.w / 2, y);
+        const Uint32 u32Panel = pixel(*surface, w / 2, h / 5);
+        for (int y = h / 7; y < h * 4 / 5; ++y) {
+            const Uint32 u32 = pixel(*surface, w / 2, y);
             s32Plain += u32 == u32Panel;
             s32Selected += (u32 & 0xFF) >= (u32Panel & 0xFF) + 0x50;
         }
-        EXPECT_NEAR(s32Selected, size.h * 10 / 110, 3);
+        EXPECT_NEAR(s32Selected, h * 10 / 110, 3);
         EXPECT_GT(s32Plain, 6 * s32Selected);
     }
 }
@@ -98,10 +92,9 @@ TEST(MenuPainter, FourBitsAChannelKeepColourAndAlpha)
     for (int y = 0; y < 240; ++y)
         for (int x = 0; x < 256; ++x) {
             const Uint32 u32 = pixel(*surface, x, y);
-            const auto *pu16 =
-                reinterpret_cast<const Uint16 *>(static_cast<const Uint8 *>(small->pixels) + y * small->pitch);
-            ASSERT_EQ(pu16[x] >> 12, u32 >> 28) << x << ' ' << y;
-            ASSERT_EQ(pu16[x] & 0xF, u32 >> 4 & 0xF) << x << ' ' << y;
+            const unsigned u32Small = static_cast<const Uint16 *>(small->pixels)[y * small->pitch / 2 + x];
+            ASSERT_EQ((u32Small >> 12), u32 >> 28) << x << ' ' << y;
+            ASSERT_EQ(u32Small & 0xF, u32 >> 4 & 0xF) << x << ' ' << y;
         }
 }
 
@@ -120,16 +113,11 @@ TEST(MenuPainter, ALineHasRoomForItsText)
 TEST(MenuStatus, TheLineHoldsWhatIsThere)
 {
     std::tm st{};
-    st.tm_year = 125;
-    st.tm_mon = 5;
-    st.tm_mday = 8;
-    st.tm_hour = 4;
-    struct {
-        menu::Status status;
-        const char *pcLine;
-    } const rows[] = {{{1, {}, ""}, "2025-06-08 04:00:00   1.0x"},
-                      {{12.34F, 5, ""}, "2025-06-08 04:00:00   12.3x   Preset 5"},
-                      {{20, 0, "Stage"}, "2025-06-08 04:00:00   20.0x   Preset 0   Tracking: Stage"}};
-    for (const auto &row : rows) EXPECT_EQ(menu::statusLine(st, row.status), row.pcLine);
+    st.tm_hour = 4, st.tm_mday = 8, st.tm_mon = 5, st.tm_year = 125;
+    const std::pair<menu::Status, std::string> rows[] = {{{1, {}, ""}, "1.0x"},
+                                                         {{12.34F, 5, ""}, "12.3x   Preset 5"},
+                                                         {{20, 0, "Stage"}, "20.0x   Preset 0   Tracking: Stage"}};
+    for (const auto &[status, strLine] : rows)
+        EXPECT_EQ(menu::statusLine(st, status), "2025-06-08 04:00:00   " + strLine);
 }
 } // namespace

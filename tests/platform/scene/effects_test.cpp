@@ -40,14 +40,6 @@ protected:
         EXPECT_EQ(PICTURE_Render(m_scene.get(), &stView, stSettings, stState, 1'000'000, picture.frame()), 0);
         return picture;
     }
-    /// Mean difference of all bytes.
-    static double difference(Picture &one, Picture &other)
-    {
-        const std::size_t size = WIDTH * HEIGHT * 3 / 2;
-        BU_S64 s64Sum = 0;
-        for (std::size_t i = 0; i < size; ++i) s64Sum += std::abs(one.frame().pu8Y[i] - other.frame().pu8Y[i]);
-        return static_cast<double>(s64Sum) / static_cast<double>(size);
-    }
     Scene m_scene{SCENE_Open("synthetic")};
 };
 
@@ -60,74 +52,44 @@ const Settings AUTOMATIC, BY_HAND = {{"ExposureMode", AE_MODE_E_MANUAL}}, BRIGHT
 
 TEST_F(Effects, EverySettingIsSeen)
 {
-    const struct {
-        Settings before; ///< that it matters with
-        const char *pcKey;
-        BU_S32 s32Value;
-    } astRows[] = {
-        {AUTOMATIC, "Brightness", 12},
-        {AUTOMATIC, "Contrast", 12},
-        {AUTOMATIC, "Saturation", 14},
-        {AUTOMATIC, "Hue", 12},
-        {AUTOMATIC, "Sharpness", 14},
-        {AUTOMATIC, "Gamma", 3},
-        {AUTOMATIC, "MonoChrome", 1},
-        {AUTOMATIC, "RColorHue", 8},
-        {AUTOMATIC, "BColorSat", 0},
-        {GRAINY, "Nr2d", 0},
-        {GRAINY, "Nr3d", 0},
-        {AUTOMATIC, "WdrSwi", 1},
-        {WDR, "WdrMode", 5},
-        {AUTOMATIC, "HdrSwi", 1},
-        {AUTOMATIC, "ImageStyle", Bright_STYLE},
-        {AUTOMATIC, "ImageStyle", Soft_STYLE},
-        {AUTOMATIC, "ExposureMode", AE_MODE_E_MANUAL},
-        {BY_HAND, "Gain", 18},
-        {BY_HAND, "IrisLevel", 4},
-        {BY_HAND, "ShutterSpeedFps60", SHUTTER_TIME_725},
-        {SHUTTER, "ShutterSpeedFps60", SHUTTER_TIME_10000},
-        {BY_HAND, "ND-Filter", 2},
-        {BRIGHT, "ExposureBrightness", 27},
-        {IRIS, "IrisLevel", 1},
-        {DARK, "GainLimit", 0},
-        {COMPENSATED, "ExposureCompLevel", 5},
-        {AUTOMATIC, "BacklightCompensation", 1},
-        {AUTOMATIC, "AntiFlicker", FREQ_MODE_E_60HZ},
-        {AUTOMATIC, "WbMode", WB_MODE_E_INDOOR},
-        {WB_BY_HAND, "RGain", 200},
-        {WB_BY_HAND, "GGain", 200},
-        {WB_BY_HAND, "BGain", 200},
-        {WB_STATIC, "ColorTemp", 3000},
-        {WB_STATIC, "StaticMode", 1},
-        {AUTOMATIC, "RStrength", 200},
-        {AUTOMATIC, "SensorCrop", 1},
+    // clang-format off
+    const std::tuple<Settings, const char *, BU_S32> astRows[] = { // the first: what it matters with
+        {AUTOMATIC, "Brightness", 12}, {AUTOMATIC, "Contrast", 12}, {AUTOMATIC, "Saturation", 14}, {GRAINY, "Nr2d", 0},
+        {AUTOMATIC, "Hue", 12}, {AUTOMATIC, "Sharpness", 14}, {AUTOMATIC, "Gamma", 3}, {AUTOMATIC, "MonoChrome", 1},
+        {AUTOMATIC, "RColorHue", 8}, {AUTOMATIC, "BColorSat", 0}, {GRAINY, "Nr3d", 0}, {AUTOMATIC, "WdrSwi", 1},
+        {WDR, "WdrMode", 5}, {AUTOMATIC, "HdrSwi", 1}, {AUTOMATIC, "ImageStyle", Bright_STYLE}, {BY_HAND, "Gain", 18},
+        {AUTOMATIC, "ImageStyle", Soft_STYLE}, {AUTOMATIC, "ExposureMode", AE_MODE_E_MANUAL}, {BY_HAND, "IrisLevel", 4},
+        {BY_HAND, "ShutterSpeedFps60", SHUTTER_TIME_725}, {SHUTTER, "ShutterSpeedFps60", SHUTTER_TIME_10000},
+        {BY_HAND, "ND-Filter", 2}, {BRIGHT, "ExposureBrightness", 27}, {IRIS, "IrisLevel", 1}, {DARK, "GainLimit", 0},
+        {COMPENSATED, "ExposureCompLevel", 5}, {AUTOMATIC, "BacklightCompensation", 1}, {WB_BY_HAND, "RGain", 200},
+        {AUTOMATIC, "AntiFlicker", FREQ_MODE_E_60HZ}, {AUTOMATIC, "WbMode", WB_MODE_E_INDOOR},
+        {WB_BY_HAND, "GGain", 200}, {WB_BY_HAND, "BGain", 200}, {WB_STATIC, "ColorTemp", 3000},
+        {WB_STATIC, "StaticMode", 1}, {AUTOMATIC, "RStrength", 200}, {AUTOMATIC, "SensorCrop", 1},
         {AUTOMATIC, "DistortionCorre", 1},
     };
+    // clang-format on
     for (const auto &[before, pcKey, s32Value] : astRows) {
         SCOPED_TRACE(std::string(pcKey) + " " + std::to_string(s32Value));
         CFG_STORE_Erase("");
         CFG_SETTING_Reload();
         set(before);
-        Picture plain = look();
+        const Picture plain = look();
         BU_S32 s32Was = 0;
         EXPECT_EQ(CFG_SETTING_Get(pcKey, 0, &s32Was, BU_FALSE), 0);
         set({{pcKey, s32Value}});
-        Picture changed = look();
-        EXPECT_GT(difference(plain, changed), 0.15);
+        EXPECT_GT(look().difference(plain), 0.15);
         set({{pcKey, s32Was}});
-        Picture again = look();
-        EXPECT_EQ(difference(plain, again), 0);
+        EXPECT_EQ(look(), plain);
     }
 }
 
 TEST_F(Effects, MirrorAndFlipAreSeenAfterARestart)
 {
-    Picture plain = look();
+    const Picture plain = look();
     for (const char *pcKey : {"Mirror", "Flip"}) {
         set({{pcKey, 1}});
         CFG_SETTING_Reload();
-        Picture turned = look();
-        EXPECT_GT(difference(plain, turned), 3) << pcKey;
+        EXPECT_GT(look().difference(plain), 3) << pcKey;
         set({{pcKey, 0}});
         CFG_SETTING_Reload();
     }
@@ -145,11 +107,7 @@ TEST_F(Effects, LongShutterSmearsWhatMovesAcross)
             const SCENE_VIEW_S stView{.fPan = 0.5F * std::round(fTurn * static_cast<float>(i - 2))};
             EXPECT_EQ(PICTURE_Render(m_scene.get(), &stView, st, stState, 33'333 * i, picture.frame()), 0);
         }
-        BU_S64 s64Sum = 0; // steps from a point to its neighbour
-        for (BU_S32 y = 1; y < HEIGHT; ++y)
-            for (BU_S32 x = 1; x < WIDTH; ++x)
-                s64Sum += std::abs(picture.y(x, y) - (bAcross ? picture.y(x - 1, y) : picture.y(x, y - 1)));
-        return static_cast<double>(s64Sum);
+        return picture.steps(bAcross, !bAcross);
     };
     constexpr BU_FLOAT LONG_S = 1.0F / 25, SHORT_S = 1.0F / 60, TURN = 6; // 3 degrees a picture
     EXPECT_LT(sharpness(LONG_S, TURN, true), 0.6 * sharpness(LONG_S, 0, true));

@@ -39,26 +39,29 @@ protected:
 TEST_F(Film, FollowsTheTimeAndLoops)
 {
     const Scene scene(SCENE_Open(file("film.y4m", video({50, 80, 110, 140})).c_str()));
-    const struct {
-        BU_S64 s64Ms;
-        int s32Luma;
-    } astSteps[] = {{0, 50},   {39, 50},  {40, 80},    {60, 80},  {130, 140}, {159, 140}, // forward, passing one over
-                    {160, 50}, {205, 80}, {1680, 110}, {80, 110}, {0, 50}};               // around, far ahead, back
-    for (const auto &st : astSteps)
-        EXPECT_NEAR(middleOf(scene.get(), st.s64Ms * 1000), st.s32Luma, 1) << st.s64Ms << " ms";
+    // forward, passing one over; around, far ahead, back
+    for (const auto &[s64Ms, s32Luma] : {std::pair<BU_S64, int>{0, 50},
+                                         {39, 50},
+                                         {40, 80},
+                                         {60, 80},
+                                         {130, 140},
+                                         {159, 140},
+                                         {160, 50},
+                                         {205, 80},
+                                         {1680, 110},
+                                         {80, 110},
+                                         {0, 50}})
+        EXPECT_NEAR(middleOf(scene.get(), s64Ms * 1000), s32Luma, 1) << s64Ms << " ms";
 }
 
 TEST_F(Film, IsMappedOverItsPartOfTheSurroundings)
 {
     const Scene scene(SCENE_Open(file("film.y4m", video({50})).c_str()));
-    const struct {
-        SCENE_VIEW_S stView;
-        int s32Luma;
-    } astCases[] = {{{.fPan = -10, .fMagnification = 4}, 50},
-                    {{.fPan = 10, .fMagnification = 4}, 70},
-                    {{.fPan = 170, .fMagnification = 2}, 70},
-                    {{.fPan = -170, .fTilt = 80}, 50}}; // beyond its edge: the edge
-    for (const auto &st : astCases) EXPECT_NEAR(middleOf(scene.get(), 0, st.stView), st.s32Luma, 1) << st.stView.fPan;
+    const std::pair<SCENE_VIEW_S, int> rows[] = {{{.fPan = -10, .fMagnification = 4}, 50},
+                                                 {{.fPan = 10, .fMagnification = 4}, 70},
+                                                 {{.fPan = 170, .fMagnification = 2}, 70}, // beyond its edge: the edge
+                                                 {{.fPan = -170, .fTilt = 80}, 50}};
+    for (const auto &[stView, s32Luma] : rows) EXPECT_NEAR(middleOf(scene.get(), 0, stView), s32Luma, 1) << stView.fPan;
 }
 
 TEST_F(Film, SharedByCloseUpAndPanorama)
@@ -75,13 +78,9 @@ TEST_F(Film, FaultyOnesAreReplacedBySynthetic)
     const Scene synthetic(SCENE_Open("synthetic"));
     const int s32Expected = middleOf(synthetic.get(), 0);
     const std::string strWhole = video({50, 80});
-    const std::string astrFaulty[] = {root() + "/none.mp4",
-                                      root(),
-                                      file("text.mp4", "not a video\n"),
-                                      file("empty.mp4", ""),
-                                      file("head.y4m", strWhole.substr(0, 44)),
-                                      "/dev/video-none"};
-    for (const std::string &str : astrFaulty)
+    for (const std::string &str :
+         {root() + "/none.mp4", root(), file("text.mp4", "not a video\n"), file("empty.mp4", ""),
+          file("head.y4m", strWhole.substr(0, 44)), std::string("/dev/video-none")})
         EXPECT_EQ(middleOf(Scene(SCENE_Open(str.c_str())).get(), 0), s32Expected) << str;
     // Cut off in its second picture: the first goes on.
     const Scene torn(SCENE_Open(file("torn.y4m", strWhole.substr(0, strWhole.size() - 500)).c_str()));

@@ -38,39 +38,21 @@ TEST_F(ReadSettings, EndsOfRangesAndUnits)
     const auto set = [](const char *pcKey, BU_S32 s32Value) {
         EXPECT_EQ(CFG_SETTING_Set(pcKey, 0, s32Value, BU_FALSE, BU_TRUE), 0) << pcKey;
     };
-    for (const auto &[pcKey, s32Value] : {std::pair{"Brightness", 14},
-                                          {"Contrast", 0},
-                                          {"Hue", 14},
-                                          {"Sharpness", 15},
-                                          {"Gamma", 4},
-                                          {"Nr2d", 0},
-                                          {"GColorHue", -10},
-                                          {"MColorSat", 100},
-                                          {"WdrSwi", 1},
-                                          {"WdrMode", 5},
-                                          {"ImageStyle", 6},
-                                          {"RGain", 64},
-                                          {"ExposureMode", 4},
-                                          {"IrisLevel", 0},
-                                          {"Gain", 27},
-                                          {"ND-Filter", 2},
-                                          {"ExposureCompLevel", 5}})
+    // clang-format off
+    for (const auto &[pcKey, s32Value] : {
+             std::pair{"Brightness", 14}, {"Contrast", 0}, {"Hue", 14}, {"Sharpness", 15}, {"Gamma", 4}, {"Nr2d", 0},
+             {"GColorHue", -10}, {"MColorSat", 100}, {"WdrSwi", 1}, {"WdrMode", 5}, {"ImageStyle", 6}, {"RGain", 64},
+             {"ExposureMode", 4}, {"IrisLevel", 0}, {"Gain", 27}, {"ND-Filter", 2}, {"ExposureCompLevel", 5}})
+        // clang-format on
         set(pcKey, s32Value);
     EXPECT_EQ(ISP_API_SetShutter(0, SHUTTER_TIME_725, BU_FALSE, BU_TRUE), 0);
     PICTURE_SETTINGS_S stExpected;
     stExpected.fBrightness = stExpected.fHue = stExpected.fSharpness = stExpected.fGamma = 1;
-    stExpected.fContrast = -1;
-    stExpected.fNr2d = 0;
-    stExpected.afColourHue[2] = -1;
-    stExpected.afColourSat[5] = 1;
-    stExpected.s32Wdr = 6;
-    stExpected.enStyle = Bright_STYLE;
-    stExpected.afGain[0] = 0.5F;
-    stExpected.enAeMode = AE_MODE_E_MANUAL;
-    stExpected.fIrisF = 0;
-    stExpected.fGainDb = 27;
-    stExpected.fNdStops = 4;
-    stExpected.fShutterS = 1.0F / 725;
+    stExpected.fContrast = stExpected.afColourHue[2] = -1;
+    stExpected.fNr2d = stExpected.fIrisF = 0;
+    stExpected.afColourSat[5] = 1, stExpected.afGain[0] = 0.5F;
+    stExpected.s32Wdr = 6, stExpected.fNdStops = 4, stExpected.fGainDb = 27, stExpected.fShutterS = 1.0F / 725;
+    stExpected.enStyle = Bright_STYLE, stExpected.enAeMode = AE_MODE_E_MANUAL;
     EXPECT_EQ(read(0), stExpected) << "compensation is off";
     EXPECT_EQ(read(1), PICTURE_SETTINGS_S{});
 
@@ -91,16 +73,13 @@ TEST_F(ReadSettings, EndsOfRangesAndUnits)
 
 TEST_F(ReadSettings, CeilingTurnsTheCloseUpBy180Degrees)
 {
-    const struct {
-        BU_S32 s32Mount, s32Mirror, s32Flip;
-        BU_BOOL bMirror, bFlip;
-    } astCases[] = {{1, 1, 0, BU_TRUE, BU_FALSE}, {0, 0, 0, BU_TRUE, BU_TRUE}, {0, 1, 0, BU_FALSE, BU_TRUE}};
-    for (const auto &st : astCases) {
-        SYS_API_SetMountMode(st.s32Mount, BU_FALSE, BU_TRUE);
-        SYS_API_SetMirror(st.s32Mirror, BU_FALSE, BU_TRUE);
-        SYS_API_SetFlip(st.s32Flip, BU_FALSE, BU_TRUE);
-        EXPECT_EQ(read(0).bMirror, st.bMirror) << st.s32Mount;
-        EXPECT_EQ(read(0).bFlip, st.bFlip) << st.s32Mount;
+    for (const auto &[s32Mount, s32Mirror, s32Flip, bMirror, bFlip] :
+         {std::tuple{1, 1, 0, true, false}, {0, 0, 0, true, true}, {0, 1, 0, false, true}}) {
+        SYS_API_SetMountMode(s32Mount, BU_FALSE, BU_TRUE);
+        SYS_API_SetMirror(s32Mirror, BU_FALSE, BU_TRUE);
+        SYS_API_SetFlip(s32Flip, BU_FALSE, BU_TRUE);
+        EXPECT_EQ(read(0).bMirror, bMirror) << s32Mount;
+        EXPECT_EQ(read(0).bFlip, bFlip) << s32Mount;
         EXPECT_EQ(read(1).bMirror, BU_FALSE);
     }
 }
@@ -115,11 +94,10 @@ TEST_F(ReadSettings, ViewFollowsHeadAndLens)
         return st;
     };
     EXPECT_EQ(view(), SCENE_VIEW_S{});
-    const PT_MOTION_CTRL_S stMove{.u32PTDev = 0,
-                                  .enMotionType = PT_MOTION_E_ABS_POS,
-                                  .stPos = {540000 + 30 * 1500, 540000 - 10 * 1500},
-                                  .stSpd = {24, 24},
-                                  .u16SpdMul = 1};
+    // clang-format off
+    const PT_MOTION_CTRL_S stMove{.u32PTDev = 0, .enMotionType = PT_MOTION_E_ABS_POS, .stPos = {585000, 525000}, // 30, -10 degrees
+                                  .stSpd = {24, 24}, .u16SpdMul = 1};
+    // clang-format on
     EXPECT_EQ(BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMove, nullptr), 1);
     EXPECT_EQ(PTZ_API_SetZoomTime(0, 4, 7), 0);
     clock().advance(60'000);

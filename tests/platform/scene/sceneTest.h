@@ -3,7 +3,9 @@
 
 #include "scene/scene.h"
 
+#include <cmath>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 class Picture
@@ -13,10 +15,7 @@ public:
         : m_s32Width(s32Width), m_s32Height(s32Height),
           m_vec(static_cast<std::size_t>(s32Width * s32Height * 3 / 2), u8Y)
     {
-        for (std::size_t i = luma(); i < m_vec.size(); i += 2) {
-            m_vec[i] = u8U;
-            m_vec[i + 1] = u8V;
-        }
+        for (std::size_t i = luma(); i < m_vec.size(); i += 2) m_vec[i] = u8U, m_vec[i + 1] = u8V;
     }
     SCENE_FRAME_S frame()
     {
@@ -26,8 +25,22 @@ public:
     BU_U8 &u(BU_S32 x, BU_S32 y) { return m_vec[luma() + static_cast<std::size_t>(y / 2 * m_s32Width + (x & ~1))]; }
     BU_U8 &v(BU_S32 x, BU_S32 y) { return m_vec[luma() + static_cast<std::size_t>(y / 2 * m_s32Width + (x | 1))]; }
     BU_S32 width() const { return m_s32Width; }
-    BU_S32 height() const { return m_s32Height; }
     bool operator==(const Picture &) const = default;
+    /// Mean difference of all bytes.
+    double difference(const Picture &other) const
+    {
+        const auto distance = [](int a, int b) { return std::abs(a - b); };
+        return std::inner_product(m_vec.begin(), m_vec.end(), other.m_vec.begin(), 0.0, std::plus<>(), distance) /
+               static_cast<double>(m_vec.size());
+    }
+    /// Sum of the luma's steps from each point to its neighbour at that distance.
+    double steps(BU_S32 s32Left, BU_S32 s32Up)
+    {
+        double dSum = 0;
+        for (BU_S32 j = s32Up; j < m_s32Height; ++j)
+            for (BU_S32 i = s32Left; i < m_s32Width; ++i) dSum += std::abs(y(i, j) - y(i - s32Left, j - s32Up));
+        return dSum;
+    }
 
 private:
     std::size_t luma() const { return static_cast<std::size_t>(m_s32Width * m_s32Height); }
