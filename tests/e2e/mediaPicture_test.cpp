@@ -46,15 +46,9 @@ double magnified(const std::vector<double> &now, const std::vector<double> &befo
 class MediaPicture : public testing::Test
 {
 protected:
-    /// Sends a command and waits until it is done.
-    void tell(const std::string &strCommand)
-    {
-        const Bytes ack = m_pstController->ask(bytes(strCommand)), completion = m_pstController->next(5000);
-        EXPECT_EQ(ack.size(), 3u) << strCommand << ": " << hex(ack);
-        EXPECT_EQ(completion.size(), 3u) << strCommand << ": " << hex(completion);
-    }
+    void tell(const std::string &strCommand) { EXPECT_TRUE(m_controller.isDone(strCommand, 5000)) << strCommand; }
     MediaCamera m_camera;
-    std::unique_ptr<ViscaClient> m_pstController = connectTcp(m_camera.port(5678));
+    ViscaClient m_controller{m_camera};
     GrayPlayer m_player{m_camera.url("closeup_sub")};
     tagGRAY_S m_stStart = m_player.next();
 };
@@ -64,19 +58,18 @@ TEST_F(MediaPicture, FollowsTheHeadAndTheLens)
     constexpr double POINTS_PER_DEGREE = tagGRAY_S::WIDTH / 60.0;
     const auto isNear = [](double d, double dWanted) { return std::abs(d - dWanted) < 1.6; };
     // 15 degrees are 0x00D8 steps of pan, 5 degrees 0x0048 of tilt.
-    tell("81 01 06 02 18 14 00 00 0D 08 00 00 00 00 FF");
-    EXPECT_TRUE(m_player.sees([&](const tagGRAY_S &st) {
-        return isNear(movedLeft(st.columns(), m_stStart.columns()), 15 * POINTS_PER_DEGREE);
-    })) << "pan to the right";
-    tell("81 01 06 02 18 14 0F 0F 02 08 00 00 00 00 FF");
-    EXPECT_TRUE(m_player.sees([&](const tagGRAY_S &st) {
-        return isNear(movedLeft(st.columns(), m_stStart.columns()), -15 * POINTS_PER_DEGREE);
-    })) << "pan to the left";
-    tell("81 01 06 02 18 14 00 00 00 00 00 00 04 08 FF");
-    EXPECT_TRUE(m_player.sees([&](const tagGRAY_S &st) {
-        return isNear(movedLeft(st.columns(), m_stStart.columns()), 0) &&
-               isNear(movedLeft(st.rows(), m_stStart.rows()), -5 * POINTS_PER_DEGREE);
-    })) << "tilt up";
+    const struct {
+        const char *pcTo;
+        double dPan, dTilt; // [degrees] to the right, up
+    } ROWS[] = {
+        {"00 00 0D 08 00 00 00 00", 15, 0}, {"0F 0F 02 08 00 00 00 00", -15, 0}, {"00 00 00 00 00 00 04 08", 0, 5}};
+    for (const auto &row : ROWS) {
+        tell(std::string("81 01 06 02 18 14 ") + row.pcTo + " FF");
+        EXPECT_TRUE(m_player.sees([&](const tagGRAY_S &st) {
+            return isNear(movedLeft(st.columns(), m_stStart.columns()), row.dPan * POINTS_PER_DEGREE) &&
+                   (row.dPan != 0 || isNear(movedLeft(st.rows(), m_stStart.rows()), -row.dTilt * POINTS_PER_DEGREE));
+        })) << row.pcTo;
+    }
     tell("81 01 06 02 18 14 00 00 00 00 00 00 00 00 FF");
     tell("81 01 04 47 01 00 00 00 FF"); // twice as large, and a bit
     EXPECT_TRUE(m_player.sees([&](const tagGRAY_S &st) {

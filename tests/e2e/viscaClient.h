@@ -1,42 +1,34 @@
-/// A VISCA controller with a real connection: VISCA over IP, plain UDP, TCP or a serial device.
+/// A VISCA controller with a real connection: VISCA over IP, plain UDP, TCP or a serial device. Packets are text: "90
+/// 41 FF".
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <vector>
+#include "support/cameraProcess.h"
+#include "support/hex.h"
+#include "util/fileDescriptor.h"
 
-using Bytes = std::vector<std::uint8_t>;
+inline const std::string POWER_INQ = "81 09 04 00 FF", POSITION_INQ = "81 09 06 12 FF", ON = "90 50 02 FF";
+
+enum class Transport { OverIp, Udp, Tcp, Rs232, Rs422 };
 
 class ViscaClient
 {
 public:
-    virtual ~ViscaClient() = default;
-    /// Sends bytes as they are: a packet, several, or a part of one.
-    virtual void send(const Bytes &bytes) = 0;
-    /// The next packet up to its 0xFF; empty when none comes in time.
-    Bytes next(int s32TimeoutMs = 2000);
-
-    Bytes ask(const Bytes &bytes, int s32TimeoutMs = 2000)
+    explicit ViscaClient(const CameraProcess &camera, Transport enTransport = Transport::Tcp,
+                         const char *pcAddress = "127.0.0.1");
+    void send(const std::string &strHex);
+    /// The next packet up to its FF; empty when none comes in time.
+    std::string next(int s32TimeoutMs = 2000);
+    std::string ask(const std::string &strHex, int s32TimeoutMs = 2000)
     {
-        send(bytes);
+        send(strHex);
         return next(s32TimeoutMs);
     }
-
-protected:
-    /// Waits for more bytes and appends them. @return false: none came in time
-    virtual bool read(Bytes &buffer, int s32TimeoutMs) = 0;
+    /// Sends a command and waits. @return whether it is acknowledged at once, and done in time, with one socket
+    bool isDone(const std::string &strCommand, int s32TimeoutMs = 2000);
 
 private:
+    util::FileDescriptor m_fd;
+    const bool m_bHeader;
+    BU_U32 m_u32Sequence = 0xFFFFFFF0; // wraps in the middle of a test
     Bytes m_buffer;
 };
-
-std::unique_ptr<ViscaClient> connectOverIp(int s32Port, const std::string &strAddress = "127.0.0.1");
-std::unique_ptr<ViscaClient> connectUdp(int s32Port, const std::string &strAddress = "127.0.0.1");
-std::unique_ptr<ViscaClient> connectTcp(int s32Port, const std::string &strAddress = "127.0.0.1");
-std::unique_ptr<ViscaClient> openSerial(const std::string &strDevice);
-
-/// "90 41 FF"
-std::string hex(const Bytes &bytes);
-/// The other way.
-Bytes bytes(const std::string &strHex);

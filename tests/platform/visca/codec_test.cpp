@@ -8,7 +8,6 @@
 #include <set>
 
 using namespace visca;
-using testing::ElementsAreArray;
 
 namespace
 {
@@ -32,6 +31,8 @@ struct Golden {
     {                                                                                                                  \
         offsetof(tagVISCA_CTRL_INFO_S, member), sizeof(std::declval<tagVISCA_CTRL_INFO_S>().member)                    \
     }
+#define T(member) F(stAutoTracking.member)
+constexpr auto TRACK = VISCA_CMD_E_TKV_TRACKING;
 // clang-format off
 const Golden GOLDEN[] = {
     {VISCA_CMD_E_ZOOM, {F(stZoomCtrl.enZoomType), F(stZoomCtrl.u8ZoomVariable), F(stZoomCtrl.u16ZoomPos)},
@@ -107,39 +108,35 @@ const Golden GOLDEN[] = {
     {VISCA_CMD_E_SYS_MENU, {F(eSysMenuOpt)}, "01 06 06| 02=1; 03=2; 10=0; 04=8; 05=7 / 01 7E 3A| 03=3; 04=4; 05=5; 06=6"},
     {VISCA_INQ_E_IP, {F(stIpCtrl.enIpType)}, "09 7E 37| 02=4; 03=5; 04=6"},
     {VISCA_INQ_E_IR_INFO, {F(stIrCtrl.enIrType)}, "09 7E 38| 10=0; 11=1"},
-    {VISCA_CMD_E_YM_AUTO_TRACKING, {F(stAutoTracking.enAutoTrackingCtrl)}, "0A 11 54| 02=2; 03=3 / 01 7E 3B| 01 02=2; 01 03=3; 01 10=4"},
-    {VISCA_CMD_E_YM_AUTO_ZOOM, {F(stAutoTracking.enAutoZoomCtrl)}, "01 7E 3B| 02 02=2; 02 03=3"},
-    {VISCA_CMD_E_YM_AUTO_TILT, {F(stAutoTracking.enAUtoTiltCtrl)}, "01 7E 3B| 03 02=2; 03 03=3"},
-    {VISCA_CMD_E_YM_INDICATOR, {F(stAutoTracking.enDetectedIndicatorCtrl)}, "01 7E 3B| 04 02=2; 04 03=3; 04 04=4"},
-    {VISCA_CMD_E_YM_TRACKING_START_PRESET, {F(stAutoTracking.s32TrackingStartPositionpreset)}, "01 7E 3B| 05 0F 0F=FF"},
-    {VISCA_CMD_E_YM_OSD_REMINDER, {F(stAutoTracking.enOsdReminderCtrl)}, "01 7E 3B| 06 00=0; 06 01=1"},
-    {VISCA_CMD_E_YM_FIGURE_SIZE, {F(stAutoTracking.enFigureSizeCtrl), F(stAutoTracking.s32FigureSize)},
+    {VISCA_CMD_E_YM_AUTO_TRACKING, {T(enAutoTrackingCtrl)}, "0A 11 54| 02=2; 03=3 / 01 7E 3B| 01 02=2; 01 03=3; 01 10=4"},
+    {VISCA_CMD_E_YM_AUTO_ZOOM, {T(enAutoZoomCtrl)}, "01 7E 3B| 02 02=2; 02 03=3"},
+    {VISCA_CMD_E_YM_AUTO_TILT, {T(enAUtoTiltCtrl)}, "01 7E 3B| 03 02=2; 03 03=3"},
+    {VISCA_CMD_E_YM_INDICATOR, {T(enDetectedIndicatorCtrl)}, "01 7E 3B| 04 02=2; 04 03=3; 04 04=4"},
+    {VISCA_CMD_E_YM_TRACKING_START_PRESET, {T(s32TrackingStartPositionpreset)}, "01 7E 3B| 05 0F 0F=FF"},
+    {VISCA_CMD_E_YM_OSD_REMINDER, {T(enOsdReminderCtrl)}, "01 7E 3B| 06 00=0; 06 01=1"},
+    {VISCA_CMD_E_YM_FIGURE_SIZE, {T(enFigureSizeCtrl), T(s32FigureSize)},
         "01 7E 3B| 07 00=0; 07 01=1; 07 02=2; 07 03=3; 07 04 0F 06 07 00=4,F670; 07 05=5"},
-    {VISCA_CMD_E_YM_SELECY_SUBJECT, {F(stAutoTracking.enSelectSubjectCtrl)}, "01 7E 3B| 08 02=2; 08 03=3; 08 04=4"},
-    {VISCA_CMD_E_YM_PLACEMENT, {F(stAutoTracking.enPlacementCtrl)}, "01 7E 3B| 09 00=0; 09 01=1; 09 02=2"},
-    {VISCA_CMD_E_YM_AT_SPEED, {F(stAutoTracking.enAtSpeedCtrl)}, "01 7E 3B| 0A 00=0; 0A 01=1; 0A 02=2"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enAutoTrackingCtrl)}, "01 7E 3C| 00 02=0,2; 00 03=0,3; 00 10=0,4"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enAutoTrackModeCtrl)},
-        "01 7E 3C| 01 00=1; 01 01=1,1; 01 02=1,2; 01 03=1,3; 01 04=1,4"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enAutoZoomCtrl)}, "01 7E 3C| 02 02=2,2; 02 03=2,3"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enAUtoTiltCtrl)}, "01 7E 3C| 03 02=3,2; 03 03=3,3"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enAUtoPanCtrl)}, "01 7E 3C| 04 02=4,2; 04 03=4,3"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.s32TrackingStartPositionpreset)}, "01 7E 3C| 05 0F 0F=5,FF"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enFigureSizeCtrl)},
-        "01 7E 3C| 06 00=6; 06 01=6,1; 06 02=6,2; 06 03=6,3; 06 05=6,5"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enFigureSizeCtrl), F(stAutoTracking.s32FigureSize)},
-        "01 7E 3C| 06 04 0F 06 07 00=6,4,F670"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enSelectSubjectCtrl)}, "01 7E 3C| 07 02=7,2; 07 03=7,3; 07 04=7,4"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enPlacementCtrl)}, "01 7E 3C| 08 00=8; 08 01=8,1; 08 02=8,2"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.s32AtLostTime)}, "01 7E 3C| 09 0F 0F=9,FF"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enPresetAreaType), F(stAutoTracking.s32PresetAreaId)},
-        "01 7E 3C| 0A 0F 02=A,2,F; 0A 0F 03=A,3,F"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.s32PresetAreaId)}, "01 7E 3C| 0B 0F=B,F; 0C 0F=C,F; 0D 0F=D,F"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enOsdReminderCtrl)}, "01 7E 3C| 0E 00=E; 0E 01=E,1"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enDetectedIndicatorCtrl)}, "01 7E 3C| 0F 02=F,2; 0F 03=F,3; 0F 04=F,4"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.s32HeadPos)}, "01 7E 3C| 10 0F 0F=10,FF"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.s32TrackSpeed)}, "01 7E 3C| 11 0F=11,F"},
-    {VISCA_CMD_E_TKV_TRACKING, {F(stAutoTracking.enTRackParamType), F(stAutoTracking.enGestureDetect)}, "01 7E 3C| 12 02=12,2; 12 03=12,3"},
+    {VISCA_CMD_E_YM_SELECY_SUBJECT, {T(enSelectSubjectCtrl)}, "01 7E 3B| 08 02=2; 08 03=3; 08 04=4"},
+    {VISCA_CMD_E_YM_PLACEMENT, {T(enPlacementCtrl)}, "01 7E 3B| 09 00=0; 09 01=1; 09 02=2"},
+    {VISCA_CMD_E_YM_AT_SPEED, {T(enAtSpeedCtrl)}, "01 7E 3B| 0A 00=0; 0A 01=1; 0A 02=2"},
+    {TRACK, {T(enTRackParamType), T(enAutoTrackingCtrl)}, "01 7E 3C| 00 02=0,2; 00 03=0,3; 00 10=0,4"},
+    {TRACK, {T(enTRackParamType), T(enAutoTrackModeCtrl)}, "01 7E 3C| 01 00=1; 01 01=1,1; 01 02=1,2; 01 03=1,3; 01 04=1,4"},
+    {TRACK, {T(enTRackParamType), T(enAutoZoomCtrl)}, "01 7E 3C| 02 02=2,2; 02 03=2,3"},
+    {TRACK, {T(enTRackParamType), T(enAUtoTiltCtrl)}, "01 7E 3C| 03 02=3,2; 03 03=3,3"},
+    {TRACK, {T(enTRackParamType), T(enAUtoPanCtrl)}, "01 7E 3C| 04 02=4,2; 04 03=4,3"},
+    {TRACK, {T(enTRackParamType), T(s32TrackingStartPositionpreset)}, "01 7E 3C| 05 0F 0F=5,FF"},
+    {TRACK, {T(enTRackParamType), T(enFigureSizeCtrl)}, "01 7E 3C| 06 00=6; 06 01=6,1; 06 02=6,2; 06 03=6,3; 06 05=6,5"},
+    {TRACK, {T(enTRackParamType), T(enFigureSizeCtrl), T(s32FigureSize)}, "01 7E 3C| 06 04 0F 06 07 00=6,4,F670"},
+    {TRACK, {T(enTRackParamType), T(enSelectSubjectCtrl)}, "01 7E 3C| 07 02=7,2; 07 03=7,3; 07 04=7,4"},
+    {TRACK, {T(enTRackParamType), T(enPlacementCtrl)}, "01 7E 3C| 08 00=8; 08 01=8,1; 08 02=8,2"},
+    {TRACK, {T(enTRackParamType), T(s32AtLostTime)}, "01 7E 3C| 09 0F 0F=9,FF"},
+    {TRACK, {T(enTRackParamType), T(enPresetAreaType), T(s32PresetAreaId)}, "01 7E 3C| 0A 0F 02=A,2,F; 0A 0F 03=A,3,F"},
+    {TRACK, {T(enTRackParamType), T(s32PresetAreaId)}, "01 7E 3C| 0B 0F=B,F; 0C 0F=C,F; 0D 0F=D,F"},
+    {TRACK, {T(enTRackParamType), T(enOsdReminderCtrl)}, "01 7E 3C| 0E 00=E; 0E 01=E,1"},
+    {TRACK, {T(enTRackParamType), T(enDetectedIndicatorCtrl)}, "01 7E 3C| 0F 02=F,2; 0F 03=F,3; 0F 04=F,4"},
+    {TRACK, {T(enTRackParamType), T(s32HeadPos)}, "01 7E 3C| 10 0F 0F=10,FF"},
+    {TRACK, {T(enTRackParamType), T(s32TrackSpeed)}, "01 7E 3C| 11 0F=11,F"},
+    {TRACK, {T(enTRackParamType), T(enGestureDetect)}, "01 7E 3C| 12 02=12,2; 12 03=12,3"},
     {VISCA_CMD_E_YM_DEVICE_MODEL, {F(enQLS500Model)}, "01 7E 3D| 01 00=0; 01 01=1"},
     {VISCA_CMD_E_YM_PAN_TILT, {F(stYMPTCtrl.u32Type), F(stYMPt.u32Type), F(stYMPt.u32PanSpeed), F(stYMPt.u32TiltSpeed)}, "01 7E 3D| 02 0F 0F 0E 0F 0D=0,F,FE,FD"},
     {VISCA_CMD_E_YM_PAN_TILT, {F(stYMPTCtrl.u32Type), F(stYMPTCtrl.u32PanPos), F(stYMPTCtrl.u32TiltPos)}, "01 7E 3D| 03 0F 06 07 00 00 01 02 03=1,F670,123"},
@@ -164,13 +161,15 @@ const Golden GOLDEN[] = {
     {VISCA_INQ_E_YM_DETECTED_INDICATOR, {}, "09 7E 3B 04"}, {VISCA_INQ_E_YM_TRACKING_START, {}, "09 7E 3B 05"},
     {VISCA_INQ_E_YM_TRACKING_START_POSITION, {}, "09 7E 3B 0B"}, {VISCA_INQ_E_YM_OSD_REMINDER, {}, "09 7E 3B 06"},
     {VISCA_INQ_E_YM_FIGURE_SIZE, {}, "09 7E 3B 07"}, {VISCA_INQ_E_YM_CURRENT_CUSTOMIZED_FIGURE_SIZE, {}, "09 7E 3B 0C"},
-    {VISCA_INQ_E_YM_PLACEMENT_STATUS, {}, "09 7E 3B 09"}, {VISCA_INQ_E_YM_AUTO_TRACKING_SPEED, {}, "09 7E 3B 0A"}, {VISCA_INQ_E_TKV_HEAD_POS, {}, "09 7E 3C 10"},
-    {VISCA_INQ_E_TKV_TRACKSPEED, {}, "09 7E 3C 11"}, {VISCA_INQ_E_TKV_GESTURE_DETECT, {}, "09 7E 3C 12"}, {VISCA_INQ_E_YM_RECORD_STATUS, {}, "09 7E 3D 04"},
-    {VISCA_INQ_E_YM_PAN_REVERSE, {}, "09 7E 3D 05"}, {VISCA_INQ_E_YM_TILT_REVERSE, {}, "09 7E 3D 06"}, {VISCA_INQ_E_TKV_VDIEO_PARAMETER, {}, "09 7E 3D 07"},
-    {VISCA_INQ_E_YM_LAST_PT_OPERATED, {}, "09 7E 3D 08"}, {VISCA_INQ_E_YM_SYSTEM_STATUS, {}, "09 7E 3E 01"}, {VISCA_INQ_E_TKV_BLOCK_DATA, {}, "09 7E 3E 02"},
+    {VISCA_INQ_E_YM_PLACEMENT_STATUS, {}, "09 7E 3B 09"}, {VISCA_INQ_E_YM_AUTO_TRACKING_SPEED, {}, "09 7E 3B 0A"},
+    {VISCA_INQ_E_TKV_HEAD_POS, {}, "09 7E 3C 10"}, {VISCA_INQ_E_TKV_TRACKSPEED, {}, "09 7E 3C 11"}, {VISCA_INQ_E_TKV_GESTURE_DETECT, {}, "09 7E 3C 12"},
+    {VISCA_INQ_E_YM_RECORD_STATUS, {}, "09 7E 3D 04"}, {VISCA_INQ_E_YM_PAN_REVERSE, {}, "09 7E 3D 05"}, {VISCA_INQ_E_YM_TILT_REVERSE, {}, "09 7E 3D 06"},
+    {VISCA_INQ_E_TKV_VDIEO_PARAMETER, {}, "09 7E 3D 07"}, {VISCA_INQ_E_YM_LAST_PT_OPERATED, {}, "09 7E 3D 08"},
+    {VISCA_INQ_E_YM_SYSTEM_STATUS, {}, "09 7E 3E 01"}, {VISCA_INQ_E_TKV_BLOCK_DATA, {}, "09 7E 3E 02"},
 };
 // clang-format on
 #undef F
+#undef T
 
 /// The motors of the commands that have some, by the beginning of their packets; the longest that fits counts.
 const struct {
@@ -190,23 +189,13 @@ const struct {
 };
 
 // Packets that no row may take: values out of range, wrong lengths, bytes of no function.
-const char *const WRONG[] = {"81 01 04 07 28 FF",
-                             "81 01 04 07 01 FF",
-                             "81 01 04 47 10 00 00 00 FF",
-                             "81 01 04 47 00 00 00 FF",
-                             "81 01 06 01 19 14 03 01 FF",
-                             "81 01 06 01 05 05 04 01 FF",
-                             "81 01 04 35 06 FF",
-                             "81 01 04 00 02 00 FF",
-                             "81 09 04 FF",
-                             "81 09 04 00 00 FF",
-                             "81 0B 04 00 FF",
-                             "88 30 00 FF",
-                             "88 30 08 FF",
-                             "88 01 04 00 02 FF",
-                             "81 30 01 FF",
-                             "81 01 04 23 03 FF",
-                             "81 01 7E 30 01 01 01 FF"};
+// clang-format off
+const char *const WRONG[] = {
+    "81 01 04 07 28 FF", "81 01 04 07 01 FF", "81 01 04 47 10 00 00 00 FF", "81 01 04 47 00 00 00 FF",
+    "81 01 06 01 19 14 03 01 FF", "81 01 06 01 05 05 04 01 FF", "81 01 04 35 06 FF", "81 01 04 00 02 00 FF",
+    "81 09 04 FF", "81 09 04 00 00 FF", "81 0B 04 00 FF", "88 30 00 FF", "88 30 08 FF", "88 01 04 00 02 FF",
+    "81 30 01 FF", "81 01 04 23 03 FF", "81 01 7E 30 01 01 01 FF",};
+// clang-format on
 /// The packets of a line, whole, each with its numbers.
 std::vector<std::pair<std::string, std::vector<BU_U32>>> packetsOf(const Golden &golden)
 {
@@ -269,10 +258,8 @@ TEST(ViscaCodec, PacketsAndTheRecordsTheyMean)
 
 TEST(ViscaCodec, TakesNothingElse)
 {
-    for (const char *pcBytes : WRONG) {
-        tagVISCA_CTRL_INFO_S stInfo;
-        EXPECT_FALSE(decode(bytes(pcBytes), stInfo)) << pcBytes;
-    }
+    tagVISCA_CTRL_INFO_S stInfo;
+    for (const char *pcBytes : WRONG) EXPECT_FALSE(decode(bytes(pcBytes), stInfo)) << pcBytes;
 }
 
 TEST(ViscaCodec, NoPacketFitsTwoRows)
@@ -289,33 +276,22 @@ TEST(ViscaCodec, NoPacketFitsTwoRows)
         }
 }
 
-TEST(ViscaCodec, EveryKindHasAPacket)
-{
-    for (BU_S32 i = VISCA_CMD_E_CANCEL; i < VISCA_CMD_INQ_E_BUTT; ++i)
-        EXPECT_EQ(std::ranges::any_of(GOLDEN, [=](const Golden &golden) { return golden.enType == i; }),
-                  i != VISCA_INQ_E_NONE)
-            << i;
-}
-
 // A stream of good packets, noise, and packets without end, cut at every place: always the same packets come out.
 TEST(ViscaCodec, SplitsTheSameWhereverTheStreamIsCut)
 {
     const Bytes stream = bytes("00 FF 7F 81 09 04 00 FF 81 01 06 01 05 05 03 01 FF 13 81 FF "
                                "81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F 81 09 04 00 FF "
                                "82 01 04 81 82 83 84 85 86 87 88 89 8A 8B 8C FF 88 30 01 FF");
-    const std::vector<std::string> expected = {"81 09 04 00 FF",
-                                               "81 01 06 01 05 05 03 01 FF",
-                                               "81 FF",
-                                               "long 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F",
-                                               "82 01 04 81 82 83 84 85 86 87 88 89 8A 8B 8C FF",
-                                               "88 30 01 FF"};
+    const std::string strExpected = "81 09 04 00 FF, 81 01 06 01 05 05 03 01 FF, 81 FF, "
+                                    "long 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F, "
+                                    "82 01 04 81 82 83 84 85 86 87 88 89 8A 8B 8C FF, 88 30 01 FF, ";
     for (std::size_t cut = 0; cut <= stream.size(); ++cut) {
         Splitter splitter;
-        std::vector<std::string> found;
+        std::string strFound;
         for (std::span<const BU_U8> part : {std::span(stream).first(cut), std::span(stream).subspan(cut)})
             while (const auto result = splitter.next(part))
-                found.push_back((result->bTooLong ? "long " : "") + hex(result->packet));
-        EXPECT_THAT(found, ElementsAreArray(expected)) << "cut at " << cut;
+                strFound += (result->bTooLong ? "long " : "") + hex(result->packet) + ", ";
+        EXPECT_EQ(strFound, strExpected) << "cut at " << cut;
     }
 }
 

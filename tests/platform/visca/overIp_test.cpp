@@ -22,47 +22,42 @@ std::string outcome(const char *pcDatagram, overip::Sequence &sequence)
     return "answer " + hex(answer);
 }
 
-class OverIpDialogue : public testing::TestWithParam<Dialogue>
-{
-};
+// clang-format off
+const Dialogue DIALOGUES[] = {
+    // any start value, jumps both ways, wrap
+    {{"01 10 00 05 00 00 12 34 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+     {"01 10 00 05 00 00 00 02 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+     {"01 00 00 05 FF FF FF FF 81 01 06 04 FF", "deliver 81 01 06 04 FF"},
+     {"01 20 00 05 00 00 00 00 81 01 06 04 FF", "deliver 81 01 06 04 FF"},
+     {"01 20 00 05 00 00 00 00 81 01 06 04 FF", "answer 02 01 00 02 00 00 00 00 0F 01"}, // the number of the message before
+     {"01 10 00 05 00 00 00 01 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
+    // RESET: its own number does not count, the next may be any, also the last one again
+    {{"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
+     {"02 00 00 01 00 00 00 00 01", "answer 02 01 00 01 00 00 00 00 01"},
+     {"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
+    // message types and control messages that are none
+    {{"01 11 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
+     {"07 77 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
+     {"02 00 00 01 00 00 00 02 05", "answer 02 01 00 02 00 00 00 02 0F 02"},
+     {"02 00 00 02 00 00 00 02 0F 01", "answer 02 01 00 02 00 00 00 02 0F 02"},
+     {"02 00 00 00 00 00 00 02", "answer 02 01 00 02 00 00 00 02 0F 02"}},
+    // payload lengths
+    {{"01 00 00 00 00 00 00 01", "answer 01 11 00 04 00 00 00 01 90 60 01 FF"},
+     {"01 00 00 06 00 00 00 02 81 09 04 00 FF", "answer 01 11 00 04 00 00 00 02 90 60 01 FF"},
+     {"01 00 00 11 00 00 00 03 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F FF", "answer 01 11 00 04 00 00 00 03 90 60 01 FF"},
+     {"01 00 00 10 00 00 00 03 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E FF", "deliver 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E FF"},
+     {"01 00 00 05 00 00 00", "drop"}}};
+// clang-format on
 } // namespace
 
-TEST_P(OverIpDialogue, IsAnsweredByTheRules)
+TEST(ViscaOverIp, DialoguesAreAnsweredByTheRules)
 {
-    overip::Sequence sequence;
-    for (const Step &step : GetParam()) EXPECT_EQ(outcome(step.pcDatagram, sequence), step.pcOutcome);
+    for (const Dialogue &dialogue : DIALOGUES) {
+        overip::Sequence sequence;
+        for (const Step &step : dialogue)
+            EXPECT_EQ(outcome(step.pcDatagram, sequence), step.pcOutcome) << step.pcDatagram;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, OverIpDialogue,
-    testing::Values(
-        // any start value, jumps both ways, wrap
-        Dialogue{{"01 10 00 05 00 00 12 34 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
-                 {"01 10 00 05 00 00 00 02 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
-                 {"01 00 00 05 FF FF FF FF 81 01 06 04 FF", "deliver 81 01 06 04 FF"},
-                 {"01 20 00 05 00 00 00 00 81 01 06 04 FF", "deliver 81 01 06 04 FF"}},
-        // the number of the message before
-        Dialogue{{"01 10 00 05 00 00 00 09 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
-                 {"01 10 00 05 00 00 00 09 81 09 04 00 FF", "answer 02 01 00 02 00 00 00 09 0F 01"},
-                 {"01 10 00 05 00 00 00 0A 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
-        // RESET: its own number does not count, the next may be any, also the last one again
-        Dialogue{{"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"},
-                 {"02 00 00 01 00 00 00 00 01", "answer 02 01 00 01 00 00 00 00 01"},
-                 {"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
-        // message types and control messages that are none
-        Dialogue{{"01 11 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
-                 {"07 77 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
-                 {"02 00 00 01 00 00 00 02 05", "answer 02 01 00 02 00 00 00 02 0F 02"},
-                 {"02 00 00 02 00 00 00 02 0F 01", "answer 02 01 00 02 00 00 00 02 0F 02"},
-                 {"02 00 00 00 00 00 00 02", "answer 02 01 00 02 00 00 00 02 0F 02"}},
-        // payload lengths
-        Dialogue{{"01 00 00 00 00 00 00 01", "answer 01 11 00 04 00 00 00 01 90 60 01 FF"},
-                 {"01 00 00 06 00 00 00 02 81 09 04 00 FF", "answer 01 11 00 04 00 00 00 02 90 60 01 FF"},
-                 {"01 00 00 11 00 00 00 03 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F FF",
-                  "answer 01 11 00 04 00 00 00 03 90 60 01 FF"},
-                 {"01 00 00 10 00 00 00 03 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E FF",
-                  "deliver 81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E FF"},
-                 {"01 00 00 05 00 00 00", "drop"}}));
 
 TEST(ViscaPeerTable, IsBoundedAndForgetsTheOldest)
 {

@@ -56,10 +56,16 @@ class SessionDialogue : public Session, public testing::WithParamInterface<Dialo
 };
 } // namespace
 
+/// A step's input: bytes, with "2: " of that controller; "end 0" or "fail 0" of what the service saw as that number.
 TEST_P(SessionDialogue, Answers)
 {
-    for (const Step &step : GetParam().steps)
-        EXPECT_THAT(feed(step.strIn), ElementsAreArray(step.listOut)) << step.strIn;
+    for (const auto &[strIn, listOut] : GetParam().steps) {
+        const bool bEnd = strIn.starts_with("end"), bFail = strIn.starts_with("fail"), bPeer = strIn.find(':') == 1;
+        if (bEnd || bFail) finish(static_cast<std::size_t>(strIn.back() - '0'), bEnd);
+        EXPECT_THAT(bEnd || bFail ? sent() : feed(strIn.substr(bPeer ? 3 : 0), CMD_FROM_E_NET_TCP_IN, bPeer ? 2 : 1),
+                    ElementsAreArray(listOut))
+            << strIn;
+    }
 }
 
 // clang-format off
@@ -76,45 +82,18 @@ INSTANTIATE_TEST_SUITE_P(Rows, SessionDialogue, testing::Values(
     Dialogue{"CancelNamesARunningCommand", {{ABS, {"90 41 FF"}}, {"81 22 FF", {"90 62 05 FF"}}, {"81 21 FF", {"90 61 04 FF"}}, {"81 21 FF", {"90 61 05 FF"}}}},
     Dialogue{"ClearFreesBothSockets", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {"88 01 00 01 FF", {"88 01 00 01 FF"}}, {ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}},
                                             {"81 01 00 01 FF", {"90 50 FF"}}, {ABS, {"90 41 FF"}}}},
+    Dialogue{"LateEndAnswersOnceAndFreesTheSocket", {{ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}, {"end 1", {"90 52 FF"}}, {"end 1", {}},
+                                                          {"fail 0", {"90 61 04 FF"}}, {ABS, {"90 41 FF"}}, {ZOOM_DIRECT, {"90 42 FF"}}}}, // failed: another took the move over
+    Dialogue{"EndOfACancelledCommandIsNotTakenForItsSuccessor", {{ABS, {"90 41 FF"}}, {"81 21 FF", {"90 61 04 FF"}}, {ABS, {"90 41 FF"}}, {"end 0", {}},
+                                                                      {"end 2", {"90 51 FF"}}}}, // 1 is the cancel message, of which the service hears
+    Dialogue{"EachControllerHasItsOwnSockets", {{ABS, {"90 41 FF"}}, {std::string("2: ") + ABS, {"90 41 FF"}}, {"2: 81 22 FF", {"90 62 05 FF"}},
+                                                     {"2: 81 21 FF", {"90 61 04 FF"}}, {"81 21 FF", {"90 61 04 FF"}}}},
     Dialogue{"WrongPackets", {{"81 FF", {"90 60 01 FF"}}, {"81 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F 10 FF", {"90 60 01 FF"}},
                                    {"81 01 04 77 00 FF", {"90 60 02 FF"}}, {"88 01 04 00 02 FF", {"90 60 02 FF"}}, {"8C 09 04 00 FF", {"90 60 02 FF"}}}},
     Dialogue{"AnswersComeFromTheAddressAsked", {{"84 09 04 00 FF", {"C0 50 02 FF"}}, {"87 01 04 07 00 FF", {"F0 41 FF", "F0 51 FF"}}, {"83 01 04 07 FF", {"B0 60 02 FF"}}}},
     Dialogue{"AddressSettingOnTheNetworkChangesNothing", {{"88 30 01 FF", {"88 30 02 FF"}}}}),
     [](const auto &row) { return row.param.pcName; });
 // clang-format on
-
-TEST_F(Session, LateEndAnswersOnceAndFreesTheSocket)
-{
-    EXPECT_THAT(feed(ABS), ElementsAre("90 41 FF"));
-    EXPECT_THAT(feed(ZOOM_DIRECT), ElementsAre("90 42 FF"));
-    finish(1);
-    EXPECT_THAT(sent(), ElementsAre("90 52 FF"));
-    EXPECT_EQ(finish(1), 0);
-    EXPECT_THAT(sent(), IsEmpty()) << "ended twice";
-    finish(0, BU_FALSE); // another command took the move over
-    EXPECT_THAT(sent(), ElementsAre("90 61 04 FF"));
-    EXPECT_EQ(library().sockets.running(), 0u);
-}
-
-TEST_F(Session, EndOfACancelledCommandIsNotTakenForItsSuccessor)
-{
-    feed(ABS);
-    EXPECT_THAT(feed("81 21 FF"), ElementsAre("90 61 04 FF"));
-    EXPECT_THAT(feed(ABS), ElementsAre("90 41 FF"));
-    finish(0);
-    EXPECT_THAT(sent(), IsEmpty());
-    finish(2); // 1 is the cancel message, of which the service hears
-    EXPECT_THAT(sent(), ElementsAre("90 51 FF"));
-}
-
-TEST_F(Session, EachControllerHasItsOwnSockets)
-{
-    EXPECT_THAT(feed(ABS, CMD_FROM_E_NET_TCP_IN, 1), ElementsAre("90 41 FF"));
-    EXPECT_THAT(feed(ABS, CMD_FROM_E_NET_TCP_IN, 2), ElementsAre("90 41 FF"));
-    EXPECT_THAT(feed("81 22 FF", CMD_FROM_E_NET_TCP_IN, 2), ElementsAre("90 62 05 FF"));
-    EXPECT_THAT(feed("81 21 FF", CMD_FROM_E_NET_TCP_IN, 2), ElementsAre("90 61 04 FF"));
-    EXPECT_EQ(library().sockets.running(), 1u);
-}
 
 TEST_F(Session, CancelAndClearStopTheMotors)
 {
@@ -261,18 +240,14 @@ TEST_F(Session, StandbyEndsWithPowerOnAlone)
 
 TEST_F(Session, PublicInquiriesOfPictureSettingsHaveTheirPublicForm)
 {
-    const struct {
-        const char *pcIn;
-        Bytes payload;
-        const char *pcOut;
-    } astCase[] = {{"81 09 04 A1 FF", {0x0A, 0x05}, "90 50 00 00 0A 05 FF"},
-                   {"81 09 7E 32 01 FF", {0x0A, 0x05}, "90 50 0A 05 FF"},
-                   {"81 09 04 3D FF", {0x00}, "90 50 03 FF"},
-                   {"81 09 04 3D FF", {0x03}, "90 50 02 FF"},
-                   {"81 09 7E 32 08 FF", {0x03}, "90 50 03 FF"}};
-    for (const auto &c : astCase) {
-        Service::payload = c.payload;
-        EXPECT_THAT(feed(c.pcIn), ElementsAre(c.pcOut)) << c.pcIn;
+    // clang-format off
+    const std::tuple<const char *, Bytes, const char *> ROWS[] = {
+        {"81 09 04 A1 FF", {0x0A, 0x05}, "90 50 00 00 0A 05 FF"}, {"81 09 7E 32 01 FF", {0x0A, 0x05}, "90 50 0A 05 FF"},
+        {"81 09 04 3D FF", {0x00}, "90 50 03 FF"}, {"81 09 04 3D FF", {0x03}, "90 50 02 FF"}, {"81 09 7E 32 08 FF", {0x03}, "90 50 03 FF"}};
+    // clang-format on
+    for (const auto &[pcIn, payload, pcOut] : ROWS) {
+        Service::payload = payload;
+        EXPECT_THAT(feed(pcIn), ElementsAre(pcOut)) << pcIn;
     }
 }
 

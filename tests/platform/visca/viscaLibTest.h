@@ -3,6 +3,7 @@
 #pragma once
 
 #include "net.h"
+#include "support/hex.h"
 #include "support/platformTest.h"
 #include "turn.h"
 
@@ -10,28 +11,6 @@
 #include "camera/motion.h"
 
 #include <condition_variable>
-#include <sstream>
-
-typedef std::vector<BU_U8> Bytes;
-
-inline Bytes bytes(const std::string &strHex)
-{
-    Bytes list;
-    std::istringstream stream(strHex);
-    for (unsigned value; stream >> std::hex >> value;) list.push_back(static_cast<BU_U8>(value));
-    return list;
-}
-
-inline std::string hex(std::span<const BU_U8> list)
-{
-    std::string strHex;
-    char acByte[4];
-    for (const BU_U8 u8 : list) {
-        std::snprintf(acByte, sizeof acByte, " %02X", u8);
-        strHex += acByte;
-    }
-    return strHex.empty() ? "" : strHex.substr(1);
-}
 
 /// Whether a message moves motors to a target.
 inline bool isMove(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
