@@ -35,7 +35,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <ranges>
 #include <vector>
 
 namespace
@@ -68,10 +67,11 @@ bool hasPicture(const Board &b) { return *b.pbSensorInitOk && b.pstHwAbi->stLens
 bool hasFocus(const Board &b)
 {
     HW_CAPS_LENS_ARRAY_S &stLens = b.pstHwAbi->stLens;
-    return hasPicture(b) && b.stGeneral.bAf == BU_TRUE &&
-           std::ranges::any_of(std::views::iota(0, stLens.s32DevCnt), [&](BU_S32 i) {
-               return appServiceGetInterfaceStatus(stLens.astZfDevPub, stLens.s32DevCnt, i) != DEVICE_SELFCHECK_E_FAIL;
-           });
+    if (!hasPicture(b) || b.stGeneral.bAf != BU_TRUE) return false;
+    for (BU_S32 i = 0; i < stLens.s32DevCnt; ++i)
+        if (appServiceGetInterfaceStatus(stLens.astZfDevPub, stLens.s32DevCnt, i) != DEVICE_SELFCHECK_E_FAIL)
+            return true;
+    return false;
 }
 
 bool hasTracking(const Board &b) { return *b.pbSensorInitOk == BU_TRUE && b.stControl.bAiSupport; }

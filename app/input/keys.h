@@ -59,7 +59,8 @@ bool readRemote(const input_event &stEvent, KeyEvent &stKey);
 
 /// One key of a device: the kernel's code, the key, its handler. Null: the key is taken in silence.
 struct KeyRow {
-    KEY_TRANS_MAP_S stCode;
+    BU_S32 s32KernCode;
+    KEY_TYPE_E enKey;
     KEY_FUNC pfKeyCb;
 };
 struct KeyTables {
@@ -71,7 +72,9 @@ struct KeyTables {
 template <const auto &ROWS>
 inline constexpr auto KEY_MAP = [] {
     std::array<KEY_TRANS_MAP_S, std::size(ROWS)> map;
-    std::ranges::transform(ROWS, map.begin(), &KeyRow::stCode);
+    std::ranges::transform(ROWS, map.begin(), [](const KeyRow &st) {
+        return KEY_TRANS_MAP_S{st.s32KernCode, st.enKey};
+    });
     return map;
 }();
 template <const auto &ROWS>
@@ -79,7 +82,7 @@ inline constexpr auto KEY_HANDLERS = [] {
     std::array<KEY_CB_S, std::size(ROWS) - std::ranges::count(ROWS, nullptr, &KeyRow::pfKeyCb)> handlers;
     auto at = handlers.begin();
     for (const KeyRow &stRow : ROWS)
-        if (stRow.pfKeyCb) *at++ = {stRow.stCode.enKeyUserCode, stRow.pfKeyCb};
+        if (stRow.pfKeyCb) *at++ = {stRow.enKey, stRow.pfKeyCb};
     return handlers;
 }();
 template <const auto &ROWS> inline constexpr KeyTables TABLES{KEY_MAP<ROWS>, KEY_HANDLERS<ROWS>};

@@ -160,7 +160,7 @@ void readAbility(const Json &node, tagHW_ABILITY_S &stAbility)
 /// "a.b.c" or "a.b.c.d", each number a byte; the fourth is 0 when it is left out.
 void readBytes(const Json &node, BU_U8 (&au8Bytes)[4])
 {
-    const std::string strText = node.text(15);
+    const std::string &strText = node.text(15);
     unsigned au32[4] = {};
     int s32Used[4] = {};
     const int s32Numbers = std::sscanf(strText.c_str(), "%3u%n.%3u%n.%3u%n.%3u%n", &au32[0], &s32Used[0], &au32[1],
@@ -173,7 +173,7 @@ void readBytes(const Json &node, BU_U8 (&au8Bytes)[4])
 
 void readMac(const Json &node, BU_U8 (&au8Mac)[6])
 {
-    const std::string strText = node.text(17);
+    const std::string &strText = node.text(17);
     unsigned au32[6];
     int s32Used = 0;
     if (std::sscanf(strText.c_str(), "%2x:%2x:%2x:%2x:%2x:%2x%n", &au32[0], &au32[1], &au32[2], &au32[3], &au32[4],

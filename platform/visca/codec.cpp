@@ -21,7 +21,8 @@ public:
         for (const Topic &topic : topics())
             for (const Row &row : topic.rows) m_rows.push_back({keyOf(row.pattern), &row});
         std::ranges::stable_sort(m_rows, {}, &Entry::u32Key);
-        m_loose = std::ranges::subrange(m_rows.begin(), std::ranges::upper_bound(m_rows, LOOSE, {}, &Entry::u32Key));
+        const auto end = std::ranges::upper_bound(m_rows, LOOSE, {}, &Entry::u32Key);
+        m_loose = {m_rows.data(), static_cast<std::size_t>(end - m_rows.begin())};
     }
     template <class F> const Row *find(std::span<const BU_U8> body, F fits) const
     {
@@ -58,7 +59,7 @@ private:
         return bFixed ? keyOf({p.au8Value.data(), p.size}) : LOOSE;
     }
     std::vector<Entry> m_rows;
-    std::ranges::subrange<std::vector<Entry>::const_iterator> m_loose;
+    std::span<const Entry> m_loose; // of m_rows
 };
 
 const Index &index()

@@ -174,16 +174,17 @@ public:
     }
 
     /// Stores some fields in one step, {key, value} each, within their limits. @return as save; -1 also for no such key
-    BU_S32 put(Values listValues, const std::string &strInstance = "") const
+    BU_S32 put(const Values &listValues, const std::string &strInstance = "") const
     {
-        for (auto &[strKey, strValue] : listValues) {
+        Values listStored;
+        for (const auto &[strKey, strValue] : listValues) {
             const auto field = std::ranges::find(m_fields, strKey, &Limits::pcKey);
             const Fault fault =
                 field == m_fields.end() ? Fault("there is no such field") : store::faultOf(*field, strValue);
-            strKey = section(strInstance) + strKey;
-            if (fault) return refuse(strKey, fault);
+            listStored.emplace_back(section(strInstance).append(strKey), strValue);
+            if (fault) return refuse(listStored.back().first, fault);
         }
-        return CFG_STORE_SetTexts(listValues);
+        return CFG_STORE_SetTexts(listStored);
     }
 
     /// "{1, "closeup", 2}", secrets as "***".
