@@ -9,6 +9,7 @@
 #include "camera/zoom.h"
 
 #include <cmath>
+#include <functional>
 #include <map>
 #include <sstream>
 
@@ -25,11 +26,14 @@ protected:
     static constexpr PT_CTRL_FROM_E FROM = PT_CTRL_E_FROM_VISCA;
     static constexpr ZF_CTRL_FROM_E ZF_FROM = ZF_CTRL_E_FROM_VISCA;
     static constexpr BU_S32 CENTRE = 540000, DEGREE = 1500;
+    static constexpr PT_SPEED_LIMIT_T LIMITS{5, 12000, 5, 9000, 100};
+    static constexpr double CLOSE = 0.001; // degrees
 
-    MotionTest()
+    MotionTest() { start(); }
+    void start()
     {
+        CFG_STORE_Open(nullptr);
         CFG_SETTING_Reload();
-        constexpr PT_SPEED_LIMIT_T LIMITS{5, 12000, 5, 9000, 100};
         PT_API_InitByXml(&LIMITS, {});
         BSP_PTProcInit(0, nullptr);
         ZF_API_StartService();
@@ -41,6 +45,7 @@ protected:
                                 (s32Size == sizeof(int) ? "" : " with a wrong size"));
         });
         reports().clear();
+        m_dSpeed = 60;
     }
 
     /// Motor position of a number of degrees.
@@ -64,26 +69,24 @@ protected:
         st.u32ZoomPos = st.u32FocusPos = u32Pos;
         return st;
     }
+    static BU_S32 command(const PT_MOTION_CTRL_S &st, int *pi = nullptr) { return BSP_PTCtrlMotion(FROM, &st, pi); }
+    static BU_S32 command(const ZF_MOTION_CTRL_S &st, int *pi = nullptr) { return BSP_ZFCtrlMotion(ZF_FROM, &st, pi); }
 
-    /// Commands without data, and with the number that the report will name.
-    static BU_S32 command(const PT_MOTION_CTRL_S &st) { return BSP_PTCtrlMotion(FROM, &st, nullptr); }
-    static BU_S32 command(const PT_MOTION_CTRL_S &st, int iData) { return BSP_PTCtrlMotion(FROM, &st, &iData); }
-    static BU_S32 command(const ZF_MOTION_CTRL_S &st) { return BSP_ZFCtrlMotion(ZF_FROM, &st, nullptr); }
-    static BU_S32 command(const ZF_MOTION_CTRL_S &st, int iData) { return BSP_ZFCtrlMotion(ZF_FROM, &st, &iData); }
-
-    /// A script of moves in turn: "move#1=1 stop" moves with the data 1, must answer 1, then stops. "wait1260" lets so
-    /// many milliseconds pass.
+    /// A script of steps in turn: "to90#1=1 wait1000 at52.5" moves to 90 degrees with the data 1, which must answer 1,
+    /// and a second later the head must be at 52.5 degrees. "zoomed" and "focused" check the lens, "speed" is degrees a
+    /// second.
     void run(const std::string &strScript)
     {
+        SCOPED_TRACE(strScript);
         std::istringstream in(strScript);
         for (std::string strWord; in >> strWord;) {
             const auto end = strWord.find('='), mark = strWord.find('#');
-            const std::string strName = strWord.substr(0, std::min(mark, end));
+            const std::string strStep = strWord.substr(0, std::min(mark, end));
+            const auto digits = std::min(strStep.find_first_of("-0123456789"), strStep.size());
+            const double dNumber = digits < strStep.size() ? std::stod(strStep.substr(digits)) : 0;
             int iData = mark == strWord.npos ? 0 : std::stoi(strWord.substr(mark + 1));
-            const BU_S32 s32Result = runStep(strName, mark == strWord.npos ? nullptr : &iData);
-            if (end != strWord.npos) {
-                EXPECT_EQ(s32Result, std::stoi(strWord.substr(end + 1))) << strWord;
-            }
+            const BU_S32 s32Result = step(strStep.substr(0, digits), dNumber, mark == strWord.npos ? nullptr : &iData);
+            EXPECT_TRUE(end == strWord.npos || s32Result == std::stoi(strWord.substr(end + 1))) << strWord << s32Result;
         }
     }
 
@@ -95,46 +98,43 @@ protected:
     }
     static double pan() { return (static_cast<double>(head().u32PanPos) - CENTRE) / DEGREE; }
     static double tilt() { return (static_cast<double>(head().u32TiltPos) - CENTRE) / DEGREE; }
-    static BU_S32 zoom()
+    template <BU_S32 (*GET)(BU_S32, BU_S32 *)> static BU_S32 valueOf()
     {
         BU_S32 s32 = -1;
-        PTZ_API_GetZoomPos(0, &s32);
+        GET(0, &s32);
         return s32;
     }
-    static BU_S32 focus()
-    {
-        BU_S32 s32 = -1;
-        AF_API_GetFocusPos(0, &s32);
-        return s32;
-    }
+    static BU_S32 zoom() { return valueOf<PTZ_API_GetZoomPos>(); }
+    static BU_S32 focus() { return valueOf<AF_API_GetFocusPos>(); }
 
 private:
-    BU_S32 runStep(const std::string &strName, int *piData)
+    // clang-format off
+    BU_S32 step(const std::string &strName, double dNumber, int *piData)
     {
-        static const std::map<std::string, PT_MOTION_CTRL_S> HEAD = {{"move", moveTo(90, 0)},
-                                                                     {"back", moveTo(-90, 0)},
-                                                                     {"here", moveTo(0, 0)},
-                                                                     {"aside", moveTo(-20, 0)},
-                                                                     {"right", drive(PT_MOTION_E_RIGHT, 60)},
-                                                                     {"left", drive(PT_MOTION_E_LEFT, 60)},
-                                                                     {"stop", drive(PT_MOTION_E_STOP, 0)},
-                                                                     {"home", drive(PT_MOTION_E_HOME, 0)},
-                                                                     {"reset", drive(PT_MOTION_E_RESET, 0)}};
-        static const std::map<std::string, ZF_MOTION_CTRL_S> LENS = {{"zoom", lens(ZF_E_ZOOM_DIRECT_POS, 16384)},
-                                                                     {"focus", lens(ZF_E_FOCUS_DIRECT_POS, 5000)},
-                                                                     {"both", lens(ZF_E_ZOOM_FOCUS_DIRECT_POS, 6000)},
-                                                                     {"tele", lens(ZF_E_ZOOM_TELE)},
-                                                                     {"wide", lens(ZF_E_ZOOM_WIDE)},
-                                                                     {"near", lens(ZF_E_FOCUS_NEAR)},
-                                                                     {"zoomstop", lens(ZF_E_ZOOM_STOP)},
-                                                                     {"focusstop", lens(ZF_E_FOCUS_STOP)}};
-        if (HEAD.contains(strName)) return BSP_PTCtrlMotion(FROM, &HEAD.at(strName), piData);
-        if (LENS.contains(strName)) return BSP_ZFCtrlMotion(ZF_FROM, &LENS.at(strName), piData);
-        if (strName.starts_with("recall")) return PRESET_API_GotoById(std::stoi(strName.substr(6)), FROM, piData);
-        if (strName == "autofocus") return AF_API_SetFocusAuto(0, BU_TRUE, BU_FALSE, BU_TRUE);
-        if (strName == "fast") return PRESET_API_SetPresetSpeed(0, 24, BU_FALSE, BU_FALSE);
-        return clock().advance(std::stoi(strName.substr(4))), 0; // "wait"
+        static const std::map<std::string, PT_MOTION_TYPE_E> HEAD = {
+            {"to", PT_MOTION_E_ABS_POS}, {"right", PT_MOTION_E_RIGHT}, {"left", PT_MOTION_E_LEFT}, {"stop", PT_MOTION_E_STOP},
+            {"home", PT_MOTION_E_HOME}, {"reset", PT_MOTION_E_RESET}};
+        static const std::map<std::string, ZF_MOTION_TYPE_E> LENS = {
+            {"zoom", ZF_E_ZOOM_DIRECT_POS}, {"focus", ZF_E_FOCUS_DIRECT_POS}, {"both", ZF_E_ZOOM_FOCUS_DIRECT_POS}, {"tele", ZF_E_ZOOM_TELE},
+            {"wide", ZF_E_ZOOM_WIDE}, {"near", ZF_E_FOCUS_NEAR}, {"zoomstop", ZF_E_ZOOM_STOP}, {"focusstop", ZF_E_FOCUS_STOP}};
+        const BU_S32 s32 = static_cast<BU_S32>(dNumber);
+        const std::map<std::string, std::function<BU_S32()>> OTHERS = {
+            {"wait", [&] { return clock().advance(s32), 0; }},
+            {"speed", [&] { return m_dSpeed = dNumber, 0; }},
+            {"at", [&] { EXPECT_NEAR(pan(), dNumber, CLOSE); return 0; }},
+            {"zoomed", [&] { EXPECT_EQ(zoom(), s32); return 0; }},
+            {"focused", [&] { EXPECT_EQ(focus(), s32); return 0; }},
+            {"auto", [&] { return AF_API_SetFocusAuto(0, BU_TRUE, BU_FALSE, BU_TRUE); }},
+            {"manual", [&] { return AF_API_SetFocusAuto(0, BU_FALSE, BU_FALSE, BU_TRUE); }},
+            {"once", [&] { return AF_API_TriggerAutoFocus(0); }},
+            {"recall", [&] { return PRESET_API_GotoById(s32, FROM, piData); }},
+            {"fast", [&] { return PRESET_API_SetPresetSpeed(0, 24, BU_FALSE, BU_FALSE); }}};
+        PT_MOTION_CTRL_S stHead = moveTo(dNumber, 0, m_dSpeed, m_dSpeed);
+        if (HEAD.contains(strName)) return stHead.enMotionType = HEAD.at(strName), command(stHead, piData);
+        if (LENS.contains(strName)) return command(lens(LENS.at(strName), static_cast<BU_U32>(dNumber)), piData);
+        return OTHERS.at(strName)();
     }
+    // clang-format on
 
     template <char UNIT> static BU_S32 report(void *pvPrivate, BU_BOOL bResult)
     {
@@ -142,4 +142,5 @@ private:
                             (bResult ? " done" : " left"));
         return 0;
     }
+    double m_dSpeed = 60;
 };

@@ -1,46 +1,35 @@
+// Positions in other units: of controllers, degrees, magnifications.
 #include "motionTest.h"
 
 namespace
 {
-class PositionTest : public MotionTest
-{
-};
+using PositionTest = MotionTest;
+using namespace std::string_literals;
 
-BU_U32 wire(BU_S32 s32Visca) { return static_cast<BU_U16>(s32Visca); }
-
+// clang-format off
 TEST_F(PositionTest, KnownViscaPositions)
 {
-    const struct {
-        BU_U32 u32Pan, u32Tilt;
-        BU_S32 s32PanMotor, s32TiltMotor;
-    } KNOWN[] = {
-        {0x0000, 0x0000, 540000, 540000},
-        {0xF670, 0xFE50, 285000, 495000}, // -170 and -30 degrees, the ends of travel
-        {0x0990, 0x0510, 795000, 675000}, // 170 and 90 degrees
-        {0x0048, 0xFFB8, 547500, 532500}, // 5 and -5 degrees
-        {0x0001, 0xFFFF, 540104, 539896},
-        {0x0991, 0x0511, 795000, 675000}, // beyond the ends
-        {0x7FFF, 0x8000, 795000, 495000},
-        {0x8000, 0x7FFF, 285000, 675000},
-        {0xFFFF0990, 0x00010000, 795000, 540000}, // only 16 bits count
+    const struct { PT_POS_S stVisca, stMotor; } KNOWN[] = {
+        {{0x0000, 0x0000}, {540000, 540000}},
+        {{0xF670, 0xFE50}, {285000, 495000}}, // -170 and -30 degrees, the ends of travel
+        {{0x0990, 0x0510}, {795000, 675000}}, // 170 and 90 degrees
+        {{0x0048, 0xFFB8}, {547500, 532500}}, // 5 and -5 degrees
+        {{0x0001, 0xFFFF}, {540104, 539896}},
+        {{0x0991, 0x0511}, {795000, 675000}}, // beyond the ends
+        {{0x7FFF, 0x8000}, {795000, 495000}},
+        {{0x8000, 0x7FFF}, {285000, 675000}},
+        {{0xFFFF0990, 0x00010000}, {795000, 540000}}, // only 16 bits count
     };
-    for (const auto &st : KNOWN) {
-        PT_POS_S stPos{st.u32Pan, st.u32Tilt};
+    for (auto [stPos, stMotor] : KNOWN) {
         EXPECT_EQ(BSP_PTPosFromVisca(0, &stPos), 0);
-        EXPECT_EQ(static_cast<BU_S32>(stPos.u32PanPos), st.s32PanMotor) << std::hex << st.u32Pan;
-        EXPECT_EQ(static_cast<BU_S32>(stPos.u32TiltPos), st.s32TiltMotor) << std::hex << st.u32Tilt;
+        EXPECT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(stMotor.u32PanPos, stMotor.u32TiltPos));
     }
-}
-
-TEST_F(PositionTest, AViscaPositionReadSentBackAndReadAgainIsTheSame)
-{
-    for (BU_S32 s32 = -2448; s32 <= 2448; ++s32) {
-        const BU_U32 u32Tilt = wire(std::clamp(s32, -432, 1296));
-        PT_POS_S stPos{wire(s32), u32Tilt};
+    for (BU_S32 s32 = -2448; s32 <= 2448; ++s32) { // read, sent back and read again it is the same
+        const BU_U32 u32Pan = static_cast<BU_U16>(s32), u32Tilt = static_cast<BU_U16>(std::clamp(s32, -432, 1296));
+        PT_POS_S stPos{u32Pan, u32Tilt};
         BSP_PTPosFromVisca(0, &stPos);
         BSP_PTPosToVisca(0, &stPos);
-        ASSERT_EQ(stPos.u32PanPos, wire(s32));
-        ASSERT_EQ(stPos.u32TiltPos, u32Tilt);
+        ASSERT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(u32Pan, u32Tilt));
     }
 }
 
@@ -57,17 +46,12 @@ TEST_F(PositionTest, DegreesOfEveryMotorPosition)
         ASSERT_EQ(BSP_PTDegreeToPos(0, &stBack, &stDegree, 0), 0);
         ASSERT_NEAR(static_cast<double>(stBack.u32PanPos), s32, 7.5); // half of a hundredth of a degree
     }
-    const struct {
-        BU_S32 s32Mode, s32Pan, s32Tilt;
-        BU_U32 u32Pan, u32Tilt;
-    } OUTSIDE[] = {
-        {0, -17001, 9001, 285000, 675000}, {0, INT32_MAX, INT32_MIN, 795000, 495000}, {1, 0, 1000000, 285000, 675000}};
+    const struct { BU_S32 s32Mode; PT_DEGREE_S stDegree; BU_U32 u32Pan, u32Tilt; } OUTSIDE[] = {
+        {0, {-17001, 9001}, 285000, 675000}, {0, {INT32_MAX, INT32_MIN}, 795000, 495000}, {1, {0, 1000000}, 285000, 675000}};
     for (const auto &st : OUTSIDE) {
-        const PT_DEGREE_S stDegree{st.s32Pan, st.s32Tilt};
         PT_POS_S stPos{};
-        EXPECT_EQ(BSP_PTDegreeToPos(0, &stPos, &stDegree, st.s32Mode), 0);
-        EXPECT_EQ(stPos.u32PanPos, st.u32Pan);
-        EXPECT_EQ(stPos.u32TiltPos, st.u32Tilt);
+        EXPECT_EQ(BSP_PTDegreeToPos(0, &stPos, &st.stDegree, st.s32Mode), 0);
+        EXPECT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(st.u32Pan, st.u32Tilt));
     }
     PT_DEGREE_S stDegree{};
     PT_POS_S stPos{};
@@ -79,31 +63,22 @@ TEST_F(PositionTest, MagnificationsOfZoomPositions) // 20 times in the lens, 16 
 {
     PTZ_API_SetMaxDZoomTime(0, 16, BU_FALSE, BU_FALSE);
     PTZ_API_SetDZoomMode(0, BU_TRUE, BU_FALSE, BU_FALSE);
-    const struct {
-        BU_S32 s32Pos;
-        float fTimes;
-    } KNOWN[] = {{0, 1},      {8192, 4.472f}, {16384, 20},  {19248, 40},
-                 {20680, 50}, {22113, 60},    {30708, 240}, {31424, 320}};
-    const auto settled = [&] {
-        clock().advance(60000);
-        return zoom();
-    };
-    for (const auto &st : KNOWN) {
-        command(lens(ZF_E_ZOOM_DIRECT_POS, static_cast<BU_U32>(st.s32Pos)));
-        EXPECT_EQ(settled(), st.s32Pos);
+    for (const auto &[s32Pos, dTimes] : {std::pair(0, 1.0), {8192, 4.472}, {16384, 20.0}, {19248, 40.0}, {20680, 50.0},
+                                         {22113, 60.0}, {30708, 240.0}, {31424, 320.0}}) {
+        const std::string strEnd = " wait60000 zoomed" + std::to_string(s32Pos);
+        run("zoom" + std::to_string(s32Pos) + strEnd);
         BU_FLOAT fTimes = 0;
         PTZ_API_GetZoomTime(0, &fTimes);
-        EXPECT_NEAR(fTimes, st.fTimes, st.fTimes / 1000) << st.s32Pos;
+        EXPECT_NEAR(fTimes, dTimes, dTimes / 1000) << s32Pos;
         PTZ_API_SetZoomTime(0, 1, 7);
-        EXPECT_EQ(settled(), 0);
+        run("wait60000 zoomed0");
         PTZ_API_SetZoomTime(0, fTimes, 7);
-        EXPECT_EQ(settled(), st.s32Pos);
+        run(strEnd);
     }
-    for (const float fWide : {0.0f, -3.0f, std::nanf("")}) {
-        PTZ_API_SetZoomTime(0, fWide, 7);
-        EXPECT_EQ(settled(), 0);
+    for (const auto &[fTimes, pcEnd] : {std::pair(0.0f, "zoomed0"), {-3.0f, "zoomed0"}, {std::nanf(""), "zoomed0"}, {1e9f, "zoomed31424"}}) {
+        PTZ_API_SetZoomTime(0, fTimes, 7);
+        run("wait60000 "s + pcEnd);
     }
-    PTZ_API_SetZoomTime(0, 1e9f, 7);
-    EXPECT_EQ(settled(), 31424);
 }
+// clang-format on
 } // namespace

@@ -1,3 +1,4 @@
+// Speeds: which entry and tops a source has, how a level becomes a speed, what slows it.
 #include "motionTest.h"
 
 namespace
@@ -13,124 +14,84 @@ void noteArguments(PT_SPD_S *pstSpd, BU_S32 s32Pan, BU_S32 s32PanTop, BU_S32 s32
     g_stSetup = *pstSetup;
 }
 
+// clang-format off
 class MotionSpeedTest : public MotionTest
 {
 protected:
     MotionSpeedTest()
     {
-        constexpr PT_SPEED_LIMIT_T LIMITS{5, 12000, 5, 9000, 100};
         PT_API_InitByXml(&LIMITS,
-                         {{PT_CTRL_E_FROM_ALG, BU_FALSE, 100, 6400, 100, 3200, 50, PT_CalcSpeedLevelMap_Simple, 1,
-                           PT_CalcSpeedRate_Advanced, 2},
-                          {PT_CTRL_E_FROM_PRESET, BU_TRUE, 0, 0, 0, 0, 0, PT_CalcSpeedLevelMap_Simple, 2,
-                           PT_CalcSpeedRate_Simple, 2},
+                         {{PT_CTRL_E_FROM_ALG, BU_FALSE, 100, 6400, 100, 3200, 50, PT_CalcSpeedLevelMap_Simple, 1, PT_CalcSpeedRate_Advanced, 2},
+                          {PT_CTRL_E_FROM_PRESET, BU_TRUE, 0, 0, 0, 0, 0, PT_CalcSpeedLevelMap_Simple, 2, PT_CalcSpeedRate_Simple, 2},
                           {PT_CTRL_E_FROM_OTHER, BU_TRUE, 0, 0, 0, 0, 0, noteArguments, 0, PT_CalcSpeedRate_Simple, 2},
                           {PT_CTRL_E_FROM_TKV_SUPERFINE, BU_TRUE, 0, 0, 0, 0, 0, noteArguments, 0, nullptr, 2}});
     }
-    static PT_MOTION_CTRL_S motion(PT_MOTION_TYPE_E enType = PT_MOTION_E_RIGHT_UP)
+    template <class... Levels>
+    static std::pair<BU_U32, BU_U32> speed(PT_CTRL_FROM_E enFrom, PT_MOTION_TYPE_E enType, Levels... levels)
     {
-        PT_MOTION_CTRL_S st{};
-        st.enMotionType = enType;
+        PT_MOTION_CTRL_S st = drive(enType, 0);
         st.u16SpdMul = 1;
-        return st;
+        EXPECT_EQ(PT_API_CalcMotionSpeed(enFrom, &st, levels...), 0);
+        EXPECT_EQ(st.u16SpdMul, enFrom == PT_CTRL_E_FROM_ALG ? 50 : 100);
+        return {st.stSpd.u32PanSpd, st.stSpd.u32TiltSpd};
     }
 };
 
 TEST_F(MotionSpeedTest, EntryAndTopsOfTheSource)
 {
-    const struct {
-        PT_CTRL_FROM_E enFrom;
-        PT_CTRL_FROM_E enEntry;
-        BU_U32 u32OwnTop;
-    } CASES[] = {{PT_CTRL_E_FROM_VISCA, PT_CTRL_E_FROM_OTHER, 24},
-                 {PT_CTRL_E_FROM_SLEEP, PT_CTRL_E_FROM_OTHER, 24},
-                 {PT_CTRL_E_FROM_OTHER, PT_CTRL_E_FROM_OTHER, 24},
-                 {PT_CTRL_E_FROM_TKV_SUPERFINE, PT_CTRL_E_FROM_TKV_SUPERFINE, 255}};
+    const struct { PT_CTRL_FROM_E enFrom, enEntry; BU_U32 u32OwnTop; } CASES[] = {
+        {PT_CTRL_E_FROM_VISCA, PT_CTRL_E_FROM_OTHER, 24}, {PT_CTRL_E_FROM_SLEEP, PT_CTRL_E_FROM_OTHER, 24},
+        {PT_CTRL_E_FROM_OTHER, PT_CTRL_E_FROM_OTHER, 24}, {PT_CTRL_E_FROM_TKV_SUPERFINE, PT_CTRL_E_FROM_TKV_SUPERFINE, 255}};
     for (const auto &st : CASES) {
-        PT_MOTION_CTRL_S stMotion = motion();
-        EXPECT_EQ(PT_API_CalcMotionSpeed(st.enFrom, &stMotion, 7, 9), 0);
+        speed(st.enFrom, PT_MOTION_E_RIGHT_UP, 7, 9);
         EXPECT_EQ(g_stSetup.eFrom, st.enEntry);
         EXPECT_EQ(g_stSetup.s32MaxTiltSpeed, 9000); // loaded from the limits
-        EXPECT_EQ(g_stTops.u32PanSpd, st.u32OwnTop);
-        EXPECT_EQ(g_stTops.u32TiltSpd, st.u32OwnTop);
-        EXPECT_EQ(stMotion.u16SpdMul, 100);
-        EXPECT_EQ(PT_API_CalcMotionSpeed(st.enFrom, &stMotion, 7, 288, 9, 300), 0);
-        EXPECT_EQ(stMotion.stSpd.u32PanSpd, 7u);
-        EXPECT_EQ(stMotion.stSpd.u32TiltSpd, 9u);
-        EXPECT_EQ(g_stTops.u32PanSpd, 288u);
-        EXPECT_EQ(g_stTops.u32TiltSpd, 300u);
-        EXPECT_EQ(PT_API_CalcMotionSpeed(st.enFrom, &stMotion), 0);
-        EXPECT_EQ(stMotion.stSpd.u32PanSpd, 12000u);
-        EXPECT_EQ(stMotion.stSpd.u32TiltSpd, 9000u);
+        EXPECT_EQ(std::pair(g_stTops.u32PanSpd, g_stTops.u32TiltSpd), std::pair(st.u32OwnTop, st.u32OwnTop));
+        EXPECT_EQ(speed(st.enFrom, PT_MOTION_E_RIGHT_UP, 7, 288, 9, 300), std::pair(7u, 9u));
+        EXPECT_EQ(std::pair(g_stTops.u32PanSpd, g_stTops.u32TiltSpd), std::pair(288u, 300u));
+        EXPECT_EQ(speed(st.enFrom, PT_MOTION_E_RIGHT_UP), std::pair(12000u, 9000u));
     }
-    PT_MOTION_CTRL_S stMotion = motion();
+    PT_MOTION_CTRL_S stMotion{};
     EXPECT_EQ(PT_API_CalcMotionSpeed(PT_CTRL_E_FROM_BUTT, &stMotion), -1);
     EXPECT_EQ(PT_API_CalcMotionSpeed(PT_CTRL_E_FROM_ALG, nullptr, 1, 1), -1);
 }
 
 TEST_F(MotionSpeedTest, SimpleMapIsAShareOfTheMaximum)
 {
-    const struct {
-        BU_S32 s32Level;
-        BU_U32 u32Pan, u32Tilt;
-    } CASES[] = {{-5, 100, 100},   {0, 100, 100},    {1, 100, 100},   {3, 300, 150},
-                 {32, 3200, 1600}, {64, 6400, 3200}, {65, 6400, 3200}};
-    for (const auto &st : CASES) {
-        PT_MOTION_CTRL_S stMotion = motion(PT_MOTION_E_ABS_POS);
-        PT_API_CalcMotionSpeed(PT_CTRL_E_FROM_ALG, &stMotion, st.s32Level, 64, st.s32Level, 64);
-        EXPECT_EQ(stMotion.stSpd.u32PanSpd, st.u32Pan) << st.s32Level;
-        EXPECT_EQ(stMotion.stSpd.u32TiltSpd, st.u32Tilt) << st.s32Level;
-        EXPECT_EQ(stMotion.u16SpdMul, 50);
-    }
-    PT_MOTION_CTRL_S stMotion = motion(PT_MOTION_E_ABS_POS);
-    PT_API_CalcMotionSpeed(PT_CTRL_E_FROM_ALG, &stMotion, 1, 0, INT32_MAX, 1); // no division by zero, no overflow
-    EXPECT_EQ(stMotion.stSpd.u32PanSpd, 6400u);
-    EXPECT_EQ(stMotion.stSpd.u32TiltSpd, 3200u);
+    const struct { BU_S32 s32Level; BU_U32 u32Pan, u32Tilt; } CASES[] = {
+        {-5, 100, 100}, {0, 100, 100}, {1, 100, 100}, {3, 300, 150}, {32, 3200, 1600}, {64, 6400, 3200}, {65, 6400, 3200}};
+    for (const auto &st : CASES)
+        EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_ABS_POS, st.s32Level, 64, st.s32Level, 64), std::pair(st.u32Pan, st.u32Tilt));
+    EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_ABS_POS, 1, 0, INT32_MAX, 1), std::pair(6400u, 3200u)); // no division by zero, no overflow
 }
 
 TEST_F(MotionSpeedTest, SpeedMatchSlowsDrivesAsTheZoomGoesIn)
 {
     PTZ_API_SetZoomTime(0, 4, 7);
     clock().advance(10000);
-    const struct {
-        BU_BOOL bMatch;
-        PT_CTRL_FROM_E enFrom;
-        PT_MOTION_TYPE_E enType;
-        double dRate;
-    } CASES[] = {{BU_TRUE, PT_CTRL_E_FROM_VISCA, PT_MOTION_E_LEFT, 0.5},
-                 {BU_TRUE, PT_CTRL_E_FROM_ALG, PT_MOTION_E_LEFT, 0.25},
-                 {BU_TRUE, PT_CTRL_E_FROM_VISCA, PT_MOTION_E_ABS_POS, 1},
-                 {BU_TRUE, PT_CTRL_E_FROM_PRESET, PT_MOTION_E_LEFT, 1},
-                 {BU_TRUE, PT_CTRL_E_FROM_TKV_SUPERFINE, PT_MOTION_E_LEFT, 1}, // has no rate
-                 {BU_FALSE, PT_CTRL_E_FROM_VISCA, PT_MOTION_E_LEFT, 1},
-                 {BU_FALSE, PT_CTRL_E_FROM_ALG, PT_MOTION_E_LEFT, 1}};
+    const struct { BU_BOOL bMatch; PT_CTRL_FROM_E enFrom; PT_MOTION_TYPE_E enType; double dRate; } CASES[] = {
+        {BU_TRUE, PT_CTRL_E_FROM_VISCA, PT_MOTION_E_LEFT, 0.5}, {BU_TRUE, PT_CTRL_E_FROM_ALG, PT_MOTION_E_LEFT, 0.25},
+        {BU_TRUE, PT_CTRL_E_FROM_VISCA, PT_MOTION_E_ABS_POS, 1}, {BU_TRUE, PT_CTRL_E_FROM_PRESET, PT_MOTION_E_LEFT, 1},
+        {BU_TRUE, PT_CTRL_E_FROM_TKV_SUPERFINE, PT_MOTION_E_LEFT, 1}, // has no rate
+        {BU_FALSE, PT_CTRL_E_FROM_VISCA, PT_MOTION_E_LEFT, 1}, {BU_FALSE, PT_CTRL_E_FROM_ALG, PT_MOTION_E_LEFT, 1}};
     for (const auto &st : CASES) {
         PT_API_SetPtSpeedMatch(0, st.bMatch, BU_FALSE, BU_FALSE);
-        PT_MOTION_CTRL_S stMotion = motion(st.enType), stFull = motion(PT_MOTION_E_ABS_POS);
-        PT_API_CalcMotionSpeed(st.enFrom, &stMotion, 2000, 4000, 2000, 4000);
-        PT_API_CalcMotionSpeed(st.enFrom, &stFull, 2000, 4000, 2000, 4000);
-        EXPECT_NEAR(stMotion.stSpd.u32PanSpd, stFull.stSpd.u32PanSpd * st.dRate, 2) << st.enFrom << ' ' << st.enType;
+        const auto full = speed(st.enFrom, PT_MOTION_E_ABS_POS, 2000, 4000, 2000, 4000);
+        EXPECT_NEAR(speed(st.enFrom, st.enType, 2000, 4000, 2000, 4000).first, full.first * st.dRate, 2) << st.enFrom << ' ' << st.enType;
     }
     PT_API_SetPtSpeedMatch(0, BU_TRUE, BU_FALSE, BU_FALSE);
-    PT_MOTION_CTRL_S stSlowest = motion();
-    PT_API_CalcMotionSpeed(PT_CTRL_E_FROM_ALG, &stSlowest, 1, 64, 1, 64);
-    EXPECT_EQ(stSlowest.stSpd.u32PanSpd, 100u) << "never below the slowest of the entry";
+    EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_RIGHT_UP, 1, 64, 1, 64).first, 100u) << "never below the slowest of the entry";
 }
 
 TEST_F(MotionSpeedTest, FaultySetsChangeNothing)
 {
-    constexpr PT_SPEED_LIMIT_T GOOD{1, 100, 1, 100, 10}, NO_MULTIPLIER{5, 12000, 5, 9000, 0},
-        NO_SPEED{5, 0, 5, 9000, 100};
-    PT_SPEED_CALC_SET_S stNoMap{}, stNoSource{};
+    constexpr PT_SPEED_LIMIT_T GOOD{1, 100, 1, 100, 10}, NO_MULTIPLIER{5, 12000, 5, 9000, 0}, NO_SPEED{5, 0, 5, 9000, 100};
+    PT_SPEED_CALC_SET_S stNoSource{};
     stNoSource.eFrom = PT_CTRL_E_FROM_BUTT;
     stNoSource.fnMapSpeedLevel = noteArguments;
-    EXPECT_EQ(PT_API_InitByXml(nullptr, {}), -1);
-    EXPECT_EQ(PT_API_InitByXml(&NO_MULTIPLIER, {}), -1);
-    EXPECT_EQ(PT_API_InitByXml(&NO_SPEED, {}), -1);
-    EXPECT_EQ(PT_API_InitByXml(&GOOD, {stNoMap}), -1);
-    EXPECT_EQ(PT_API_InitByXml(&GOOD, {stNoSource}), -1);
-    PT_MOTION_CTRL_S stMotion = motion();
-    PT_API_CalcMotionSpeed(PT_CTRL_E_FROM_VISCA, &stMotion);
-    EXPECT_EQ(stMotion.stSpd.u32PanSpd, 12000u);
+    for (const auto *pst : {static_cast<const PT_SPEED_LIMIT_T *>(nullptr), &NO_MULTIPLIER, &NO_SPEED}) EXPECT_EQ(PT_API_InitByXml(pst, {}), -1);
+    for (const auto &st : {PT_SPEED_CALC_SET_S{}, stNoSource}) EXPECT_EQ(PT_API_InitByXml(&GOOD, {st}), -1);
+    EXPECT_EQ(speed(PT_CTRL_E_FROM_VISCA, PT_MOTION_E_RIGHT_UP), std::pair(12000u, 9000u));
 }
+// clang-format on
 } // namespace

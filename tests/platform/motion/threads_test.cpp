@@ -1,9 +1,10 @@
 // Many commanders at once in real time, and what a command costs.
 #include "motionTest.h"
+#include "support/await.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
-#include <condition_variable>
 #include <thread>
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -31,32 +32,12 @@ struct tagCOMMAND_S {
     std::array<BU_U8, 868> au8Filler;
     BU_S32 s32Number;
 };
-struct tagLEDGER_S {
-    std::mutex lock; // guards the members below
-    std::condition_variable changed;
-    BU_S32 s32Awaited = 0, s32Damaged = 0;
-};
-tagLEDGER_S &ledger()
-{
-    static auto *pstLedger = new tagLEDGER_S;
-    return *pstLedger;
-}
-void count(BU_S32 s32By)
-{
-    const std::lock_guard guard(ledger().lock);
-    ledger().s32Awaited += s32By;
-    ledger().changed.notify_all();
-}
+std::atomic<BU_S32> g_s32Awaited, g_s32Damaged; // reports
 BU_S32 onEnd(void *pvPrivate, BU_BOOL)
 {
     const auto &st = *static_cast<tagCOMMAND_S *>(pvPrivate);
-    for (const BU_U8 u8 : st.au8Filler)
-        if (u8 != static_cast<BU_U8>(st.s32Number)) {
-            const std::lock_guard guard(ledger().lock);
-            ++ledger().s32Damaged;
-            break;
-        }
-    count(-1);
+    g_s32Damaged += std::ranges::count(st.au8Filler, static_cast<BU_U8>(st.s32Number)) != 868;
+    --g_s32Awaited;
     return 0;
 }
 
@@ -86,14 +67,14 @@ TEST_F(MotionThreads, EveryMoveOfManyCommandersEndsOnceWithItsOwnData)
             PT_MOTION_CTRL_S stHead{};
             stHead.enMotionType = i % 3 ? PT_MOTION_E_ABS_POS : PT_MOTION_E_LEFT;
             stHead.stPos = {static_cast<BU_U32>(540000 + i), 540000};
-            count(1); // before the call: the end may come before it returns
-            if (BSP_PTCtrlMotion(PT_CTRL_E_FROM_VISCA, &stHead, &stData) != 1) count(-1);
+            ++g_s32Awaited; // before the call: the end may come before it returns
+            if (BSP_PTCtrlMotion(PT_CTRL_E_FROM_VISCA, &stHead, &stData) != 1) --g_s32Awaited;
             ZF_MOTION_CTRL_S stLens{};
             stLens.enMotionType = static_cast<ZF_MOTION_TYPE_E>(i % 9);
             stLens.u32ZoomPos = static_cast<BU_U32>(i);
             stLens.u32FocusPos = static_cast<BU_U32>(300 + i);
-            count(1);
-            if (BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_VISCA, &stLens, &stData) != 1) count(-1);
+            ++g_s32Awaited;
+            if (BSP_ZFCtrlMotion(ZF_CTRL_E_FROM_VISCA, &stLens, &stData) != 1) --g_s32Awaited;
             if (i % 50 == 0) AF_API_SetFocusAuto(0, i / 50 % 2, BU_FALSE, BU_TRUE);
             PRESET_API_SetCur(s32Thread, "");
             PRESET_API_GotoById(s32Thread, PT_CTRL_E_FROM_ALG, nullptr);
@@ -106,10 +87,8 @@ TEST_F(MotionThreads, EveryMoveOfManyCommandersEndsOnceWithItsOwnData)
     PT_MOTION_CTRL_S stStop{};
     stStop.enMotionType = PT_MOTION_E_STOP;
     BSP_PTCtrlMotion(PT_CTRL_E_FROM_REMOTE, &stStop, nullptr);
-    std::unique_lock guard(ledger().lock);
-    EXPECT_TRUE(ledger().changed.wait_for(guard, 20s, [] { return ledger().s32Awaited == 0; }))
-        << ledger().s32Awaited << " reports are missing";
-    EXPECT_EQ(ledger().s32Damaged, 0);
+    EXPECT_TRUE(await([] { return g_s32Awaited == 0; }, 20s)) << g_s32Awaited << " reports are missing";
+    EXPECT_EQ(g_s32Damaged, 0);
 }
 
 TEST_F(MotionThreads, JoystickCommandsAllocateNothing)
