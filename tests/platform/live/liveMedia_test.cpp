@@ -6,6 +6,7 @@
 #include <sstream>
 
 using testing::ElementsAre;
+using namespace std::string_literals;
 
 namespace
 {
@@ -16,15 +17,15 @@ constexpr auto SUB = CFG_LM_CHN_E_CLOSEUP_SUB;
 
 CFG_LM_CHANNEL_S load(CFG_LM_CHN_E enChn)
 {
-    CFG_LM_CHANNEL_S stChn;
-    EXPECT_EQ(CFG_LM_LoadAllOfChn(enChn, &stChn), 0);
-    return stChn;
+    CFG_LM_CHANNEL_S st;
+    EXPECT_EQ(CFG_LM_LoadAllOfChn(enChn, &st), 0);
+    return st;
 }
 CFG_LM_GENERAL_S loadGeneral()
 {
-    CFG_LM_GENERAL_S stGeneral;
-    EXPECT_EQ(CFG_LM_LoadGeneralCfgAll(&stGeneral), 0);
-    return stGeneral;
+    CFG_LM_GENERAL_S st;
+    EXPECT_EQ(CFG_LM_LoadGeneralCfgAll(&st), 0);
+    return st;
 }
 
 TEST_F(LiveMediaStore, AFreshCameraStreamsItsFourEncodersByRtspOnly)
@@ -36,9 +37,8 @@ TEST_F(LiveMediaStore, AFreshCameraStreamsItsFourEncodersByRtspOnly)
         EXPECT_EQ(st.rtsp.bEnabled, i <= 4);
         EXPECT_FALSE(st.bProtoExclusive || st.rtmp.bEnabled || st.ndi.bEnabled || st.srt.bEnabled);
     }
-    EXPECT_EQ(loadGeneral().rtsp.s32Port, 554);
-    EXPECT_EQ(loadGeneral().rtsp.s32HttpPort, 8554);
-    EXPECT_EQ(loadGeneral().ndi.sGroupName, "Public");
+    const CFG_LM_GENERAL_S st = loadGeneral();
+    EXPECT_EQ(std::tuple(st.rtsp.s32Port, st.rtsp.s32HttpPort, st.ndi.sGroupName), std::tuple(554, 8554, "Public"));
 }
 
 /// The stored values of "folder key ...".
@@ -92,11 +92,7 @@ TEST_F(LiveMediaStore, EveryFieldHasItsKeyBothWays)
 // clang-format off
 TEST_F(LiveMediaStore, SessionNamesAreUsableInAUrlAndUnique)
 {
-    struct {
-        std::string strName;
-        BU_BOOL bEnabled;
-        BU_S32 s32Result;
-    } const rows[] = {
+    const struct { std::string strName; BU_BOOL bEnabled; BU_S32 s32Result; } rows[] = {
         {"a", 1, 0}, {"live/a_b-c.1", 1, 0}, {std::string(64, 'n'), 1, 0}, {std::string(65, 'n'), 1, -1}, {"", 0, 0},
         {"", 1, -1}, {"closeup_sub", 1, -1}, {"closeup_sub", 0, -1}, {"Closeup_sub", 1, 0}, {"two words", 1, -1},
         {"a?b", 1, -1}, {"a%2e", 1, -1}, {"größe", 1, -1}, {"/a", 1, -1}, {"a/", 1, -1}, {"../a", 1, -1},
@@ -136,26 +132,25 @@ TEST_F(LiveMediaStore, ARefusedRecordLeavesEveryStoredFieldAlone)
     EXPECT_EQ(CFG_LM_SetRtmpCfgOfChn(CLOSEUP, &stServer) + CFG_LM_SetRtmpCfgOfChn(CLOSEUP, &stKey), -2);
     CFG_LM_SRT_S stSrt{BU_TRUE, BU_TRUE, "id", "", 9000, 16, "0123456789", 120};
     ASSERT_EQ(CFG_LM_SetSrtCfgOfChn(CLOSEUP, &stSrt), 0);
-    for (const BU_S32 s32Bad : {15, 17, -16, 256}) {
-        stSrt = {BU_FALSE, BU_FALSE, "other", "host", 1, s32Bad, "", 500};
-        EXPECT_EQ(CFG_LM_SetSrtCfgOfChn(CLOSEUP, &stSrt), -1) << s32Bad;
+    for (const auto &[strHost, s32Aes] :
+         {std::pair("host"s, 15), {"host"s, 17}, {"host"s, -16}, {"host"s, 256}, {std::string(65, 'h'), 32}}) {
+        stSrt = {BU_FALSE, BU_FALSE, "other", strHost, 1, s32Aes, "", 500};
+        EXPECT_EQ(CFG_LM_SetSrtCfgOfChn(CLOSEUP, &stSrt), -1) << s32Aes;
     }
-    stSrt = {BU_FALSE, BU_FALSE, "other", std::string(65, 'h'), 1, 32, "", 500};
-    EXPECT_EQ(CFG_LM_SetSrtCfgOfChn(CLOSEUP, &stSrt), -1);
-    EXPECT_EQ(load(CLOSEUP).srt.sStreamId, "id");
-    EXPECT_EQ(load(CLOSEUP).srt.s32Port, 9000);
+    EXPECT_EQ(std::pair(load(CLOSEUP).srt.sStreamId, load(CLOSEUP).srt.s32Port), std::pair("id"s, 9000));
 }
 
 TEST_F(LiveMediaStore, AStoredRecordAgainstItsRuleIsPassedOver)
 {
-    CFG_STORE_SetTexts({{"LiveMedia/1/rtsp/SessionName", "../etc"},
-                        {"LiveMedia/2/rtsp/Audio", "9"},
-                        {"LiveMedia/2/rtsp/Enable", "0"},
-                        {"LiveMedia/2/Protocol", "17"}});
+    for (const auto &[pcKey, pcValue] : {std::pair("1/rtsp/SessionName", "../etc"),
+                                         {"2/rtsp/Audio", "9"},
+                                         {"2/rtsp/Enable", "0"},
+                                         {"2/Protocol", "17"}})
+        CFG_STORE_SetText(("LiveMedia/"s + pcKey).c_str(), pcValue);
     EXPECT_EQ(load(CLOSEUP).rtsp.sSessionName, "closeup");
-    EXPECT_EQ(load(SUB).rtsp.eAudio, CFG_LM_AUDIO_MODE_E_AAC);
-    EXPECT_EQ(load(SUB).rtsp.bEnabled, BU_FALSE); // the sound fields beside it count
-    EXPECT_EQ(load(SUB).enProto, CFG_LM_PROTO_E_NONE);
+    const CFG_LM_CHANNEL_S st = load(SUB); // the sound field beside the others counts
+    EXPECT_EQ(std::tuple(st.rtsp.eAudio, st.rtsp.bEnabled, st.enProto),
+              std::tuple(CFG_LM_AUDIO_MODE_E_AAC, BU_FALSE, CFG_LM_PROTO_E_NONE));
 }
 
 TEST_F(LiveMediaStore, OnlyTheSixChannelsExist)

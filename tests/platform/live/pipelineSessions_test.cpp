@@ -10,7 +10,7 @@ namespace
 class PipelineSessions : public PlatformTest
 {
 protected:
-    PipelineSessions() { CFG_STORE_Open("/cfg0/settings.db"); }
+    PipelineSessions() { restart(); }
     ~PipelineSessions() override { CFG_STORE_Close(); }
     static void restart() { CFG_STORE_Open("/cfg0/settings.db"); }
 
@@ -64,13 +64,12 @@ TEST_F(PipelineSessions, RtspSessionsGrowShrinkAndSurvive)
     EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession("a", "audio", 6), 0);
     EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession("a", "video", -1), 0);
     EXPECT_THAT(sessions(), ElementsAre("a: video=-1 audio=6", "b: video=3"));
-    for (const auto &[pcSession, pcSub, s32Cache] :
-         std::initializer_list<std::tuple<const char *, const char *, int>>{{nullptr, "video", 1},
-                                                                            {"a", nullptr, 1},
-                                                                            {"", "video", 1},
-                                                                            {"a\tb", "video", 1},
-                                                                            {"a", "v\n", 1},
-                                                                            {"a", "video", -2}})
+    // clang-format off
+    const std::tuple<const char *, const char *, int> rows[] = {
+        {nullptr, "video", 1}, {"a", nullptr, 1}, {"", "video", 1}, {"a\tb", "video", 1},
+        {"a", "v\n", 1}, {"a", "video", -2}};
+    // clang-format on
+    for (const auto &[pcSession, pcSub, s32Cache] : rows)
         EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession(pcSession, pcSub, s32Cache), -1);
     EXPECT_EQ(MPP_RTSP_DeleteMediaSession("c", BU_TRUE), -1);
     EXPECT_EQ(MPP_RTSP_DeleteMediaSession("b", BU_FALSE), 0); // until the next start

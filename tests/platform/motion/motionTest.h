@@ -112,11 +112,12 @@ private:
     BU_S32 step(const std::string &strName, double dNumber, int *piData)
     {
         static const std::map<std::string, PT_MOTION_TYPE_E> HEAD = {
-            {"to", PT_MOTION_E_ABS_POS}, {"right", PT_MOTION_E_RIGHT}, {"left", PT_MOTION_E_LEFT}, {"stop", PT_MOTION_E_STOP},
-            {"home", PT_MOTION_E_HOME}, {"reset", PT_MOTION_E_RESET}};
+            {"to", PT_MOTION_E_ABS_POS}, {"right", PT_MOTION_E_RIGHT}, {"left", PT_MOTION_E_LEFT},
+            {"stop", PT_MOTION_E_STOP}, {"home", PT_MOTION_E_HOME}, {"reset", PT_MOTION_E_RESET}};
         static const std::map<std::string, ZF_MOTION_TYPE_E> LENS = {
-            {"zoom", ZF_E_ZOOM_DIRECT_POS}, {"focus", ZF_E_FOCUS_DIRECT_POS}, {"both", ZF_E_ZOOM_FOCUS_DIRECT_POS}, {"tele", ZF_E_ZOOM_TELE},
-            {"wide", ZF_E_ZOOM_WIDE}, {"near", ZF_E_FOCUS_NEAR}, {"zoomstop", ZF_E_ZOOM_STOP}, {"focusstop", ZF_E_FOCUS_STOP}};
+            {"zoom", ZF_E_ZOOM_DIRECT_POS}, {"focus", ZF_E_FOCUS_DIRECT_POS}, {"both", ZF_E_ZOOM_FOCUS_DIRECT_POS},
+            {"tele", ZF_E_ZOOM_TELE}, {"wide", ZF_E_ZOOM_WIDE}, {"near", ZF_E_FOCUS_NEAR},
+            {"zoomstop", ZF_E_ZOOM_STOP}, {"focusstop", ZF_E_FOCUS_STOP}};
         const BU_S32 s32 = static_cast<BU_S32>(dNumber);
         const std::map<std::string, std::function<BU_S32()>> OTHERS = {
             {"wait", [&] { return clock().advance(s32), 0; }},

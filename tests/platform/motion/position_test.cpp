@@ -6,9 +6,9 @@ namespace
 using PositionTest = MotionTest;
 using namespace std::string_literals;
 
-// clang-format off
 TEST_F(PositionTest, KnownViscaPositions)
 {
+    // clang-format off
     const struct { PT_POS_S stVisca, stMotor; } KNOWN[] = {
         {{0x0000, 0x0000}, {540000, 540000}},
         {{0xF670, 0xFE50}, {285000, 495000}}, // -170 and -30 degrees, the ends of travel
@@ -20,6 +20,7 @@ TEST_F(PositionTest, KnownViscaPositions)
         {{0x8000, 0x7FFF}, {285000, 675000}},
         {{0xFFFF0990, 0x00010000}, {795000, 540000}}, // only 16 bits count
     };
+    // clang-format on
     for (auto [stPos, stMotor] : KNOWN) {
         EXPECT_EQ(BSP_PTPosFromVisca(0, &stPos), 0);
         EXPECT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(stMotor.u32PanPos, stMotor.u32TiltPos));
@@ -46,8 +47,11 @@ TEST_F(PositionTest, DegreesOfEveryMotorPosition)
         ASSERT_EQ(BSP_PTDegreeToPos(0, &stBack, &stDegree, 0), 0);
         ASSERT_NEAR(static_cast<double>(stBack.u32PanPos), s32, 7.5); // half of a hundredth of a degree
     }
+    // clang-format off
     const struct { BU_S32 s32Mode; PT_DEGREE_S stDegree; BU_U32 u32Pan, u32Tilt; } OUTSIDE[] = {
-        {0, {-17001, 9001}, 285000, 675000}, {0, {INT32_MAX, INT32_MIN}, 795000, 495000}, {1, {0, 1000000}, 285000, 675000}};
+        {0, {-17001, 9001}, 285000, 675000}, {0, {INT32_MAX, INT32_MIN}, 795000, 495000},
+        {1, {0, 1000000}, 285000, 675000}};
+    // clang-format on
     for (const auto &st : OUTSIDE) {
         PT_POS_S stPos{};
         EXPECT_EQ(BSP_PTDegreeToPos(0, &stPos, &st.stDegree, st.s32Mode), 0);
@@ -63,8 +67,14 @@ TEST_F(PositionTest, MagnificationsOfZoomPositions) // 20 times in the lens, 16 
 {
     PTZ_API_SetMaxDZoomTime(0, 16, BU_FALSE, BU_FALSE);
     PTZ_API_SetDZoomMode(0, BU_TRUE, BU_FALSE, BU_FALSE);
-    for (const auto &[s32Pos, dTimes] : {std::pair(0, 1.0), {8192, 4.472}, {16384, 20.0}, {19248, 40.0}, {20680, 50.0},
-                                         {22113, 60.0}, {30708, 240.0}, {31424, 320.0}}) {
+    for (const auto &[s32Pos, dTimes] : {std::pair(0, 1.0),
+                                         {8192, 4.472},
+                                         {16384, 20.0},
+                                         {19248, 40.0},
+                                         {20680, 50.0},
+                                         {22113, 60.0},
+                                         {30708, 240.0},
+                                         {31424, 320.0}}) {
         const std::string strEnd = " wait60000 zoomed" + std::to_string(s32Pos);
         run("zoom" + std::to_string(s32Pos) + strEnd);
         BU_FLOAT fTimes = 0;
@@ -75,10 +85,10 @@ TEST_F(PositionTest, MagnificationsOfZoomPositions) // 20 times in the lens, 16 
         PTZ_API_SetZoomTime(0, fTimes, 7);
         run(strEnd);
     }
-    for (const auto &[fTimes, pcEnd] : {std::pair(0.0f, "zoomed0"), {-3.0f, "zoomed0"}, {std::nanf(""), "zoomed0"}, {1e9f, "zoomed31424"}}) {
+    for (const auto &[fTimes, pcEnd] :
+         {std::pair(0.0f, "zoomed0"), {-3.0f, "zoomed0"}, {std::nanf(""), "zoomed0"}, {1e9f, "zoomed31424"}}) {
         PTZ_API_SetZoomTime(0, fTimes, 7);
         run("wait60000 "s + pcEnd);
     }
 }
-// clang-format on
 } // namespace

@@ -65,7 +65,7 @@ TEST_F(PresetTest, StoresThePositionOfThisMomentUnderAName)
 }
 
 // clang-format off
-// At the greatest speed the head arrives before the zoom: pan 90 degrees at 120: 1.25 s; zoom 8000 at 6554 a second: 1.42 s.
+// At the greatest speed the head arrives before the zoom: 90 degrees at 120: 1.25 s; 8000 at 6554 a second: 1.42 s.
 TEST_F(PresetTest, RecallsHaveTwoEndsOrWereSuperseded)
 {
     const std::pair<const char *, std::vector<std::string>> ROWS[] = {

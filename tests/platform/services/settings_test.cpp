@@ -30,64 +30,54 @@ using SystemSettings = PlatformTest;
 
 TEST_F(SystemSettings, AFormatReachesItsOutput)
 {
-    struct {
-        const BU_CHAR *pcFormat, *pcFps;
-        BU_U32 u32Width, u32Height;
-        BU_S32 s32Fps;
-        BU_BOOL bInterlaced;
-    } const rows[] = {{"Format-4K", "Fps60", 3840, 2160, 60, BU_FALSE},
-                      {"Format-4K", "Fps59p94", 3840, 2160, 59940, BU_FALSE},
-                      {"Format-1080P", "Fps50", 1920, 1080, 50, BU_FALSE},
-                      {"Format-1080P", "Fps30", 1920, 1080, 30, BU_FALSE},
-                      {"Format-1080P", "Fps29p97", 1920, 1080, 29970, BU_FALSE},
-                      {"Format-1080I", "Fps25", 1920, 1080, 25, BU_TRUE},
-                      {"Format-720P", "Fps24", 1280, 720, 24, BU_FALSE},
-                      {"Format-720P", "Fps23p98", 1280, 720, 23980, BU_FALSE}};
+    // clang-format off
+    const struct { const BU_CHAR *pcFormat, *pcFps; BU_U32 u32W, u32H; BU_S32 s32Fps; BU_BOOL bFields; } rows[] = {
+        {"Format-4K", "Fps60", 3840, 2160, 60, BU_FALSE}, {"Format-4K", "Fps59p94", 3840, 2160, 59940, BU_FALSE},
+        {"Format-1080P", "Fps50", 1920, 1080, 50, BU_FALSE}, {"Format-1080P", "Fps30", 1920, 1080, 30, BU_FALSE},
+        {"Format-1080P", "Fps29p97", 1920, 1080, 29970, BU_FALSE}, {"Format-1080I", "Fps25", 1920, 1080, 25, BU_TRUE},
+        {"Format-720P", "Fps24", 1280, 720, 24, BU_FALSE}, {"Format-720P", "Fps23p98", 1280, 720, 23980, BU_FALSE}};
+    // clang-format on
     for (const auto &row : rows) {
         ASSERT_EQ(SYSTEM_API_SetHdmiCfg(row.pcFormat, row.pcFps, HDMI_CS_E_YUV420, BU_FALSE), 0);
         ASSERT_EQ(SYSTEM_API_SetSdiCfg("Format-720P", "Fps50", HDMI_CS_E_RGB, BU_FALSE), 0);
         MPP_VOUT_CFG_S st{};
         ASSERT_EQ(MPP_GetVoutCfg(MPP_VOUT_ID_2, &st), 0);
-        EXPECT_EQ(std::tuple(st.stResolution.u32Width, st.stResolution.u32Height, st.s32Fps, st.bInterlaced),
-                  std::tuple(row.u32Width, row.u32Height, row.s32Fps, row.bInterlaced));
-        EXPECT_EQ(st.s32OutputCs, HDMI_CS_E_YUV420);
+        const auto &[u32Width, u32Height] = st.stResolution;
+        EXPECT_EQ(std::tuple(u32Width, u32Height, st.s32Fps, st.bInterlaced, st.s32OutputCs),
+                  std::tuple(row.u32W, row.u32H, row.s32Fps, row.bFields, HDMI_CS_E_YUV420));
         EXPECT_EQ(stored("Format"), HDMI_FORMAT_E_1080P); // nothing was stored
     }
 }
 
 TEST_F(SystemSettings, AFormatIsTakenWholeOrNotAtAll)
 {
-    const struct {
-        const BU_CHAR *pcFormat, *pcFps;
-        BU_S32 enCs;
-    } astCases[] = {{"", "Fps50", 0},          {"Format-4K", "", 0},  {"Format-4K", "fps50", 0},
-                    {"Format-4K", "Fps50", 4}, {nullptr, nullptr, 0}, {"Format-4K", "Fps50", -1}};
-    for (const auto &st : astCases) EXPECT_EQ(SYSTEM_API_SetHdmiCfg(st.pcFormat, st.pcFps, st.enCs, BU_TRUE), -1);
+    // clang-format off
+    const struct { const BU_CHAR *pcFormat, *pcFps; BU_S32 enCs; } rows[] = {
+        {"", "Fps50", 0}, {"Format-4K", "", 0}, {"Format-4K", "fps50", 0}, {nullptr, nullptr, 0},
+        {"Format-4K", "Fps50", 4}, {"Format-4K", "Fps50", -1}};
+    // clang-format on
+    for (const auto &st : rows) EXPECT_EQ(SYSTEM_API_SetHdmiCfg(st.pcFormat, st.pcFps, st.enCs, BU_TRUE), -1);
     for (const BU_CHAR *pcWord : {"", "4K", "1080P61", "1080P60 ", "5K60", "1080p60"})
         EXPECT_EQ(SYSTEM_API_SetVideoFormat(pcWord, BU_TRUE), -1) << pcWord;
-    EXPECT_EQ(running("Format"), HDMI_FORMAT_E_1080P);
-    EXPECT_EQ(running("Fps"), HDMI_FPS_E_FPS60);
-
+    EXPECT_EQ(std::pair(running("Format"), running("Fps")), std::pair(+HDMI_FORMAT_E_1080P, +HDMI_FPS_E_FPS60));
     journal::inject("CFG_STORE_SetTexts", -1);
     EXPECT_EQ(SYSTEM_API_SetHdmiCfg("Format-4K", "Fps50", 0, BU_TRUE), -1);
     EXPECT_EQ(running("Format"), HDMI_FORMAT_E_4K); // runs, although it is not stored
     EXPECT_EQ(stored("Format"), HDMI_FORMAT_E_1080P);
 
     EXPECT_EQ(SYSTEM_API_SetVideoFormat("720P59.94", BU_TRUE), 0);
-    EXPECT_EQ(running("Format"), HDMI_FORMAT_E_720P);
-    EXPECT_EQ(running("Fps"), HDMI_FPS_E_FPS59P94);
+    EXPECT_EQ(std::pair(running("Format"), running("Fps")), std::pair(+HDMI_FORMAT_E_720P, +HDMI_FPS_E_FPS59P94));
 }
 
 TEST_F(SystemSettings, AnOutputKeepsItsOwnFormatUntilItsSettingChanges)
 {
     MPP_VOUT_CFG_S stOwn{{1024, 768}, 60, BU_FALSE, 0}, stCfg{};
+    const auto width = [&] { return MPP_GetVoutCfg(MPP_VOUT_ID_0, &stCfg), stCfg.stResolution.u32Width; };
     EXPECT_EQ(MPP_SetVoutCfg(MPP_VOUT_ID_0, &stOwn), 0);
     SYSTEM_API_SetHdmiFps("Fps25", BU_TRUE); // not this output's
-    MPP_GetVoutCfg(MPP_VOUT_ID_0, &stCfg);
-    EXPECT_EQ(stCfg.stResolution.u32Width, 1024u);
+    EXPECT_EQ(width(), 1024u);
     SYSTEM_API_SetSdiCfg("Format-1080P", "Fps60", 0, BU_TRUE);
-    MPP_GetVoutCfg(MPP_VOUT_ID_0, &stCfg);
-    EXPECT_EQ(stCfg.stResolution.u32Width, 1920u);
+    EXPECT_EQ(width(), 1920u);
     stOwn.s32Fps = 61;
     EXPECT_EQ(MPP_SetVoutCfg(MPP_VOUT_ID_0, &stOwn), -1);
     EXPECT_EQ(MPP_GetVoutCfg(static_cast<MPP_VOUT_ID>(3), &stCfg), -1);
@@ -110,8 +100,7 @@ TEST_F(SystemSettings, AudioAndDistributorPortsFollowTheProfile)
 {
     AENC_ATTR_S stAttr{};
     EXPECT_EQ(AUDIO_AENC_GetAttr(0, stAttr), 0);
-    EXPECT_EQ(stAttr.enSoundMode, AUDIO_SOUND_MODE_STEREO);
-    EXPECT_EQ(stAttr.s32AacBitRate * 1024, 128000);
+    EXPECT_EQ(std::pair(stAttr.enSoundMode, stAttr.s32AacBitRate), std::pair(+AUDIO_SOUND_MODE_STEREO, 125));
     EXPECT_EQ(AUDIO_AENC_GetAttr(1, stAttr), AUDIO_AI_NOT_AVAILABLE);
     EXPECT_EQ(AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E_AAC), 6);
     EXPECT_EQ(AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E_G711U), -1);
@@ -128,10 +117,11 @@ TEST_F(SystemSettings, AudioAndDistributorPortsFollowTheProfile)
     std::ofstream(root() + "/own.json") << R"({"hdmiDistributor": {"hdmi": 1, "3gSdi": 2, "fullNdi": 3},)"
                                         << profile.rdbuf();
     BSP_PROFILE_Load((root() + "/own.json").c_str());
-    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_HDMI), 1);
-    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_3G_SDI), 2);
-    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_TYPE_FULLNDI), 3);
-    EXPECT_EQ(MPP_GetHdmiDistributor(MPP_HDMI_DISTRIBUTOR_MAX), 255);
+    for (const auto &[enType, s32Port] : {std::pair(MPP_HDMI_DISTRIBUTOR_TYPE_HDMI, 1),
+                                          {MPP_HDMI_DISTRIBUTOR_TYPE_3G_SDI, 2},
+                                          {MPP_HDMI_DISTRIBUTOR_TYPE_FULLNDI, 3},
+                                          {MPP_HDMI_DISTRIBUTOR_MAX, 255}})
+        EXPECT_EQ(MPP_GetHdmiDistributor(enType), s32Port) << enType;
     BSP_PROFILE_Load("minimal");
     EXPECT_EQ(AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E_AAC), -1);
     EXPECT_EQ(AUDIO_AO_GetIdByDevId(AUDIO_DEV_ALSA), -1);
@@ -176,29 +166,20 @@ TEST_F(SystemSettings, StandByHandsThePowerOffRecordToTheNextStart)
     EXPECT_TRUE(UTIL_FILE_IsExist("/app/ViscaCtrlPowerOn"));
     EXPECT_FALSE(UTIL_FILE_IsExist("/var/ViscaCtrlPowerOff"));
     UTIL_CMD_SetRebootHandler(nullptr);
-}
 
-TEST_F(SystemSettings, AStartOutOfStandByAnswersThePowerOffCommandToo)
-{
-    UTIL_FILE_WriteBufToFile("/var/ViscaCtrlPowerOff", "record", 6);
-    std::filesystem::create_directories(root() + "/app");
+    std::filesystem::rename(root() + "/app/ViscaCtrlPowerOn", root() + "/var/ViscaCtrlPowerOff");
     SYSTEM_API_InitializeGlobalVirableByXml();
     EXPECT_TRUE(UTIL_FILE_IsExist("/var/ViscaCtrlPowerOff")); // it was not asleep
-    CFG_STORE_SetInt("Standby/Asleep", BU_TRUE);
+    CFG_STORE_SetInt("Standby/Asleep", BU_TRUE);              // a start out of stand-by answers the command too
     SYSTEM_API_InitializeGlobalVirableByXml();
     EXPECT_TRUE(UTIL_FILE_IsExist("/app/ViscaCtrlPowerOn"));
 }
 
-TEST_F(SystemSettings, AFrozenPictureIsFrozenAgainAfterARestart)
+TEST_F(SystemSettings, AFrozenPictureComesBackAndPictureInPictureIsTakenWholeOrNotAtAll)
 {
     SYS_API_SetImageFreeze(1, BU_TRUE, BU_TRUE);
     SYS_API_SetImageFreeze(0, BU_FALSE, BU_TRUE);
-    EXPECT_EQ(SYSTEM_API_GetImgFreeze(), 1);
-    EXPECT_EQ(running("ImageFreeze"), 1);
-}
-
-TEST_F(SystemSettings, PictureInPictureIsTakenWholeOrNotAtAll)
-{
+    EXPECT_EQ(std::pair(SYSTEM_API_GetImgFreeze(), running("ImageFreeze")), std::pair(1, 1));
     const MPP_PIP_CONFIG_S stGood{1, 0, 1, BU_TRUE, MPP_PIP_POS_TOP_RIGHT, MPP_PIP_SIZE_SMALL};
     EXPECT_EQ(SYS_API_SetPipConfig(&stGood, BU_TRUE, BU_TRUE), 0);
     for (BU_S32 MPP_PIP_CONFIG_S::*pField : {&MPP_PIP_CONFIG_S::enMainVideo, &MPP_PIP_CONFIG_S::bEnablePip,
@@ -210,9 +191,8 @@ TEST_F(SystemSettings, PictureInPictureIsTakenWholeOrNotAtAll)
     CFG_SETTING_Reload();
     MPP_PIP_CONFIG_S stCfg{};
     SYS_API_GetPipConfig(&stCfg);
-    EXPECT_EQ(stCfg.enMainVideo, 1);
-    EXPECT_EQ(stCfg.enPos, MPP_PIP_POS_TOP_RIGHT);
-    EXPECT_EQ(stCfg.enSize, MPP_PIP_SIZE_SMALL);
+    EXPECT_EQ(std::tuple(stCfg.enMainVideo, stCfg.enPos, stCfg.enSize),
+              std::tuple(1, +MPP_PIP_POS_TOP_RIGHT, +MPP_PIP_SIZE_SMALL));
 }
 
 TEST_F(SystemSettings, TheVolumeOfTheInputIsTheVolumeOfTheSystem)
@@ -233,13 +213,12 @@ TEST_F(SystemSettings, TheVolumeOfTheInputIsTheVolumeOfTheSystem)
 
 TEST_F(SystemSettings, ProtocolWordsAreTakenByNameNotByTheirTableNumber)
 {
-    const struct {
-        const BU_CHAR *pcWord;
-        BU_S32 s32Result, s32Protocol;
-    } astCases[] = {{"PelcoP", 0, RS_PROTO_E_PELCO_P}, {"PelcoD", 0, RS_PROTO_E_PELCO_D},
-                    {"VISCA", -1, RS_PROTO_E_PELCO_D}, {"", -1, RS_PROTO_E_PELCO_D},
-                    {"Freed", 0, RS_PROTO_E_FREED},    {"Visca", 0, RS_PROTO_E_VISCA}};
-    for (const auto &st : astCases) {
+    // clang-format off
+    const struct { const BU_CHAR *pcWord; BU_S32 s32Result, s32Protocol; } rows[] = {
+        {"PelcoP", 0, RS_PROTO_E_PELCO_P}, {"PelcoD", 0, RS_PROTO_E_PELCO_D}, {"VISCA", -1, RS_PROTO_E_PELCO_D},
+        {"", -1, RS_PROTO_E_PELCO_D}, {"Freed", 0, RS_PROTO_E_FREED}, {"Visca", 0, RS_PROTO_E_VISCA}};
+    // clang-format on
+    for (const auto &st : rows) {
         EXPECT_EQ(SERIAL_API_SetProtocolType(UART_INSTANCE_TYPE_RS422, st.pcWord, BU_TRUE), st.s32Result) << st.pcWord;
         EXPECT_EQ(SERIAL_API_GetProtocolType(UART_INSTANCE_TYPE_RS422), st.s32Protocol) << st.pcWord;
     }
@@ -291,18 +270,14 @@ TEST_F(SystemSettings, AreasSurviveARestartAndEndWithTheLastEnabledOne)
     astAreas[5] = {BU_TRUE, 1, 1, 1, 1, 1, 1};
     EXPECT_EQ(TRACK_SetAreaList(TRACK_AREA_E_SHIELD, astAreas, BU_FALSE), 0);
     BU_S32 s32Count = 0;
-    TRACK_GetAreaList(TRACK_AREA_E_SHIELD, astRead, &s32Count);
-    EXPECT_EQ(s32Count, 6);
+    const auto count = [&](tagTRACK_AREA_E en) { return TRACK_GetAreaList(en, astRead, &s32Count), s32Count; };
+    EXPECT_EQ(count(TRACK_AREA_E_SHIELD), 6);
     CFG_SETTING_Reload();
-    TRACK_GetAreaList(TRACK_AREA_E_SHIELD, astRead, &s32Count);
-    EXPECT_EQ(s32Count, 0);
-    TRACK_GetAreaList(TRACK_AREA_E_PRESET, astRead, &s32Count);
-    EXPECT_EQ(s32Count, 3);
-    EXPECT_EQ(astRead[2].y, -20);
-    EXPECT_EQ(astRead[2].s32PresetId, 7);
+    EXPECT_EQ(count(TRACK_AREA_E_SHIELD), 0);
+    EXPECT_EQ(count(TRACK_AREA_E_PRESET), 3);
+    EXPECT_EQ(std::pair(astRead[2].y, astRead[2].s32PresetId), std::pair(-20, 7));
     SYSTEM_API_FactoryRestoreConfiguration(SYSTEM_RESTORE_E_TRACK);
-    TRACK_GetAreaList(TRACK_AREA_E_PRESET, astRead, &s32Count);
-    EXPECT_EQ(s32Count, 0);
+    EXPECT_EQ(count(TRACK_AREA_E_PRESET), 0);
     EXPECT_EQ(TRACK_GetAreaList(static_cast<tagTRACK_AREA_E>(5), astRead, &s32Count), -1);
 }
 
@@ -312,20 +287,16 @@ TEST_F(SystemSettings, TargetsAreSteppedThroughFromLeftToRight)
     ALG_API_UpdatePanoramaTargets(
         {{7, 0.6F, 0.1F, 0.8F, 0.9F}, {5, 0.0F, 0.1F, 0.2F, 0.9F}, {6, 0.1F, 0.1F, 0.5F, 0.9F}});
     ALG_API_SetCurTargetId(-1);
-    ALG_API_LockNextTarget();
-    EXPECT_EQ(ALG_API_GetCurTargetId(), 5);
-    ALG_API_LockLastTarget(); // round the end
-    EXPECT_EQ(ALG_API_GetCurTargetId(), 7);
+    const auto current = [](BU_S32 s32Result) { return std::pair(s32Result, ALG_API_GetCurTargetId()); };
+    EXPECT_EQ(current(ALG_API_LockNextTarget()), std::pair(0, 5));
+    EXPECT_EQ(current(ALG_API_LockLastTarget()), std::pair(0, 7)); // round the end
     EXPECT_EQ(ALG_API_ApplyPreSelectTarget(), -1);
-    ALG_API_PreSelectLastTarget();
+    EXPECT_EQ(current(ALG_API_PreSelectLastTarget()), std::pair(0, 7));
     EXPECT_EQ(ALG_API_GetPreSelectTargetId(), 6);
-    EXPECT_EQ(ALG_API_GetCurTargetId(), 7);
-    EXPECT_EQ(ALG_API_ApplyPreSelectTarget(), 0);
-    EXPECT_EQ(ALG_API_GetCurTargetId(), 6);
-    EXPECT_EQ(ALG_API_SelectTargetByBodyPosWithPanoramaTargets(0.15F, 0.5F), 0); // in two boxes, nearer to 5
-    EXPECT_EQ(ALG_API_GetCurTargetId(), 5);
-    EXPECT_EQ(ALG_API_SelectTargetByBodyPosWithPanoramaTargets(0.55F, 0.5F), -1);
-    EXPECT_EQ(ALG_API_GetCurTargetId(), 5);
+    EXPECT_EQ(current(ALG_API_ApplyPreSelectTarget()), std::pair(0, 6));
+    const auto select = ALG_API_SelectTargetByBodyPosWithPanoramaTargets;
+    EXPECT_EQ(current(select(0.15F, 0.5F)), std::pair(0, 5)); // in two boxes, nearer to 5
+    EXPECT_EQ(current(select(0.55F, 0.5F)), std::pair(-1, 5));
     ALG_API_UpdatePanoramaTargets({});
 }
 

@@ -18,47 +18,36 @@ using ImageSettings = PlatformTest;
 /// The keys are the menu's; functions have other names.
 TEST_F(ImageSettings, SettersReachTheSettingsOfTheMenu)
 {
-    struct {
-        BU_S32 (*pfnSetDev)(BU_S32, BU_S32, BU_BOOL, BU_BOOL);
-        BU_S32 (*pfnSet)(BU_S32, BU_BOOL, BU_BOOL);
-        const BU_CHAR *pcKey;
-    } const rows[] = {
-        {ISP_API_Set2DNR, nullptr, "Nr2d"}, {ISP_API_Set3DNR, nullptr, "Nr3d"},
-        {ISP_API_SetDrcSwi, nullptr, "WdrSwi"}, {ISP_API_SetDrcMode, nullptr, "WdrMode"},
-        {ISP_API_SetBackLight, nullptr, "BacklightCompensation"},
-        {ISP_API_SetExpCompSwi, nullptr, "ExposureCompensation"},
-        {ISP_API_SetExpBrightness, nullptr, "ExposureBrightness"}, {ISP_API_SetAeMode, nullptr, "ExposureMode"},
-        {ISP_API_SetAeMeterMode, nullptr, "AEMeterMode"}, {ISP_API_SetNDFilter, nullptr, "ND-Filter"},
-        {ISP_API_SetStWbMode, nullptr, "ColorTemp"}, {ISP_API_SetAwbSensitivity, nullptr, "WbSensitivity"},
-        {ISP_API_SetIspBinUsage, nullptr, "ImageStyle"},
-        {ISP_API_SetExposureFullViewFollow, nullptr, "ViewFollowExposure"},
+    using SetDev = BU_S32 (*)(BU_S32, BU_S32, BU_BOOL, BU_BOOL);
+    using Set = BU_S32 (*)(BU_S32, BU_BOOL, BU_BOOL);
+    const std::tuple<SetDev, Set, const BU_CHAR *> rows[] = {
+        {ISP_API_Set2DNR, nullptr, "Nr2d"}, {ISP_API_Set3DNR, nullptr, "Nr3d"}, {ISP_API_SetDrcSwi, nullptr, "WdrSwi"},
+        {ISP_API_SetDrcMode, nullptr, "WdrMode"}, {ISP_API_SetBackLight, nullptr, "BacklightCompensation"},
+        {ISP_API_SetExpCompSwi, nullptr, "ExposureCompensation"}, {ISP_API_SetAeMode, nullptr, "ExposureMode"},
+        {ISP_API_SetExpBrightness, nullptr, "ExposureBrightness"}, {ISP_API_SetAeMeterMode, nullptr, "AEMeterMode"},
+        {ISP_API_SetNDFilter, nullptr, "ND-Filter"}, {ISP_API_SetStWbMode, nullptr, "ColorTemp"},
+        {ISP_API_SetAwbSensitivity, nullptr, "WbSensitivity"}, {ISP_API_SetIspBinUsage, nullptr, "ImageStyle"},
+        {ISP_API_SetExposureFullViewFollow, nullptr, "ViewFollowExposure"}, {PTZ_API_SetDZoomMode, nullptr, "DZoom"},
         {ISP_API_SetWhiteBalanceFullViewFollow, nullptr, "ViewFollowWB"},
         {ISP_API_SetShutter, nullptr, "ShutterSpeedFps60"}, {ISP_API_SetShutterValue, nullptr, "ShutterValueFps60"},
-        {PTZ_API_SetMaxDZoomTime, nullptr, "DZoomTime"}, {PTZ_API_SetDZoomMode, nullptr, "DZoom"},
+        {PTZ_API_SetMaxDZoomTime, nullptr, "DZoomTime"},
         {AF_API_SetFocusRange, nullptr, "FocusDistance"}, {PT_API_SetPtSpeedMatch, nullptr, "SpeedMatch"},
         {PRESET_API_SetPresetSpeed, nullptr, "PresetSpeed"},
         {nullptr, AF_API_SetDistortionCorrection, "DistortionCorre"}, {nullptr, ALG_API_SetEnable, "TrackEnabled"},
         {nullptr, SYS_API_SetAudioinput, "AudioInput"},
     };
-    for (const auto &st : rows) {
-        CFG_VALUE_INT_S stRange{};
-        BU_S32 s32Default = 0;
-        ASSERT_EQ(ISP_AF_GetDefVal(st.pcKey, &s32Default), 0) << st.pcKey;
-        for (const BU_S32 s32Value : {s32Default + 1, s32Default - 1}) { // one of the two is in every range
-            const BU_S32 s32Ret =
-                st.pfnSet ? st.pfnSet(s32Value, BU_FALSE, BU_TRUE) : st.pfnSetDev(0, s32Value, BU_FALSE, BU_TRUE);
-            if (s32Ret == 0) stRange.s32Cur = s32Value;
-        }
-        EXPECT_EQ(running(st.pcKey), stRange.s32Cur) << st.pcKey;
+    for (const auto &[pfnSetDev, pfnSet, pcKey] : rows) {
+        BU_S32 s32Default = 0, s32Set = 0;
+        ASSERT_EQ(ISP_AF_GetDefVal(pcKey, &s32Default), 0) << pcKey;
+        for (const BU_S32 s32 : {s32Default + 1, s32Default - 1}) // one of the two is in every range
+            if ((pfnSet ? pfnSet(s32, BU_FALSE, BU_TRUE) : pfnSetDev(0, s32, BU_FALSE, BU_TRUE)) == 0) s32Set = s32;
+        EXPECT_EQ(running(pcKey), s32Set) << pcKey;
     }
 }
 
 TEST_F(ImageSettings, EachRateKeepsAShutterOfItsOwn)
 {
-    struct {
-        const BU_CHAR *pcFps, *pcKey;
-        BU_S32 s32Default;
-    } const rows[] = {
+    const struct { const BU_CHAR *pcFps, *pcKey; BU_S32 s32Default; } rows[] = {
         {"Fps60", "ShutterSpeedFps60", SHUTTER_TIME_60}, {"Fps59p94", "ShutterSpeedFps60", SHUTTER_TIME_60},
         {"Fps50", "ShutterSpeedFps50", SHUTTER_TIME_50}, {"Fps30", "ShutterSpeedFps30", SHUTTER_TIME_30},
         {"Fps29p97", "ShutterSpeedFps60", SHUTTER_TIME_60}, {"Fps25", "ShutterSpeedFps25", SHUTTER_TIME_25},
@@ -74,11 +63,11 @@ TEST_F(ImageSettings, EachRateKeepsAShutterOfItsOwn)
         SYSTEM_API_GetHdmiFps(&enFps);
         EXPECT_STREQ(ISP_API_GetShutterConfigNameByHdmiFps(enFps), row.pcKey);
         BU_S32 s32Shutter = -1, s32Default = -1;
-        ISP_API_GetShutter(0, &s32Shutter);
         ISP_AF_GetDefVal("ShutterSpeed", &s32Default);
+        EXPECT_EQ(s32Default, row.s32Default);
+        ISP_API_GetShutter(0, &s32Shutter);
         const bool bOwn = row.pcKey != std::string("ShutterSpeedFps60");
         EXPECT_EQ(s32Shutter, bOwn ? row.s32Default : SHUTTER_TIME_10000);
-        EXPECT_EQ(s32Default, row.s32Default);
         ISP_API_SetShutter(0, SHUTTER_TIME_500, BU_TRUE, BU_TRUE);
         EXPECT_EQ(running(row.pcKey), SHUTTER_TIME_500);
         SYSTEM_API_SetHdmiFps("Fps60", BU_TRUE);
@@ -137,11 +126,9 @@ TEST_F(ImageSettings, ResetTakesBackThePictureOfOnePipelineOnly)
     }
     EXPECT_EQ(ISP_API_Reset(1), 0);
     CFG_SETTING_Reload(); // stored as well
-    EXPECT_EQ(running("Contrast", 1), 7);
-    EXPECT_EQ(running("GColorHue", 1), 0);
-    EXPECT_EQ(running("Gain", 1), 20);
-    EXPECT_EQ(running("Contrast", 0), 1);
-    EXPECT_EQ(running("GColorHue", 0), 9);
+    for (const auto &[pcKey, s32First, s32Second] :
+         {std::tuple("Contrast", 1, 7), {"GColorHue", 9, 0}, {"Gain", 20, 20}})
+        EXPECT_EQ(std::pair(running(pcKey, 0), running(pcKey, 1)), std::pair(s32First, s32Second)) << pcKey;
     journal::inject("CFG_STORE_Erase", -1);
     EXPECT_EQ(ISP_API_Reset(0), -1);
     EXPECT_EQ(running("Contrast", 0), 1);

@@ -13,21 +13,12 @@ namespace
 constexpr const BU_CHAR *STORE = "/cfg0/settings.db";
 
 /// What the listeners hear, as "key/pipe=value".
-class Heard
-{
-public:
-    Heard()
-        : m_s32Id(CFG_SETTING_Listen([this](const CFG_SETTING_EVENT_S &st) {
-              texts.push_back(std::string(st.pcKey) + '/' + std::to_string(st.s32Pipe) + '=' +
-                              std::to_string(st.s32Value));
-          }))
-    {
-    }
-    ~Heard() { CFG_SETTING_Unlisten(m_s32Id); }
+struct Heard {
+    ~Heard() { CFG_SETTING_Unlisten(s32Id); }
     std::vector<std::string> texts;
-
-private:
-    BU_S32 m_s32Id;
+    const BU_S32 s32Id = CFG_SETTING_Listen([this](const CFG_SETTING_EVENT_S &st) {
+        texts.push_back(st.pcKey + ("/" + std::to_string(st.s32Pipe) + '=' + std::to_string(st.s32Value)));
+    });
 };
 } // namespace
 
@@ -80,24 +71,19 @@ TEST_F(Settings, EveryStoredOneSurvivesARestartInItsOwnPlace)
 
 TEST_F(Settings, ValuesBetweenTheWordsOfATableAreRefused)
 {
-    EXPECT_EQ(CFG_SETTING_Set("SpeedAccuracy", 0, 2, BU_TRUE, BU_TRUE), -1);
-    EXPECT_EQ(CFG_SETTING_Set("EinkMode", 0, 253, BU_TRUE, BU_TRUE), -1);
-    EXPECT_EQ(CFG_SETTING_Set("TallyMode", 0, 5, BU_TRUE, BU_TRUE), -1);
+    for (const auto &[pcKey, s32Value] : {std::pair("SpeedAccuracy", 2), {"EinkMode", 253}, {"TallyMode", 5}})
+        EXPECT_EQ(CFG_SETTING_Set(pcKey, 0, s32Value, BU_TRUE, BU_TRUE), -1) << pcKey;
 }
 
 TEST_F(Settings, FlagsDecideWhatRunsWhatIsStoredAndWhoHears)
 {
-    struct {
-        const BU_CHAR *pcKey;
-        BU_BOOL bSaveCfg, bUpdate;
-        BU_S32 s32Running, s32Stored; // afterwards, from 0 with 1 set
-    } const rows[] = {
+    // clang-format off
+    const struct { const BU_CHAR *pcKey; BU_BOOL bSaveCfg, bUpdate; BU_S32 s32Running, s32Stored; } rows[] = {
         {"Contrast", 0, 0, 1, 0}, // the start applies stored values so
-        {"Contrast", 0, 1, 1, 0}, {"Contrast", 1, 0, 1, 1},
-        {"Contrast", 1, 1, 1, 1}, {"Mirror", 1, 0, 0, 1}, // the menu: from the next start on
-        {"Flip", 1, 0, 0, 1},     {"MountMode", 1, 0, 0, 1},
-        {"Mirror", 1, 1, 1, 1},   {"Mirror", 0, 0, 0, 0},
-    };
+        {"Contrast", 0, 1, 1, 0}, {"Contrast", 1, 0, 1, 1}, {"Contrast", 1, 1, 1, 1},
+        {"Mirror", 1, 0, 0, 1}, {"Flip", 1, 0, 0, 1}, {"MountMode", 1, 0, 0, 1}, // the menu: from the next start on
+        {"Mirror", 1, 1, 1, 1}, {"Mirror", 0, 0, 0, 0}};
+    // clang-format on
     for (const auto &row : rows) {
         SCOPED_TRACE(row.pcKey + std::to_string(row.bSaveCfg) + std::to_string(row.bUpdate));
         CFG_SETTING_Set(row.pcKey, 0, 0, BU_TRUE, BU_TRUE);
@@ -125,9 +111,7 @@ TEST_F(Settings, AStoreThatCannotBeWrittenLeavesTheRunningValue)
 
 TEST_F(Settings, AStoredValueOutsideItsRangeCountsAsNone)
 {
-    CFG_STORE_SetText("Image0/Contrast", "15");
-    CFG_STORE_SetText("Image0/Brightness", "seven");
-    CFG_STORE_SetText("PanTilt0/SpeedAccuracy", "11");
+    CFG_STORE_SetTexts({{"Image0/Contrast", "15"}, {"Image0/Brightness", "seven"}, {"PanTilt0/SpeedAccuracy", "11"}});
     CFG_SETTING_Reload();
     for (const BU_CHAR *pcKey : {"Contrast", "Brightness", "SpeedAccuracy"}) {
         CFG_VALUE_INT_S stRange{};

@@ -6,12 +6,13 @@
 #include "support/await.h"
 #include "support/platformTest.h"
 
+#include <array>
 #include <atomic>
 #include <fstream>
-#include <mutex>
 
 namespace
 {
+using namespace std::string_literals;
 constexpr const BU_CHAR *NAME = "TallyLed";
 constexpr BU_U32 ALL_ON = 0xFF000000;
 
@@ -23,18 +24,13 @@ constexpr LED_TALLY_STATE_S hold(BU_U32 u32Color) { return state(LED_WORK_MODE_E
 constexpr LED_TALLY_STATE_S OFF = state(LED_WORK_MODE_E_OFF);
 
 // What the callbacks of the manager under test have seen; they carry no data of their own.
-std::mutex g_lock; // guards the list
-std::vector<BU_S32> g_listEvents;
+std::array<std::atomic<BU_S32>, 64> g_as32Events;
+std::atomic<std::size_t> g_events;
 std::atomic<bool> g_bSelfTest, g_bHoldSelfTest;
-std::vector<BU_S32> events()
-{
-    const std::lock_guard guard(g_lock);
-    return g_listEvents;
-}
 BU_S32 onEvent(LED_EVENT_FROM_E en)
 {
-    const std::lock_guard guard(g_lock);
-    g_listEvents.push_back(en);
+    g_as32Events.at(g_events) = en;
+    ++g_events;
     return 0;
 }
 BU_S32 onSelfTest(LED_EVENT_FROM_E en)
@@ -53,7 +49,7 @@ protected:
     void start(LED_WHITE_MODE_E enWhiteMode = LED_WHITE_MODE_E_RGB, bool bHoldSelfTest = false)
     {
         end();
-        g_listEvents.clear();
+        g_events = 0;
         g_bSelfTest = false;
         g_bHoldSelfTest = bHoldSelfTest;
         m_pvLamp = BSP_LED_Init("/dev/tally_led");
@@ -66,9 +62,9 @@ protected:
     {
         if (!m_pvLamp) return;
         g_bHoldSelfTest = false;
-        const std::size_t before = events().size();
+        const std::size_t before = g_events;
         LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_CFG); // its thread is through with what came before
-        await([=] { return events().size() > before; });
+        await([=] { return g_events > before; });
         LED_API_DestroyMgr(NAME);
         EXPECT_EQ(shown(), "off");
         BSP_LED_Destroy(m_pvLamp);
@@ -77,9 +73,8 @@ protected:
     std::string shown() const
     {
         std::ifstream in(root() + "/dev/tally_led");
-        std::string strLine, strMore;
-        std::getline(in, strLine);
-        return std::getline(in, strMore) ? "more than a line" : strLine;
+        const std::string strAll{std::istreambuf_iterator(in), {}};
+        return strAll.substr(0, strAll.size() - strAll.ends_with('\n')); // one line
     }
     std::string shownFor(const LED_TALLY_STATE_S &stState, LED_EVENT_FROM_E enFrom = LED_EVENT_FROM_E_VISCA) const
     {
@@ -113,10 +108,9 @@ TEST_F(Lamp, ALineTellsModeColourBrightnessAndRate)
     EXPECT_EQ(shownFor(state(LED_WORK_MODE_E_RGB_CIRCLE)), "circle 80%");
     EXPECT_EQ(shownFor({LED_WORK_MODE_E_HOLD, 0x010203, LED_BRIGHTNESS_100, LED_CLOSE, 0}), "hold #010203 100%");
     EXPECT_EQ(shownFor(hold(ALL_ON)), "hold white 80%");
-    const char *const RATES[] = {"",    "",    "50Hz", "10Hz",  "5Hz",
-                                 "3Hz", "2Hz", "1Hz",  "0.5Hz", "1Hz"}; // the last: unknown
-    for (BU_S32 i = LED_MODE_FLICKER_50HZ; i < 10; ++i)
-        EXPECT_EQ(shownFor(state(LED_WORK_MODE_E_FLICK, 0xFF0000, i)), std::string("flick #FF0000 80% ") + RATES[i]);
+    BU_S32 s32Rate = LED_MODE_FLICKER_50HZ;
+    for (const char *pcRate : {"50Hz", "10Hz", "5Hz", "3Hz", "2Hz", "1Hz", "0.5Hz", "1Hz"}) // the last: unknown
+        EXPECT_EQ(shownFor(state(LED_WORK_MODE_E_FLICK, 0xFF0000, s32Rate++)), "flick #FF0000 80% "s + pcRate);
     start(LED_WHITE_MODE_E_RGB);
     EXPECT_EQ(shownFor(hold(ALL_ON)), "hold #FFFFFF 80%");
 }
@@ -150,20 +144,14 @@ TEST_F(Lamp, RestStateComesFromTheSettingsWithOrWithoutAManager)
     EXPECT_EQ(LED_API_ApplyLedStateInfo(NAME), -1);
     start();
     EXPECT_EQ(shown(), "hold #FF0000 80%");
-    const struct {
-        BU_S32 s32Mode, s32Result;
-        const BU_CHAR *pcShown;
-    } rows[] = {
-        {LED_TALLY_MODE_E_COLOR_W, 0, "hold #FFFFFF 80%"},
-        {LED_TALLY_MODE_E_COLOR_R, 0, "hold #FF0000 80%"},
-        {LED_TALLY_MODE_E_COLOR_G, 0, "hold #00FF00 80%"},
-        {LED_TALLY_MODE_E_COLOR_B, 0, "hold #0000FF 80%"},
-        {5, -1, "hold #0000FF 80%"},
-        {LED_TALLY_MODE_E_COLOR_CUSTOM, 0, "hold #123456 80%"},
-        {LED_TALLY_MODE_E_COLOR_RGB_CIRCLE, 0, "circle 80%"},
-        {LED_TALLY_MODE_E_CLOSE, 0, "off"},
-        {LED_TALLY_MODE_E_COLOR_G, 0, "hold #00FF00 80%"},
-    };
+    // clang-format off
+    const struct { BU_S32 s32Mode, s32Result; const BU_CHAR *pcShown; } rows[] = {
+        {LED_TALLY_MODE_E_COLOR_W, 0, "hold #FFFFFF 80%"}, {LED_TALLY_MODE_E_COLOR_R, 0, "hold #FF0000 80%"},
+        {LED_TALLY_MODE_E_COLOR_G, 0, "hold #00FF00 80%"}, {LED_TALLY_MODE_E_COLOR_B, 0, "hold #0000FF 80%"},
+        {5, -1, "hold #0000FF 80%"}, {LED_TALLY_MODE_E_COLOR_CUSTOM, 0, "hold #123456 80%"},
+        {LED_TALLY_MODE_E_COLOR_RGB_CIRCLE, 0, "circle 80%"}, {LED_TALLY_MODE_E_CLOSE, 0, "off"},
+        {LED_TALLY_MODE_E_COLOR_G, 0, "hold #00FF00 80%"}};
+    // clang-format on
     EXPECT_EQ(LED_API_SetTallyCustomColor(NAME, 0x123456, BU_TRUE, BU_FALSE), 0);
     EXPECT_EQ(LED_API_SetTallyCustomColor(NAME, 0x1000000, BU_TRUE, BU_FALSE), -1);
     for (const auto &row : rows) {
@@ -183,9 +171,10 @@ TEST_F(Lamp, UpdatesWaitForTheSelfTestAndComeInOrder)
     LED_API_SetTallyMode(NAME, LED_TALLY_MODE_E_COLOR_R, BU_TRUE, BU_TRUE); // seen at once
     EXPECT_EQ(shown(), "hold #FF0000 80%");
     await([] { return g_bSelfTest.load(); });
-    EXPECT_TRUE(events().empty());
+    EXPECT_EQ(g_events, 0u);
     g_bHoldSelfTest = false;
-    await([] { return events().size() >= 3; });
-    EXPECT_THAT(events(), testing::ElementsAre(LED_EVENT_FROM_E_ALG, LED_EVENT_FROM_E_NDI, LED_EVENT_FROM_E_CFG));
+    await([] { return g_events >= 3; });
+    EXPECT_THAT((std::vector<BU_S32>{g_as32Events[0], g_as32Events[1], g_as32Events[2]}),
+                testing::ElementsAre(LED_EVENT_FROM_E_ALG, LED_EVENT_FROM_E_NDI, LED_EVENT_FROM_E_CFG));
 }
 } // namespace

@@ -5,8 +5,7 @@
 
 #include <cstring>
 
-using testing::Contains;
-using testing::Not;
+using testing::ElementsAre;
 
 namespace
 {
@@ -22,6 +21,12 @@ protected:
         EXPECT_EQ(NET_API_GetAllParamCur(CARD, &stCfg), 0);
         return stCfg;
     }
+    static std::vector<std::string> texts()
+    {
+        const NETWORK_CFG_S st = current();
+        return {st.stIpInfo.acIpAddr, st.stIpInfo.acNetMask, st.stIpInfo.acGateWay, st.stDnsInfo.acDns[0],
+                st.stDnsInfo.acDns[1]};
+    }
     static NETWORK_IP_INFO_S fallback()
     {
         NETWORK_IP_INFO_S stInfo{};
@@ -30,14 +35,11 @@ protected:
     }
 };
 
-// clang-format off
 // Every setter of an address, every row: what is refused is not used either when it is stored all the same.
 TEST_F(Network, TakesAddressesThatCanBe)
 {
-    struct {
-        const BU_CHAR *pcText;
-        bool bMachine, bMask;
-    } const rows[] = {
+    // clang-format off
+    const struct { const BU_CHAR *pcText; bool bMachine, bMask; } rows[] = {
         {"192.168.1.10", true, false}, {"10.0.0.1", true, false}, {"127.0.0.1", true, false},
         {"223.255.255.255", true, false}, {"255.255.255.0", false, true}, {"255.255.255.255", false, true},
         {"128.0.0.0", true, true}, {"255.255.0.255", false, false}, {"255.255.255.1", false, false},
@@ -48,15 +50,14 @@ TEST_F(Network, TakesAddressesThatCanBe)
         {"192.168.1.1/24", false, false}, {"192.168.1.4294967297", false, false}, {"192.168.0001.1", false, false},
         {"192.168.01.1", false, false},
     };
+    // clang-format on
     for (const auto &row : rows) {
         SCOPED_TRACE(row.pcText);
         CFG_STORE_Open(nullptr);
         NET_API_SetIpMode(CARD, IP_MODE_E_STATIC);
         const BU_S32 s32Machine = row.bMachine ? 0 : -1, s32Mask = row.bMask ? 0 : -1;
-        EXPECT_EQ(NET_API_SetIpAddr(CARD, row.pcText), s32Machine);
-        EXPECT_EQ(NET_API_SetGateWay(CARD, row.pcText), s32Machine);
-        EXPECT_EQ(NET_API_SetDns1(CARD, row.pcText), s32Machine);
-        EXPECT_EQ(NET_API_SetDns2(CARD, row.pcText), s32Machine);
+        for (auto *pfnSet : {NET_API_SetIpAddr, NET_API_SetGateWay, NET_API_SetDns1, NET_API_SetDns2})
+            EXPECT_EQ(pfnSet(CARD, row.pcText), s32Machine);
         EXPECT_EQ(NET_API_SetNetMask(CARD, row.pcText), s32Mask);
         EXPECT_EQ(NET_API_CheckIpConflict(row.pcText), s32Machine);
         EXPECT_EQ(NET_API_FallbackIPReplaceDefaultScript(row.pcText, "255.0.0.0", "10.0.0.1"), s32Machine);
@@ -64,17 +65,12 @@ TEST_F(Network, TakesAddressesThatCanBe)
         EXPECT_EQ(NET_API_FallbackIPReplaceDefaultScript("10.0.0.5", "255.0.0.0", row.pcText), s32Machine);
         for (const BU_CHAR *pcKey : {"IpAddr", "NetMask", "GateWay", "Dns1", "Dns2", "FallbackIpAddr"})
             CFG_STORE_SetText((std::string("Network/NetCard0/") + pcKey).c_str(), row.pcText);
-        const NETWORK_CFG_S st = current();
-        EXPECT_STREQ(st.stIpInfo.acIpAddr, row.bMachine ? row.pcText : "192.168.100.100");
-        EXPECT_STREQ(st.stIpInfo.acNetMask, row.bMask ? row.pcText : "255.255.255.0");
-        EXPECT_STREQ(st.stIpInfo.acGateWay, row.bMachine ? row.pcText : "192.168.100.1");
-        EXPECT_STREQ(st.stDnsInfo.acDns[0], row.bMachine ? row.pcText : "");
-        EXPECT_STREQ(st.stDnsInfo.acDns[1], row.bMachine ? row.pcText : "");
-        EXPECT_STREQ(fallback().acIpAddr, row.bMachine ? row.pcText : "192.168.100.100");
+        const auto machine = [&](const BU_CHAR *pcElse) { return row.bMachine ? row.pcText : pcElse; };
+        EXPECT_THAT(texts(), ElementsAre(machine("192.168.100.100"), row.bMask ? row.pcText : "255.255.255.0",
+                                         machine("192.168.100.1"), machine(""), machine("")));
+        EXPECT_STREQ(fallback().acIpAddr, machine("192.168.100.100"));
     }
 }
-
-// clang-format on
 
 TEST_F(Network, EachSetterKeepsItsOwnField)
 {
@@ -84,11 +80,9 @@ TEST_F(Network, EachSetterKeepsItsOwnField)
                   NET_API_SetDnsMode(CARD, DNS_MODE_E_MANUAL),
               0);
     const NETWORK_CFG_S st = current();
-    EXPECT_EQ((std::vector<std::string>{st.stIpInfo.acIpAddr, st.stIpInfo.acNetMask, st.stIpInfo.acGateWay,
-                                        st.stDnsInfo.acDns[0], st.stDnsInfo.acDns[1], st.acIntf}),
-              (std::vector<std::string>{"10.0.0.1", "255.0.0.0", "10.0.0.2", "10.0.0.3", "10.0.0.4", "eth0"}));
-    EXPECT_EQ(std::tuple(st.bEnable, st.enIpMode, st.enDnsMode),
-              std::tuple(BU_FALSE, IP_MODE_E_STATIC, DNS_MODE_E_MANUAL));
+    EXPECT_THAT(texts(), ElementsAre("10.0.0.1", "255.0.0.0", "10.0.0.2", "10.0.0.3", "10.0.0.4"));
+    EXPECT_EQ(std::tuple(std::string(st.acIntf), st.bEnable, st.enIpMode, st.enDnsMode),
+              std::tuple("eth0", BU_FALSE, IP_MODE_E_STATIC, DNS_MODE_E_MANUAL));
     EXPECT_EQ(NET_API_SetIpAddr(CARD, ""), -1) << "the others may be empty";
     EXPECT_EQ(NET_API_SetNetMask(CARD, "") + NET_API_SetGateWay(CARD, "") + NET_API_SetDns1(CARD, ""), 0);
     EXPECT_STREQ(current().stIpInfo.acNetMask, "");
@@ -173,6 +167,6 @@ TEST_F(Network, NothingReachesTheMachine)
     journal::effects();
     NET_API_InitCfgParam();
     NET_API_SetIpAddr(CARD, "192.168.1.10");
-    EXPECT_THAT(journal::effects(), Not(Contains(testing::HasSubstr("UTIL_CMD_"))));
+    EXPECT_THAT(journal::effects(), testing::Each(testing::Not(testing::HasSubstr("UTIL_CMD_"))));
 }
 } // namespace

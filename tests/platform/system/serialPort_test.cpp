@@ -51,12 +51,9 @@ struct SerialTest : PlatformTest {
     }
     static Bytes get(int s32Fd, std::size_t count)
     {
-        Bytes bytes(count);
-        for (std::size_t done = 0; done < count;) {
-            const ssize_t size = isSilent(s32Fd, 20'000) ? 0 : read(s32Fd, bytes.data() + done, count - done);
-            if (size <= 0) return {};
-            done += static_cast<std::size_t>(size);
-        }
+        Bytes bytes;
+        for (BU_U8 u8 = 0; bytes.size() < count && !isSilent(s32Fd, 20'000) && read(s32Fd, &u8, 1) == 1;)
+            bytes.push_back(u8);
         return bytes;
     }
     static bool isSilent(int s32Fd, int s32Ms = 0)

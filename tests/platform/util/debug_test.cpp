@@ -3,13 +3,11 @@
 #include "support/await.h"
 #include "util/debug.h"
 
-#include <condition_variable>
+#include <atomic>
 #include <cstdio>
 #include <future>
 #include <gmock/gmock.h>
 #include <mutex>
-#include <sstream>
-#include <vector>
 
 namespace
 {
@@ -20,30 +18,24 @@ public:
     FN_DEBUG_READER reader()
     {
         return [self = shared_from_this()](std::istream &stIn, void *) -> BU_S32 {
-            std::ostringstream stText;
-            stText << stIn.rdbuf();
             const std::lock_guard guard(self->m_lock);
-            self->m_contents.push_back(stText.str());
-            self->m_changed.notify_all();
+            self->m_strLast.assign(std::istreambuf_iterator(stIn), {}), ++self->count;
             return 0;
         };
     }
     void waitFor(const std::string &strContent)
     {
-        std::unique_lock guard(m_lock);
-        const auto isThere = [&] { return !m_contents.empty() && m_contents.back() == strContent; };
-        ASSERT_TRUE(m_changed.wait_for(guard, std::chrono::seconds(20), isThere)) << strContent.substr(0, 40);
+        const auto isThere = [&] {
+            const std::lock_guard guard(m_lock);
+            return count > 0 && m_strLast == strContent;
+        };
+        ASSERT_TRUE(await(isThere, std::chrono::seconds(20))) << strContent.substr(0, 40);
     }
-    std::size_t count()
-    {
-        const std::lock_guard guard(m_lock);
-        return m_contents.size();
-    }
+    std::atomic<std::size_t> count = 0;
 
 private:
-    std::mutex m_lock; // guards m_contents
-    std::condition_variable m_changed;
-    std::vector<std::string> m_contents;
+    std::mutex m_lock; // guards the member below
+    std::string m_strLast;
 };
 
 struct DebugTest : RootTest {
@@ -52,10 +44,7 @@ struct DebugTest : RootTest {
         return UTIL_DebugRegister(("/var/debug/app/a/" + strName).c_str(), std::move(fnReader), nullptr);
     }
     void put(const std::string &strName, const std::string &strText) const { write(FOLDER + strName, strText); }
-    void move(const std::filesystem::path &from, const std::string &strName) const
-    {
-        std::filesystem::rename(from, root() + FOLDER + strName);
-    }
+    void move(const std::filesystem::path &from) const { std::filesystem::rename(from, root() + FOLDER + "switch"); }
     const std::string FOLDER = "/var/debug/app/a/";
     const std::shared_ptr<Contents> contents = std::make_shared<Contents>();
 };
@@ -66,17 +55,17 @@ TEST_F(DebugTest, DeliversRegularFilesWrittenOrMovedIntoPlaceCutAtTheirLimitAndT
     put("switch", "1");
     contents->waitFor("1");
     put("other", "moved into place");
-    move(root() + FOLDER + "other", "switch");
+    move(root() + FOLDER + "other");
     contents->waitFor("moved into place");
-    const std::size_t before = contents->count();
+    const std::size_t before = contents->count;
     for (int i = 0; i <= 500; i++) put("switch", std::to_string(i));
     contents->waitFor("500");
-    EXPECT_LE(contents->count() - before, 501u);
+    EXPECT_LE(contents->count - before, 501u);
     put("switch", std::string(200000, 'x'));
     contents->waitFor(std::string(65536, 'x'));
     std::ofstream(outside() + "/secret") << "secret";
     std::filesystem::create_symlink(outside() + "/secret", outside() + "/link");
-    move(outside() + "/link", "switch");
+    move(outside() + "/link");
     contents->waitFor("");
 }
 
@@ -86,8 +75,8 @@ TEST_F(DebugTest, SecondReaderReplacesTheFirstAndMakingAFileIsNoWrite)
     ASSERT_EQ(open("one", contents->reader()) + open("two", second->reader()) + open("one", second->reader()), 0);
     put("one", "x");
     second->waitFor("x");
-    EXPECT_EQ(second->count(), 1u);
-    EXPECT_EQ(contents->count(), 0u);
+    EXPECT_EQ(second->count, 1u);
+    EXPECT_EQ(contents->count, 0u);
     for (const BU_CHAR *pcPath : {"/etc/x", "/var/debug/app", "/var/debug/app/../x", "/var/debug/apples/x"})
         EXPECT_EQ(UTIL_DebugRegister(pcPath, contents->reader(), nullptr), -1) << pcPath;
     EXPECT_EQ(open("x", nullptr), -1);

@@ -38,8 +38,12 @@ BU_S32 onTimer(void *pvCase)
     auto &stCase = *static_cast<TimerCase *>(pvCase);
     stCase.s32Calls++;
     stCase.pstRecord->note("timer");
-    return stCase.pfnInside ? stCase.pfnInside(stCase) : 0;
+    EXPECT_EQ(stCase.pfnInside ? stCase.pfnInside(stCase) : 0, 0);
+    return 0;
 }
+
+BU_S32 startAgain(TimerCase &st) { return UTIL_TIMER_Start(BU_TIMER_E_ONCE, 30, onTimer, &st, &st.stHandle); }
+BU_S32 slowDown(TimerCase &st) { return UTIL_TIMER_UpdatePeriod(&st.stHandle, 30); }
 
 TEST(ManualClock, AllQueuesFireInOneOrderOfTimeThenOfGiving)
 {
@@ -80,32 +84,20 @@ TEST(ManualClock, SleepersWakeAtTheirTimeAndAtTheEndWhenWhatStillWaitsIsDropped)
     ManualClock().advance(100000);
 }
 
-BU_S32 startOnceAgain(TimerCase &stCase)
-{
-    return stCase.s32Calls < 3 ? UTIL_TIMER_Start(BU_TIMER_E_ONCE, 30, onTimer, &stCase, &stCase.stHandle) : 0;
-}
-BU_S32 stopAtSecond(TimerCase &stCase) { return stCase.s32Calls == 2 ? UTIL_TIMER_Stop(&stCase.stHandle) : 0; }
-BU_S32 slowDown(TimerCase &stCase) { return UTIL_TIMER_UpdatePeriod(&stCase.stHandle, 30); }
-BU_S32 noMorePeriod(TimerCase &stCase)
-{
-    EXPECT_EQ(UTIL_TIMER_UpdatePeriod(&stCase.stHandle, 30), -1) << "a one-shot timer is over when it fires";
-    return 0;
-}
-
 TEST(Timer, CallbackMayChangeItsOwnTimer)
 {
-    const struct {
-        BU_TIMER_TYPE_E enType;
-        BU_S32 (*pfnInside)(TimerCase &);
-        std::vector<std::string> entries; // in 100 ms of a 20 ms timer
-    } cases[] = {
-        {BU_TIMER_E_ONCE, nullptr, {"timer@20"}},
-        {BU_TIMER_E_ONCE, startOnceAgain, {"timer@20", "timer@50", "timer@80"}},
-        {BU_TIMER_E_ONCE, noMorePeriod, {"timer@20"}},
+    // clang-format off
+    const struct { BU_TIMER_TYPE_E enType; BU_S32 (*pfnInside)(TimerCase &); std::vector<std::string> at; } cases[] = {
+        {BU_TIMER_E_ONCE, nullptr, {"timer@20"}}, // in 100 ms of a 20 ms timer
+        {BU_TIMER_E_ONCE, [](TimerCase &st) { return st.s32Calls < 3 ? startAgain(st) : 0; },
+         {"timer@20", "timer@50", "timer@80"}},
+        {BU_TIMER_E_ONCE, [](TimerCase &st) { return slowDown(st) + 1; }, {"timer@20"}}, // is over when it fires
         {BU_TIMER_E_PERIODIC, nullptr, {"timer@20", "timer@40", "timer@60", "timer@80", "timer@100"}},
-        {BU_TIMER_E_PERIODIC, stopAtSecond, {"timer@20", "timer@40"}},
+        {BU_TIMER_E_PERIODIC, [](TimerCase &st) { return st.s32Calls == 2 ? UTIL_TIMER_Stop(&st.stHandle) : 0; },
+         {"timer@20", "timer@40"}},
         {BU_TIMER_E_PERIODIC, slowDown, {"timer@20", "timer@50", "timer@80"}},
     };
+    // clang-format on
     for (const auto &[enType, pfnInside, entries] : cases) {
         ManualClock clock;
         Record stRecord;
@@ -129,11 +121,11 @@ TEST(Timer, RestartCountsFromNowWithTheNewValuesAndWhatCannotRunIsRefused)
     clock.advance(200);
     EXPECT_THAT(stRecord.entries, ElementsAre("timer@35"));
     BU_TIMER_DATA_S stHandle{};
-    EXPECT_EQ(UTIL_TIMER_Start(BU_TIMER_E_ONCE, 0, onTimer, nullptr, &stHandle), -1);
-    EXPECT_EQ(UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, nullptr, nullptr, &stHandle), -1);
-    EXPECT_EQ(UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, onTimer, nullptr, nullptr), -1);
-    EXPECT_EQ(UTIL_TIMER_UpdatePeriod(&stHandle, 5), -1) << "never started";
-    EXPECT_EQ(UTIL_TIMER_Stop(&stHandle), 0);
+    EXPECT_THAT((std::vector{UTIL_TIMER_Start(BU_TIMER_E_ONCE, 0, onTimer, nullptr, &stHandle),
+                             UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, nullptr, nullptr, &stHandle),
+                             UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, onTimer, nullptr, nullptr),
+                             UTIL_TIMER_UpdatePeriod(&stHandle, 5), UTIL_TIMER_Stop(&stHandle)}),
+                ElementsAre(-1, -1, -1, -1, 0)); // never started
 }
 
 // With the real clock: what the queue's own thread does.
