@@ -111,29 +111,27 @@ template <class Record, class Member> struct Word {
     const BU_CHAR *pcWord;
     Member Record::*pMember;
 };
-using Control = CFG_FEATURE_CONTROL_S;
-using Display = CFG_FEATURE_DISPLAY_S;
-using General = CFG_FEATURE_GENERAL_S;
-using Av = CFG_FEATURE_AV_S;
-using Ability = tagHW_ABILITY_S;
 // clang-format off
-constexpr Word<Control, BU_BOOL> CONTROL[] = {
-    {"viscaEthernet", &Control::bViscaEtherSupport}, {"onvif", &Control::bOnvifSupport},
-    {"webUi", &Control::bWebUiSupport}, {"osdMenu", &Control::bOsdMenuSupport}, {"freeD", &Control::bFreeDSupport}, {"ai", &Control::bAiSupport},
-    {"dvip", &Control::bDvipSupport}};
-constexpr Word<Display, BU_BOOL> DISPLAY[] = {
-    {"eink", &Display::bEinkSupport}, {"oled", &Display::bOledSupport}, {"led", &Display::bLedSupport}};
-constexpr Word<General, BU_BOOL> GENERAL[] = {
-    {"ethernet", &General::bEthernet}, {"panTilt", &General::bPt}, {"autoFocus", &General::bAf},
-    {"ntp", &General::bNtp}, {"resetKey", &General::bRstKey}, {"infrared", &General::bIr}, {"audio", &General::bAudio}};
-constexpr Word<Av, tagCFG_FEATURE_AV_INTF_S> AV[] = {
-    {"hdmi", &Av::stHdmi}, {"hdBaseT", &Av::stHdBaseT}, {"sdi", &Av::stSdi}, {"usb", &Av::stUsb}, {"ndi", &Av::stNdi},
-    {"rtsp", &Av::stRtsp}, {"rtmp", &Av::stRtmp}, {"srt", &Av::stSrt}, {"dante", &Av::stDante}};
-constexpr Word<Ability, HW_CAPS_COUNT_S> COUNTS[] = {
-    {"chips", &Ability::stChipData}, {"net", &Ability::stNet}, {"usb", &Ability::stUsb}, {"sdCard", &Ability::stSdcard},
-    {"hdmi", &Ability::stHdmi}, {"sdi", &Ability::stSdi}, {"fullNdi", &Ability::stFullNdi}, {"eink", &Ability::stEink},
-    {"uart", &Ability::stUart}, {"resetKey", &Ability::stResetKey}, {"infrared", &Ability::stIr},
-    {"audio", &Ability::stAudio}};
+using C = CFG_FEATURE_CONTROL_S;
+using D = CFG_FEATURE_DISPLAY_S;
+using G = CFG_FEATURE_GENERAL_S;
+using A = CFG_FEATURE_AV_S;
+using H = tagHW_ABILITY_S;
+constexpr Word<C, BU_BOOL> CONTROL[] = {
+    {"viscaEthernet", &C::bViscaEtherSupport}, {"onvif", &C::bOnvifSupport}, {"webUi", &C::bWebUiSupport},
+    {"ai", &C::bAiSupport}, {"osdMenu", &C::bOsdMenuSupport}, {"freeD", &C::bFreeDSupport}, {"dvip", &C::bDvipSupport}};
+constexpr Word<D, BU_BOOL> DISPLAY[] = {
+    {"eink", &D::bEinkSupport}, {"oled", &D::bOledSupport}, {"led", &D::bLedSupport}};
+constexpr Word<G, BU_BOOL> GENERAL[] = {
+    {"ethernet", &G::bEthernet}, {"panTilt", &G::bPt}, {"autoFocus", &G::bAf}, {"ntp", &G::bNtp},
+    {"resetKey", &G::bRstKey}, {"infrared", &G::bIr}, {"audio", &G::bAudio}};
+constexpr Word<A, tagCFG_FEATURE_AV_INTF_S> AV[] = {
+    {"hdmi", &A::stHdmi}, {"hdBaseT", &A::stHdBaseT}, {"sdi", &A::stSdi}, {"usb", &A::stUsb}, {"ndi", &A::stNdi},
+    {"rtsp", &A::stRtsp}, {"rtmp", &A::stRtmp}, {"srt", &A::stSrt}, {"dante", &A::stDante}};
+constexpr Word<H, HW_CAPS_COUNT_S> COUNTS[] = {
+    {"chips", &H::stChipData}, {"net", &H::stNet}, {"usb", &H::stUsb}, {"sdCard", &H::stSdcard}, {"hdmi", &H::stHdmi},
+    {"sdi", &H::stSdi}, {"fullNdi", &H::stFullNdi}, {"eink", &H::stEink}, {"uart", &H::stUart},
+    {"resetKey", &H::stResetKey}, {"infrared", &H::stIr}, {"audio", &H::stAudio}};
 // clang-format on
 
 /// A profile with one word of a list: its own field is set, and no other.

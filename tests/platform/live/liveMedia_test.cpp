@@ -142,11 +142,8 @@ TEST_F(LiveMediaStore, ARefusedRecordLeavesEveryStoredFieldAlone)
 
 TEST_F(LiveMediaStore, AStoredRecordAgainstItsRuleIsPassedOver)
 {
-    for (const auto &[pcKey, pcValue] : {std::pair("1/rtsp/SessionName", "../etc"),
-                                         {"2/rtsp/Audio", "9"},
-                                         {"2/rtsp/Enable", "0"},
-                                         {"2/Protocol", "17"}})
-        CFG_STORE_SetText(("LiveMedia/"s + pcKey).c_str(), pcValue);
+    CFG_STORE_SetTexts({{"LiveMedia/1/rtsp/SessionName", "../etc"}, {"LiveMedia/2/rtsp/Audio", "9"}});
+    CFG_STORE_SetTexts({{"LiveMedia/2/rtsp/Enable", "0"}, {"LiveMedia/2/Protocol", "17"}});
     EXPECT_EQ(load(CLOSEUP).rtsp.sSessionName, "closeup");
     const CFG_LM_CHANNEL_S st = load(SUB); // the sound field beside the others counts
     EXPECT_EQ(std::tuple(st.rtsp.eAudio, st.rtsp.bEnabled, st.enProto),

@@ -6,7 +6,6 @@
 namespace
 {
 using testing::ElementsAre;
-using namespace std::string_literals;
 
 class ZoomFocusTest : public MotionTest
 {
@@ -20,13 +19,11 @@ protected:
 
 TEST_F(ZoomFocusTest, ZoomEndsWhereTheDigitalZoomAllows)
 {
-    for (const auto &[bDigital, s32Limit, strEnd] : {std::tuple(0, 1, "16384"s),
-                                                     {0, 16, "16384"s},
-                                                     {1, 1, "16384"s},
-                                                     {1, 2, "19248"s},
-                                                     {1, 5, "26410"s},
-                                                     {1, 12, "30708"s},
-                                                     {1, 16, "31424"s}}) {
+    // clang-format off
+    const std::tuple<BU_BOOL, BU_S32, std::string> ROWS[] = {{0, 1, "16384"}, {0, 16, "16384"}, {1, 1, "16384"},
+        {1, 2, "19248"}, {1, 5, "26410"}, {1, 12, "30708"}, {1, 16, "31424"}};
+    // clang-format on
+    for (const auto &[bDigital, s32Limit, strEnd] : ROWS) {
         PTZ_API_SetDZoomMode(0, bDigital, BU_FALSE, BU_FALSE);
         PTZ_API_SetMaxDZoomTime(0, s32Limit, BU_FALSE, BU_FALSE);
         run("tele wait60000 zoomed" + strEnd + " wide wait60000 zoomed0 zoom40000#1 wait60000 zoomed" + strEnd);

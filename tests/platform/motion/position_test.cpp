@@ -67,14 +67,11 @@ TEST_F(PositionTest, MagnificationsOfZoomPositions) // 20 times in the lens, 16 
 {
     PTZ_API_SetMaxDZoomTime(0, 16, BU_FALSE, BU_FALSE);
     PTZ_API_SetDZoomMode(0, BU_TRUE, BU_FALSE, BU_FALSE);
-    for (const auto &[s32Pos, dTimes] : {std::pair(0, 1.0),
-                                         {8192, 4.472},
-                                         {16384, 20.0},
-                                         {19248, 40.0},
-                                         {20680, 50.0},
-                                         {22113, 60.0},
-                                         {30708, 240.0},
-                                         {31424, 320.0}}) {
+    // clang-format off
+    const std::pair<BU_S32, double> KNOWN[] = {{0, 1}, {8192, 4.472}, {16384, 20}, {19248, 40}, {20680, 50},
+        {22113, 60}, {30708, 240}, {31424, 320}};
+    // clang-format on
+    for (const auto &[s32Pos, dTimes] : KNOWN) {
         const std::string strEnd = " wait60000 zoomed" + std::to_string(s32Pos);
         run("zoom" + std::to_string(s32Pos) + strEnd);
         BU_FLOAT fTimes = 0;

@@ -3,6 +3,8 @@
 
 #include "support/platformTest.h"
 
+using namespace std::string_literals;
+
 namespace
 {
 enum class Mode : BU_S32 { A, B };
@@ -33,10 +35,10 @@ const store::Record<Thing> THING{"Test/*/thing/", FIELDS, SYSTEM_RESTORE_E_CONTR
 const store::Record<Thing> OTHER{"Test/*/other/", FIELDS, SYSTEM_RESTORE_E_CONTROL};
 
 struct Record : PlatformTest {
-    static std::string stored(const BU_CHAR *pcKey)
+    static std::string stored(const std::string &strKey)
     {
         std::string strValue = "-";
-        CFG_STORE_GetText(pcKey, &strValue);
+        CFG_STORE_GetText(strKey.c_str(), &strValue);
         return strValue;
     }
 };
@@ -45,12 +47,10 @@ TEST_F(Record, IsStoredFieldByFieldInTheSectionOfItsInstance)
 {
     Thing st{1, Mode::B, -3, "\"x\"", {{"no", "yes"}}};
     EXPECT_EQ(THING.save(st, "7"), 0);
-    const std::pair<const BU_CHAR *, const BU_CHAR *> rows[] = {{"Test/7/thing/Switch", "1"},
-                                                                {"Test/7/thing/Mode", "1"},
-                                                                {"Test/7/thing/Number", "-3"},
-                                                                {"Test/7/thing/Text", "\"x\""},
-                                                                {"Test/7/thing/Name", "yes"}};
-    for (const auto &[pcKey, pcValue] : rows) EXPECT_EQ(stored(pcKey), pcValue);
+    std::string strStored;
+    for (const auto *pcKey : {"Switch", "Mode", "Number", "Text", "Name"})
+        strStored += stored("Test/7/thing/"s + pcKey) + ' ';
+    EXPECT_EQ(strStored, "1 1 -3 \"x\" yes ");
     st.stInner = {{"", "yes"}};
     EXPECT_EQ(THING.journalText(THING.load("7")), R"({1, 1, -3, "***", "yes"})");
     EXPECT_EQ(THING.load("7").strText, "\"x\"");
@@ -63,30 +63,24 @@ TEST_F(Record, IsStoredFieldByFieldInTheSectionOfItsInstance)
 // One row a limit, both ways: what is not taken is not stored, and not used where it is stored all the same.
 TEST_F(Record, LimitsHoldBothWays)
 {
-    struct {
-        const BU_CHAR *pcKey;
-        std::string strValue;
-        bool bTaken;
-    } const rows[] = {
+    const struct { std::string strKey, strValue; bool bTaken; } rows[] = {
         {"Switch", "2", false}, {"Switch", "-1", false}, {"Mode", "2", false}, {"Number", "-4", false},
         {"Number", "0", true}, {"Number", "2147483647", true}, {"Number", "2147483648", false},
         {"Number", "", false}, {"Number", "5x", false}, {"Text", "", true}, {"Text", "four", true},
         {"Text", "fives", false}, {"Text", "bad", false}, {"Text", "a\n", false}, {"Text", "\x7F", false},
         {"Name", "abc", true}, {"Name", "abcd", false}, {"NoField", "1", false},
     };
-    for (const auto &row : rows) {
-        const std::string strFolder = "Test/1/thing/", strKey = row.pcKey;
-        const std::string strOther = strKey == "Mode" ? "Switch" : "Mode"; // its neighbour
-        SCOPED_TRACE(strKey + ' ' + row.strValue);
+    for (const auto &[strKey, strValue, bTaken] : rows) {
+        const std::string strFolder = "Test/1/thing/", strOther = strKey == "Mode" ? "Switch" : "Mode"; // its neighbour
+        SCOPED_TRACE(strKey + ' ' + strValue);
         CFG_STORE_Open(nullptr);
-        EXPECT_EQ(THING.put({{strOther, "1"}, {strKey, row.strValue}}, "1"), row.bTaken ? 0 : -1);
-        EXPECT_EQ(stored((strFolder + strKey).c_str()), row.bTaken ? row.strValue : "-");
-        EXPECT_EQ(stored((strFolder + strOther).c_str()), row.bTaken ? "1" : "-") << "all or none";
-        CFG_STORE_SetTexts({{strFolder + strKey, row.strValue}, {strFolder + strOther, "1"}});
+        EXPECT_EQ(THING.put({{strOther, "1"}, {strKey, strValue}}, "1"), bTaken ? 0 : -1);
+        EXPECT_EQ(stored(strFolder + strKey), bTaken ? strValue : "-");
+        EXPECT_EQ(stored(strFolder + strOther), bTaken ? "1" : "-") << "all or none";
+        CFG_STORE_SetTexts({{strFolder + strKey, strValue}, {strFolder + strOther, "1"}});
         const Thing st = THING.load("1");
         EXPECT_EQ(strOther == "Mode" ? st.enMode == Mode::B : st.u8Switch == 1, true) << "the neighbour counts";
-        EXPECT_TRUE(row.bTaken || std::tuple(st.s32Number, st.strText) == std::tuple(5, "none"));
-        EXPECT_TRUE(row.bTaken || strKey == "Mode" || st.u8Switch == 0);
+        EXPECT_TRUE(bTaken || (st.s32Number == 5 && st.strText == "none" && (strKey == "Mode" || st.u8Switch == 0)));
     }
 }
 

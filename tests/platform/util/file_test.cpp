@@ -23,17 +23,12 @@ std::optional<std::string> readBuf(const BU_CHAR *pcPath)
 
 TEST_F(RootTest, NoPathLeavesIt)
 {
-    const std::pair<const BU_CHAR *, const BU_CHAR *> rows[] = {{"var/log", "/var/log"},
-                                                                {"//var///log/", "/var/log"},
-                                                                {"/../etc/passwd", "/etc/passwd"},
-                                                                {"../../../etc", "/etc"},
-                                                                {"/var/../../etc", "/etc"},
-                                                                {"/var/./../log/..", ""},
-                                                                {"/var/..hidden", "/var/..hidden"},
-                                                                {"/var/.../x", "/var/.../x"},
-                                                                {"..", ""},
-                                                                {"", ""},
-                                                                {nullptr, ""}};
+    // clang-format off
+    const std::pair<const BU_CHAR *, const BU_CHAR *> rows[] = {
+        {"var/log", "/var/log"}, {"//var///log/", "/var/log"}, {"/../etc/passwd", "/etc/passwd"},
+        {"../../../etc", "/etc"}, {"../../../etc", "/etc"}, {"/var/../../etc", "/etc"}, {"/var/./../log/..", ""}, {"/var/..hidden", "/var/..hidden"},
+        {"/var/.../x", "/var/.../x"}, {"..", ""}, {"", ""}, {nullptr, ""}};
+    // clang-format on
     for (const auto &[pcPath, pcInside] : rows) EXPECT_EQ(UTIL_ROOT_Path(pcPath), root() + pcInside) << pcInside;
     write("/file", "");
     EXPECT_EQ(UTIL_ROOT_Set((root() + "/file/root").c_str()), -1);

@@ -118,10 +118,11 @@ TEST_F(ProcessTest, ReadinessReachesTheServiceManager)
 
 TEST_F(ProcessTest, PortsMoveByTheOffsetButNeverBeyondThePorts)
 {
+    // clang-format off
     const std::tuple<const BU_CHAR *, BU_S32, BU_S32> rows[] = {
-        {nullptr, 1259, 1259},   {"1000", 1259, 2259}, {"1000", 0, 0},        {"13154", 52381, 65535},
-        {"13155", 52381, 52381}, {"-1258", 1259, 1},   {"-1259", 1259, 1259}, {"", 1259, 1259},
-    };
+        {nullptr, 1259, 1259}, {"1000", 1259, 2259}, {"1000", 0, 0}, {"13154", 52381, 65535}, {"13155", 52381, 52381},
+        {"-1258", 1259, 1}, {"-1259", 1259, 1259}, {"", 1259, 1259}};
+    // clang-format on
     for (const auto &[pcOffset, s32Port, s32Expected] : rows) {
         pcOffset ? setenv("CAMERA_PORT_OFFSET", pcOffset, 1) : unsetenv("CAMERA_PORT_OFFSET");
         EXPECT_EQ(PLATFORM_Port(s32Port), s32Expected) << (pcOffset ? pcOffset : "no offset");
