@@ -117,9 +117,10 @@ TEST_F(SystemSettings, AudioAndDistributorPortsFollowTheProfile)
     std::ofstream(root() + "/own.json") << R"({"hdmiDistributor": {"hdmi": 1, "3gSdi": 2, "fullNdi": 3},)"
                                         << profile.rdbuf();
     BSP_PROFILE_Load((root() + "/own.json").c_str());
-    BU_S32 s32Type = MPP_HDMI_DISTRIBUTOR_TYPE_HDMI;
-    for (const BU_S32 s32Port : {1, 2, 3, 255}) // HDMI, 3G-SDI, full NDI, no such one
-        EXPECT_EQ(MPP_GetHdmiDistributor(static_cast<MPP_HDMI_DISTRIBUTOR_TYPE_E>(s32Type++)), s32Port);
+    std::vector<BU_S32> listPorts;
+    for (BU_S32 i = 0; i <= MPP_HDMI_DISTRIBUTOR_MAX; ++i)
+        listPorts.push_back(MPP_GetHdmiDistributor(static_cast<MPP_HDMI_DISTRIBUTOR_TYPE_E>(i)));
+    EXPECT_THAT(listPorts, ElementsAre(1, 2, 255, 255, 3, 255));
     BSP_PROFILE_Load("minimal");
     EXPECT_EQ(AUDIO_AENC_GetStreamCacheId(AENC_TYPE_E_AAC), -1);
     EXPECT_EQ(AUDIO_AO_GetIdByDevId(AUDIO_DEV_ALSA), -1);
