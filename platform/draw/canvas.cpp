@@ -1,3 +1,4 @@
+// How shapes with smooth edges become Y, U and V.
 #include "draw/canvas.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Which font shows a character, and how a line of mixed fonts is laid out.
 #include "draw/fonts.h"
 
 #include "util/log.h"
@@ -21,15 +22,15 @@ constexpr const char *CHINESE[] = {
     "/usr/share/fonts/truetype/arphic/uming.ttc"};
 constexpr int ANY_SIZE = 16;
 
-struct tagFONTS_S {
+struct Fonts {
     std::mutex lock; // guards all members; opened fonts stay open
     bool bReady = false, bTried = false;
     std::string strChinese; // empty: none is installed
     std::map<std::pair<std::string, int>, TTF_Font *> opened;
 };
-tagFONTS_S &fonts()
+Fonts &fonts()
 {
-    static auto *pst = new tagFONTS_S;
+    static auto *pst = new Fonts;
     return *pst;
 }
 

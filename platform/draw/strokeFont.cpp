@@ -1,3 +1,4 @@
+// The letters of the canvas as strokes.
 #include "draw/canvas.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// How an axis speeds up, runs and brakes: the stretches of a drive, and where it is at a time.
 #include "axis.h"
 
 #include <algorithm>
@@ -9,20 +10,20 @@ namespace
 {
 constexpr double US_PER_S = 1e6;
 
-tagAXIS_STATE_S after(tagAXIS_STATE_S stStart, double dAccel, double dSeconds)
+AxisState after(AxisState stStart, double dAccel, double dSeconds)
 {
     return {stStart.dPos + (stStart.dSpeed + dAccel * dSeconds / 2) * dSeconds, stStart.dSpeed + dAccel * dSeconds};
 }
 } // namespace
 
-void AxisPath::add(tagAXIS_STATE_S stStart, double dAccel, double dSeconds)
+void AxisPath::add(AxisState stStart, double dAccel, double dSeconds)
 {
     if (dSeconds <= 0 || m_u32Count == m_astStretches.size()) return;
     m_astStretches[m_u32Count++] = {m_dEndS, stStart, dAccel};
     m_dEndS += dSeconds;
 }
 
-void AxisPath::plan(tagAXIS_STATE_S stFrom, double dTarget, tagDRIVE_S stDrive)
+void AxisPath::plan(AxisState stFrom, double dTarget, Drive stDrive)
 {
     const double dAccel = stDrive.dAccel;
     const double dRestPos = stFrom.dPos + stFrom.dSpeed * std::abs(stFrom.dSpeed) / (2 * dAccel);
@@ -44,7 +45,7 @@ void AxisPath::plan(tagAXIS_STATE_S stFrom, double dTarget, tagDRIVE_S stDrive)
     m_dTarget = dTarget;
 }
 
-AxisPath AxisPath::move(BU_S64 s64StartUs, tagAXIS_STATE_S stFrom, double dTarget, tagDRIVE_S stDrive)
+AxisPath AxisPath::move(BU_S64 s64StartUs, AxisState stFrom, double dTarget, Drive stDrive)
 {
     AxisPath path(stFrom.dPos);
     path.m_s64StartUs = s64StartUs;
@@ -52,7 +53,7 @@ AxisPath AxisPath::move(BU_S64 s64StartUs, tagAXIS_STATE_S stFrom, double dTarge
     return path;
 }
 
-AxisPath AxisPath::brake(BU_S64 s64StartUs, tagAXIS_STATE_S stFrom, double dAccel)
+AxisPath AxisPath::brake(BU_S64 s64StartUs, AxisState stFrom, double dAccel)
 {
     const double dSeconds = std::abs(stFrom.dSpeed) / dAccel;
     AxisPath path(stFrom.dPos + stFrom.dSpeed * dSeconds / 2);
@@ -61,20 +62,20 @@ AxisPath AxisPath::brake(BU_S64 s64StartUs, tagAXIS_STATE_S stFrom, double dAcce
     return path;
 }
 
-AxisPath &AxisPath::then(double dTarget, tagDRIVE_S stDrive)
+AxisPath &AxisPath::then(double dTarget, Drive stDrive)
 {
     plan({m_dTarget, 0}, dTarget, stDrive);
     return *this;
 }
 
-tagAXIS_STATE_S AxisPath::at(BU_S64 s64Us) const
+AxisState AxisPath::at(BU_S64 s64Us) const
 {
     const double dSeconds = static_cast<double>(s64Us - m_s64StartUs) / US_PER_S;
     if (dSeconds >= m_dEndS || m_u32Count == 0) return {m_dTarget, 0};
     if (dSeconds < 0) return {m_astStretches[0].stStart.dPos, 0};
     BU_U32 u32 = m_u32Count - 1;
     while (m_astStretches[u32].dStartS > dSeconds) --u32;
-    const tagSTRETCH_S &stStretch = m_astStretches[u32];
+    const Stretch &stStretch = m_astStretches[u32];
     return after(stStretch.stStart, stStretch.dAccel, dSeconds - stStretch.dStartS);
 }
 

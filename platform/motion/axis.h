@@ -10,12 +10,12 @@
 
 namespace motion
 {
-struct tagAXIS_STATE_S {
+struct AxisState {
     double dPos, dSpeed; ///< units, units per second
 };
 
 /// What a motor is asked for.
-struct tagDRIVE_S {
+struct Drive {
     double dSpeed; ///< greatest speed, units per second, > 0
     double dAccel; ///< acceleration and deceleration, units per second squared, > 0
 };
@@ -28,30 +28,30 @@ public:
 
     /// From a state to a target, at rest there: acceleration, cruise, deceleration. A state that moves away from the
     /// target, or towards it too fast to stop there, turns around without a break in speed.
-    static AxisPath move(BU_S64 s64StartUs, tagAXIS_STATE_S stFrom, double dTarget, tagDRIVE_S stDrive);
+    static AxisPath move(BU_S64 s64StartUs, AxisState stFrom, double dTarget, Drive stDrive);
     /// Brakes to rest.
-    static AxisPath brake(BU_S64 s64StartUs, tagAXIS_STATE_S stFrom, double dAccel);
+    static AxisPath brake(BU_S64 s64StartUs, AxisState stFrom, double dAccel);
 
     /// A further move after the last one.
-    AxisPath &then(double dTarget, tagDRIVE_S stDrive);
+    AxisPath &then(double dTarget, Drive stDrive);
 
-    tagAXIS_STATE_S at(BU_S64 s64Us) const;
+    AxisState at(BU_S64 s64Us) const;
     double target() const { return m_dTarget; }
     BU_S64 startUs() const { return m_s64StartUs; }
     BU_S64 endUs() const;
 
 private:
-    struct tagSTRETCH_S {
+    struct Stretch {
         double dStartS; // after m_s64StartUs
-        tagAXIS_STATE_S stStart;
+        AxisState stStart;
         double dAccel;
     };
-    void add(tagAXIS_STATE_S stStart, double dAccel, double dSeconds);
-    void plan(tagAXIS_STATE_S stFrom, double dTarget, tagDRIVE_S stDrive);
+    void add(AxisState stStart, double dAccel, double dSeconds);
+    void plan(AxisState stFrom, double dTarget, Drive stDrive);
 
     BU_S64 m_s64StartUs = 0;
     double m_dEndS = 0, m_dTarget;
-    std::array<tagSTRETCH_S, 9> m_astStretches{}; // three moves
+    std::array<Stretch, 9> m_astStretches{}; // three moves
     BU_U32 m_u32Count = 0;
 };
 } // namespace motion

@@ -1,3 +1,4 @@
+// What a command makes of the two axes of the head.
 #include "head.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace
 constexpr double ACCEL = 240.0 * MOTOR_PER_DEGREE; // up to 120 degrees per second in half a second
 constexpr double STOP_ACCEL = 2 * ACCEL;
 
-tagDRIVE_S driveOf(double dDegreesPerS) { return {dDegreesPerS * MOTOR_PER_DEGREE, ACCEL}; }
+Drive driveOf(double dDegreesPerS) { return {dDegreesPerS * MOTOR_PER_DEGREE, ACCEL}; }
 
 AxisPath driven(const AxisPath &path, BU_S64 s64NowUs, BU_S32 s32Direction, double dDegreesPerS, BU_S32 s32Min,
                 BU_S32 s32Max)
@@ -20,7 +21,7 @@ AxisPath driven(const AxisPath &path, BU_S64 s64NowUs, BU_S32 s32Direction, doub
 }
 
 /// The slowest drive that still arrives by s64EndUs.
-AxisPath stretched(const AxisPath &path, tagAXIS_STATE_S stFrom, double dDegreesPerS, BU_S64 s64EndUs)
+AxisPath stretched(const AxisPath &path, AxisState stFrom, double dDegreesPerS, BU_S64 s64EndUs)
 {
     double dSlow = 0, dFast = dDegreesPerS;
     const auto plan = [&](double dSpeed) {
@@ -34,29 +35,29 @@ AxisPath stretched(const AxisPath &path, tagAXIS_STATE_S stFrom, double dDegrees
 }
 } // namespace
 
-void Head::place(tagHEAD_POS_S stPos)
+void Head::place(HeadPos stPos)
 {
     m_pan = AxisPath(stPos.s32Pan);
     m_tilt = AxisPath(stPos.s32Tilt);
 }
 
-tagHEAD_POS_S Head::at(BU_S64 s64NowUs) const
+HeadPos Head::at(BU_S64 s64NowUs) const
 {
     const auto whole = [&](const AxisPath &path) { return static_cast<BU_S32>(std::lround(path.at(s64NowUs).dPos)); };
     return {whole(m_pan), whole(m_tilt)};
 }
 
-void Head::drive(BU_S64 s64NowUs, BU_S32 s32PanDirection, BU_S32 s32TiltDirection, tagHEAD_SPEED_S stSpeed)
+void Head::drive(BU_S64 s64NowUs, BU_S32 s32PanDirection, BU_S32 s32TiltDirection, HeadSpeed stSpeed)
 {
-    const tagSTOPS_S st = stops();
+    const Stops st = stops();
     m_pan = driven(m_pan, s64NowUs, s32PanDirection, stSpeed.dPan, st.s32PanMin, st.s32PanMax);
     m_tilt = driven(m_tilt, s64NowUs, s32TiltDirection, stSpeed.dTilt, st.s32TiltMin, st.s32TiltMax);
 }
 
-BU_S64 Head::moveTo(BU_S64 s64NowUs, tagHEAD_POS_S stTarget, tagHEAD_SPEED_S stSpeed, bool bTogether)
+BU_S64 Head::moveTo(BU_S64 s64NowUs, HeadPos stTarget, HeadSpeed stSpeed, bool bTogether)
 {
-    const tagSTOPS_S st = stops();
-    const tagAXIS_STATE_S stPan = m_pan.at(s64NowUs), stTilt = m_tilt.at(s64NowUs);
+    const Stops st = stops();
+    const AxisState stPan = m_pan.at(s64NowUs), stTilt = m_tilt.at(s64NowUs);
     m_pan =
         AxisPath::move(s64NowUs, stPan, std::clamp(stTarget.s32Pan, st.s32PanMin, st.s32PanMax), driveOf(stSpeed.dPan));
     m_tilt = AxisPath::move(s64NowUs, stTilt, std::clamp(stTarget.s32Tilt, st.s32TiltMin, st.s32TiltMax),
@@ -67,9 +68,9 @@ BU_S64 Head::moveTo(BU_S64 s64NowUs, tagHEAD_POS_S stTarget, tagHEAD_SPEED_S stS
     return s64EndUs;
 }
 
-BU_S64 Head::calibrate(BU_S64 s64NowUs, tagHEAD_SPEED_S stSpeed)
+BU_S64 Head::calibrate(BU_S64 s64NowUs, HeadSpeed stSpeed)
 {
-    const tagSTOPS_S st = stops();
+    const Stops st = stops();
     const auto run = [&](AxisPath &path, BU_S32 s32Min, BU_S32 s32Max, double dSpeed) {
         path = AxisPath::move(s64NowUs, path.at(s64NowUs), s32Min, driveOf(dSpeed));
         path.then(s32Max, driveOf(dSpeed)).then(MOTOR_CENTRE, driveOf(dSpeed));

@@ -1,3 +1,4 @@
+// What a command makes of zoom and focus, and where sharpness is.
 #include "lens.h"
 
 #include "camera/focus.h"
@@ -17,14 +18,14 @@ constexpr double FOCUS_SPEED_STEP = (FOCUS_NEAR_END - FOCUS_FAR_END) / 14.0;
 constexpr double FOCUS_ACCEL = 4.0 * (FOCUS_NEAR_END - FOCUS_FAR_END);
 constexpr double SEARCH_STEP = 150; // focus units between two frames that are compared
 
-tagDRIVE_S zoomDrive(BU_U8 u8Speed) { return {ZOOM_SPEED_STEP * (std::min(u8Speed, ZOOM_SPEED_MAX) + 1), ZOOM_ACCEL}; }
-tagDRIVE_S focusDrive(BU_U8 u8Speed)
+Drive zoomDrive(BU_U8 u8Speed) { return {ZOOM_SPEED_STEP * (std::min(u8Speed, ZOOM_SPEED_MAX) + 1), ZOOM_ACCEL}; }
+Drive focusDrive(BU_U8 u8Speed)
 {
     return {FOCUS_SPEED_STEP * std::clamp<BU_U8>(u8Speed, 1, FOCUS_SPEED_MAX), FOCUS_ACCEL};
 }
 } // namespace
 
-tagLENS_SETTINGS_S lensSettings()
+LensSettings lensSettings()
 {
     BU_S32 s32Limit = 1, s32Digital = BU_FALSE, s32Auto = BU_FALSE;
     PTZ_API_GetMaxDZoomTime(0, &s32Limit);
@@ -40,7 +41,7 @@ void Lens::place(BU_S32 s32Zoom, BU_S32 s32Focus)
     m_focus = AxisPath(m_bFollows ? 0 : std::clamp(s32Focus, FOCUS_FAR_END, FOCUS_NEAR_END));
 }
 
-bool Lens::adopt(BU_S64 s64NowUs, const tagLENS_SETTINGS_S &stSettings)
+bool Lens::adopt(BU_S64 s64NowUs, const LensSettings &stSettings)
 {
     const bool bTakesOver = stSettings.bAuto && !m_stSettings.bAuto;
     if (bTakesOver) follow(s64NowUs);
@@ -57,7 +58,7 @@ BU_S32 Lens::focusAt(BU_S64 s64NowUs) const
     return std::clamp(static_cast<BU_S32>(std::lround(focusPos(s64NowUs))), FOCUS_FAR_END, FOCUS_NEAR_END);
 }
 
-tagDRIVE_S Lens::searchDrive() const { return {SEARCH_STEP * m_s32Fps, FOCUS_ACCEL}; }
+Drive Lens::searchDrive() const { return {SEARCH_STEP * m_s32Fps, FOCUS_ACCEL}; }
 
 /// From where it stands to the sharp position, and along with that from then on.
 void Lens::follow(BU_S64 s64NowUs)

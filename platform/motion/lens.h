@@ -7,11 +7,11 @@
 namespace motion
 {
 /// What the settings ask of the lens, read before the lock is taken.
-struct tagLENS_SETTINGS_S {
+struct LensSettings {
     BU_S32 s32ZoomEnd;
     bool bAuto; ///< automatic focus
 };
-tagLENS_SETTINGS_S lensSettings();
+LensSettings lensSettings();
 
 constexpr BU_U8 ZOOM_SPEED_MAX = 7, FOCUS_SPEED_MAX = 8;
 
@@ -24,7 +24,7 @@ public:
     void place(BU_S32 s32Zoom, BU_S32 s32Focus);
     /// Takes over the present settings; first call of every command and question.
     /// @return true: the focus has just become automatic and took over from a command of its own
-    bool adopt(BU_S64 s64NowUs, const tagLENS_SETTINGS_S &stSettings);
+    bool adopt(BU_S64 s64NowUs, const LensSettings &stSettings);
 
     BU_S32 zoomAt(BU_S64 s64NowUs) const;
     BU_S32 focusAt(BU_S64 s64NowUs) const;
@@ -48,9 +48,9 @@ private:
     void follow(BU_S64 s64NowUs);
     void hold(BU_S64 s64NowUs);
     void resume(BU_S64 s64NowUs);
-    tagDRIVE_S searchDrive() const;
+    Drive searchDrive() const;
 
-    tagLENS_SETTINGS_S m_stSettings{ZOOM_OPTICAL_END, false};
+    LensSettings m_stSettings{ZOOM_OPTICAL_END, false};
     AxisPath m_zoom;
     AxisPath m_focus{FOCUS_FAR_END}; // while the focus follows: the rest; else the position
     bool m_bFollows = false;

@@ -147,7 +147,7 @@ BU_S32 lensMotion(ZF_CTRL_FROM_E enFrom, const ZF_MOTION_CTRL_S &stMotion, const
     if (session->lens.isAuto() && stMotion.enMotionType != ZF_E_ZOOM_STOP) session->moves.supersede(FOCUS);
     const BU_S64 s64EndUs = start(session->lens, session.s64NowUs, stMotion);
     if (!hasTarget(stMotion.enMotionType)) return 0;
-    session->moves.begin(units, s64EndUs, tagEND_S(session->astLensSources[enFrom], pvPrivate));
+    session->moves.begin(units, s64EndUs, End(session->astLensSources[enFrom], pvPrivate));
     return 1;
 }
 } // namespace motion

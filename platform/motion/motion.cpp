@@ -38,7 +38,7 @@ bool isSource(PT_CTRL_FROM_E enFrom) { return enFrom >= 0 && enFrom < PT_CTRL_E_
 bool isType(PT_MOTION_TYPE_E enType) { return enType >= PT_MOTION_E_UP && enType < PT_MOTION_E_BUTT; }
 
 /// Starts a move with a target. @return when it ends
-BU_S64 startMove(const Session &session, const PT_MOTION_CTRL_S &stMotion, tagHEAD_SPEED_S stSpeed, bool bTogether)
+BU_S64 startMove(const Session &session, const PT_MOTION_CTRL_S &stMotion, HeadSpeed stSpeed, bool bTogether)
 {
     const auto position = [](BU_U32 u32) { return static_cast<BU_S32>(u32); };
     switch (stMotion.enMotionType) {
@@ -56,19 +56,19 @@ BU_S64 startMove(const Session &session, const PT_MOTION_CTRL_S &stMotion, tagHE
 BU_S32 moveWithTarget(PT_CTRL_FROM_E enFrom, const PT_MOTION_CTRL_S &stMotion, const void *pvPrivate)
 {
     const bool bAbsolute = stMotion.enMotionType == PT_MOTION_E_ABS_POS;
-    const tagHEAD_SPEED_S stSpeed = bAbsolute ? headSpeed(stMotion, true) : fullHeadSpeed();
+    const HeadSpeed stSpeed = bAbsolute ? headSpeed(stMotion, true) : fullHeadSpeed();
     const bool bTogether = arrivesTogether(enFrom);
     const Session session;
     if (!session->bHeadStarted) return -1;
     session->moves.supersede(HEAD);
     const BU_S64 s64EndUs = startMove(session, stMotion, stSpeed, bTogether);
-    session->moves.begin(HEAD, s64EndUs, tagEND_S(session->astHeadSources[enFrom], pvPrivate));
+    session->moves.begin(HEAD, s64EndUs, End(session->astHeadSources[enFrom], pvPrivate));
     return 1;
 }
 
 BU_S32 drive(const PT_MOTION_CTRL_S &stMotion)
 {
-    const tagHEAD_SPEED_S stSpeed = headSpeed(stMotion, false);
+    const HeadSpeed stSpeed = headSpeed(stMotion, false);
     const Session session;
     if (!session->bHeadStarted) return -1;
     session->moves.supersede(HEAD);
@@ -130,7 +130,7 @@ BU_S32 BSP_PTGetCurPos(BU_S32 s32Dev, PT_POS_S *pstPos, PT_DEV_TYPE_E enType)
 {
     if (const auto injected = journal::ask(__func__, s32Dev, pstPos, enType)) return *injected;
     if (s32Dev != 0 || !pstPos || enType != PT_DEV_TYPE_PAN_TILE_E) return -1;
-    const tagHEAD_POS_S stPos = currentPosition().stHead;
+    const HeadPos stPos = currentPosition().stHead;
     *pstPos = {static_cast<BU_U32>(stPos.s32Pan), static_cast<BU_U32>(stPos.s32Tilt)};
     return 0;
 }

@@ -1,3 +1,4 @@
+// Which moves run, who takes over whose motor, and who hears of an end.
 #include "moves.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace
 constexpr BU_S64 US_PER_MS = 1000;
 }
 
-tagEND_S::tagEND_S(const tagSOURCE_S &stSource, const void *pvPrivate)
+End::End(const Source &stSource, const void *pvPrivate)
 {
     if (!pvPrivate || !stSource.pfnEnd) return;
     const auto *pst = static_cast<const std::byte *>(pvPrivate);
@@ -18,10 +19,10 @@ tagEND_S::tagEND_S(const tagSOURCE_S &stSource, const void *pvPrivate)
     data.assign(pst, pst + stSource.s32PrivateSize);
 }
 
-void Moves::begin(Units units, BU_S64 s64EndUs, tagEND_S stEnd, std::shared_ptr<tagRECALL_S> recall)
+void Moves::begin(Units units, BU_S64 s64EndUs, End stEnd, std::shared_ptr<Recall> recall)
 {
     if (!stEnd.pfnEnd && !recall) return; // nobody wants to know
-    tagMOVE_S &stMove = *std::ranges::find(m_astMoves, Units{0}, &tagMOVE_S::units);
+    Move &stMove = *std::ranges::find(m_astMoves, Units{0}, &Move::units);
     const BU_U64 u64Number = ++m_u64LastNumber;
     const auto timer = m_queue.at((s64EndUs + US_PER_MS - 1) / US_PER_MS, [this, u64Number] { reached(u64Number); });
     stMove = {units, u64Number, timer, std::move(stEnd), std::move(recall)};
@@ -30,9 +31,9 @@ void Moves::begin(Units units, BU_S64 s64EndUs, tagEND_S stEnd, std::shared_ptr<
 void Moves::reached(BU_U64 u64Number)
 {
     std::unique_lock guard(m_lock);
-    const auto move = std::ranges::find(m_astMoves, u64Number, &tagMOVE_S::u64Number);
+    const auto move = std::ranges::find(m_astMoves, u64Number, &Move::u64Number);
     if (move == m_astMoves.end()) return; // superseded while the timer was on its way
-    tagMOVE_S stMove = std::exchange(*move, {});
+    Move stMove = std::exchange(*move, {});
     const bool bTell = stMove.stEnd.pfnEnd && !(stMove.recall && stMove.recall->bSuperseded);
     guard.unlock();
     if (bTell) stMove.stEnd.pfnEnd(stMove.stEnd.data.data(), BU_TRUE);
@@ -40,7 +41,7 @@ void Moves::reached(BU_U64 u64Number)
 
 void Moves::supersede(Units units)
 {
-    for (tagMOVE_S &stMove : m_astMoves) {
+    for (Move &stMove : m_astMoves) {
         if (!(stMove.units & units)) continue;
         m_queue.cancel(stMove.timer);
         reportSuperseded(stMove);
@@ -48,7 +49,7 @@ void Moves::supersede(Units units)
     }
 }
 
-void Moves::reportSuperseded(tagMOVE_S &stMove)
+void Moves::reportSuperseded(Move &stMove)
 {
     if (!stMove.recall)
         post([end = std::move(stMove.stEnd)]() mutable { end.pfnEnd(end.data.data(), BU_FALSE); });
@@ -60,7 +61,7 @@ void Moves::reportSuperseded(tagMOVE_S &stMove)
 
 void Moves::drop(Units units)
 {
-    for (tagMOVE_S &stMove : m_astMoves) {
+    for (Move &stMove : m_astMoves) {
         if (!(stMove.units & units)) continue;
         m_queue.cancel(stMove.timer);
         stMove = {};

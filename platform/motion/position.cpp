@@ -1,3 +1,4 @@
+// The scales of position and their conversions.
 #include "position.h"
 
 #include "board/profile.h"
@@ -15,11 +16,11 @@ namespace
 {
 constexpr BU_S32 motorOf(BU_S32 s32Degree) { return MOTOR_CENTRE + s32Degree * MOTOR_PER_DEGREE; }
 
-struct tagGEOMETRY_S {
+struct Geometry {
     std::atomic<BU_S32> panMin{motorOf(-170)}, panMax{motorOf(170)}, tiltMin{motorOf(-30)}, tiltMax{motorOf(90)};
     std::atomic<BU_S32> opticalZoom{20};
 };
-tagGEOMETRY_S g_stGeometry;
+Geometry g_stGeometry;
 
 /// Quotient rounded to the nearest, halves away from zero.
 constexpr BU_S32 divided(BU_S64 s64, BU_S64 s64By)
@@ -35,7 +36,7 @@ constexpr BU_S32 MOTOR_PER_CENTIDEGREE = MOTOR_PER_DEGREE / 100;
 constexpr double FACE_HEIGHT_CM = 24, PICTURE_HEIGHT_PER_CM = 1.15; // of a scene, without zoom, per cm of distance
 } // namespace
 
-tagSTOPS_S stops()
+Stops stops()
 {
     const auto &st = g_stGeometry;
     const auto value = [](const std::atomic<BU_S32> &s32) { return s32.load(std::memory_order_relaxed); };
@@ -118,7 +119,7 @@ enum : BU_S32 { DEGREE_MODE_HUNDREDTHS = 0, DEGREE_MODE_MOTOR = 1 };
 /// Within the stops, so that a stored or commanded position is one that the head can reach.
 PT_POS_S reachable(BU_S64 s64Pan, BU_S64 s64Tilt)
 {
-    const tagSTOPS_S st = stops();
+    const Stops st = stops();
     return {static_cast<BU_U32>(std::clamp<BU_S64>(s64Pan, st.s32PanMin, st.s32PanMax)),
             static_cast<BU_U32>(std::clamp<BU_S64>(s64Tilt, st.s32TiltMin, st.s32TiltMax))};
 }

@@ -10,10 +10,10 @@ namespace motion
 constexpr BU_S32 MOTOR_CENTRE = PT_MOTOR_CENTRE, MOTOR_PER_DEGREE = PT_MOTOR_PER_DEGREE;
 
 /// Where the head stops, in motor units, from the board profile.
-struct tagSTOPS_S {
+struct Stops {
     BU_S32 s32PanMin, s32PanMax, s32TiltMin, s32TiltMax;
 };
-tagSTOPS_S stops();
+Stops stops();
 /// Magnification at the tele end of the lens, from the board profile.
 BU_S32 opticalZoom();
 /// Reads both from the board profile again.

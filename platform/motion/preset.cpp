@@ -1,3 +1,4 @@
+// Presets: recall, store, delete; the home position; special presets and their handlers.
 #include "camera/preset.h"
 
 #include "service.h"
@@ -31,23 +32,23 @@ BU_S32 deleteAll()
 }
 [[maybe_unused]] const bool REGISTERED = (store::onRestore(SYSTEM_RESTORE_E_PRESET, deleteAll), true);
 
-struct tagSPECIAL_S {
+struct Special {
     std::string strName;
     FN_PRESET_INTERRUPT_CALL fnHandler;
     void *pvUser;
 };
-struct tagSPECIALS_S {
+struct Specials {
     std::mutex lock; // guards the map
-    std::map<BU_S32, std::shared_ptr<const tagSPECIAL_S>> byNumber;
+    std::map<BU_S32, std::shared_ptr<const Special>> byNumber;
     util::TimerQueue queue{"preset"}; // runs the handlers
 };
-tagSPECIALS_S &specials()
+Specials &specials()
 {
-    static auto *pstSpecials = new tagSPECIALS_S;
+    static auto *pstSpecials = new Specials;
     return *pstSpecials;
 }
 
-std::shared_ptr<const tagSPECIAL_S> special(BU_S32 s32Preset)
+std::shared_ptr<const Special> special(BU_S32 s32Preset)
 {
     const std::lock_guard guard(specials().lock);
     const auto entry = specials().byNumber.find(s32Preset);
@@ -56,12 +57,9 @@ std::shared_ptr<const tagSPECIAL_S> special(BU_S32 s32Preset)
 
 bool isNumber(BU_S32 s32Preset) { return s32Preset >= 0 && s32Preset <= PRESET_MAX; }
 
-tagPOSITION_S positionOf(const CFG_PRESET_S &st)
-{
-    return {{st.s32PanPos, st.s32TiltPos}, st.s32ZoomPos, st.s32FocusPos};
-}
+Position positionOf(const CFG_PRESET_S &st) { return {{st.s32PanPos, st.s32TiltPos}, st.s32ZoomPos, st.s32FocusPos}; }
 
-tagPOSITION_S homePosition()
+Position homePosition()
 {
     CFG_PRESET_S stPreset;
     if (CFG_STORE_GetPreset(HOME_NUMBER, &stPreset) == 0 && stPreset.strName == HOME_NAME) return positionOf(stPreset);
@@ -127,7 +125,7 @@ BU_S32 PRESET_API_SetCur(BU_S32 s32Preset, const BU_CHAR *pcName)
 {
     if (const auto injected = journal::call(__func__, s32Preset, pcName)) return *injected;
     if (!isNumber(s32Preset) || special(s32Preset)) return -1;
-    const tagPOSITION_S st = currentPosition();
+    const Position st = currentPosition();
     const BU_S32 s32Ret = CFG_STORE_SetPreset({s32Preset, nameFor(s32Preset, pcName), st.stHead.s32Pan,
                                                st.stHead.s32Tilt, st.s32Zoom, st.focus.value_or(FOCUS_FAR_END)});
     if (s32Ret == 0) g_listeners.tell(s32Preset);
@@ -169,7 +167,7 @@ BU_S32 PRESET_API_RegisterIdInterrupt(BU_S32 s32Preset, const BU_CHAR *pcName, F
 {
     if (const auto injected = journal::call(__func__, s32Preset, pcName)) return *injected;
     if (!isNumber(s32Preset) || !fnHandler) return -1;
-    auto entry = std::make_shared<const tagSPECIAL_S>(tagSPECIAL_S{pcName ? pcName : "", std::move(fnHandler), pvUser});
+    auto entry = std::make_shared<const Special>(Special{pcName ? pcName : "", std::move(fnHandler), pvUser});
     const std::lock_guard guard(specials().lock);
     specials().byNumber[s32Preset] = std::move(entry);
     return 0;

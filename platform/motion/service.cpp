@@ -1,3 +1,4 @@
+// The running head and lens, and the timer that fires at the next end of a move.
 #include "service.h"
 
 #include "motion/standby.h"
@@ -17,23 +18,23 @@ std::atomic<bool> g_bStandby{false};
 bool setStandby(bool bOn) { return g_bStandby.exchange(bOn); }
 bool isStandby() { return g_bStandby; }
 
-tagMOTION_S &motion()
+Motion &motion()
 {
-    static auto *pstMotion = new tagMOTION_S; // its queue's thread lives as long as the process
+    static auto *pstMotion = new Motion; // its queue's thread lives as long as the process
     return *pstMotion;
 }
 
-void tagMOTION_S::adopt(BU_S64 s64NowUs, const tagLENS_SETTINGS_S &stSettings)
+void Motion::adopt(BU_S64 s64NowUs, const LensSettings &stSettings)
 {
     if (lens.adopt(s64NowUs, stSettings)) moves.supersede(FOCUS);
 }
 
-Session::Session(const tagLENS_SETTINGS_S &stSettings) : s64NowUs(UTIL_TIME_NowUs()), m_guard(motion().lock)
+Session::Session(const LensSettings &stSettings) : s64NowUs(UTIL_TIME_NowUs()), m_guard(motion().lock)
 {
     motion().adopt(s64NowUs, stSettings);
 }
 
-BU_S32 registerEnd(tagSOURCE_S &stSource, PFN_END pfnEnd, BU_S32 s32PrivateSize)
+BU_S32 registerEnd(Source &stSource, PFN_END pfnEnd, BU_S32 s32PrivateSize)
 {
     if (s32PrivateSize < 0 || s32PrivateSize > PRIVATE_SIZE_MAX) return -1;
     const std::lock_guard guard(motion().lock);
@@ -41,14 +42,14 @@ BU_S32 registerEnd(tagSOURCE_S &stSource, PFN_END pfnEnd, BU_S32 s32PrivateSize)
     return 0;
 }
 
-tagPOSITION_S currentPosition()
+Position currentPosition()
 {
     const Session session;
     return {session->head.at(session.s64NowUs), session->lens.zoomAt(session.s64NowUs),
             session->lens.focusAt(session.s64NowUs)};
 }
 
-void place(const tagPOSITION_S &stPosition)
+void place(const Position &stPosition)
 {
     const Session session;
     session->moves.supersede(HEAD | ZOOM | FOCUS);
@@ -59,18 +60,18 @@ void place(const tagPOSITION_S &stPosition)
 namespace
 {
 /// One report of a superseded recall, if somebody gave data and wants to hear of it.
-std::shared_ptr<tagRECALL_S> recallRecord(const Session &session, PT_CTRL_FROM_E enFrom, const tagEND_S &stHeadEnd,
-                                          const tagEND_S &stLensEnd)
+std::shared_ptr<Recall> recallRecord(const Session &session, PT_CTRL_FROM_E enFrom, const End &stHeadEnd,
+                                     const End &stLensEnd)
 {
     if (!stHeadEnd.pfnEnd && !stLensEnd.pfnEnd) return nullptr;
-    auto recall = std::make_shared<tagRECALL_S>();
+    auto recall = std::make_shared<Recall>();
     recall->pfnSuperseded = session->apfnSuperseded[enFrom];
     recall->enFrom = enFrom;
     recall->data = stHeadEnd.pfnEnd ? stHeadEnd.data : stLensEnd.data;
     return recall;
 }
 
-BU_S64 recallHead(const Session &session, tagHEAD_POS_S stTarget, tagHEAD_SPEED_S stSpeed, bool bTogether)
+BU_S64 recallHead(const Session &session, HeadPos stTarget, HeadSpeed stSpeed, bool bTogether)
 {
     if (!session->bHeadStarted) return session.s64NowUs;
     return session->head.moveTo(session.s64NowUs, stTarget, stSpeed, bTogether);
@@ -85,10 +86,10 @@ BU_S64 recallLens(const Session &session, BU_S32 s32Zoom, std::optional<BU_S32> 
 }
 } // namespace
 
-BU_S32 recall(const tagPOSITION_S &stPosition, PT_CTRL_FROM_E enFrom, const void *pvPrivate)
+BU_S32 recall(const Position &stPosition, PT_CTRL_FROM_E enFrom, const void *pvPrivate)
 {
     if (enFrom < 0 || enFrom >= PT_CTRL_E_FROM_BUTT || isStandby()) return -1;
-    const tagHEAD_SPEED_S stSpeed = presetHeadSpeed();
+    const HeadSpeed stSpeed = presetHeadSpeed();
     const bool bTogether = arrivesTogether(PT_CTRL_E_FROM_PRESET);
     const Session session;
     if (!session->bHeadStarted && !session->bLensStarted) return -1;
@@ -100,9 +101,8 @@ BU_S32 recall(const tagPOSITION_S &stPosition, PT_CTRL_FROM_E enFrom, const void
     const BU_S64 s64HeadEndUs = recallHead(session, stPosition.stHead, stSpeed, bTogether);
     const BU_S64 s64LensEndUs = recallLens(session, stPosition.s32Zoom, bMovesFocus ? stPosition.focus : std::nullopt);
 
-    tagEND_S stHeadEnd(session->astHeadSources[enFrom], pvPrivate), stLensEnd;
-    if (static_cast<BU_S32>(enFrom) < ZF_CTRL_E_FROM_BUTT)
-        stLensEnd = tagEND_S(session->astLensSources[enFrom], pvPrivate);
+    End stHeadEnd(session->astHeadSources[enFrom], pvPrivate), stLensEnd;
+    if (static_cast<BU_S32>(enFrom) < ZF_CTRL_E_FROM_BUTT) stLensEnd = End(session->astLensSources[enFrom], pvPrivate);
     const auto record = recallRecord(session, enFrom, stHeadEnd, stLensEnd);
     const bool bEnds = stHeadEnd.pfnEnd || stLensEnd.pfnEnd;
     session->moves.begin(HEAD, s64HeadEndUs, std::move(stHeadEnd), record);

@@ -1,3 +1,4 @@
+// Speeds of the head by level and by zoom.
 #include "speed.h"
 
 #include "camera/preset.h"
@@ -35,15 +36,15 @@ constexpr struct {
 constexpr BU_S32 COMMON_TOP = 24;
 
 /// Per source, so that a question is one copy under the lock.
-struct tagSPEEDS_S {
+struct Speeds {
     std::mutex lock; // guards the members below
     PT_SPEED_LIMIT_T stLimits = DEFAULT_LIMITS;
     std::array<PT_SPEED_CALC_SET_S, PT_CTRL_E_FROM_BUTT> astEntries;
-    tagSPEEDS_S() { astEntries.fill(DEFAULT_ENTRY); }
+    Speeds() { astEntries.fill(DEFAULT_ENTRY); }
 };
-tagSPEEDS_S &speeds()
+Speeds &speeds()
 {
-    static auto *pstSpeeds = new tagSPEEDS_S;
+    static auto *pstSpeeds = new Speeds;
     return *pstSpeeds;
 }
 
@@ -105,24 +106,24 @@ BU_U32 simpleSpeed(BU_S32 s32Level, BU_S32 s32Top, BU_S32 s32Min, BU_S32 s32Max)
 }
 } // namespace
 
-tagHEAD_SPEED_S fullHeadSpeed()
+HeadSpeed fullHeadSpeed()
 {
     const PT_SPEED_LIMIT_T st = limits();
     const double dMul = st.s32SpeedMul;
     return {st.s32MaxPanSpeedDps / dMul, st.s32MaxTiltSpeedDps / dMul};
 }
 
-tagHEAD_SPEED_S headSpeed(const PT_MOTION_CTRL_S &stMotion, bool bFullForNone)
+HeadSpeed headSpeed(const PT_MOTION_CTRL_S &stMotion, bool bFullForNone)
 {
     const double dMul = stMotion.u16SpdMul ? stMotion.u16SpdMul : limits().s32SpeedMul;
     const auto limited = [=](BU_U32 u32Speed, double dMax) {
         return bFullForNone && u32Speed == 0 ? dMax : std::min(u32Speed / dMul, dMax);
     };
-    const tagHEAD_SPEED_S stFull = fullHeadSpeed();
+    const HeadSpeed stFull = fullHeadSpeed();
     return {limited(stMotion.stSpd.u32PanSpd, stFull.dPan), limited(stMotion.stSpd.u32TiltSpd, stFull.dTilt)};
 }
 
-tagHEAD_SPEED_S presetHeadSpeed()
+HeadSpeed presetHeadSpeed()
 {
     BU_S32 s32Level = COMMON_TOP;
     PRESET_API_GetPresetSpeed(0, &s32Level);

@@ -1,3 +1,4 @@
+// What light a picture needs, and how fast exposure and white balance get there.
 #include "picture/exposure.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The tables of a picture: brightness curves, colour factors, noise.
 #include "tone.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Which tiles a view needs, when they are drawn, and how they become the picture.
 #include "background.h"
 
 #include "parts.h"

@@ -1,3 +1,4 @@
+// What hangs on the walls.
 #include "parts.h"
 
 #include "room.h"

@@ -1,3 +1,4 @@
+// How a person looks, stands, walks and waves.
 #include "figure.h"
 
 #include <algorithm>

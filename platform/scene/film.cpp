@@ -1,3 +1,4 @@
+// Which picture of a film or device belongs to a time, and how it is decoded.
 #include "film.h"
 
 #include "util/log.h"

@@ -1,3 +1,4 @@
+// Who is in the hall, and where at a time.
 #include "parts.h"
 #include "scene/scene.h"
 

@@ -1,3 +1,4 @@
+// What a ray from the camera meets in the hall.
 #include "room.h"
 
 #include <algorithm>

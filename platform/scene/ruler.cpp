@@ -1,3 +1,4 @@
+// The scales of degrees and the crosses.
 #include "parts.h"
 
 #include <algorithm>

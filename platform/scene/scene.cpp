@@ -1,3 +1,4 @@
+// A view of the hall or of a film as a picture, out of focus where it is.
 #include "scene/scene.h"
 
 #include "background.h"

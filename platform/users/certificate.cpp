@@ -1,3 +1,4 @@
+// When a certificate is made, and what stands in it.
 #include "users/certificate.h"
 
 #include "users/secretFile.h"

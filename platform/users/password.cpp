@@ -1,3 +1,4 @@
+// Which passwords will do, their hashes, and random secrets.
 #include "users/password.h"
 
 #include <algorithm>

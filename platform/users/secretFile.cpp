@@ -1,3 +1,4 @@
+// How a secret file is read and replaced.
 #include "users/secretFile.h"
 
 #include "util/file.h"

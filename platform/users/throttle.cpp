@@ -1,3 +1,4 @@
+// How long the next attempt to log in must wait.
 #include "users/throttle.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The list of users: what a change may not do, and its file.
 #include "users/users.h"
 
 #include "users/secretFile.h"

@@ -1,3 +1,4 @@
+// Logging in and out, the first set-up, and the management of users.
 #include "handlers.h"
 #include "util/log.h"
 #include "util/program.h"

@@ -1,3 +1,4 @@
+// Routes that ask the camera: events, settings, presets, position.
 #include "eventApi.h"
 #include "handlers.h"
 #include "http/headers.h"

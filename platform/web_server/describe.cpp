@@ -1,3 +1,4 @@
+// The description of the API for people, from routes and events.
 #include "describe.h"
 
 #include "eventApi.h"

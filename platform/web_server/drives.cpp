@@ -1,3 +1,4 @@
+// Which calls begin and end a movement, and whose page must be gone for it to be stopped.
 #include "drives.h"
 
 #include "web/events.h"

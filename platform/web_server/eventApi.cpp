@@ -1,3 +1,4 @@
+// Who may call an event, and its payloads as text.
 #include "eventApi.h"
 
 #include "web/events.h"

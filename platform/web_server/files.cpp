@@ -1,3 +1,4 @@
+// The types of the page's files, and how long a browser may keep them.
 #include "files.h"
 
 #include "util/fileDescriptor.h"
@@ -14,10 +15,10 @@ namespace
 {
 using util::FileDescriptor;
 
-struct tagTYPE_S {
+struct Type {
     std::string_view ending, type;
 };
-constexpr tagTYPE_S TYPES[] = {
+constexpr Type TYPES[] = {
     {".html", "text/html; charset=utf-8"},
     {".js", "text/javascript; charset=utf-8"},
     {".css", "text/css; charset=utf-8"},
@@ -81,7 +82,7 @@ const FileContent *Folder::find(std::string_view path)
     if (it != m_kept.end() && it->second.s64Changed == s64Changed && it->second.s64Size == stFile.st_size)
         return &it->second.stContent;
     if (it == m_kept.end() && m_keptBytes > KEPT_MAX) m_keptBytes = (m_kept.clear(), 0);
-    tagKEPT_S &stKept = m_kept[std::string(path)];
+    Kept &stKept = m_kept[std::string(path)];
     m_keptBytes -= stKept.stContent.pstBytes ? stKept.stContent.pstBytes->size() : 0;
     stKept = {s64Changed, stFile.st_size, {readAll(fd, static_cast<std::size_t>(stFile.st_size)), ""}};
     m_keptBytes += stKept.stContent.pstBytes->size();

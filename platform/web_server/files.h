@@ -31,12 +31,12 @@ public:
     const FileContent *find(std::string_view path);
 
 private:
-    struct tagKEPT_S {
+    struct Kept {
         BU_S64 s64Changed = 0, s64Size = -1;
         FileContent stContent;
     };
     const std::string m_strPath;
-    std::map<std::string, tagKEPT_S, std::less<>> m_kept; // by path
+    std::map<std::string, Kept, std::less<>> m_kept; // by path
     std::size_t m_keptBytes = 0;
 };
 } // namespace web

@@ -1,3 +1,4 @@
+// What is admitted, refused, and handed on, before and after the body is read.
 #include "handlers.h"
 #include "http/headers.h"
 #include "util/log.h"

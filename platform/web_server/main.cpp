@@ -34,7 +34,7 @@ constexpr BU_S32 PREVIEW_PORT = 12345;
 constexpr BU_S32 PORTS_TRIED = 10;
 constexpr BU_S32 ENDING_MS = 1000, LOOK_MS = 20;
 
-struct tagOPTIONS_S {
+struct Options {
     std::string strRoot, strBind = "127.0.0.1", strPage = util::resource("webui");
     BU_S32 s32Http = -1, s32Https = -1; // negative: not served
     BU_S32 s32ReportFd = -1;
@@ -50,9 +50,9 @@ bool parse(std::string_view text, BU_S32 &s32)
     return error == std::errc() && pcEnd == text.data() + text.size() && s32 >= 0 && s32 <= 65535;
 }
 
-std::optional<tagOPTIONS_S> parse(int argc, char **argv)
+std::optional<Options> parse(int argc, char **argv)
 {
-    tagOPTIONS_S st;
+    Options st;
     for (int i = 1; i < argc; i += 2) {
         if (i + 1 == argc) return std::nullopt;
         const std::string_view name = argv[i], value = argv[i + 1];
@@ -101,7 +101,7 @@ void report(BU_S32 s32Fd, const char *pcScheme, BU_S32 s32Port)
 }
 
 /// The port, or where that is taken or not allowed the first free one of its stand-ins.
-BU_S32 open(web::Server &server, const tagOPTIONS_S &stOptions, bool bTls)
+BU_S32 open(web::Server &server, const Options &stOptions, bool bTls)
 {
     const BU_S32 s32Wanted = bTls ? stOptions.s32Https : stOptions.s32Http, s32StandIn = bTls ? 8443 : 8080;
     if (s32Wanted < 0) return 0;
@@ -139,7 +139,7 @@ std::size_t connectionsPossible()
     return st.rlim_cur / 2;
 }
 
-web::ServerConfig configOf(const tagOPTIONS_S &stOptions, const std::string &strMachine)
+web::ServerConfig configOf(const Options &stOptions, const std::string &strMachine)
 {
     web::ServerConfig st;
     st.strBind = stOptions.strBind;

@@ -1,3 +1,4 @@
+// The bytes between a viewer and the preview.
 #include "preview.h"
 
 #include "base/types.h"

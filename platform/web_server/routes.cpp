@@ -1,3 +1,4 @@
+// The table of routes.
 #include "routes.h"
 
 #include "handlers.h"

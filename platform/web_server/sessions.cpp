@@ -1,3 +1,4 @@
+// How long a session lasts, and how many there are.
 #include "sessions.h"
 
 #include "users/password.h"
