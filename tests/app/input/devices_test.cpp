@@ -13,9 +13,7 @@ namespace
 {
 using testing::ElementsAre;
 
-class Devices : public InputTest
-{
-protected:
+struct Devices : InputTest {
     Devices() { BSP_PROFILE_Load("TKV-MX"); }
     ~Devices() override { BSP_PROFILE_Load("TKV-MX"); }
 

@@ -43,9 +43,7 @@ inline int codeOf(const std::string &strKey)
     throw std::out_of_range(strKey);
 }
 
-class InputTest : public PlatformTest
-{
-protected:
+struct InputTest : PlatformTest {
     InputTest()
     {
         // What a call leads to inside the platform is not the keys' business.

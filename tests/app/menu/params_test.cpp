@@ -44,9 +44,7 @@ ITEM_NODE_S item(const std::string &strItem)
     return st;
 }
 
-class MenuParams : public PlatformTest
-{
-protected:
+struct MenuParams : PlatformTest {
     MenuParams() { journal::inject("UTIL_CMD_RunSafe", 0, 1000); } // no restart
     ~MenuParams() override { select("CloseUp", "CloseUp", "CloseUp"); }
 

@@ -21,9 +21,7 @@ using testing::IsEmpty;
 
 namespace
 {
-class MenuStart : public PlatformTest
-{
-protected:
+struct MenuStart : PlatformTest {
     MenuStart() { BSP_PROFILE_Load("TKV-MX"); }
     ~MenuStart() override { BSP_PROFILE_Load("TKV-MX"); }
 

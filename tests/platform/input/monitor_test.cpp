@@ -53,9 +53,7 @@ private:
 };
 Heard g_heard;
 
-class MonitorTest : public PlatformTest
-{
-protected:
+struct MonitorTest : PlatformTest {
     MonitorTest()
     {
         fs::create_directories(machine());
@@ -273,9 +271,7 @@ TEST_F(MonitorTest, GarbageFloodsLeaveItReading)
 std::atomic<bool> g_bGrabbed; // the event device, for the camera alone
 
 /// A FIFO with the answers of an event device named "NecSr".
-class EventFile : public MonitorTest
-{
-protected:
+struct EventFile : MonitorTest {
     std::string plugIn()
     {
         const std::string strPath = machine() + "/event3";

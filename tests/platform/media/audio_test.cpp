@@ -15,9 +15,7 @@ namespace
 {
 constexpr BU_S32 CACHE = 6;
 
-class Sound : public MediaTest
-{
-protected:
+struct Sound : MediaTest {
     /// Decodes until fnEnough says so of a sample's time [us on the monotonic clock] and value.
     template <class F> void listen(F fnEnough)
     {

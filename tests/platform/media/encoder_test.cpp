@@ -17,9 +17,7 @@ namespace
 {
 constexpr BU_S32 CACHE = 2, CHN = 1; // close-up sub
 
-class Encoder : public MediaTest
-{
-protected:
+struct Encoder : MediaTest {
     STREAM_CACHE_S *m_pstCache = STREAM_getStreamCacheById(CACHE);
     BU_S32 reconfigure(const MPP_VENC_PARAM_S &st, BU_BOOL bSaveCfg = BU_FALSE)
     {

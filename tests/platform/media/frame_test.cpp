@@ -11,34 +11,27 @@
 
 namespace
 {
-class Frames : public MediaTest
-{
-protected:
+struct Frames : MediaTest {
     static constexpr MPP_YUV_PARAM_S PARAM{MPP_YUV_FORMAT_E_NV12, 128, 72, 60, MPP_MEM_TYPE_E_CV};
 };
 
 TEST_F(Frames, BothPipesAtTheirOwnSizeAndFormat)
 {
-    struct {
-        BU_S32 s32Usage;
-        MPP_YUV_PARAM_S stParam;
-        BU_U32 u32Length;
-        std::vector<BU_U64> times{};
-        std::promise<std::thread::id> enough{};
-    } aCases[] = {
+    // clang-format off
+    struct { BU_S32 s32Usage; MPP_YUV_PARAM_S stParam; BU_U32 u32Length; std::vector<BU_U64> times{}; std::promise<std::thread::id> enough{}; } aCases[] = {
         {MPP_PIPE_USAGE_E_TRACK_ALG_CLOSEUP, PARAM, 128 * 72 * 3 / 2},
         {MPP_PIPE_USAGE_E_TRACK_ALG_PANORAMA, {MPP_YUV_FORMAT_E_YUV, 160, 90, 30, MPP_MEM_TYPE_E_CV}, 160 * 90 * 2}};
-    for (auto &st : aCases)
-        ASSERT_EQ(MPP_StartYuvStream(st.s32Usage, &st.stParam,
-                                     [&st](MPP_FRAME_INFO_S *pst) {
-                                         EXPECT_EQ(pst->u32Length, st.u32Length);
-                                         EXPECT_EQ(pst->u32Width, st.stParam.u32Width);
-                                         EXPECT_EQ((*pst->ps32Index)++, static_cast<int>(st.times.size()));
-                                         st.times.push_back(pst->u64Pts);
-                                         if (st.times.size() == 4) st.enough.set_value(std::this_thread::get_id());
-                                         return 0;
-                                     }),
-                  0);
+    // clang-format on
+    for (auto &st : aCases) {
+        const auto take = [&st](MPP_FRAME_INFO_S *pst) {
+            EXPECT_EQ((std::pair{pst->u32Length, pst->u32Width}), (std::pair{st.u32Length, st.stParam.u32Width}));
+            EXPECT_EQ((*pst->ps32Index)++, static_cast<int>(st.times.size()));
+            st.times.push_back(pst->u64Pts);
+            if (st.times.size() == 4) st.enough.set_value(std::this_thread::get_id());
+            return 0;
+        };
+        ASSERT_EQ(MPP_StartYuvStream(st.s32Usage, &st.stParam, take), 0);
+    }
     EXPECT_NE(soon(aCases[0].enough), soon(aCases[1].enough)); // a thread each
     for (auto &st : aCases) {
         EXPECT_EQ(MPP_StopYuvStream(st.s32Usage, BU_TRUE), 0);
@@ -50,13 +43,12 @@ TEST_F(Frames, StopWaitsForTheLastCall)
 {
     std::promise<void> entered;
     std::atomic<bool> bReturned = false;
-    ASSERT_EQ(MPP_StartYuvStream(11, &PARAM,
-                                 [&](MPP_FRAME_INFO_S *pst) {
-                                     entered.set_value();
-                                     bReturned = await([&] { return !std::atomic_ref(pst->bEnable); });
-                                     return 0;
-                                 }),
-              0);
+    const auto take = [&](MPP_FRAME_INFO_S *pst) {
+        entered.set_value();
+        bReturned = await([&] { return !std::atomic_ref(pst->bEnable); });
+        return 0;
+    };
+    ASSERT_EQ(MPP_StartYuvStream(11, &PARAM, take), 0);
     EXPECT_EQ(MPP_StartYuvStream(11, &PARAM, [](auto) { return 0; }), -1); // runs already
     soon(entered);
     TestReader(1).read(); // a receiver at work holds up nobody
@@ -68,8 +60,8 @@ TEST_F(Frames, StopWaitsForTheLastCall)
 TEST_F(Frames, AReceiverMayStopItself)
 {
     std::promise<BU_S32> stopped;
-    ASSERT_EQ(
-        MPP_StartYuvStream(12, &PARAM, [&](auto) { return stopped.set_value(MPP_StopYuvStream(12, BU_TRUE)), 0; }), 0);
+    const auto take = [&](auto) { return stopped.set_value(MPP_StopYuvStream(12, BU_TRUE)), 0; };
+    ASSERT_EQ(MPP_StartYuvStream(12, &PARAM, take), 0);
     EXPECT_EQ(soon(stopped), 0);
     UTIL_THREAD_WaitAsync();
 }
@@ -82,13 +74,14 @@ TEST_F(Frames, Refused)
     EXPECT_EQ(MPP_StopYuvStream(15, BU_FALSE), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, nullptr, fn), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, &PARAM, nullptr), -1);
-    for (const auto &[s32Format, w, h, u32Rate] : {std::tuple{int{MPP_YUV_FORMAT_E_NV12}, 129U, 72U, 30U},
-                                                   {MPP_YUV_FORMAT_E_NV12, 128, 73, 30},
-                                                   {MPP_YUV_FORMAT_E_NV12, 128, 0, 30},
-                                                   {MPP_YUV_FORMAT_E_NV12, 128, 72, 0},
-                                                   {2, 128, 72, 30}}) {
-        const MPP_YUV_PARAM_S st{static_cast<MPP_YUV_FORMAT_E>(s32Format), w, h, u32Rate, {}};
-        EXPECT_EQ(MPP_StartYuvStream(11, &st, fn), -1);
+    const BU_U32 bad[][4] = {{MPP_YUV_FORMAT_E_NV12, 129, 72, 30},
+                             {MPP_YUV_FORMAT_E_NV12, 128, 73, 30},
+                             {MPP_YUV_FORMAT_E_NV12, 128, 0, 30},
+                             {MPP_YUV_FORMAT_E_NV12, 128, 72, 0},
+                             {2, 128, 72, 30}};
+    for (const auto &[u32Format, w, h, u32Rate] : bad) {
+        const MPP_YUV_PARAM_S st{static_cast<MPP_YUV_FORMAT_E>(u32Format), w, h, u32Rate, {}};
+        EXPECT_EQ(MPP_StartYuvStream(11, &st, fn), -1) << u32Format << ' ' << w << 'x' << h;
     }
 }
 
@@ -100,21 +93,20 @@ TEST_F(Frames, StillIsAJpegOfItsSize)
         EXPECT_EQ(MPP_SnapImage(enUsage, 640, 360, 90, pstFile, 5000), 0);
         const auto size = static_cast<std::size_t>(SDL_RWtell(pstFile));
         SDL_RWclose(pstFile);
-        const auto st = Decoder(STREAM_TYPE_MJPEG).decode(vec.data(), size);
+        const auto st = Decoder(STREAM_TYPE_MJPEG).decode({vec.data(), vec.data() + size});
         EXPECT_EQ(st.s32Width, 640);
         EXPECT_EQ(st.s32Height, 360);
         EXPECT_GT(*std::ranges::max_element(st.vecY) - *std::ranges::min_element(st.vecY), 100); // a picture
     }
-    SDL_RWops *pstFull = SDL_RWFromMem(vec.data(), 100), *pstRoom = SDL_RWFromMem(vec.data(), 1 << 20);
-    const auto snap = [](MPP_PIPE_USAGE_E enUsage, BU_U32 u32Width, SDL_RWops *pst) {
-        return MPP_SnapImage(enUsage, u32Width, 360, 90, pst, 5000);
-    };
     constexpr auto FULL = MPP_PIPE_USAGE_E_CLOSEUP_FULL;
-    EXPECT_EQ(snap(FULL, 640, pstFull), -1);
-    EXPECT_EQ(snap(FULL, 641, pstRoom), -1);
-    EXPECT_EQ(snap(MPP_PIPE_USAGE_E_BUTT, 640, pstRoom), -1);
-    EXPECT_EQ(snap(FULL, 640, nullptr), -1);
-    for (SDL_RWops *pst : {pstFull, pstRoom}) SDL_RWclose(pst);
+    for (const auto &[enUsage, u32Width, s32Room] : {std::tuple{FULL, 640U, 100},
+                                                     {FULL, 641U, 1 << 20},
+                                                     {MPP_PIPE_USAGE_E_BUTT, 640U, 1 << 20},
+                                                     {FULL, 640U, 0}}) {
+        SDL_RWops *pst = s32Room ? SDL_RWFromMem(vec.data(), s32Room) : nullptr;
+        EXPECT_EQ(MPP_SnapImage(enUsage, u32Width, 360, 90, pst, 5000), -1);
+        if (pst) SDL_RWclose(pst);
+    }
 }
 
 TEST(Images, Nv12BecomesPlanesAndScales)

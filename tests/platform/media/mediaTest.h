@@ -24,9 +24,7 @@ inline MPP_VENC_PARAM_S smallVideo(MPP_VENC_FORMAT_E enType = MPP_VENC_FORMAT_E_
     return st;
 }
 
-class MediaTest : public testing::Test
-{
-protected:
+struct MediaTest : testing::Test {
     MediaTest()
     {
         char acFolder[] = "/tmp/camera-test-XXXXXX";

@@ -5,32 +5,19 @@
 #include "internal.h"
 #include "media/overlay.h"
 #include "mediaTest.h"
+#include "support/picture.h"
 
 #include <cstring>
 
 namespace
 {
 constexpr int W = 64, H = 64;
-class Target
+Picture blended(BU_S32 s32Target, int s32Width = W, int s32Height = H)
 {
-public:
-    explicit Target(BU_S32 s32Target, int s32Width = W, int s32Height = H)
-        : m_s32Width(s32Width), m_s32Height(s32Height),
-          m_vec(static_cast<std::size_t>(s32Width * s32Height * 3 / 2), 128)
-    {
-        BU_U8 *pu8 = m_vec.data();
-        media::overlay::blend(s32Target, {pu8, pu8 + s32Width * s32Height, s32Width, s32Width, s32Width, s32Height});
-    }
-    std::array<int, 3> at(int x, int y) const
-    {
-        const BU_U8 *pu8 = m_vec.data(), *pu8Uv = pu8 + (m_s32Height + y / 2) * m_s32Width + x / 2 * 2;
-        return {pu8[y * m_s32Width + x], pu8Uv[0], pu8Uv[1]};
-    }
-
-private:
-    const int m_s32Width, m_s32Height;
-    std::vector<BU_U8> m_vec;
-};
+    Picture picture(s32Width, s32Height, 128);
+    media::overlay::blend(s32Target, picture.frame());
+    return picture;
+}
 constexpr std::array<int, 3> GREY{128, 128, 128}, RED{63, 102, 240}, GREEN{173, 42, 26};
 
 /// A canvas of that place and format with a surface, shown on some targets.
@@ -71,17 +58,17 @@ TEST(Overlays, BoxIsBlendedWhereItIsDrawn)
     for (const auto enFormat : {OSD_FORMAT_E_ARGB1555, OSD_FORMAT_E_ARGB4444, OSD_FORMAT_E_ARGB8888}) {
         Overlay overlay(3, {0, 0, W, H}, enFormat);
         overlay.box({8, 16, 32, 24}, 4, 0xFFFF0000);
-        EXPECT_EQ(Target(0).at(9, 17), GREY); // drawn, not shown yet
+        EXPECT_EQ(blended(0).at(9, 17), GREY); // drawn, not shown yet
         overlay.show();
-        const Target target(0);
+        Picture target = blended(0);
         for (const auto &[x, y] : {std::pair(8, 16), {39, 39}, {10, 30}, {37, 30}, {20, 18}, {20, 37}})
             EXPECT_EQ(target.at(x, y), RED) << x << ' ' << y;
         for (const auto &[x, y] : {std::pair(7, 16), {8, 15}, {40, 39}, {20, 30}, {12, 20}, {35, 35}})
             EXPECT_EQ(target.at(x, y)[0], 128) << x << ' ' << y;
         std::memset(overlay.m_stCanvas.stMenuMem.pvVirAddr, 0, overlay.m_stCanvas.stMenuMem.u32MemLen);
-        EXPECT_EQ(Target(0).at(9, 17), RED); // until it is shown again
+        EXPECT_EQ(blended(0).at(9, 17), RED); // until it is shown again
         overlay.show();
-        EXPECT_EQ(Target(0).at(9, 17), GREY);
+        EXPECT_EQ(blended(0).at(9, 17), GREY);
     }
 }
 
@@ -90,12 +77,12 @@ TEST(Overlays, HalfTransparentAndHidden)
     Overlay overlay(1);
     overlay.box({0, 0, 16, 16}, 8, 0x80FFFFFF);
     overlay.show();
-    EXPECT_NEAR(Target(0).at(4, 4)[0], 128 + (235 - 128) * 128 / 255, 1);
+    EXPECT_NEAR(blended(0).at(4, 4)[0], 128 + (235 - 128) * 128 / 255, 1);
     EXPECT_FALSE(media::overlay::isShown(1)); // the sub encoder was not chosen
-    EXPECT_EQ(Target(1).at(4, 4), GREY);
+    EXPECT_EQ(blended(1).at(4, 4), GREY);
     overlay.show(BU_FALSE);
     EXPECT_FALSE(media::overlay::isShown(0));
-    EXPECT_EQ(Target(0).at(4, 4), GREY);
+    EXPECT_EQ(blended(0).at(4, 4), GREY);
 }
 
 TEST(Overlays, ScaleToEachOutputWithoutFringesAndAreCutAtTheEdge)
@@ -103,7 +90,7 @@ TEST(Overlays, ScaleToEachOutputWithoutFringesAndAreCutAtTheEdge)
     Overlay overlay(3, {32, 32, 64, 64}); // half of it beyond the picture of 64
     overlay.box({0, 0, 64, 64}, 16, 0xFF00FF00);
     overlay.show();
-    const Target half(1, 32, 32), same(0);
+    Picture half = blended(1, 32, 32), same = blended(0);
     EXPECT_THAT((std::array{same.at(33, 63), same.at(63, 33), half.at(17, 17), half.at(17, 31)}), testing::Each(GREEN));
     EXPECT_THAT((std::array{same.at(63, 63), half.at(15, 15)}), testing::Each(GREY));
 }
@@ -117,9 +104,9 @@ TEST(Overlays, LaterOnesLieOnTopAndRefusals)
     ASSERT_EQ(MPP_OSD_OneToManyCreate(&stSecond, 1), 0);
     overlay.box({0, 0, 16, 16}, 8, 0xFF00FF00);
     MPP_OSD_OneToManyUpdateAllTarget(&stSecond, BU_TRUE, &overlay.m_stCanvas);
-    EXPECT_EQ(Target(0).at(4, 4), GREEN);
+    EXPECT_EQ(blended(0).at(4, 4), GREEN);
     MPP_OSD_OneToManyDestroy(&stSecond);
-    EXPECT_EQ(Target(0).at(4, 4), RED);
+    EXPECT_EQ(blended(0).at(4, 4), RED);
 
     EXPECT_EQ(MPP_OSD_OneToManyDestroy(&stSecond), 0); // twice
     EXPECT_EQ(MPP_OSD_OneToManyUpdateAllTarget(&stSecond, BU_TRUE, &overlay.m_stCanvas), -1);

@@ -16,9 +16,7 @@ namespace
 {
 constexpr FrameRate OUTPUT{60, 1};
 
-class Taker : public PictureTaker
-{
-public:
+struct Taker : PictureTaker {
     Taker(Size stSize, BU_S32 s32Rate) : m_stWish{stSize, *FrameRate::ofCode(s32Rate)} {}
     std::optional<Wish> wish(FrameRate) override { return m_bWants ? std::optional(m_stWish) : std::nullopt; }
     void take(const SCENE_FRAME_S &stFrame, BU_U64 u64TimeUs) override

@@ -25,9 +25,7 @@ STREAM_PACKET_REF packetOf(BU_U32 u32Number, bool bKey, std::size_t size = 8)
     return {pst, &stPacket};
 }
 
-class StreamCache : public testing::Test
-{
-protected:
+struct StreamCache : testing::Test {
     std::atomic<int> m_s32Demands = 0, m_s32KeyRequests = 0; // readers ask on threads of their own
     STREAM_CACHE_S m_cache{{[this] { ++m_s32Demands; }, [this] { return ++m_s32KeyRequests, 0; }, [] { return 4000; }}};
 

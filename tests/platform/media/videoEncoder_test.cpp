@@ -3,6 +3,7 @@
 
 #include "decoder.h"
 #include "mediaTest.h"
+#include "support/picture.h"
 
 #include <cmath>
 
@@ -18,34 +19,23 @@ MPP_VENC_PARAM_S paramOf(MPP_VENC_FORMAT_E enType, BU_U32 u32Width = 160, BU_U32
     return st;
 }
 
-/// A ramp that moves with its number, with a colour each side.
-class TestPicture
-{
-public:
-    TestPicture(int s32Width, int s32Height)
-        : m_s32Width(s32Width), m_s32Height(s32Height), m_vec(static_cast<std::size_t>(s32Width * s32Height * 3 / 2))
+struct TestPicture : Picture {
+    using Picture::Picture;
+    SCENE_FRAME_S draw(int s32Number)
     {
-    }
-    const SCENE_FRAME_S draw(int s32Number)
-    {
-        for (std::size_t i = 0; i < m_vec.size(); ++i) {
-            const int x = static_cast<int>(i) % m_s32Width, y = static_cast<int>(i) / m_s32Width;
-            m_vec[i] = BU_U8(y < m_s32Height ? 40 + (x + y + 2 * s32Number) % 128 : 90 + x / (m_s32Width / 2) * 70);
-        }
-        return {m_vec.data(), m_vec.data() + m_s32Width * m_s32Height, m_s32Width, m_s32Width, m_s32Width, m_s32Height};
+        const SCENE_FRAME_S st = frame();
+        for (int i = 0, w = st.s32Width, x = 0, y = 0; y < st.s32Height * 3 / 2; x = ++i % w, y = i / w)
+            st.pu8Y[i] = BU_U8(y < st.s32Height ? 40 + (x + y + 2 * s32Number) % 128 : 90 + x / (w / 2) * 70);
+        return st;
     }
     /// Mean difference of the luma. @param bFull  the decoded picture has the full range
-    double error(const tagDECODED_S &st, bool bFull) const
+    double error(const tagDECODED_S &st, bool bFull)
     {
         double d = 0;
         for (std::size_t i = 0; i < st.vecY.size(); ++i)
-            d += std::abs(st.vecY[i] - (bFull ? (m_vec[i] - 16) * 255 / 219 : m_vec[i]));
+            d += std::abs(st.vecY[i] - (bFull ? (frame().pu8Y[i] - 16) * 255 / 219 : frame().pu8Y[i]));
         return d / static_cast<double>(st.vecY.size());
     }
-
-private:
-    const int m_s32Width, m_s32Height;
-    std::vector<BU_U8> m_vec;
 };
 
 TEST(VideoEncoders, EachPictureIsAPacketThatDecodes)
@@ -66,7 +56,7 @@ TEST(VideoEncoders, EachPictureIsAPacketThatDecodes)
             EXPECT_EQ(pst->s32EncodeType, media::streamType(stParam.enType));
             EXPECT_EQ(pst->bKeyFrame != 0, bJpeg || i % 8 == 0) << i;
             if (i == 8) pstDecoder = std::make_unique<Decoder>(pst->s32EncodeType); // a viewer who starts here
-            const auto st = pstDecoder->decode(pst->pu8Data, pst->u32Length);
+            const auto st = pstDecoder->decode({pst->pu8Data, pst->pu8Data + pst->u32Length});
             EXPECT_EQ(st.s32Width, static_cast<int>(stParam.u32Width));
             EXPECT_EQ(st.s32Height, static_cast<int>(stParam.u32Height));
             EXPECT_LT(picture.error(st, bJpeg), 8) << i;

@@ -52,8 +52,6 @@ inline std::string shippedDescription()
 }
 } // namespace menu_test
 
-class MenuTest : public PlatformTest
-{
-protected:
+struct MenuTest : PlatformTest {
     MenuTest() { confirmed(), g_bAccept = true; }
 };

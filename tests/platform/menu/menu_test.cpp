@@ -13,9 +13,7 @@
 
 namespace
 {
-class Menu : public MenuTest
-{
-protected:
+struct Menu : MenuTest {
     Menu()
     {
         OSD_MENU_InitOpensourceRes();

@@ -22,9 +22,7 @@ void getInfo(void *, OSD_MENU_GET_EVENT_E enEvent, OSD_MENU_CONTROL_PARAM_S *pst
 }
 
 /// u d l r: the arrows; e: enter; b: back; < > a held left and right; . its end. A number repeats the key behind it.
-class MenuWalk : public MenuTest
-{
-protected:
+struct MenuWalk : MenuTest {
     bool walk(const std::string &strKeys)
     {
         using enum Key;

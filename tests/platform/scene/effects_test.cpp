@@ -1,5 +1,5 @@
 // Every image setting of the camera services is seen in the picture, and its way back leaves no trace.
-#include "sceneTest.h"
+#include "support/picture.h"
 
 #include "camera/focus.h"
 #include "camera/motion.h"
@@ -15,9 +15,7 @@ constexpr BU_S32 WIDTH = 320, HEIGHT = 180;
 
 typedef std::vector<std::pair<const char *, BU_S32>> Settings;
 
-class Effects : public PlatformTest
-{
-protected:
+struct Effects : PlatformTest {
     Effects()
     {
         BSP_PTProcInit(0, nullptr);

@@ -1,5 +1,5 @@
 // A video file as the scene. The file is raw and made by hand: pictures of one brightness each, 25 a second.
-#include "sceneTest.h"
+#include "support/picture.h"
 
 #include "support/platformTest.h"
 
@@ -7,9 +7,7 @@
 
 namespace
 {
-class Film : public PlatformTest
-{
-protected:
+struct Film : PlatformTest {
     std::string file(const std::string &strName, const std::string &strContent)
     {
         const std::string strPath = root() + "/" + strName;

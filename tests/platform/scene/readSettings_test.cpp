@@ -12,9 +12,7 @@
 
 namespace
 {
-class ReadSettings : public PlatformTest
-{
-protected:
+struct ReadSettings : PlatformTest {
     ReadSettings() { CFG_SETTING_Reload(); }
     static PICTURE_SETTINGS_S read(BU_S32 s32Pipe)
     {

@@ -1,4 +1,4 @@
-#include "sceneTest.h"
+#include "support/picture.h"
 
 #include <gtest/gtest.h>
 

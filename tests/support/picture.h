@@ -1,8 +1,9 @@
-/// A picture with its own memory, for the tests of the scene.
+/// A picture with its own memory, and a scene that closes itself.
 #pragma once
 
 #include "scene/scene.h"
 
+#include <array>
 #include <cmath>
 #include <memory>
 #include <numeric>
@@ -24,6 +25,7 @@ public:
     BU_U8 &y(BU_S32 x, BU_S32 y) { return m_vec[static_cast<std::size_t>(y * m_s32Width + x)]; }
     BU_U8 &u(BU_S32 x, BU_S32 y) { return m_vec[luma() + static_cast<std::size_t>(y / 2 * m_s32Width + (x & ~1))]; }
     BU_U8 &v(BU_S32 x, BU_S32 y) { return m_vec[luma() + static_cast<std::size_t>(y / 2 * m_s32Width + (x | 1))]; }
+    std::array<int, 3> at(BU_S32 x, BU_S32 y) { return {this->y(x, y), u(x, y), v(x, y)}; }
     BU_S32 width() const { return m_s32Width; }
     bool operator==(const Picture &) const = default;
     /// Mean difference of all bytes.
