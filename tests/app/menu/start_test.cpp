@@ -49,9 +49,10 @@ struct MenuStart : PlatformTest {
 
 TEST_F(MenuStart, GeometryFollowsTheModel)
 {
+    // clang-format off
     for (const auto &[pcModel, strCfg] : {std::pair{"TKV-MX", "0.2, 0.333333, 1, 1, 1"},
-                                          {"QLS-500", "0.333333, 0.5, 1, 1, 0"},
-                                          {"minimal", "0.2, 0.333333, 1, 1, 0"}}) {
+         {"QLS-500", "0.333333, 0.5, 1, 1, 0"}, {"minimal", "0.2, 0.333333, 1, 1, 0"}}) {
+        // clang-format on
         BSP_PROFILE_Load(pcModel);
         journal::effects();
         EXPECT_EQ(OSD_MENU_RegisterModule(), 0);
@@ -75,12 +76,10 @@ TEST_F(MenuStart, StopsAtTheFirstFailure)
 
 TEST_F(MenuStart, FirmwareIsTheReleaseOfNdiAndTheCamerasBuild)
 {
+    // clang-format off
     for (const auto &[strNdi, strFirmware] : {std::pair<std::string, std::string>{"NDI SDK 2024 5.6.1", "5.6.12"},
-                                              {"5.6.1", "5.6.12"},
-                                              {"NDI 5.6", "12"},
-                                              {"NDI 5", "12"},
-                                              {"NDI 5.6.1.9 ", "12"},
-                                              {"NDI 6.0.1.9", "6.0.12"}}) {
+         {"5.6.1", "5.6.12"}, {"NDI 5.6", "12"}, {"NDI 5", "12"}, {"NDI 5.6.1.9 ", "12"}, {"NDI 6.0.1.9", "6.0.12"}}) {
+        // clang-format on
         profile("\"ndi\": \"" + strNdi + "\"");
         EXPECT_EQ(answer(OSD_MENU_GET_FW_E_VERSION_INFO), "Tarvolk_MX_" + strFirmware) << strNdi;
     }
@@ -88,10 +87,11 @@ TEST_F(MenuStart, FirmwareIsTheReleaseOfNdiAndTheCamerasBuild)
 
 TEST_F(MenuStart, TellsTheOutputAndTheKeysOfItsRate)
 {
+    // clang-format off
     for (const auto &[pcFormat, pcFps, pcText, strRate] : {std::tuple{"Format-1080P", "Fps59p94", "1080P59.94", "60"},
-                                                           {"Format-4K", "Fps50", "4K50", "50"},
-                                                           {"Format-1080I", "Fps60", "1080I60", "60"},
-                                                           {"Format-720P", "Fps24", "720P24", "24"}}) {
+         {"Format-4K", "Fps50", "4K50", "50"}, {"Format-1080I", "Fps60", "1080I60", "60"},
+         {"Format-720P", "Fps24", "720P24", "24"}}) {
+        // clang-format on
         SYSTEM_API_SetHdmiCfg(pcFormat, pcFps, HDMI_CS_E_YUV422, BU_FALSE);
         EXPECT_EQ(answer(OSD_MENU_GET_DEV_E_VIDEO_INFO), pcText);
         EXPECT_EQ(answer(OSD_MENU_GET_SHUTTER_E_SPEED), std::string("ShutterSpeedFps") + strRate);

@@ -75,12 +75,10 @@ struct MonitorTest : PlatformTest {
 
     static util::FileDescriptor openDevice(const std::string &strPath)
     {
-        util::FileDescriptor clDevice;
-        await([&] { // it may be on its way
-            clDevice = util::FileDescriptor(open(strPath.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
-            return clDevice >= 0;
-        });
-        return clDevice;
+        int fd = -1;
+        await(
+            [&] { return (fd = open(strPath.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC)) >= 0; }); // it may be on its way
+        return util::FileDescriptor(fd);
     }
     static void send(int fd, std::initializer_list<std::array<int, 3>> events)
     {
@@ -166,10 +164,9 @@ TEST_F(MonitorTest, AKeyThatIsHeardStaysHeld)
     for (int i = 0; i < 4; ++i) { // repeats and scan codes in turn, and a marker that tells when they have arrived
         clock().advance(14000);
         send(clDevice, {{i % 2 ? EV_KEY : EV_MSC, i % 2 ? 32 : MSC_SCAN, 2}, {EV_KEY, 200, 0}});
-        for (std::vector<std::string> heard; heard.empty() || heard.back() != "N-200";) {
-            heard = g_heard.take(1);
-            EXPECT_THAT(heard, Not(Contains("N-32")));
-        }
+        const auto heard = g_heard.take(i % 2 + 1);
+        EXPECT_EQ(heard.back(), "N-200");
+        EXPECT_THAT(heard, Not(Contains("N-32")));
     }
     clock().advance(14999);
     send(clDevice, {{EV_KEY, 200, 0}});
@@ -190,14 +187,12 @@ TEST_F(MonitorTest, PowerOfTheLargerRemotesOfItsAddressEndsStandby)
     journal::inject("UTIL_CMD_RunSafe", 0, 10); // no restart
     IR_API_SetAddr(2, BU_FALSE, IRADDR_SWITCH_E_SOFT);
     constexpr int POWER = 1 << 7 | 16;
+    // clang-format off
     for (const auto &[pcDevice, pcReceiver, s32Code, s32Value, bWakes] :
-         {std::tuple{"NecBr", "On", POWER, 1, true},
-          {"NecYm", "On", POWER, 1, true},
-          {"NecSr", "On", POWER, 1, false},
+         {std::tuple{"NecBr", "On", POWER, 1, true}, {"NecYm", "On", POWER, 1, true}, {"NecSr", "On", POWER, 1, false},
           {"NecBr", "On", POWER, 2, false}, // held since it put it to sleep
-          {"NecBr", "On", 16, 1, false},
-          {"NecBr", "On", 1 << 7 | 30, 1, false},
-          {"NecYm", "Off", POWER, 1, false}}) {
+          {"NecBr", "On", 16, 1, false}, {"NecBr", "On", 1 << 7 | 30, 1, false}, {"NecYm", "Off", POWER, 1, false}}) {
+        // clang-format on
         std::strcpy(m_astInput[1].acDeviceName, pcDevice);
         start(1);
         IR_API_SetSwitch(pcReceiver, BU_FALSE);
@@ -307,13 +302,12 @@ TEST_F(EventFile, NamesAreThoseOfTheDevice)
     BU_CHAR acName[8] = "before";
     start(1);
     const auto clTerminal = openDevice(root() + "/dev/input/BigOne");
-    EXPECT_EQ(BSP_INPUT_GetDeviceName(clTerminal, acName, sizeof(acName)), 0);
-    EXPECT_STREQ(acName, "BigOne");
-    EXPECT_EQ(BSP_INPUT_GetDeviceName(clTerminal, acName, 4), 0);
-    EXPECT_STREQ(acName, "Big");
     const util::FileDescriptor clEvents(open(plugIn().c_str(), O_RDWR | O_CLOEXEC));
-    EXPECT_EQ(BSP_INPUT_GetDeviceName(clEvents, acName, sizeof(acName)), 0);
-    EXPECT_STREQ(acName, "NecSr");
+    for (const auto &[s32Fd, size, pcName] :
+         {std::tuple{int{clTerminal}, 8, "BigOne"}, {clTerminal, 4, "Big"}, {clEvents, 8, "NecSr"}}) {
+        EXPECT_EQ(BSP_INPUT_GetDeviceName(s32Fd, acName, size), 0);
+        EXPECT_STREQ(acName, pcName);
+    }
     BSP_INPUT_StopMonitorEvent(&m_astInput[1]); // nobody stands behind the terminal any more
     const util::FileDescriptor clNull(open("/dev/null", O_RDWR | O_CLOEXEC));
     for (const int s32Fd : {int{clTerminal}, int{clNull}, -1})

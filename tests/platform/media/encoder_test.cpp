@@ -71,17 +71,15 @@ TEST_F(Encoder, KeyFramesOnRequestAreLimited)
     reader.read(); // a key frame of the start
     BU_U64 u64First = 0, u64Last = 0;
     std::vector<BU_U64> keys;
-    do {
+    for (; u64Last <= u64First + 1'200'000 && !HasFailure(); u64First = u64First ? u64First : u64Last) {
         EXPECT_EQ(reader->requestKeyFrame(), 0);
         const auto st = reader.read();
-        if (u64First == 0) u64First = st.u64Timestamp;
-        if (st.bKeyFrame) keys.push_back(st.u64Timestamp);
         u64Last = st.u64Timestamp;
-    } while (u64Last < u64First + 1'200'000 && !HasFailure());
+        if (st.bKeyFrame) keys.push_back(u64Last);
+    }
     ASSERT_EQ(keys.size(), 3U); // at once, and twice in a second
     EXPECT_LE(keys[0] - u64First, 50'000U);
-    EXPECT_GE(keys[1] - keys[0], 500'000U);
-    EXPECT_GE(keys[2] - keys[1], 500'000U);
+    EXPECT_GE(std::min(keys[1] - keys[0], keys[2] - keys[1]), 500'000U);
 }
 
 TEST_F(Encoder, KeyFrameOnRequestDoesNotWaitForASlowStream)
@@ -145,10 +143,11 @@ TEST_F(Encoder, RefusedParametersLeaveItRunning)
     TestReader reader(CACHE);
     reader.read();
     constexpr BU_S32 FULL = MPP_PIPE_USAGE_E_CLOSEUP_FULL;
-    for (const auto &[s32Usage, s32Chn, pst] : {std::tuple(FULL, CHN, &std::as_const(stBad)),
-                                                {MPP_PIPE_USAGE_E_BUTT, CHN, &stGood},
-                                                {0, MPP_VENC_CHN_MAX, &stGood},
-                                                {0, CHN, nullptr}})
+    // clang-format off
+    for (const auto &[s32Usage, s32Chn, pst] :
+         {std::tuple(FULL, CHN, &std::as_const(stBad)), {MPP_PIPE_USAGE_E_BUTT, CHN, &stGood},
+         {0, MPP_VENC_CHN_MAX, &stGood}, {0, CHN, nullptr}})
+        // clang-format on
         EXPECT_EQ(MPP_EnableVenc(s32Usage, s32Chn, pst, nullptr, BU_TRUE), -1);
     EXPECT_EQ(MPP_GetVencChnStatus(CHN, stNow, BU_FALSE), 1);
     EXPECT_EQ(stNow.u32Width, 160U);
@@ -170,8 +169,7 @@ TEST_F(Encoder, StoredParametersComeBack)
     }
     const auto restart = [&] { return MPP_InitStream(), MPP_GetVencChnStatus(CHN, st, BU_FALSE); };
     EXPECT_EQ(restart(), 1);
-    EXPECT_EQ(st.enType, MPP_VENC_FORMAT_E_H265);
-    EXPECT_EQ(st.enRcMode, MPP_VENC_RC_MODE_VBR);
+    EXPECT_EQ((std::pair{st.enType, st.enRcMode}), (std::pair{MPP_VENC_FORMAT_E_H265, MPP_VENC_RC_MODE_VBR}));
     CFG_STORE_SetInt("Venc/1/Width", 77); // what no encoder takes: the default
     EXPECT_EQ(restart(), 1);
     EXPECT_EQ(st.u32Width, 640U);
@@ -225,16 +223,14 @@ TEST_F(Encoder, OneSensorHasNoPanorama)
 
 TEST_F(Encoder, SourceAndCacheCanBeDestroyedWhenIdle)
 {
-    {
-        TestReader reader(CACHE);
-        EXPECT_EQ(STREAM_isStreamCacheIdle(CACHE), 0);
-        EXPECT_EQ(STREAM_isStreamSourceIdle_VENC(CHN), 0);
-        EXPECT_EQ(STREAM_destroyStreamCache(CACHE, BU_TRUE), -1);
-        EXPECT_EQ(STREAM_destroyStreamSource_VENC(CHN, BU_TRUE), -1);
+    auto pstReader = std::make_unique<TestReader>(CACHE);
+    EXPECT_EQ(STREAM_isStreamSourceIdle_VENC(CHN), 0);
+    for (const bool bIdle : {false, true}) {
+        EXPECT_EQ(STREAM_isStreamCacheIdle(CACHE), bIdle);
+        EXPECT_EQ(STREAM_destroyStreamCache(CACHE, BU_TRUE), bIdle - 1);
+        EXPECT_EQ(STREAM_destroyStreamSource_VENC(CHN, BU_TRUE), bIdle - 1);
+        pstReader.reset();
     }
-    EXPECT_EQ(STREAM_isStreamCacheIdle(CACHE), 1);
-    EXPECT_EQ(STREAM_destroyStreamCache(CACHE, BU_TRUE), 0);
-    EXPECT_EQ(STREAM_destroyStreamSource_VENC(CHN, BU_TRUE), 0);
     EXPECT_EQ(STREAM_getStreamSource_Venc(CHN), nullptr);
     EXPECT_EQ(STREAM_startListenStreamSource_VENC(CHN), 0);
     EXPECT_NE(STREAM_getStreamSource_Venc(CHN), nullptr);

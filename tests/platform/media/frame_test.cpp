@@ -74,11 +74,10 @@ TEST_F(Frames, Refused)
     EXPECT_EQ(MPP_StopYuvStream(15, BU_FALSE), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, nullptr, fn), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, &PARAM, nullptr), -1);
-    const BU_U32 bad[][4] = {{MPP_YUV_FORMAT_E_NV12, 129, 72, 30},
-                             {MPP_YUV_FORMAT_E_NV12, 128, 73, 30},
-                             {MPP_YUV_FORMAT_E_NV12, 128, 0, 30},
-                             {MPP_YUV_FORMAT_E_NV12, 128, 72, 0},
-                             {2, 128, 72, 30}};
+    // clang-format off
+    const BU_U32 bad[][4] = { {MPP_YUV_FORMAT_E_NV12, 129, 72, 30}, {MPP_YUV_FORMAT_E_NV12, 128, 73, 30},
+         {MPP_YUV_FORMAT_E_NV12, 128, 0, 30}, {MPP_YUV_FORMAT_E_NV12, 128, 72, 0}, {2, 128, 72, 30}};
+    // clang-format on
     for (const auto &[u32Format, w, h, u32Rate] : bad) {
         const MPP_YUV_PARAM_S st{static_cast<MPP_YUV_FORMAT_E>(u32Format), w, h, u32Rate, {}};
         EXPECT_EQ(MPP_StartYuvStream(11, &st, fn), -1) << u32Format << ' ' << w << 'x' << h;
@@ -99,10 +98,10 @@ TEST_F(Frames, StillIsAJpegOfItsSize)
         EXPECT_GT(*std::ranges::max_element(st.vecY) - *std::ranges::min_element(st.vecY), 100); // a picture
     }
     constexpr auto FULL = MPP_PIPE_USAGE_E_CLOSEUP_FULL;
-    for (const auto &[enUsage, u32Width, s32Room] : {std::tuple{FULL, 640U, 100},
-                                                     {FULL, 641U, 1 << 20},
-                                                     {MPP_PIPE_USAGE_E_BUTT, 640U, 1 << 20},
-                                                     {FULL, 640U, 0}}) {
+    // clang-format off
+    for (const auto &[enUsage, u32Width, s32Room] : {std::tuple{FULL, 640U, 100}, {FULL, 641U, 1 << 20},
+         {MPP_PIPE_USAGE_E_BUTT, 640U, 1 << 20}, {FULL, 640U, 0}}) {
+        // clang-format on
         SDL_RWops *pst = s32Room ? SDL_RWFromMem(vec.data(), s32Room) : nullptr;
         EXPECT_EQ(MPP_SnapImage(enUsage, u32Width, 360, 90, pst, 5000), -1);
         if (pst) SDL_RWclose(pst);

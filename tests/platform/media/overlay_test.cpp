@@ -110,8 +110,7 @@ TEST(Overlays, LaterOnesLieOnTopAndRefusals)
 
     EXPECT_EQ(MPP_OSD_OneToManyDestroy(&stSecond), 0); // twice
     EXPECT_EQ(MPP_OSD_OneToManyUpdateAllTarget(&stSecond, BU_TRUE, &overlay.m_stCanvas), -1);
-    EXPECT_EQ(MPP_OSD_OneToManyCreate(&stSecond, 4), -1);
-    EXPECT_EQ(MPP_OSD_OneToManyCreate(&stSecond, 0), -1);
+    for (const BU_S32 s32Targets : {4, 0}) EXPECT_EQ(MPP_OSD_OneToManyCreate(&stSecond, s32Targets), -1);
     overlay.box({-5, -5, 1000, 1000}, 500, 0); // cut
     EXPECT_EQ(OSD_COMM_DrawRect(overlay.m_pstSurface, {0, 0, -1, 4}, 1, 0), -1);
     EXPECT_EQ(OSD_COMM_DrawRect(nullptr, {0, 0, 1, 4}, 1, 0), -1);

@@ -101,10 +101,9 @@ TEST_F(MediaTest, PictureInPictureLiesInItsCornerOfTheEncodersOnly)
     show({0, 1, 0, BU_FALSE, MPP_PIP_POS_TOP_LEFT, MPP_PIP_SIZE_LARGE});
     EXPECT_EQ(pstEncoder->differences(*pstPlain, 0, 0, 320, 180), 0);
     show({0, 1, 0, BU_TRUE, MPP_PIP_POS_BOTTOM_RIGHT, MPP_PIP_SIZE_SMALL}); // 80 x 44, 8 from the edges
-    EXPECT_EQ(pstEncoder->differences(*pstPlain, 0, 0, 320, 128), 0);
-    EXPECT_EQ(pstEncoder->differences(*pstPlain, 0, 128, 232, 180), 0);
-    EXPECT_EQ(pstEncoder->differences(*pstPlain, 312, 128, 320, 180), 0);
-    EXPECT_GT(pstEncoder->differences(*pstPlain, 232, 128, 312, 172), 80 * 44 / 2);
+    const int s32Inside = pstEncoder->differences(*pstPlain, 232, 128, 312, 172);
+    EXPECT_GT(s32Inside, 80 * 44 / 2);
+    EXPECT_EQ(pstEncoder->differences(*pstPlain, 0, 0, 320, 180), s32Inside);
     show({1, 0, 0, BU_TRUE, MPP_PIP_POS_TOP_LEFT, MPP_PIP_SIZE_LARGE}); // the panorama with the close-up in it
     EXPECT_EQ(pstEncoder->differences(*pstPanorama, 170, 0, 320, 180), 0);
     EXPECT_GT(pstEncoder->differences(*pstPanorama, 8, 8, 168, 98), 160 * 90 / 2);

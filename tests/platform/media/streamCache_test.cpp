@@ -72,7 +72,7 @@ TEST_F(StreamCache, SlowReaderGoesOnAtAKeyFrameAndHoldsUpNobody)
     std::vector<BU_U64> fast;
     for (BU_U32 i = 0; i < 10; ++i) {
         write(1 + i * 100, 100, 100);
-        for (const BU_U64 u64 : drain(stFast)) fast.push_back(u64);
+        std::ranges::copy(drain(stFast), std::back_inserter(fast));
     }
     EXPECT_EQ(fast.size(), 1001U);
     const auto slow = drain(stSlow);
@@ -93,10 +93,9 @@ TEST_F(StreamCache, BoundedInBytesAndPacketsOutliveTheRing)
     const auto pstHeld = m_cache.read(stPlace, 0);
     std::weak_ptr<const STREAM_PACKET_S> wpst;
     for (BU_U32 i = 1; i <= 40; ++i) {
-        auto pst = packetOf(i, true, MEGABYTE);
+        const auto pst = packetOf(i, true, MEGABYTE);
         if (i == 20) wpst = pst;
         m_cache.write(pst);
-        pst = nullptr;
     }
     EXPECT_TRUE(wpst.expired()); // 16 of them fit
     EXPECT_EQ(pstHeld->pu8Data[MEGABYTE - 1], 0);
@@ -105,13 +104,9 @@ TEST_F(StreamCache, BoundedInBytesAndPacketsOutliveTheRing)
 
 TEST_F(StreamCache, DemandIsToldOnceForAllConsumers)
 {
-    m_cache.join();
-    m_cache.join();
-    m_cache.addSink("a", [](const auto &) {});
-    m_cache.addSink("a", [](const auto &) {}); // in its place
+    for (int i = 0; i < 2; ++i) m_cache.join(), m_cache.addSink("a", [](const auto &) {}); // the second in its place
     EXPECT_EQ(m_s32Demands, 1);
-    m_cache.leave();
-    m_cache.leave();
+    for (int i = 0; i < 2; ++i) m_cache.leave();
     EXPECT_TRUE(m_cache.isWanted());
     EXPECT_TRUE(m_cache.removeSink("a"));
     EXPECT_FALSE(m_cache.removeSink("a"));
@@ -133,11 +128,7 @@ TEST_F(StreamCache, SinkStartsAtAKeyFrameMayEndItselfAndIsNotCalledAnyMoreOnceRe
 
     std::latch entered(1), go(1);
     std::atomic<bool> bReturned = false;
-    m_cache.addSink("viewer", [&](const auto &) {
-        entered.count_down();
-        go.wait();
-        bReturned = true;
-    });
+    m_cache.addSink("viewer", [&](const auto &) { entered.count_down(), go.wait(), bReturned = true; });
     std::jthread writer([&] { write(0, 1, 1); });
     entered.wait();
     std::jthread opener([&] { go.count_down(); });
@@ -152,9 +143,8 @@ TEST_F(StreamCache, MetadataHandlersHearOfChangesOnly)
     std::vector<std::string> calls;
     const auto note = [&](std::string str) { return [&, str] { return calls.push_back(str), 0; }; };
     m_cache.introduce(SMALL);
-    m_cache.addHandler("rtsp", note("old"));
-    m_cache.addHandler("rtsp", note("rtsp"));
-    m_cache.addHandler("srt", note("srt"));
+    for (const auto &[pcName, pcCall] : {std::pair{"rtsp", "old"}, {"rtsp", "rtsp"}, {"srt", "srt"}})
+        m_cache.addHandler(pcName, note(pcCall));
     EXPECT_THAT(calls, IsEmpty());
     EXPECT_FALSE(m_cache.setMetadata({})); // the encoder is switched off and on again, as it was
     EXPECT_FALSE(m_cache.setMetadata(SMALL));
@@ -203,10 +193,7 @@ TEST_F(StreamCache, ConcurrentReaders)
             EXPECT_THAT(std::span(pst->pu8Data, pst->u32Length), testing::Each(static_cast<BU_U8>(u64Number)));
             u64Next = u64Number + 1;
             for (BU_U32 i = 0; i < u32Pace; ++i) std::this_thread::yield();
-            if (u32Pace != 2 || u64Number % 100 != 99) continue;
-            m_cache.leave(); // and comes back
-            stPlace = m_cache.join();
-            u64Next = 0;
+            if (u32Pace == 2 && u64Number % 100 == 99) m_cache.leave(), stPlace = m_cache.join(), u64Next = 0;
         }
         m_cache.leave();
         if (u32Pace == 0) u64LastOfFast = u64Next - 1;

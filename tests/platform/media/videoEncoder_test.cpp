@@ -6,6 +6,7 @@
 #include "support/picture.h"
 
 #include <cmath>
+#include <span>
 
 using media::FrameRate;
 using media::VideoEncoder;
@@ -71,11 +72,11 @@ TEST(EncoderProfiles, AreInTheStream)
         MPP_VENC_PARAM_S stParam = paramOf(MPP_VENC_FORMAT_E_H264);
         stParam.u32Profile = i;
         const auto pst = VideoEncoder::open(stParam, FrameRate{30, 1})->encode(TestPicture(160, 90).draw(0), 0, true);
-        const std::vector<BU_U8> vec(pst->pu8Data, pst->pu8Data + pst->u32Length);
+        const std::span packet(pst->pu8Data, pst->u32Length);
         constexpr BU_U8 SPS[] = {0, 0, 0, 1, 0x67};
-        const auto it = std::search(vec.begin(), vec.end(), std::begin(SPS), std::end(SPS));
-        ASSERT_LT(it + 5, vec.end());
-        EXPECT_EQ(it[5], PROFILES[i]);
+        const auto found = std::ranges::search(packet, SPS);
+        ASSERT_FALSE(found.empty());
+        EXPECT_EQ(*found.end(), PROFILES[i]);
     }
 }
 
@@ -122,11 +123,11 @@ TEST(EncoderChanges, BitRateFollowsWhileItRuns)
 TEST(EncoderParameters, Refused)
 {
     using P = MPP_VENC_PARAM_S;
-    const std::pair<BU_U32 P::*, BU_U32> cases[] = {
-        {&P::u32Width, 62},  {&P::u32Width, 161}, {&P::u32Width, 4098}, {&P::u32Height, 0},
-        {&P::u32Height, 91}, {&P::u32FrmRate, 0}, {&P::u32FrmRate, 61}, {&P::u32BitRate, 15},
-        {&P::u32GOP, 3601},  {&P::u32Profile, 3}, {&P::u32QpMinI, 52},  {&P::u32BitRate, UINT32_MAX},
-    };
+    // clang-format off
+    const std::pair<BU_U32 P::*, BU_U32> cases[] = { {&P::u32Width, 62}, {&P::u32Width, 161}, {&P::u32Width, 4098},
+         {&P::u32Height, 0}, {&P::u32Height, 91}, {&P::u32FrmRate, 0}, {&P::u32FrmRate, 61}, {&P::u32BitRate, 15},
+         {&P::u32GOP, 3601}, {&P::u32Profile, 3}, {&P::u32QpMinI, 52}, {&P::u32BitRate, UINT32_MAX}, };
+    // clang-format on
     for (const auto &[pu32Field, u32Value] : cases) {
         MPP_VENC_PARAM_S stParam = paramOf(MPP_VENC_FORMAT_E_H264);
         stParam.*pu32Field = u32Value;

@@ -196,8 +196,7 @@ TEST(MenuThreads, KeysOfManyThreadsLeaveAMenuThatWorks)
             }
         });
     threads.clear();
-    CMD_MENU_OnlyCloseMenu();
-    CMD_MENU_OnlyOpenMenu();
+    CMD_MENU_OnlyCloseMenu(), CMD_MENU_OnlyOpenMenu();
     await([] { return OSD_Menu_HasSubPage() == 1; }); // the keys before it have been worked off
     EXPECT_EQ(CMD_MENU_GetMenuStatus(), 1);
     CMD_MENU_OnlyCloseMenu();

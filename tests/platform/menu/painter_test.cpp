@@ -114,9 +114,10 @@ TEST(MenuStatus, TheLineHoldsWhatIsThere)
 {
     std::tm st{};
     st.tm_hour = 4, st.tm_mday = 8, st.tm_mon = 5, st.tm_year = 125;
-    const std::pair<menu::Status, std::string> rows[] = {{{1, {}, ""}, "1.0x"},
-                                                         {{12.34F, 5, ""}, "12.3x   Preset 5"},
-                                                         {{20, 0, "Stage"}, "20.0x   Preset 0   Tracking: Stage"}};
+    // clang-format off
+    const std::pair<menu::Status, std::string> rows[] = { {{1, {}, ""}, "1.0x"}, {{12.34F, 5, ""}, "12.3x   Preset 5"},
+         {{20, 0, "Stage"}, "20.0x   Preset 0   Tracking: Stage"}};
+    // clang-format on
     for (const auto &[status, strLine] : rows)
         EXPECT_EQ(menu::statusLine(st, status), "2025-06-08 04:00:00   " + strLine);
 }

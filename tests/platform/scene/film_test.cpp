@@ -38,17 +38,10 @@ TEST_F(Film, FollowsTheTimeAndLoops)
 {
     const Scene scene(SCENE_Open(file("film.y4m", video({50, 80, 110, 140})).c_str()));
     // forward, passing one over; around, far ahead, back
-    for (const auto &[s64Ms, s32Luma] : {std::pair<BU_S64, int>{0, 50},
-                                         {39, 50},
-                                         {40, 80},
-                                         {60, 80},
-                                         {130, 140},
-                                         {159, 140},
-                                         {160, 50},
-                                         {205, 80},
-                                         {1680, 110},
-                                         {80, 110},
-                                         {0, 50}})
+    // clang-format off
+    for (const auto &[s64Ms, s32Luma] : {std::pair<BU_S64, int>{0, 50}, {39, 50}, {40, 80}, {60, 80}, {130, 140},
+         {159, 140}, {160, 50}, {205, 80}, {1680, 110}, {80, 110}, {0, 50}})
+        // clang-format on
         EXPECT_NEAR(middleOf(scene.get(), s64Ms * 1000), s32Luma, 1) << s64Ms << " ms";
 }
 
@@ -76,9 +69,11 @@ TEST_F(Film, FaultyOnesAreReplacedBySynthetic)
     const Scene synthetic(SCENE_Open("synthetic"));
     const int s32Expected = middleOf(synthetic.get(), 0);
     const std::string strWhole = video({50, 80});
+    // clang-format off
     for (const std::string &str :
          {root() + "/none.mp4", root(), file("text.mp4", "not a video\n"), file("empty.mp4", ""),
           file("head.y4m", strWhole.substr(0, 44)), std::string("/dev/video-none")})
+        // clang-format on
         EXPECT_EQ(middleOf(Scene(SCENE_Open(str.c_str())).get(), 0), s32Expected) << str;
     // Cut off in its second picture: the first goes on.
     const Scene torn(SCENE_Open(file("torn.y4m", strWhole.substr(0, strWhole.size() - 500)).c_str()));

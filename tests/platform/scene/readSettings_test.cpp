@@ -60,8 +60,7 @@ TEST_F(ReadSettings, EndsOfRangesAndUnits)
     EXPECT_FLOAT_EQ(read(0).fExpCompStops, 2);
     EXPECT_FLOAT_EQ(read(0).fShutterS, 1.0F / 333);
 
-    // The full view follows the close-up where it is told to, and in nothing else.
-    set("ViewFollowExposure", 1);
+    set("ViewFollowExposure", 1); // the full view follows the close-up where it is told to, and in nothing else
     EXPECT_EQ(read(1).enAeMode, AE_MODE_E_MANUAL);
     EXPECT_EQ(read(1).afGain[0], 1);
     set("ViewFollowWB", 1);
