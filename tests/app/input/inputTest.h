@@ -11,6 +11,7 @@
 #include <cstring>
 #include <linux/input.h>
 #include <map>
+#include <regex>
 #include <sstream>
 
 typedef void (*Remote)(const input_event *);
@@ -95,7 +96,7 @@ struct InputTest : PlatformTest {
                 for (const int s32Value : {1, 0}) send(remote, EV_KEY, codeOf(step), s32Value);
             for (const auto &strEffect : journal::effects()) strAll += (strAll.empty() ? "" : " ") + inShort(strEffect);
         }
-        return strAll;
+        return std::regex_replace(strAll, std::regex(R"(SetFocusAuto\(0, 0, 1, 1\) SetFocusAct)"), "Focus");
     }
 
     /// Each case, steps and effects, with a camera just started.
@@ -119,13 +120,11 @@ private:
             CFG_SETTING_Set(strStep.substr(0, equals).c_str(), 0, std::stoi(strStep.substr(equals + 1)), 0, 0);
         journal::effects();
     }
-    /// "ISP_API_SetGain(0, 1, 1)" is "SetGain(0, 1, 1)", "CMD_MENU_HandeUpBtn()" is "MENU_Up".
+    /// "ISP_API_SetGain(0, 1, 1)" is "SetGain(0, 1, 1)", "CMD_MENU_HandeUpBtn()" is "MENU_Up"; "Focus(0, 3, 5)" is
+    /// "SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 3, 5)".
     static std::string inShort(std::string str)
     {
-        if (const auto at = str.find("_API_"); at != std::string::npos) str.erase(0, at + 5);
         std::ranges::replace(str, '"', '\'');
-        for (const std::string strPart : {"CMD_", "Hande", "Btn", "()", ", NULL"})
-            if (const auto at = str.find(strPart); at != std::string::npos) str.erase(at, strPart.size());
-        return str;
+        return std::regex_replace(str, std::regex(R"(^.*_API_|CMD_|Hande|Btn|\(\)|, NULL)"), "");
     }
 };

@@ -11,25 +11,25 @@ TEST_F(Keys, OfTheSmallRemote) { expect(SMALL, {
         {"zoom-in zoom-out", "SetZoomAct(0, 2, 5) SetZoomAct(0, 0, 5) SetZoomAct(0, 3, 5) SetZoomAct(0, 0, 5)"},
         {"[open] [track] up down", "PT_Up PT_StopMove PT_Down PT_StopMove"}, // neither menu nor tracking matters
         {"[open] [track] left right", "PT_Left PT_StopMove PT_Right PT_StopMove"}, {"home", "GotoHome(2)"},
-        {"focus-near focus-far", "SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 3, 5) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 0, 5) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 2, 5) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 0, 5)"},
+        {"focus-near focus-far", "Focus(0, 3, 5) Focus(0, 0, 5) Focus(0, 2, 5) Focus(0, 0, 5)"}, {"-home", ""},
         {"+home ~2999 -home", "GotoHome(2)"}, {"+up *up", "PT_Up PT_StopMove"}, // a repeat counts as a release here
-        {"+home ~3000 -home", "SetCur(0, 'PresetHome')"}, {"[open] home", "MENU_Home"}, {"-home", ""},
+        {"+home ~3000 -home", "SetCur(0, 'PresetHome')"}, {"[open] home", "MENU_Home"},
         {"+home [open] ~3000 -home [close] -home", ""}, {"[open] +home [close] ~3000 -home", "MENU_Home"},
         {"+home ~250 *home ~33 *home ~3000 *home -home", "GotoHome(2)"}, // the first repeat is the release
 }); }
 
 TEST_F(Keys, OfTheBigRemote) { expect(BIG, {
         {"power", "SleepAppService"}, {"menu", "MENU_HandleMenu"}, {"iris-reset", "SetIrisDefLevel(0, 1, 1)"},
-        {"focus-near focus-far", "SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 3, 3) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 0, 3) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 2, 3) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 0, 3)"},
+        {"focus-near focus-far", "Focus(0, 3, 3) Focus(0, 0, 3) Focus(0, 2, 3) Focus(0, 0, 3)"}, {"-up", "PT_StopMove"},
         {"focus-auto focus-manual focus-once", "SetFocusAuto(0, 1, 1, 1) SetFocusAuto(0, 0, 1, 1) TriggerAutoFocus(0)"},
         {"backlight backlight", "SetBackLight(0, 1, 1, 1) SetBackLight(0, 0, 1, 1)"}, {"clear confirm enter", ""},
         {"osd osd", "SetPrompt(0, 1, 1) SetPrompt(1, 1, 1)"}, {"f1 f1", "SetEnable(1, 1, 1) SetEnable(0, 1, 1)"},
         {"f2 f3 f4", "SetBodySize(2, 1, 1) SetBodySize(1, 1, 1) SetBodySize(0, 1, 1)"}, {"back", "MENU_OnlyReturnMenu"},
-        {"home [open] home", "GotoHome(2) GotoHome(2)"}, {"[open] enter", "MENU_Home"}, {"-up", "PT_StopMove"},
+        {"home [open] home", "GotoHome(2) GotoHome(2)"}, {"[open] enter", "MENU_Home"}, {"[open] -left", ""},
         {"[track] up down", "PT_Up PT_StopMove PT_Down PT_StopMove"}, {"[open] up down", "MENU_Up MENU_Down"},
         {"left right", "PT_Left PT_StopMove PT_Right PT_StopMove"}, {"+up *up *up -up", "PT_Up PT_StopMove"},
         {"[track] left right", "LockLastTarget LockNextTarget"}, {"[open] [track] left right", "MENU_Left MENU_Right"},
-        {"[open] +left ~499 -left ~2000", "MENU_Left"}, {"[open] -left", ""},
+        {"[open] +left ~499 -left ~2000", "MENU_Left"},
         {"[open] +left ~500 -left ~2000", "MENU_Left MENU_LeftUpdateParam MENU_SetParam"},
         {"[open] +right ~1600 -right ~2000", "MENU_Right MENU_RightUpdateParam MENU_RightUpdateParam MENU_RightUpdateParam MENU_SetParam"},
         {"[open] +left ~500 -left left", "MENU_Left MENU_LeftUpdateParam MENU_SetParam MENU_Left"}, // the tap applies nothing
@@ -39,11 +39,11 @@ TEST_F(Keys, OfTheBigRemote) { expect(BIG, {
 TEST_F(Keys, OfTheTrackingRemote) { expect(TRACKING, {
         {"power", "SleepAppService"}, {"menu", "MENU_HandleMenu"}, {"home [open] home", "GotoHome(2) MENU_Home"},
         {"zoom-in zoom-out", "SetZoomAct(0, 2, 5) SetZoomAct(0, 0, 5) SetZoomAct(0, 3, 5) SetZoomAct(0, 0, 5)"},
-        {"focus-near focus-far", "SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 3, 5) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 0, 5) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 2, 5) SetFocusAuto(0, 0, 1, 1) SetFocusAct(0, 0, 5)"},
+        {"focus-near focus-far", "Focus(0, 3, 5) Focus(0, 0, 5) Focus(0, 2, 5) Focus(0, 0, 5)"}, {"long1 long2", ""},
         {"focus-auto back", "SetFocusAuto(0, 1, 1, 1) MENU_OnlyReturnMenu"}, {"[open] up down", "MENU_Up MENU_Down"},
         {"up down", "PT_Up PT_StopMove PT_Down PT_StopMove"}, {"[track] left right", "LockLastTarget LockNextTarget"},
         {"left right", "PT_Left PT_StopMove PT_Right PT_StopMove"}, {"set 3 3", "SetCur(3, 'Preset3') GotoById(3, 2)"},
-        {"[open] +left ~2000 -left right", "MENU_Left MENU_Right"}, {"id4", "SetAddr(4, 1, 0)"}, {"long1 long2", ""},
+        {"[open] +left ~2000 -left right", "MENU_Left MENU_Right"}, {"id4", "SetAddr(4, 1, 0)"},
         {"1 2 3 4", "GotoById(1, 2) GotoById(2, 2) GotoById(3, 2) GotoById(4, 2)"},
         {"set ~3000 3", "SetCur(3, 'Preset3')"}, // stays pending after the entry timer
         {"set 1 set 4", "SetCur(1, 'Preset1') SetCur(4, 'Preset4')"},
@@ -65,19 +65,19 @@ TEST_F(Keys, OfNumbers) { expect(BIG, {
         {"0 1 2 3 4", "GotoById(0, 2) GotoById(1, 2) GotoById(2, 2) GotoById(3, 2) GotoById(4, 2)"},
         {"5 6 7 8 9", "GotoById(5, 2) GotoById(6, 2) GotoById(7, 2) GotoById(8, 2) GotoById(9, 2)"},
         {"+7 ~2999 -7", "GotoById(7, 2)"}, {"+7 ~3000 -7", "SetCur(7, 'Preset7')"}, {"set 5 confirm", "SetCur(5)"},
-        {"+0 ~3001 -0 +1 ~3000 -1 9", "SetCur(0, 'Preset0') SetCur(1, 'Preset1') GotoById(9, 2)"},
-        {"call 1 2 confirm", "GotoById(12, 2)"}, {"delete 3 0 confirm", "DeleteById(30)"},
+        {"+0 ~3001 -0 +1 ~3000 -1 9", "SetCur(0, 'Preset0') SetCur(1, 'Preset1') GotoById(9, 2)"}, {"-7 ~3000 -7", ""},
+        {"call 1 2 confirm", "GotoById(12, 2)"}, {"delete 3 0 confirm", "DeleteById(30)"}, {"[open] 7 +7 ~3000 -7", ""},
         {"call ~2999 4 ~2999 confirm", "GotoById(4, 2)"}, {"call 4 ~3000 confirm", ""}, // too late
         {"call ~2999 +4 ~60000 -4 ~2999 confirm", "GotoById(4, 2)"}, // a pressed digit waits for its release
         {"call confirm confirm", "GotoById(0, 2)"}, {"call ~3000 4", "GotoById(4, 2)"}, // cancelled, a direct key
         {"call ~3000 +4 ~3000 -4", "SetCur(4, 'Preset4')"}, {"call 0 0 0 0 0 0 0 0 0 0 7 confirm", "GotoById(7, 2)"},
         {"call 4 ~3000 confirm 6 confirm", "GotoById(6, 2)"}, // the late command is gone with the next digit
-        {"[open] 7 +7 ~3000 -7", ""}, {"call 1 set 2 confirm", "SetCur(2)"}, // a new command starts a new number
+        {"[open] +7 [close] ~3000 -7", ""}, {"call 1 set 2 confirm", "SetCur(2)"}, // a new command starts a new number
         {"call 1 2 3 4 5 6 7 8 9 confirm", "GotoById(123456789, 2)"}, {"+7 [open] ~3000 -7 [close] -7", ""},
-        {"-7 ~3000 -7", ""}, {"call 9 9 9 9 9 9 9 9 9 9 9 confirm", "GotoById(999999999, 2)"}, // no tenth digit
+        {"call 9 9 9 9 9 9 9 9 9 9 9 confirm", "GotoById(999999999, 2)"}, // no tenth digit
         {"+1 call -1 2 confirm", "GotoById(1, 2) GotoById(2, 2)"}, // a release while a command waits
         {"call confirm +1 ~2999 -1", "GotoById(0, 2) GotoById(1, 2)"}, // the hold starts with its own press
-        {"[open] +7 [close] ~3000 -7", ""}, {"7 ~3000 -7", "GotoById(7, 2)"}, {"call -7 confirm", "GotoById(0, 2)"},
+        {"7 ~3000 -7", "GotoById(7, 2)"}, {"call -7 confirm", "GotoById(0, 2)"},
 }); }
 
 /// Menu and tracking change while a direction is held: the head stops with the release, or the next press at the latest.

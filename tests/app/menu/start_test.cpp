@@ -136,9 +136,7 @@ TEST_F(MenuStart, KeysReachTheSettingAndTheStore)
     BU_S32 s32Stored = 0;
     EXPECT_EQ(CFG_STORE_GetInt("Image0/Brightness", &s32Stored), 0);
     EXPECT_EQ(s32Stored, 8);
-    CMD_MENU_OnlyReturnMenu();
-    CMD_MENU_HandeUpBtn(); // the last item of the first page: exit
-    CMD_MENU_HandeHomeBtn();
+    for (const auto pfnKey : {CMD_MENU_OnlyReturnMenu, CMD_MENU_HandeUpBtn, CMD_MENU_HandeHomeBtn}) pfnKey(); // exit
     clock().advance(0);
     EXPECT_EQ(CMD_MENU_GetMenuStatus(), 0);
 }

@@ -164,9 +164,10 @@ TEST_F(MonitorTest, AKeyThatIsHeardStaysHeld)
     for (int i = 0; i < 4; ++i) { // repeats and scan codes in turn, and a marker that tells when they have arrived
         clock().advance(14000);
         send(clDevice, {{i % 2 ? EV_KEY : EV_MSC, i % 2 ? 32 : MSC_SCAN, 2}, {EV_KEY, 200, 0}});
-        const auto heard = g_heard.take(i % 2 + 1);
-        EXPECT_EQ(heard.back(), "N-200");
-        EXPECT_THAT(heard, Not(Contains("N-32")));
+        for (std::vector<std::string> heard; heard.empty() || heard.back() != "N-200";) {
+            heard = g_heard.take(1);
+            EXPECT_THAT(heard, Not(Contains("N-32")));
+        }
     }
     clock().advance(14999);
     send(clDevice, {{EV_KEY, 200, 0}});

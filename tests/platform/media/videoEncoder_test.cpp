@@ -125,7 +125,7 @@ TEST(EncoderParameters, Refused)
     using P = MPP_VENC_PARAM_S;
     // clang-format off
     const std::pair<BU_U32 P::*, BU_U32> cases[] = { {&P::u32Width, 62}, {&P::u32Width, 161}, {&P::u32Width, 4098},
-         {&P::u32Height, 0}, {&P::u32Height, 91}, {&P::u32FrmRate, 0}, {&P::u32FrmRate, 61}, {&P::u32BitRate, 15},
+         {&P::u32Height, 62}, {&P::u32Height, 2306}, {&P::u32Height, 91}, {&P::u32FrmRate, 0}, {&P::u32FrmRate, 61}, {&P::u32BitRate, 15},
          {&P::u32GOP, 3601}, {&P::u32Profile, 3}, {&P::u32QpMinI, 52}, {&P::u32BitRate, UINT32_MAX}, };
     // clang-format on
     for (const auto &[pu32Field, u32Value] : cases) {

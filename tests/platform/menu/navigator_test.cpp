@@ -65,7 +65,8 @@ TEST_F(MenuWalk, KeysLeadWhereTheyShould)
         {"ed e", "Image | Brightness | 7", ""}, {"e u e", "Menu | Image", ""}, // the page remembers where it was left
         {"ed r", "Image | Brightness | 8", "Brightness=8"}, {"ed r>>>", "Image | Brightness | 11", "Brightness=8"},
         {"ed 3l", "Image | Brightness | 4", "Brightness=6 Brightness=5 Brightness=4"},
-        {"ed 9r", "Image | Brightness | 14", "Brightness=8 Brightness=9 Brightness=10 Brightness=11 Brightness=12 "          "Brightness=13 Brightness=14"}, // the end of the range confirms nothing more
+        {"ed 9r", "Image | Brightness | 14", "Brightness=8 Brightness=9 Brightness=10 Brightness=11 Brightness=12 "
+         "Brightness=13 Brightness=14"}, // the end of the range confirms nothing more
         {"ed r>>>.", "Image | Brightness | 11", "Brightness=8 Brightness=11"}, // held: applied once, at its end
         {"ed r>>>b", "Menu | Image", "Brightness=8"}, {"ed .", "Image | Brightness | 7", ""},
         {"ed r>>>d u", "Image | Brightness | 8", "Brightness=8"}, // without its end the stepped value is forgotten
@@ -86,8 +87,9 @@ TEST_F(MenuWalk, KeysLeadWhereTheyShould)
         {"6d e 2r e e", "Video and audio | Output format | 1080p 60", ""},
         {"6d e 2r e d e", "Video and audio | Output format | 1080p 60", "VideoFormat=1080P50"}, // not applied here
         {"2d e d 2d r", "White balance | Red offset | 129", "RStrength=129"}, {"10d e 2d l", "Menu | Information", ""},
-        {"2d e 3d >>>>>>>.", "White balance | Red offset | 147", "RStrength=147"}, // 4 steps, then 3 of five there once the mode is that of one push
-        {"2d e d 5r d e", "White balance | Measure now",           "WbMode=ManualMode WbMode=InDoor WbMode=OutDoor WbMode=StaticWb WbMode=OnePushWb OnePush=On"},
+        {"2d e 3d >>>>>>>.", "White balance | Red offset | 147", "RStrength=147"}, // 4 steps, then 3 of five
+        {"2d e d 5r d e", "White balance | Measure now", // there once the mode is that of one push
+         "WbMode=ManualMode WbMode=InDoor WbMode=OutDoor WbMode=StaticWb WbMode=OnePushWb OnePush=On"},
         {"10d e 2d r", "Information | Serial no. | MX24060001", ""},
     };
     // clang-format on
@@ -192,14 +194,16 @@ TEST_F(MenuWalk, StoredValuesAreShownWhereTheyRunLater)
 
 TEST_F(MenuWalk, AddressesAreEditedInTheirRow)
 {
-    CFG_STORE_SetInt("Network/NetCard0/IpMode", 1);
+    CFG_STORE_SetInt("Network/NetCard0/IpMode", 1), CFG_STORE_SetInt("Network/NetCard0/DnsMode", 1);
     // clang-format off
-    for (const auto &[pcKeys, strAddress, pcConfirmed] : {std::tuple{"7d e d", "192.168.100.100", ""},
-         {"e 2l u", "192.168.100.110", ""}, {"b", "192.168.100.100", ""},
-         {"e l d e", "192.168.100.100", "IpAddr=192.168.100.109"}}) {
+    for (const auto &[pcKeys, strShown, pcConfirmed] :
+         {std::tuple{"7d e", "Address from | Static", ""}, {"d", "Address | 192.168.100.100", ""},
+         {"e 2l u", "Address | 192.168.100.110", ""}, {"b", "Address | 192.168.100.100", ""},
+         {"e l d e", "Address | 192.168.100.100", "IpAddr=192.168.100.109"}, {"d", "Mask | 255.255.255.0", ""},
+         {"d", "Gateway | 192.168.100.1", ""}, {"d", "DNS | Manual", ""}, {"d", "DNS 1", ""}, {"d", "DNS 2", ""}}) {
         // clang-format on
         walk(pcKeys);
-        EXPECT_EQ(shown(), std::string("Network | Address | ") + strAddress);
+        EXPECT_EQ(shown(), std::string("Network | ") + strShown);
         EXPECT_EQ(confirmed(), pcConfirmed);
     }
 }
