@@ -12,6 +12,7 @@
 #include <iterator>
 #include <set>
 
+using namespace std::string_literals;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -226,10 +227,9 @@ TEST_F(ProfileTest, GpioLinesAreFilesThatATesterSwitches)
     };
     const BU_S32 s32Line = number("IR-DIP-SWITCH1");
     ASSERT_GE(s32Line, 0);
-    EXPECT_LT(number("IR-DIP-SWITCH"), 0);
-    EXPECT_LT(number(std::string(70, 'x').c_str()), 0) << "no terminator in the field";
-    EXPECT_LT(BSP_RequestGpioMode(99), 0);
-    EXPECT_LT(BSP_RequestGpioMode(-1), 0);
+    for (const auto &strNone : {"IR-DIP-SWITCH"s, std::string(70, 'x')})
+        EXPECT_LT(number(strNone.c_str()), 0); // no end
+    for (const BU_S32 s32None : {99, -1}) EXPECT_LT(BSP_RequestGpioMode(s32None), 0);
     EXPECT_EQ(BSP_GetGpioValue(s32Line), 0) << "not in use yet";
     ASSERT_EQ(BSP_RequestGpioMode(s32Line), 0);
     std::ofstream(root() + "/sys/gpio/IR-DIP-SWITCH1/value") << "1\n";

@@ -104,9 +104,8 @@ TEST_F(LiveMediaStore, SessionNamesAreUsableInAUrlAndUnique)
     }
     // A name that was given up is free, one that was taken over is not.
     const CFG_LM_RTSP_S stMine{BU_TRUE, "closeup"}, stTheirs{BU_TRUE, "a"};
-    EXPECT_EQ(CFG_LM_SetRtspCfgOfChn(SUB, &stMine), 0);
-    EXPECT_EQ(CFG_LM_SetRtspCfgOfChn(CLOSEUP, &stMine), -1);
-    EXPECT_EQ(CFG_LM_SetRtspCfgOfChn(CLOSEUP, &stTheirs), 0);
+    for (const auto &[enChn, st, s32Result] : {std::tuple(SUB, stMine, 0), {CLOSEUP, stMine, -1}, {CLOSEUP, stTheirs, 0}})
+        EXPECT_EQ(CFG_LM_SetRtspCfgOfChn(enChn, &st), s32Result);
 }
 
 TEST_F(LiveMediaStore, TheRtspServerGetsUsablePortsAndCredentials)

@@ -59,10 +59,9 @@ TEST_F(PipelineSessions, NdiKeepsWhatIsSavedAndForgetsTheRest)
 TEST_F(PipelineSessions, RtspSessionsGrowShrinkAndSurvive)
 {
     EXPECT_THAT(sessions(), IsEmpty());
-    EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession("a", "video", 1), 0);
-    EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession("b", "video", 3), 0);
-    EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession("a", "audio", 6), 0);
-    EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession("a", "video", -1), 0);
+    for (const auto &[pcSession, pcSub, s32Cache] :
+         {std::tuple("a", "video", 1), {"b", "video", 3}, {"a", "audio", 6}, {"a", "video", -1}})
+        EXPECT_EQ(MPP_RTSP_AddOrUpdateMediaSubsession(pcSession, pcSub, s32Cache), 0);
     EXPECT_THAT(sessions(), ElementsAre("a: video=-1 audio=6", "b: video=3"));
     // clang-format off
     const std::tuple<const char *, const char *, int> rows[] = {

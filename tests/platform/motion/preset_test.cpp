@@ -112,8 +112,8 @@ TEST_F(PresetTest, SpecialNumbersRunTheirHandlerInsteadOfAMove)
     EXPECT_EQ(PRESET_API_QuerySpecialById(80), -1);
     const auto handler = [](void *pvUser) { listRuns.emplace_back(static_cast<const char *>(pvUser)); };
     char acFirst[] = "first", acSecond[] = "second";
-    EXPECT_EQ(PRESET_API_RegisterIdInterrupt(80, "Special", handler, acFirst), 0);
-    EXPECT_EQ(PRESET_API_RegisterIdInterrupt(80, "Special", handler, acSecond), 0);
+    for (char *pcUser : {acFirst, acSecond})
+        EXPECT_EQ(PRESET_API_RegisterIdInterrupt(80, "Special", handler, pcUser), 0);
     EXPECT_EQ(PRESET_API_RegisterIdInterrupt(81, "Empty", {}, nullptr), -1);
 
     run("recall80#1=0");
@@ -153,16 +153,16 @@ TEST_F(PresetTest, PicturePresetsAreSetsOfSettings)
         ISP_API_GetSharpness(0, &s32, bReread);
         return s32;
     };
+    const auto recall = [](BU_S32 s32Id) { return IMAGE_PRESET_API_GotoById(s32Id, PT_CTRL_E_FROM_OTHER, nullptr); };
     CFG_VALUE_INT_S stRange{};
     CFG_COM_GetIntParams("Sharpness", &stRange);
-    const BU_S32 s32Own = stRange.s32Max;
-    ISP_API_SetSharpness(0, s32Own, BU_FALSE, BU_FALSE);
-    EXPECT_EQ(IMAGE_PRESET_API_GotoById(3, PT_CTRL_E_FROM_OTHER, nullptr), -1);
+    ISP_API_SetSharpness(0, stRange.s32Max, BU_FALSE, BU_FALSE);
+    EXPECT_EQ(recall(3), -1);
     EXPECT_EQ(IMAGEPRESET_API_SetCur(3, nullptr), 0);
 
     std::vector<BU_S32> listStyles;
     for (const BU_S32 s32Style : {-250, -1, -2, -3}) {
-        EXPECT_EQ(IMAGE_PRESET_API_GotoById(s32Style, PT_CTRL_E_FROM_OTHER, nullptr), 0);
+        EXPECT_EQ(recall(s32Style), 0);
         EXPECT_EQ(IMAGE_PRESET_API_DeleteById(s32Style), -1);
         listStyles.push_back(sharpness());
     }
@@ -170,11 +170,10 @@ TEST_F(PresetTest, PicturePresetsAreSetsOfSettings)
     EXPECT_LT(listStyles[2], listStyles[0]);
     EXPECT_GT(listStyles[3], listStyles[1]);
     EXPECT_EQ(sharpness(BU_TRUE), listStyles.back()) << "a style is saved";
-    EXPECT_EQ(IMAGE_PRESET_API_GotoById(3, PT_CTRL_E_FROM_OTHER, nullptr), 0);
-    EXPECT_EQ(sharpness(), s32Own);
-    EXPECT_EQ(IMAGE_PRESET_API_DeleteById(3), 0);
-    EXPECT_EQ(IMAGE_PRESET_API_DeleteById(3), -1);
-    EXPECT_EQ(IMAGE_PRESET_API_GotoById(3, PT_CTRL_E_FROM_OTHER, nullptr), -1);
+    EXPECT_EQ(recall(3), 0);
+    EXPECT_EQ(sharpness(), stRange.s32Max);
+    for (const BU_S32 s32Result : {0, -1}) EXPECT_EQ(IMAGE_PRESET_API_DeleteById(3), s32Result);
+    EXPECT_EQ(recall(3), -1);
     for (const BU_S32 s32Outside : {-1, 255}) EXPECT_EQ(IMAGEPRESET_API_SetCur(s32Outside, "x"), -1);
 }
 } // namespace

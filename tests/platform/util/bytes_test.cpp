@@ -35,10 +35,6 @@ TEST(Bytes, NumbersOfEveryWidthKeepTheirOrderSignAndBounds)
     util::LittleEndian<8> large{};
     large.set(0x8000'0000'0000'0001);
     EXPECT_EQ(large.getSigned(), INT64_MIN + 1);
-}
-
-TEST(Bytes, CheckSumsOfControllers)
-{
     constexpr std::array<BU_U8, 5> PELCO_D{0x01, 0x00, 0x4B, 0x20, 0xFF}, PELCO_P{0xA0, 0x00, 0x00, 0x04, 0xAF};
     EXPECT_EQ(util::sumOf(PELCO_D), 0x6B);
     EXPECT_EQ(util::xorOf(PELCO_P), 0x0B);

@@ -26,8 +26,8 @@ TEST_F(RootTest, NoPathLeavesIt)
     // clang-format off
     const std::pair<const BU_CHAR *, const BU_CHAR *> rows[] = {
         {"var/log", "/var/log"}, {"//var///log/", "/var/log"}, {"/../etc/passwd", "/etc/passwd"},
-        {"../../../etc", "/etc"}, {"../../../etc", "/etc"}, {"/var/../../etc", "/etc"}, {"/var/./../log/..", ""}, {"/var/..hidden", "/var/..hidden"},
-        {"/var/.../x", "/var/.../x"}, {"..", ""}, {"", ""}, {nullptr, ""}};
+        {"../../../etc", "/etc"}, {"/var/../../etc", "/etc"}, {"/var/./../log/..", ""},
+        {"/var/..hidden", "/var/..hidden"}, {"/var/.../x", "/var/.../x"}, {"..", ""}, {"", ""}, {nullptr, ""}};
     // clang-format on
     for (const auto &[pcPath, pcInside] : rows) EXPECT_EQ(UTIL_ROOT_Path(pcPath), root() + pcInside) << pcInside;
     write("/file", "");

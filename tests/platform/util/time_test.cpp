@@ -27,17 +27,16 @@ struct Record {
     }
 };
 
-struct TimerCase {
-    Record *pstRecord;
-    BU_TIMER_DATA_S stHandle{};
+struct TimerCase : Record {
     BU_S32 (*pfnInside)(TimerCase &) = nullptr; // what the callback does beside noting
+    BU_TIMER_DATA_S stHandle{};
     BU_S32 s32Calls = 0;
 };
 BU_S32 onTimer(void *pvCase)
 {
     auto &stCase = *static_cast<TimerCase *>(pvCase);
     stCase.s32Calls++;
-    stCase.pstRecord->note("timer");
+    stCase.note("timer");
     EXPECT_EQ(stCase.pfnInside ? stCase.pfnInside(stCase) : 0, 0);
     return 0;
 }
@@ -100,26 +99,24 @@ TEST(Timer, CallbackMayChangeItsOwnTimer)
     // clang-format on
     for (const auto &[enType, pfnInside, entries] : cases) {
         ManualClock clock;
-        Record stRecord;
-        TimerCase stCase{&stRecord, {}, pfnInside};
+        TimerCase stCase{{}, pfnInside};
         ASSERT_EQ(UTIL_TIMER_Start(enType, 20, onTimer, &stCase, &stCase.stHandle), 0);
         clock.advance(100);
         UTIL_TIMER_Stop(&stCase.stHandle);
         clock.advance(1000);
-        EXPECT_EQ(stRecord.entries, entries);
+        EXPECT_EQ(stCase.entries, entries);
     }
 }
 
 TEST(Timer, RestartCountsFromNowWithTheNewValuesAndWhatCannotRunIsRefused)
 {
     ManualClock clock;
-    Record stRecord;
-    TimerCase stCase{&stRecord};
+    TimerCase stCase;
     UTIL_TIMER_Start(BU_TIMER_E_PERIODIC, 20, onTimer, &stCase, &stCase.stHandle);
     clock.advance(15);
     UTIL_TIMER_Start(BU_TIMER_E_ONCE, 20, onTimer, &stCase, &stCase.stHandle);
     clock.advance(200);
-    EXPECT_THAT(stRecord.entries, ElementsAre("timer@35"));
+    EXPECT_THAT(stCase.entries, ElementsAre("timer@35"));
     BU_TIMER_DATA_S stHandle{};
     EXPECT_THAT((std::vector{UTIL_TIMER_Start(BU_TIMER_E_ONCE, 0, onTimer, nullptr, &stHandle),
                              UTIL_TIMER_Start(BU_TIMER_E_ONCE, 1, nullptr, nullptr, &stHandle),
