@@ -58,9 +58,9 @@ TEST_F(PositionTest, DegreesOfEveryMotorPosition)
         EXPECT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(st.u32Pan, st.u32Tilt));
     }
     PT_DEGREE_S stDegree{};
-    PT_POS_S stPos{};
-    EXPECT_EQ(BSP_PTPosToDegree(0, &stDegree, &stPos, 2), -1);
-    EXPECT_EQ(BSP_PTPosToDegree(1, &stDegree, &stPos, 1), -1);
+    const PT_POS_S stPos{};
+    for (const auto &[s32Device, s32Mode] : {std::pair(0, 2), {1, 1}})
+        EXPECT_EQ(BSP_PTPosToDegree(s32Device, &stDegree, &stPos, s32Mode), -1);
 }
 
 TEST_F(PositionTest, MagnificationsOfZoomPositions) // 20 times in the lens, 16 times digital

@@ -1,6 +1,5 @@
 // Properties that hold for every setting, whatever its row says.
 #include "camera/image.h"
-#include "config/config.h"
 #include "settingsTest.h"
 
 #include <climits>
@@ -28,8 +27,7 @@ TEST_F(Settings, LimitsHoldForEveryOne)
 {
     for (const CFG_SETTING_INFO_S &st : CFG_SETTING_List()) {
         SCOPED_TRACE(st.pcKey);
-        CFG_VALUE_INT_S stRange{};
-        ASSERT_EQ(CFG_COM_GetIntParams(st.pcKey, &stRange), 0);
+        const CFG_VALUE_INT_S stRange = rangeOf(st.pcKey);
         ASSERT_LT(stRange.s32Min, stRange.s32Max);
         const bool bClamps = st.pcKey == std::string("GGain"); // its command steps past the ends
         for (BU_S32 i = 0; i < st.s32Pipes; ++i) {
@@ -56,9 +54,7 @@ TEST_F(Settings, EveryStoredOneSurvivesARestartInItsOwnPlace)
     CFG_SETTING_Reload();
     const auto listSettings = CFG_SETTING_List();
     const auto valueFor = [](const CFG_SETTING_INFO_S &st, BU_S32 s32Pipe) { // two pipelines never have the same one
-        CFG_VALUE_INT_S stRange{};
-        CFG_COM_GetIntParams(st.pcKey, &stRange);
-        return s32Pipe == 0 ? stRange.s32Max : stRange.s32Min;
+        return s32Pipe == 0 ? rangeOf(st.pcKey).s32Max : rangeOf(st.pcKey).s32Min;
     };
     for (const auto &st : listSettings)
         for (BU_S32 i = 0; i < st.s32Pipes; ++i)
@@ -113,11 +109,8 @@ TEST_F(Settings, AStoredValueOutsideItsRangeCountsAsNone)
 {
     CFG_STORE_SetTexts({{"Image0/Contrast", "15"}, {"Image0/Brightness", "seven"}, {"PanTilt0/SpeedAccuracy", "11"}});
     CFG_SETTING_Reload();
-    for (const BU_CHAR *pcKey : {"Contrast", "Brightness", "SpeedAccuracy"}) {
-        CFG_VALUE_INT_S stRange{};
-        CFG_COM_GetIntParams(pcKey, &stRange);
-        EXPECT_EQ(stRange.s32Cur, stRange.s32Def) << pcKey;
-    }
+    for (const BU_CHAR *pcKey : {"Contrast", "Brightness", "SpeedAccuracy"})
+        EXPECT_EQ(rangeOf(pcKey).s32Cur, rangeOf(pcKey).s32Def) << pcKey;
 }
 
 TEST_F(Settings, AListenerMayChangeSettingsAndGoAway)

@@ -1,7 +1,6 @@
 // Settings as texts: the words of their rows, numbers, free texts; the pipeline by its section.
 #include "camera/settingEvent.h"
-#include "config/config.h"
-#include "support/platformTest.h"
+#include "settingsTest.h"
 
 #include <cstring>
 #include <map>
@@ -52,13 +51,12 @@ TEST_F(SettingText, DefaultsAreKnownByTheirWords)
     };
     for (const auto &st : CFG_SETTING_List()) {
         CFG_VALUE_TXT_S stText{};
-        CFG_VALUE_INT_S stRange{};
+        const CFG_VALUE_INT_S stRange = rangeOf(st.pcKey);
         CFG_COM_GetTxtParams(st.pcKey, &stText);
-        CFG_COM_GetIntParams(st.pcKey, &stRange);
         const auto word = words.find(st.pcKey);
         const bool bSwitch = stRange.s32Min == 0 && stRange.s32Max == 1;
-        const std::string strSwitch = stRange.s32Def ? "On" : "Off";
-        EXPECT_EQ(stText.acDef, word != words.end() ? word->second : bSwitch ? strSwitch : std::to_string(stRange.s32Def)) << st.pcKey;
+        const std::string strElse = bSwitch ? stRange.s32Def ? "On" : "Off" : std::to_string(stRange.s32Def);
+        EXPECT_EQ(stText.acDef, word != words.end() ? word->second : strElse) << st.pcKey;
     }
 }
 // clang-format on

@@ -31,73 +31,69 @@ typedef ProcessTest ProcessDeathTest;
 
 TEST_F(ProcessDeathTest, WatchdogEndsAStartUpThatHangs)
 {
-    EXPECT_EXIT(
-        {
-            util::ManualClock clock;
-            UTIL_WDT_SW_StartTimeout(300);
-            clock.advance(200000);
-            UTIL_WDT_SW_StartTimeout(300); // counts anew
-            clock.advance(299999);
-            std::fprintf(stderr, "still there\n");
-            clock.advance(1);
-        },
-        testing::ExitedWithCode(70), "still there\n.*300 s");
+    const auto process = [&] {
+        util::ManualClock clock;
+        UTIL_WDT_SW_StartTimeout(300);
+        clock.advance(200000);
+        UTIL_WDT_SW_StartTimeout(300); // counts anew
+        clock.advance(299999);
+        std::fprintf(stderr, "still there\n");
+        clock.advance(1);
+    };
+    EXPECT_EXIT(process(), testing::ExitedWithCode(70), "still there\n.*300 s");
 }
 
 TEST_F(ProcessDeathTest, StoppedWatchdogTellsReadinessOnce)
 {
-    EXPECT_EXIT(
-        {
-            dup2(STDERR_FILENO, STDOUT_FILENO);
-            util::ManualClock clock;
-            UTIL_WDT_SW_StartTimeout(300);
-            PLATFORM_AddEndpoint("udp://127.0.0.1:52381 VISCA over IP");
-            PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
-            PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
-            UTIL_WDT_SW_StopTimeout();
-            UTIL_WDT_SW_StopTimeout();
-            PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
-            PLATFORM_AddEndpoint("http://127.0.0.1:8080/ web page"); // of a process that was late
-            clock.advance(1000000);
-            std::printf("end\n");
-            std::fflush(stdout);
-            _exit(0);
-        },
-        testing::ExitedWithCode(0),
-        "\ncamera ready\nudp://127.0.0.1:52381 VISCA over IP\nserial:/dev/ttyS_RS232 VISCA\n"
-        "http://127.0.0.1:8080/ web page\nend\n");
+    const auto process = [&] {
+        dup2(STDERR_FILENO, STDOUT_FILENO);
+        util::ManualClock clock;
+        UTIL_WDT_SW_StartTimeout(300);
+        PLATFORM_AddEndpoint("udp://127.0.0.1:52381 VISCA over IP");
+        PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
+        PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
+        UTIL_WDT_SW_StopTimeout();
+        UTIL_WDT_SW_StopTimeout();
+        PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
+        PLATFORM_AddEndpoint("http://127.0.0.1:8080/ web page"); // of a process that was late
+        clock.advance(1000000);
+        std::printf("end\n");
+        std::fflush(stdout);
+        _exit(0);
+    };
+    EXPECT_EXIT(process(), testing::ExitedWithCode(0),
+                "\ncamera ready\nudp://127.0.0.1:52381 VISCA over IP\nserial:/dev/ttyS_RS232 VISCA\n"
+                "http://127.0.0.1:8080/ web page\nend\n");
 }
 
 TEST_F(ProcessDeathTest, JournalStreamsOnceItsDebugFileSaysSoAndStaysBounded)
 {
-    EXPECT_EXIT(
-        {
-            UTIL_WDT_SW_StartTimeout(300);
-            write("/var/debug/app/platform/journal", "1\n");
-            await([] { return journal::g_bOn.load(); });
-            journal::call("ISP_API_SetGain", 0, 12, 1, 1);
-            journal::ask("ISP_API_GetGain", 0);
-            const std::string strFirst = read("/var/debug/app/platform/journal.log");
-            for (BU_S32 i = 0; i < 10000; i++) journal::call("f", std::string(1000, 'x').c_str());
-            const bool bBounded = read("/var/debug/app/platform/journal.log").size() < 5000000 &&
-                                  read("/var/debug/app/platform/journal.log.1").size() < 5000000;
-            write("/var/debug/app/platform/journal", "0\n");
-            await([] { return !journal::g_bOn; });
-            std::fprintf(stderr, "<%s>", strFirst.c_str());
-            _exit(bBounded ? 0 : 1);
-        },
-        testing::ExitedWithCode(0), "<[0-9]+\\.[0-9]{6} ISP_API_SetGain\\(0, 12, 1, 1\\)\n>");
+    const auto process = [&] {
+        UTIL_WDT_SW_StartTimeout(300);
+        write("/var/debug/app/platform/journal", "1\n");
+        await([] { return journal::g_bOn.load(); });
+        journal::call("ISP_API_SetGain", 0, 12, 1, 1);
+        journal::ask("ISP_API_GetGain", 0);
+        const std::string strFirst = read("/var/debug/app/platform/journal.log");
+        for (BU_S32 i = 0; i < 10000; i++) journal::call("f", std::string(1000, 'x').c_str());
+        const bool bBounded = read("/var/debug/app/platform/journal.log").size() < 5000000 &&
+                              read("/var/debug/app/platform/journal.log.1").size() < 5000000;
+        write("/var/debug/app/platform/journal", "0\n");
+        await([] { return !journal::g_bOn; });
+        std::fprintf(stderr, "<%s>", strFirst.c_str());
+        _exit(bBounded ? 0 : 1);
+    };
+    EXPECT_EXIT(process(), testing::ExitedWithCode(0), "<[0-9]+\\.[0-9]{6} ISP_API_SetGain\\(0, 12, 1, 1\\)\n>");
 }
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(ProcessDeathTest, CrashPrintsTheCallStack)
 {
-    EXPECT_EXIT(
-        {
-            UTIL_DUMPSTACK_PrintCallStack();
-            raise(SIGSEGV);
-        },
-        testing::KilledBySignal(SIGSEGV), "crash by signal SEGV, call stack:\n.*libc");
+    const auto process = [&] {
+        UTIL_DUMPSTACK_PrintCallStack();
+        raise(SIGSEGV);
+    };
+    EXPECT_EXIT(process(), testing::KilledBySignal(SIGSEGV), "crash by signal SEGV, call stack:\n.*libc");
 }
 #endif
 
