@@ -34,8 +34,8 @@ struct MediaTest : testing::Test {
         CFG_SETTING_Reload();
         usePipes(2);
         MPP_InitStream();
+        const MPP_VENC_PARAM_S stSmall = smallVideo();
         for (BU_S32 i = 0; i < 4; ++i) {
-            const MPP_VENC_PARAM_S stSmall = smallVideo();
             MPP_EnableVenc(MPP_GetVencSource(i), i, &stSmall, nullptr, BU_FALSE);
             STREAM_startListenStreamSource_VENC(i);
         }
@@ -63,8 +63,7 @@ public:
         m_pst->setReadTimeout(10'000);
     }
     ~TestReader() { STREAM_destroyStreamReader(m_pst); }
-    TestReader(const TestReader &) = delete;
-    TestReader &operator=(const TestReader &) = delete;
+    TestReader(TestReader &&) = delete;
     STREAM_READER_S *operator->() const { return m_pst; }
 
     struct Packet {

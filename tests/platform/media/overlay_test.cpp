@@ -21,9 +21,7 @@ Picture blended(BU_S32 s32Target, int s32Width = W, int s32Height = H)
 constexpr std::array<int, 3> GREY{128, 128, 128}, RED{63, 102, 240}, GREEN{173, 42, 26};
 
 /// A canvas of that place and format with a surface, shown on some targets.
-class Overlay
-{
-public:
+struct Overlay {
     explicit Overlay(BU_S32 s32Targets, SDL_Rect stRect = {0, 0, W, H}, OSD_FORMAT_E enFormat = OSD_FORMAT_E_ARGB8888)
     {
         m_stCanvas.stMenuRect = stRect, m_stCanvas.stVideoRect = {0, 0, W, H};
@@ -38,8 +36,7 @@ public:
         MPP_OSD_OneToManyDestroy(&m_stManager);
         OSD_COMM_DestroySurface(&m_stCanvas, &m_pstSurface);
     }
-    Overlay(const Overlay &) = delete;
-    Overlay &operator=(const Overlay &) = delete;
+    Overlay(Overlay &&) = delete;
     void box(SDL_Rect stRect, BU_S32 s32Line, BU_U32 u32Argb)
     {
         EXPECT_EQ(OSD_COMM_DrawRect(m_pstSurface, stRect, s32Line, u32Argb), 0);

@@ -203,10 +203,9 @@ TEST_F(StreamCache, ConcurrentReaders)
         std::vector<std::jthread> readers;
         for (const BU_U32 u32Pace : {0U, 1U, 2U, 2U, 50U}) readers.emplace_back(follow, u32Pace);
         std::jthread sinks([&] {
-            while (!bOver) {
-                m_cache.addSink("sink", [&](const STREAM_PACKET_REF &pst) { EXPECT_NE(pst->u32Length, 0U); });
-                m_cache.removeSink("sink");
-            }
+            while (!bOver)
+                m_cache.addSink("sink", [](const auto &pst) { EXPECT_NE(pst->u32Length, 0U); }),
+                    m_cache.removeSink("sink");
         });
         joined.wait();
         for (BU_U32 i = 0; i < PACKETS; ++i) write(i, 1, GROUP);

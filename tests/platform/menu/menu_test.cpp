@@ -183,10 +183,12 @@ TEST(MenuThreads, KeysOfManyThreadsLeaveAMenuThatWorks)
     CFG_SETTING_Reload();
     const OSD_MENU_CFG_S stCfg{{0, 0, 0.2F, 0.3F}, OSD_FORMAT_E_ARGB4444, BU_FALSE, BU_TRUE};
     ASSERT_EQ(OSD_MENU_InitSdkRes(&stCfg, menu_test::setParam, menu_test::dataZone, nullptr), 0);
-    BU_S32(*const apfnKeys[])
-    () = {CMD_MENU_HandleMenuBtn,  CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn,          CMD_MENU_HandeRightBtn,
-          CMD_MENU_HandeUpBtn,     CMD_MENU_HandeLeftBtn, CMD_MENU_HandeRightUpdateParam, CMD_MENU_HandeSetParam,
-          CMD_MENU_OnlyReturnMenu, CMD_MENU_OnlyOpenMenu, CMD_MENU_HandleAdvancedMenuBtn, OSD_Menu_HasSubPage};
+    // clang-format off
+    BU_S32 (*const apfnKeys[])() = {
+        CMD_MENU_HandleMenuBtn, CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn, CMD_MENU_HandeRightBtn, CMD_MENU_HandeUpBtn,
+        CMD_MENU_HandeLeftBtn, CMD_MENU_HandeRightUpdateParam, CMD_MENU_HandeSetParam, CMD_MENU_OnlyReturnMenu,
+        CMD_MENU_OnlyOpenMenu, CMD_MENU_HandleAdvancedMenuBtn, OSD_Menu_HasSubPage};
+    // clang-format on
     std::vector<std::jthread> threads;
     for (unsigned t = 0; t < 4; ++t)
         threads.emplace_back([&, t] {

@@ -104,14 +104,6 @@ TEST_F(MenuWalk, KeysLeadWhereTheyShould)
     }
 }
 
-TEST_F(MenuWalk, BackFromTheFirstPageLeavesTheMenu)
-{
-    EXPECT_FALSE(walk("b"));
-    m_navigator.open(false);
-    EXPECT_TRUE(walk("e d b"));
-    EXPECT_FALSE(walk("b"));
-}
-
 TEST_F(MenuWalk, TheAdvancedMenuHasItsPages)
 {
     m_navigator.open(true);

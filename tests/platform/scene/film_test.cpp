@@ -55,15 +55,6 @@ TEST_F(Film, IsMappedOverItsPartOfTheSurroundings)
     for (const auto &[stView, s32Luma] : rows) EXPECT_NEAR(middleOf(scene.get(), 0, stView), s32Luma, 1) << stView.fPan;
 }
 
-TEST_F(Film, SharedByCloseUpAndPanorama)
-{
-    const std::string strPath = file("film.y4m", video({50, 80}));
-    const Scene one(SCENE_Open(strPath.c_str())), other(SCENE_Open(strPath.c_str()));
-    EXPECT_NEAR(middleOf(one.get(), 40'000), 80, 1);
-    EXPECT_NEAR(middleOf(other.get(), 40'000), 80, 1);
-    EXPECT_NEAR(middleOf(one.get(), 0), 50, 1);
-}
-
 TEST_F(Film, FaultyOnesAreReplacedBySynthetic)
 {
     const Scene synthetic(SCENE_Open("synthetic"));
