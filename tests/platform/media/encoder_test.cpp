@@ -56,11 +56,10 @@ TEST_F(Encoder, StreamHasItsCodecSizeAndRate)
         EXPECT_TRUE(stPacket.bKeyFrame);
         EXPECT_EQ(decoder.decode(stPacket.vec).s32Width, 160);
         for (int i = 0; i < 4; ++i) {
-            const auto stNext = reader.read();
-            const auto dFrames = static_cast<double>(stNext.u64Timestamp - stPacket.u64Timestamp) * 60 / 1e6;
+            const BU_U64 u64Last = std::exchange(stPacket, reader.read()).u64Timestamp;
+            const auto dFrames = static_cast<double>(stPacket.u64Timestamp - u64Last) * 60 / 1e6;
             EXPECT_NEAR(dFrames, std::round(dFrames), 0.001); // on the output's grid
-            EXPECT_EQ(decoder.decode(stNext.vec).s32Height, 90);
-            stPacket = stNext;
+            EXPECT_EQ(decoder.decode(stPacket.vec).s32Height, 90);
         }
     }
 }

@@ -185,8 +185,8 @@ TEST(MenuThreads, KeysOfManyThreadsLeaveAMenuThatWorks)
     ASSERT_EQ(OSD_MENU_InitSdkRes(&stCfg, menu_test::setParam, menu_test::dataZone, nullptr), 0);
     // clang-format off
     BU_S32 (*const apfnKeys[])() = {
-        CMD_MENU_HandleMenuBtn, CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn, CMD_MENU_HandeRightBtn, CMD_MENU_HandeUpBtn,
-        CMD_MENU_HandeLeftBtn, CMD_MENU_HandeRightUpdateParam, CMD_MENU_HandeSetParam, CMD_MENU_OnlyReturnMenu,
+        CMD_MENU_HandleMenuBtn, CMD_MENU_HandeHomeBtn, CMD_MENU_HandeDownBtn, CMD_MENU_HandeRightBtn,
+        CMD_MENU_HandeUpBtn, CMD_MENU_HandeLeftBtn, CMD_MENU_HandeRightUpdateParam, CMD_MENU_HandeSetParam, CMD_MENU_OnlyReturnMenu,
         CMD_MENU_OnlyOpenMenu, CMD_MENU_HandleAdvancedMenuBtn, OSD_Menu_HasSubPage};
     // clang-format on
     std::vector<std::jthread> threads;

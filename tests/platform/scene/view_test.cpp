@@ -16,6 +16,10 @@ Picture closeUp(SCENE_S *pst, const SCENE_VIEW_S &stView, BU_S64 s64Us = 0, BU_S
     return picture;
 }
 
+struct View : testing::Test {
+    const Scene scene{SCENE_Open("synthetic")};
+};
+
 /// Column of the strongest thin bright vertical line in some rows, and the same of rows.
 BU_S32 lineAt(Picture &picture, BU_S32 s32From, BU_S32 s32To, bool bVertical)
 {
@@ -32,9 +36,8 @@ BU_S32 lineAt(Picture &picture, BU_S32 s32From, BU_S32 s32To, bool bVertical)
 }
 
 // There is a cross on the walls at every ten degrees. At magnification 8 a degree is 640 * 8 / 60 = 85.3 pixels.
-TEST(View, CrossStandsWhereItsDirectionIs)
+TEST_F(View, CrossStandsWhereItsDirectionIs)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     const std::tuple<float, float, BU_S32, BU_S32> rows[] = {
         {30, 10, 320, 180},   {31, 10, 235, 180},       {29.5F, 10, 363, 180}, {30, 11, 320, 265},
         {29, 9.5F, 405, 137}, {30 - 360, 10, 320, 180}, {-150, 10, 320, 180}};
@@ -46,9 +49,8 @@ TEST(View, CrossStandsWhereItsDirectionIs)
     }
 }
 
-TEST(View, MovesSmoothlyByPartsOfAPixel)
+TEST_F(View, MovesSmoothlyByPartsOfAPixel)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     // A quarter of a pixel a step: every picture differs from the one before, and by little.
     Picture before = closeUp(scene.get(), {.fPan = 40});
     for (int i = 1; i <= 8; ++i) {
@@ -59,21 +61,20 @@ TEST(View, MovesSmoothlyByPartsOfAPixel)
     }
 }
 
-TEST(View, SameTimeSamePicture)
+TEST_F(View, SameTimeSamePicture)
 {
-    const Scene one(SCENE_Open("synthetic")), other(SCENE_Open(""));
+    const Scene other(SCENE_Open(""));
     const SCENE_VIEW_S stView{.fPan = 5, .fMagnification = 1.5F};
-    Picture first = closeUp(one.get(), stView, 12'300'000);
+    Picture first = closeUp(scene.get(), stView, 12'300'000);
     for (float f = 0; f < 30; ++f) closeUp(other.get(), {.fPan = 12 * f, .fMagnification = 1 + f}); // fills its memory
     EXPECT_EQ(closeUp(other.get(), stView, 12'300'000), first);
     EXPECT_EQ(closeUp(other.get(), stView, 12'300'000), first) << "when it stands still";
-    EXPECT_NE(closeUp(one.get(), stView, 12'350'000), first) << "somebody moves";
+    EXPECT_NE(closeUp(scene.get(), stView, 12'350'000), first) << "somebody moves";
 }
 
 // The screen shows tenths of a second; the last digit lies around pan 11, tilt 11.
-TEST(View, ClockRunsWithTheTimeHandedIn)
+TEST_F(View, ClockRunsWithTheTimeHandedIn)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     const SCENE_VIEW_S stDigits{.fPan = 11, .fTilt = 10.9F, .fMagnification = 10};
     const Picture stNow = closeUp(scene.get(), stDigits, 12'310'000);
     EXPECT_EQ(closeUp(scene.get(), stDigits, 12'390'000), stNow);
@@ -81,9 +82,8 @@ TEST(View, ClockRunsWithTheTimeHandedIn)
     EXPECT_EQ(closeUp(scene.get(), stDigits, 24 * 3'600'000'000 + 12'310'000), stNow) << "a day later";
 }
 
-TEST(View, PeopleAreWhereTheListSays)
+TEST_F(View, PeopleAreWhereTheListSays)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     for (const BU_S64 s64Us : {2'000'000, 31'000'000})
         for (const SCENE_PERSON_S &st : SCENE_ListPeople(s64Us)) {
             EXPECT_GT(st.fHeadTilt, st.fTilt);
@@ -96,9 +96,8 @@ TEST(View, PeopleAreWhereTheListSays)
     EXPECT_NE(pan(1'000'000), pan(2'000'000)) << "the nearest walks";
 }
 
-TEST(View, DefocusSoftens)
+TEST_F(View, DefocusSoftens)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     const auto edges = [&](float fDefocus, float fMagnification) {
         Picture picture =
             closeUp(scene.get(), {.fPan = 12, .fTilt = 5, .fMagnification = fMagnification, .fDefocus = fDefocus});
@@ -111,9 +110,8 @@ TEST(View, DefocusSoftens)
     EXPECT_LT(edges(0.1F, 16), edges(0, 16)) << "which a long lens has less of";
 }
 
-TEST(Orientation, MirrorAndFlipTurnThePicture)
+TEST_F(View, MirrorAndFlipTurnThePicture)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     const SCENE_VIEW_S stView{.fPan = 20};
     const auto turned = [&](BU_BOOL bMirror, BU_BOOL bFlip) {
         Picture picture(64, 36);
@@ -134,9 +132,8 @@ TEST(Orientation, MirrorAndFlipTurnThePicture)
     }
 }
 
-TEST(Freeze, HoldsThePictureUntilReleased)
+TEST_F(View, HoldsThePictureUntilReleased)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     PICTURE_SETTINGS_S st;
     PICTURE_STATE_S stState;
     SCENE_VIEW_S stView;
@@ -154,9 +151,8 @@ TEST(Freeze, HoldsThePictureUntilReleased)
     EXPECT_NE(show(7'000'000), held);
 }
 
-TEST(Refusal, BadFramesAndScenes)
+TEST_F(View, BadFramesAndScenes)
 {
-    const Scene scene(SCENE_Open("synthetic"));
     Picture picture(64, 64);
     const auto render = [&](SCENE_S *pst, BU_S32 s32Width, BU_S32 s32Height) {
         SCENE_FRAME_S st = picture.frame();
