@@ -193,6 +193,8 @@ TEST_F(SystemSettings, AFrozenPictureComesBackAndPictureInPictureIsTakenWholeOrN
     SYS_API_GetPipConfig(&stCfg);
     EXPECT_EQ(std::tuple(stCfg.enMainVideo, stCfg.enPos, stCfg.enSize),
               std::tuple(1, +MPP_PIP_POS_TOP_RIGHT, +MPP_PIP_SIZE_SMALL));
+    EXPECT_EQ(std::tuple(stored("PipMainVideo"), stored("PipSubVideo"), stored("PipPos"), stored("PipSize")),
+              std::tuple(1, 0, stCfg.enPos, stCfg.enSize));
 }
 
 TEST_F(SystemSettings, TheVolumeOfTheInputIsTheVolumeOfTheSystem)
