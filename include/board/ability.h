@@ -1,4 +1,6 @@
-/// The board's hardware ability record: which chips and interfaces are there and passed their self-check.
+/// The board's hardware ability record: which chips and interfaces are there and passed their self-check. The service
+/// reads of it the lens devices and their self-checks; numbers said to be the board's own are carried, never
+/// interpreted.
 #pragma once
 
 #include "base/types.h"
@@ -11,31 +13,31 @@ enum DEVICE_SELFCHECK_E : BU_S32 {
 
 struct CHIP_INFO_S {
     BU_CHAR acChipName[16];
-    BU_S32 s32PortNum;
-    BU_S32 enDrvFormat;
-    BU_CHAR acModuleName[32];
-    BU_CHAR acModuleParam[64];
+    BU_S32 s32PortNum;         ///< ports of the chip
+    BU_S32 enDrvFormat;        ///< how its driver is loaded; the board's own number
+    BU_CHAR acModuleName[32];  ///< kernel module; empty: none
+    BU_CHAR acModuleParam[64]; ///< its parameters
     DEVICE_SELFCHECK_E enStatus;
 };
 
 struct INTF_INFO_S {
-    CHIP_INFO_S astChipInfo[5];
+    CHIP_INFO_S astChipInfo[5]; ///< on the interface's own way
     BU_S32 s32ChipCnt;
-    CHIP_INFO_S astDepChipInfo[5];
+    CHIP_INFO_S astDepChipInfo[5]; ///< chips that it depends on
     BU_S32 s32DepChipCnt;
     DEVICE_SELFCHECK_E enChipChain; ///< self-check of the interface's whole chip chain
 };
 
 struct HW_CAPS_LENS_S {
-    BU_S32 enLensType;
-    BU_BOOL bZoom, bFocus, bPan, bTilt;
-    BU_S32 enPos;
+    BU_S32 enLensType;                  ///< the board's own number
+    BU_BOOL bZoom, bFocus, bPan, bTilt; ///< what can be moved
+    BU_S32 enPos;                       ///< place on the board; the board's own number
 };
 
 struct HW_CAPS_LENS_ARRAY_S {
     BU_BOOL bSupport;
-    BU_S32 s32DevCnt; ///< lens devices, at most 3
-    INTF_INFO_S astSnsDevPub[3], astZfDevPub[3], astPtDevPub[3];
+    BU_S32 s32DevCnt;                                            ///< lens devices, at most 3
+    INTF_INFO_S astSnsDevPub[3], astZfDevPub[3], astPtDevPub[3]; ///< sensor, zoom/focus, head of each
     HW_CAPS_LENS_S astDevPri[3];
 };
 

@@ -1,4 +1,5 @@
-/// The feature list: which modules of the camera are brought up.
+/// The feature list: which modules of the camera are brought up. The service starts a module when its flag is set; what
+/// it does not start it never calls.
 #pragma once
 
 #include "base/types.h"
@@ -15,12 +16,13 @@ enum CFG_FEATURE_DATA_DIR_E : BU_S32 {
     CFG_FEATURE_DATA_DIR_E_BUTT = 3
 };
 
+/// A connector of an interface. Carried for tools and pages; the bring-up reads bSupport of the interface alone.
 struct CFG_FEATURE_AV_PUB_S {
-    BU_BOOL bIntfSupport, bVideoSupport, bAudioSupport;
-    CFG_FEATURE_DATA_DIR_E enDataDir;
+    BU_BOOL bIntfSupport, bVideoSupport, bAudioSupport; ///< it is there; it carries pictures; sound
+    CFG_FEATURE_DATA_DIR_E enDataDir;                   ///< as seen from the camera
 };
 
-/// One audio/video interface with its nodes.
+/// One audio/video interface with its connectors.
 struct tagCFG_FEATURE_AV_INTF_S {
     CFG_FEATURE_AV_PUB_S astPub[4];
     BU_BOOL bSupport;
@@ -60,15 +62,17 @@ struct CFG_FEATURE_SERIAL_NODE_S {
 };
 
 struct CFG_FEATURE_SERIAL_S {
-    BU_BOOL bSupport, bDaisyChain;
+    BU_BOOL bSupport;    ///< serial ports, and with them VISCA and Pelco, are brought up
+    BU_BOOL bDaisyChain; ///< cameras may be chained
     CFG_FEATURE_SERIAL_NODE_S astNode[4];
     BU_S32 s32NodeCnt; ///< used entries of astNode
 };
 
 struct tagCFG_FEATURE_GENERAL_S {
-    BU_BOOL bEthernet, bPt, bAf, bNtp;
-    BU_BOOL bRstKey; ///< reset key present
-    BU_BOOL bIr;     ///< infrared receiver present
+    BU_BOOL bEthernet, bPt; ///< network port; motors of the head
+    BU_BOOL bAf, bNtp;      ///< zoom and focus service; clock from the network, with bEthernet
+    BU_BOOL bRstKey;        ///< reset key present
+    BU_BOOL bIr;            ///< infrared receiver present
     BU_BOOL bAudio;
     CFG_FEATURE_SERIAL_S stSerial;
 };
