@@ -32,8 +32,7 @@ ITEM_NODE_S item(const std::string &strItem)
     } else if (strItem[at] == ':') { // the third of four, the first one is being looked at
         st.enValType = VALUE_TYPE_E_OPT_TXT;
         TXT_VALUE_S &stText = st.unVal.stTxtVal = {};
-        stText.s32ValCnt = 4;
-        stText.s32ValSaveCur = 2;
+        stText.s32ValCnt = 4, stText.s32ValSaveCur = 2;
         put(stText.acValIndex[2], strValue);
         put(stText.acValShow[2], "label");
     } else if (strItem[at] == '@') {
@@ -50,9 +49,7 @@ struct MenuParams : PlatformTest {
 
     static void select(const BU_CHAR *pcImage, const BU_CHAR *pcExposure, const BU_CHAR *pcBalance)
     {
-        ISP_API_SetCurDevImage(pcImage);
-        ISP_API_SetCurDevExposure(pcExposure);
-        ISP_API_SetCurDevWB(pcBalance);
+        ISP_API_SetCurDevImage(pcImage), ISP_API_SetCurDevExposure(pcExposure), ISP_API_SetCurDevWB(pcBalance);
         journal::effects();
     }
     static std::string effects()

@@ -79,7 +79,7 @@ TEST_F(Effects, LongShutterSmearsWhatMovesAcross)
 {
     const auto sharpness = [&](BU_FLOAT fShutterS, BU_FLOAT fTurn, bool bAcross) {
         PICTURE_SETTINGS_S st;
-        st.enAeMode = AE_MODE_E_MANUAL;
+        st.enAeMode = bAcross ? AE_MODE_E_SHUTTER : AE_MODE_E_MANUAL;
         st.fShutterS = fShutterS;
         PICTURE_STATE_S stState;
         Picture picture(WIDTH, HEIGHT);
