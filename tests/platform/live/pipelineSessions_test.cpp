@@ -34,7 +34,7 @@ TEST_F(PipelineSessions, NdiKeepsWhatIsSavedAndForgetsTheRest)
     EXPECT_EQ(MPP_NDI_GetInstance(1, st), -1);
     EXPECT_EQ(st.s32Id, -1);
     ASSERT_EQ(MPP_NDI_GetInstance(0, st), 0);
-    EXPECT_EQ(st.bEnabled, BU_FALSE);
+    EXPECT_EQ(std::pair(st.bEnabled, st.s32SubVideoStreamCacheId), std::pair(BU_S32{BU_FALSE}, 2));
     st.bEnabled = BU_TRUE;
     st.sGroupName = "hall";
     EXPECT_EQ(MPP_NDI_UpdateInstance(st, BU_TRUE), 0);
