@@ -79,10 +79,8 @@ inline constexpr auto KEY_MAP = [] {
 }();
 template <const auto &ROWS>
 inline constexpr auto KEY_HANDLERS = [] {
-    std::array<KEY_CB_S, std::size(ROWS) - std::ranges::count(ROWS, nullptr, &KeyRow::pfKeyCb)> handlers;
-    auto at = handlers.begin();
-    for (const KeyRow &stRow : ROWS)
-        if (stRow.pfKeyCb) *at++ = {stRow.enKey, stRow.pfKeyCb};
+    std::array<KEY_CB_S, std::size(ROWS)> handlers;
+    std::ranges::transform(ROWS, handlers.begin(), [](const KeyRow &st) { return KEY_CB_S{st.enKey, st.pfKeyCb}; });
     return handlers;
 }();
 template <const auto &ROWS> inline constexpr KeyTables TABLES{KEY_MAP<ROWS>, KEY_HANDLERS<ROWS>};
