@@ -144,9 +144,9 @@ TEST_F(Network, TheDhcpTimeoutHasOneRange)
 
 TEST_F(Network, HostNameIsCheckedAndCutToTheBuffer)
 {
-    const std::string strLong(63, 'x');
+    const std::string strLong(63, 'x'), strTooLong(64, 'x');
     EXPECT_EQ(CFG_NETWORK_SetHostname(strLong.c_str()) + CFG_NETWORK_SetHostname("Camera-7.studio_2"), 0);
-    for (const BU_CHAR *pcName : {"", "a b", "a;reboot", "a/b", (strLong + 'x').c_str(), NONE})
+    for (const BU_CHAR *pcName : {"", "a b", "a;reboot", "a/b", strTooLong.c_str(), NONE})
         EXPECT_EQ(CFG_NETWORK_SetHostname(pcName), -1) << (pcName ? pcName : "NULL");
     BU_CHAR acName[9];
     std::memset(acName, '#', sizeof(acName));
