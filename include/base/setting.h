@@ -1,4 +1,6 @@
-/// How a setting is declared: one line stands for its getter and its setter.
+/// What holds for the getter and the setter of every setting. `scripts/settings` writes their declarations between the
+/// lines "settings:" and "end of settings" of the headers: meaning, range, default and [key], by which the store and
+/// range questions name it. Switches: 0 off, 1 on.
 ///
 /// Each setting has a running value, which the camera works with, and a stored one, which it starts with.
 ///
@@ -15,39 +17,25 @@
 
 #include <type_traits>
 
-/// A getter's overload for a pointer to any enumeration.
-#define BU_ENUM_GETTER_DEV(fn)                                                                                         \
-    template <class E, std::enable_if_t<std::is_enum_v<E>, int> = 0>                                                   \
-    inline BU_S32 fn(BU_S32 s32Dev, E *penValue, BU_BOOL bReread = BU_FALSE)                                           \
-    {                                                                                                                  \
-        BU_S32 s32Value = static_cast<BU_S32>(*penValue);                                                              \
-        const BU_S32 s32Ret = fn(s32Dev, &s32Value, bReread);                                                          \
-        *penValue = static_cast<E>(s32Value);                                                                          \
-        return s32Ret;                                                                                                 \
-    }
-#define BU_ENUM_GETTER(fn)                                                                                             \
-    template <class E, std::enable_if_t<std::is_enum_v<E>, int> = 0>                                                   \
-    inline BU_S32 fn(E *penValue, BU_BOOL bReread = BU_FALSE)                                                          \
-    {                                                                                                                  \
-        BU_S32 s32Value = static_cast<BU_S32>(*penValue);                                                              \
-        const BU_S32 s32Ret = fn(&s32Value, bReread);                                                                  \
-        *penValue = static_cast<E>(s32Value);                                                                          \
-        return s32Ret;                                                                                                 \
-    }
+template <class E>
+concept Enumeration = std::is_enum_v<E>;
 
-/// Getter and setter of one pipeline or device: `<prefix>Get<name>(dev, &value, reread)` and
-/// `<prefix>Set<name>(dev, value, save, update)`.
-#define BU_GETTER_DEV(prefix, name)                                                                                    \
-    BU_S32 prefix##Get##name(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);                            \
-    BU_ENUM_GETTER_DEV(prefix##Get##name)
-#define BU_SETTER_DEV(prefix, name)                                                                                    \
-    BU_S32 prefix##Set##name(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
-#define BU_SETTING_DEV(prefix, name) BU_GETTER_DEV(prefix, name) BU_SETTER_DEV(prefix, name)
+/// Hands a getter the address of a number in place of an enumeration's and takes the number over at the end.
+template <Enumeration E> class EnumAsNumber
+{
+public:
+    explicit EnumAsNumber(E *penValue) : m_penValue(penValue), m_s32Value(penValue ? static_cast<BU_S32>(*penValue) : 0)
+    {
+    }
+    ~EnumAsNumber()
+    {
+        if (m_penValue) *m_penValue = static_cast<E>(m_s32Value);
+    }
+    EnumAsNumber(const EnumAsNumber &) = delete;
+    EnumAsNumber &operator=(const EnumAsNumber &) = delete;
+    BU_S32 *address() { return m_penValue ? &m_s32Value : nullptr; }
 
-/// The same for a setting of the whole camera: `<prefix>Get<name>(&value, reread)`, `<prefix>Set<name>(value, save,
-/// update)`.
-#define BU_GETTER(prefix, name)                                                                                        \
-    BU_S32 prefix##Get##name(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);                                           \
-    BU_ENUM_GETTER(prefix##Get##name)
-#define BU_SETTER(prefix, name) BU_S32 prefix##Set##name(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
-#define BU_SETTING(prefix, name) BU_GETTER(prefix, name) BU_SETTER(prefix, name)
+private:
+    E *m_penValue;
+    BU_S32 m_s32Value;
+};

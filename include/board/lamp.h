@@ -110,12 +110,21 @@ BU_S32 LED_API_SetTallyCustomColor(const BU_CHAR *pcName, BU_U32 u32Rgb, BU_BOOL
 // Displays. On a PC they are text files of the device root, /dev/eink and /dev/oled. @return 0, or -1: not drawn
 /// Draws name, address and output format in the mode of the setting.
 BU_S32 EINK_API_RefreshScreen();
-/// EINK_PIC_MODE_E, default upright [EinkMode].
-BU_GETTER(EINK_API_, Mode)
+// settings: EINK_API_System
+/// EINK_PIC_MODE_E: 250...255, default 251; only those that have a word [EinkMode]
+BU_S32 EINK_API_GetMode(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 EINK_API_GetMode(EINK_PIC_MODE_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return EINK_API_GetMode(EnumAsNumber(penValue).address(), bReread);
+}
+// end of settings
 BU_S32 EINK_API_SetModeAndRefreshScreen(BU_S32 s32Mode, BU_BOOL bSaveCfg);
 /// @param pcText  up to 32 characters, longer ones are cut
 BU_S32 OLED_API_RefreshScreen(const BU_CHAR *pcText);
 
-/// Tally from a switcher over the network: switch, default off [AtemTally]; the setter tells the listeners.
-BU_GETTER(SYS_API_, ATEMSwi)
+// settings: SYS_API_ATEMSwi
+/// tally from a switcher over the network: switch, default off [AtemTally]
+BU_S32 SYS_API_GetATEMSwi(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+// end of settings
+/// Tells the listeners.
 BU_S32 SYS_API_SetATEMSwi(BU_BOOL bOn, BU_BOOL bSaveCfg);

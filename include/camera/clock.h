@@ -4,8 +4,11 @@
 
 #include "base/setting.h"
 
-/// Clock from the network: switch, default off [NtpEnable]; the setter tells the listeners.
-BU_GETTER(SYSTEM_API_, NTPEnabled)
+// settings: SYSTEM_API_System
+/// clock from the network: switch, default off [NtpEnable]
+BU_S32 SYSTEM_API_GetNTPEnabled(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+// end of settings
+/// Tells the listeners.
 BU_S32 SYSTEM_API_SetEnableNTP(BU_BOOL bOn, BU_BOOL bSaveCfg);
 
 // @return 0

@@ -16,23 +16,38 @@ constexpr BU_S32 AF_FAR_END = 175, AF_NEAR_END = 7095; ///< focus positions
 /// Starts or stops the focus drive and returns at once. @param u8Speed  1 slowest ... 8 fastest. @return 0 or -1
 BU_S32 AF_API_SetFocusAct(BU_S32 s32Dev, FOCUS_ACTION_E enAction, BU_U8 u8Speed);
 /// Focus position from end to end; the setter moves there and returns at once, its flags change nothing more.
-BU_SETTING_DEV(AF_API_, FocusAbs)
+BU_S32 AF_API_GetFocusAbs(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetFocusAbs(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
 BU_S32 AF_API_GetFocusPos(BU_S32 s32Dev, BU_S32 *ps32Pos);
 BU_S32 AF_API_SetFocusPos(BU_S32 s32Dev, BU_S32 s32Pos);
 /// Focuses once, in manual focus too. @return 0 or -1
 BU_S32 AF_API_TriggerAutoFocus(BU_S32 s32Dev);
 
-// The key in brackets names the setting in the store and in range questions. Switches: 0 off, 1 on.
-BU_SETTING_DEV(AF_API_, FocusAuto) ///< switch, default on [FocusAuto]
-BU_SETTING_DEV(AF_API_, FocusSpd)  ///< speed of a drive without one of its own, 0-7, default 4 [FocusSpd]
-BU_SETTING_DEV(AF_API_, FocusArea) ///< 0 whole picture, 1 centre, 2 upper, 3 lower, 4 what comes; default 0 [FocusArea]
-BU_SETTING_DEV(AF_API_, FocusModel) ///< how it measures: 0 contrast, 1 phase, 2 time of flight; default 0 [FocusModel]
-BU_SETTER_DEV(AF_API_, FocusRange)  ///< nearest distance, step 0-4, default 0 [FocusDistance]
-BU_SETTING_DEV(AF_API_, PtzTrigAf)  ///< focus after a move, switch, default on [PtzTrigAf]
-BU_SETTING_DEV(AF_API_, FaceAF)     ///< faces first, switch, default off [FaceAF]
-/// Of the whole camera: switch, default off [DistortionCorre].
-BU_S32 AF_API_GetDistortionCorrection(BU_BOOL *pbOn, BU_BOOL bReread);
-BU_SETTER(AF_API_, DistortionCorrection)
+// settings: AF_API_Lens
+/// switch, default on [FocusAuto]
+BU_S32 AF_API_GetFocusAuto(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetFocusAuto(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// of a drive without a speed of its own: 0...7, default 4 [FocusSpd]
+BU_S32 AF_API_GetFocusSpd(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetFocusSpd(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// 0 whole picture, 1 centre, 2 upper, 3 lower, 4 what comes: 0...4, default 0 [FocusArea]
+BU_S32 AF_API_GetFocusArea(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetFocusArea(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// how it measures, 0 contrast, 1 phase, 2 time of flight: 0...2, default 0 [FocusModel]
+BU_S32 AF_API_GetFocusModel(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetFocusModel(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// step of the nearest distance: 0...4, default 0 [FocusDistance]
+BU_S32 AF_API_SetFocusRange(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// focus after a move: switch, default on [PtzTrigAf]
+BU_S32 AF_API_GetPtzTrigAf(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetPtzTrigAf(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// faces first: switch, default off [FaceAF]
+BU_S32 AF_API_GetFaceAF(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetFaceAF(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// switch, default off [DistortionCorre]
+BU_S32 AF_API_GetDistortionCorrection(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 AF_API_SetDistortionCorrection(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+// end of settings
 
 /// @param pcText  64 characters. @return 0 or -1
 BU_S32 AF_API_GetAFVersion(BU_S32 s32Dev, BU_CHAR *pcText);

@@ -160,15 +160,35 @@ BU_S32 PT_API_CalcMotionSpeed(PT_CTRL_FROM_E enFrom, PT_MOTION_CTRL_S *pstMotion
 BU_S32 PT_API_CalcMotionSpeed(PT_CTRL_FROM_E enFrom, PT_MOTION_CTRL_S *pstMotion, BU_S32 s32PanLevel, BU_S32 s32PanMax,
                               BU_S32 s32TiltLevel, BU_S32 s32TiltMax);
 
-BU_SETTING_DEV(PT_API_, PanSpeed)           ///< level of drives that bring none: 1...24
-BU_SETTING_DEV(PT_API_, TileSpeed)          ///< the same for tilt
-BU_SETTING_DEV(PT_API_, PanSpeedSuperfine)  ///< 1...255
-BU_SETTING_DEV(PT_API_, TileSpeedSuperfine) ///< 1...255
-BU_SETTING_DEV(PT_API_, PowerUpPtzPos)      ///< preset the camera starts at; -1: home
-BU_SETTING_DEV(PT_API_, PtSpeedMatch)       ///< 0 or 1
-BU_GETTER_DEV(PT_API_, SpeedAccuracy)       ///< 1, 10 or 100
+// settings: PT_API_PanTilt
+/// level of drives that bring none: 1...24, default 12 [PanSpeed]
+BU_S32 PT_API_GetPanSpeed(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PT_API_SetPanSpeed(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// level of drives that bring none: 1...24, default 12 [TileSpeed]
+BU_S32 PT_API_GetTileSpeed(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PT_API_SetTileSpeed(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// level of drives that bring none: 1...255, default 128 [PanSpeedSuperfine]
+BU_S32 PT_API_GetPanSpeedSuperfine(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PT_API_SetPanSpeedSuperfine(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// level of drives that bring none: 1...255, default 128 [TileSpeedSuperfine]
+BU_S32 PT_API_GetTileSpeedSuperfine(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PT_API_SetTileSpeedSuperfine(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// preset the camera starts at, -1 home: -1...254, default -1 [PowerUpPtzPos]
+BU_S32 PT_API_GetPowerUpPtzPos(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PT_API_SetPowerUpPtzPos(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// switch, default on [SpeedMatch]
+BU_S32 PT_API_GetPtSpeedMatch(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PT_API_SetPtSpeedMatch(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// 1, 10 or 100: 1...100, default 1; only those that have a word [SpeedAccuracy]
+BU_S32 PT_API_GetSpeedAccuracy(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+/// PT_SPEED_MODE: 0...1, default 0 [SpeedMode]
+BU_S32 PT_API_GetSpeedMode(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 PT_API_GetSpeedMode(BU_S32 s32Dev, PT_SPEED_MODE *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return PT_API_GetSpeedMode(s32Dev, EnumAsNumber(penValue).address(), bReread);
+}
+// end of settings
 BU_S32 PT_API_SetSpeedAccuracy(BU_S32 s32Dev, BU_S32 s32Accuracy, BU_BOOL bSaveCfg);
-BU_GETTER_DEV(PT_API_, SpeedMode) ///< PT_SPEED_MODE
 BU_S32 PT_API_SetSpeedMode(BU_S32 s32Dev, BU_S32 s32Mode, BU_BOOL bSaveCfg);
 
 /// Announces that the speeds are set and the head is in service. @return 0, or -1: BSP_PTProcInit did not succeed

@@ -67,7 +67,11 @@ BU_S32 PRESET_API_Listen(std::function<void(BU_S32 s32Preset)> fnListener);
 /// Takes a listener away. A call that runs right now may still reach it. @return 0, or -1: no such id
 BU_S32 PRESET_API_Unlisten(BU_S32 s32Id);
 
-BU_SETTING_DEV(PRESET_API_, PresetSpeed) ///< 1...24, in equal steps up to the head's greatest speed
+// settings: PRESET_API_PanTilt
+/// in equal steps up to the head's greatest speed: 1...24, default 20 [PresetSpeed]
+BU_S32 PRESET_API_GetPresetSpeed(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PRESET_API_SetPresetSpeed(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+// end of settings
 
 /// Applies a picture preset to the close-up pipeline; the settings it sets are saved. Returns when done.
 /// @param s32Preset  0...254 stored by IMAGEPRESET_API_SetCur; built in: -250 neutral, -1 natural, -2 film, -3 vivid

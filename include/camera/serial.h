@@ -24,14 +24,26 @@ enum USB_MODE_E : BU_S32 { USB_MODE_E_HOST = 0, USB_MODE_E_DEVICE = 1 };
 // The key in brackets names the setting in the store and in range questions. A setter with one flag tells the
 // listeners; an empty or unknown word is refused with -1 and changes nothing.
 
-BU_GETTER(IR_API_, Switch) ///< infrared receiver: IR_SWITCH_E, default on [IrSwitch]
+// settings: IR_API_Control
+/// infrared receiver, IR_SWITCH_E: switch, default on [IrSwitch]
+BU_S32 IR_API_GetSwitch(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 IR_API_GetSwitch(IR_SWITCH_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return IR_API_GetSwitch(EnumAsNumber(penValue).address(), bReread);
+}
+/// what pages show as source of the address, IRaddrCtrl_SWITCH_E: switch, default off [IrAddrCtrl]
+BU_S32 IR_API_GetAddrtrl(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 IR_API_GetAddrtrl(IRaddrCtrl_SWITCH_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return IR_API_GetAddrtrl(EnumAsNumber(penValue).address(), bReread);
+}
+// end of settings
 BU_S32 IR_API_SetSwitch(const BU_CHAR *pcWord, BU_BOOL bSaveCfg); ///< "On" or "Off"
 BU_S32 IR_API_SetSwitchByRam(const BU_CHAR *pcWord);              ///< until the next start
 /// Which remotes the camera listens to: address 1-4, default 1 [IrAddr].
 BU_S32 IR_API_GetAddr(BU_U8 *pu8Addr, BU_BOOL bReread = BU_FALSE);
 /// @param enSource  who sets it: IRaddrCtrl_SWITCH_E, whatever [IrAddrCtrl] says. @return 0, or -1: another address
 BU_S32 IR_API_SetAddr(BU_U8 u8Addr, BU_BOOL bSaveCfg, BU_S32 enSource);
-BU_GETTER(IR_API_, Addrtrl) ///< what pages show as its source: IRaddrCtrl_SWITCH_E, default software [IrAddrCtrl]
 BU_S32 IR_API_SetAddrCtrl(const BU_CHAR *pcWord, BU_BOOL bSaveCfg); ///< "SoftWare" or "DIPSwitch"
 
 // Ports with settings: UART_INSTANCE_TYPE_RS232 and UART_INSTANCE_TYPE_RS422.
@@ -57,7 +69,13 @@ BU_S32 UART_Change_SerialRs422or232(BU_S32 s32Port);
 BU_S32 UART_RS232DevSend(BU_U8 *pu8Buf, BU_U32 u32Len, void *pvPrivate, void *pvExtra);
 BU_S32 UART_RS422DevSend(BU_U8 *pu8Buf, BU_U32 u32Len, void *pvPrivate, void *pvExtra);
 
-/// USB port: USB_MODE_E, default device [DevUSB].
-BU_S32 USB_API_GetMode(BU_S32 *ps32Mode, BU_BOOL bReread);
-BU_ENUM_GETTER(USB_API_GetMode)
+// USB port.
+// settings: USB_API_System
+/// USB_MODE_E: 0...1, default 1 [DevUSB]
+BU_S32 USB_API_GetMode(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 USB_API_GetMode(USB_MODE_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return USB_API_GetMode(EnumAsNumber(penValue).address(), bReread);
+}
+// end of settings
 BU_S32 USB_API_SetMode(BU_S32 s32Mode, BU_BOOL bSaveCfg);

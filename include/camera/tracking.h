@@ -67,29 +67,91 @@ struct _AlgTargetPos_S_ {
     float id, xmin, ymin, xmax, ymax;
 };
 
-// The key in brackets names the setting in the store and in range questions. Switches: 0 off, 1 on.
-BU_SETTING(ALG_API_, Enable)        ///< switch, default off [TrackEnabled]
-BU_SETTING(ALG_API_, TrackStrategy) ///< tagTRACK_STRATEGY_E, default BINOCULAR [TrackStrategy]; brings its mode along
-/// tagTRACK_MODE_E 0-5, default EVERYWHERE [TrackMode]. Becomes the mode of the present strategy as well, and the
-/// registered callback hears of a change.
-BU_SETTING(ALG_API_, TrackMode)
-BU_SETTER(ALG_API_, TrackStrategyBinocular) ///< the track mode used under that strategy [BinocularStrategy]
-BU_SETTER(ALG_API_, TrackStrategyMonocular) ///< the same [MonocularStrategy]
-BU_SETTING(ALG_API_, BodySize)              ///< tagTRACK_BODY_SIZE_E 0-3, default FULL [BodySize]
-BU_SETTING(ALG_API_, BodySizeCustom)        ///< 1-360, default 180 [BodySizeCustom]
-BU_SETTING(ALG_API_, PeoplePos)             ///< tagTRACK_PEOPLE_POS_E 0-2, default CENTER [PeoplePos]
-BU_SETTING(ALG_API_, HeadPos)               ///< tagTRACK_HEAD_POS_E 0-2, default NORMAL [HeadPos]
-BU_SETTING(ALG_API_, TrackSpeed)            ///< 0 low, 1 mid, 2 high, 3 smooth, 4 fast; default 1 [TrackSpeed]
-BU_SETTING(ALG_API_, LostTime)              ///< 0 two, 1 four, 2 six seconds; default 1 [LostTime]
-BU_SETTING(ALG_API_, LostAction)     ///< tagTRACK_LOST_ACTION_E or a preset up to 254, default PRESET_HOME [LostAction]
-BU_SETTING(ALG_API_, Sensitivity)    ///< 0 low, 1 mid, 2 high; default 1 [TrackSensitivity]
-BU_SETTING(ALG_API_, StartPos)       ///< -2 none, -1 home, else a preset up to 254; default -1 [StartPos]
-BU_SETTING(ALG_API_, Gesture)        ///< switch, default off [Gesture]
-BU_SETTING(ALG_API_, Debug)          ///< boxes around people, switch, default off [TrackDebug]
-BU_SETTING(ALG_API_, AutoZoom)       ///< switch, default on [AutoZoom]
-BU_SETTING(ALG_API_, AutoTilt)       ///< switch, default on [AutoTilt]
-BU_SETTING(ALG_API_, AutoPan)        ///< switch, default on [AutoPan]
-BU_SETTING(ALG_API_, TallyIndicator) ///< lamp while tracking, switch, default on [TallyIndicator]
+// settings: ALG_API_Track
+/// switch, default off [TrackEnabled]
+BU_S32 ALG_API_GetEnable(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetEnable(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// tagTRACK_MODE_E: 0...5, default 0 [TrackMode]
+BU_S32 ALG_API_GetTrackMode(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 ALG_API_GetTrackMode(tagTRACK_MODE_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return ALG_API_GetTrackMode(EnumAsNumber(penValue).address(), bReread);
+}
+/// tagTRACK_STRATEGY_E: 0...1, default 0 [TrackStrategy]
+BU_S32 ALG_API_GetTrackStrategy(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 ALG_API_GetTrackStrategy(tagTRACK_STRATEGY_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return ALG_API_GetTrackStrategy(EnumAsNumber(penValue).address(), bReread);
+}
+/// tagTRACK_BODY_SIZE_E: 0...3, default 0 [BodySize]
+BU_S32 ALG_API_GetBodySize(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 ALG_API_GetBodySize(tagTRACK_BODY_SIZE_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return ALG_API_GetBodySize(EnumAsNumber(penValue).address(), bReread);
+}
+BU_S32 ALG_API_SetBodySize(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// 1...360, default 180 [BodySizeCustom]
+BU_S32 ALG_API_GetBodySizeCustom(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetBodySizeCustom(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// tagTRACK_PEOPLE_POS_E: 0...2, default 0 [PeoplePos]
+BU_S32 ALG_API_GetPeoplePos(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 ALG_API_GetPeoplePos(tagTRACK_PEOPLE_POS_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return ALG_API_GetPeoplePos(EnumAsNumber(penValue).address(), bReread);
+}
+BU_S32 ALG_API_SetPeoplePos(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// tagTRACK_HEAD_POS_E: 0...2, default 1 [HeadPos]
+BU_S32 ALG_API_GetHeadPos(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 ALG_API_GetHeadPos(tagTRACK_HEAD_POS_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return ALG_API_GetHeadPos(EnumAsNumber(penValue).address(), bReread);
+}
+BU_S32 ALG_API_SetHeadPos(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// 0 low, 1 mid, 2 high, 3 smooth, 4 fast: 0...4, default 1 [TrackSpeed]
+BU_S32 ALG_API_GetTrackSpeed(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetTrackSpeed(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// 0 two, 1 four, 2 six seconds: 0...2, default 1 [LostTime]
+BU_S32 ALG_API_GetLostTime(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetLostTime(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// tagTRACK_LOST_ACTION_E or a preset: -2...254, default -1 [LostAction]
+BU_S32 ALG_API_GetLostAction(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+inline BU_S32 ALG_API_GetLostAction(tagTRACK_LOST_ACTION_E *penValue, BU_BOOL bReread = BU_FALSE)
+{
+    return ALG_API_GetLostAction(EnumAsNumber(penValue).address(), bReread);
+}
+BU_S32 ALG_API_SetLostAction(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// 0 low, 1 mid, 2 high: 0...2, default 1 [TrackSensitivity]
+BU_S32 ALG_API_GetSensitivity(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetSensitivity(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// -2 none, -1 home, else a preset: -2...254, default -1 [StartPos]
+BU_S32 ALG_API_GetStartPos(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetStartPos(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// switch, default off [Gesture]
+BU_S32 ALG_API_GetGesture(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetGesture(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// boxes around people: switch, default off [TrackDebug]
+BU_S32 ALG_API_GetDebug(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetDebug(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// switch, default on [AutoZoom]
+BU_S32 ALG_API_GetAutoZoom(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetAutoZoom(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// switch, default on [AutoTilt]
+BU_S32 ALG_API_GetAutoTilt(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetAutoTilt(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// switch, default on [AutoPan]
+BU_S32 ALG_API_GetAutoPan(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetAutoPan(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// lamp while tracking: switch, default on [TallyIndicator]
+BU_S32 ALG_API_GetTallyIndicator(BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 ALG_API_SetTallyIndicator(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+// end of settings
+/// Brings its mode along.
+BU_S32 ALG_API_SetTrackStrategy(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// Becomes the mode of the present strategy as well, and the registered callback hears of a change.
+BU_S32 ALG_API_SetTrackMode(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// The track mode used under a strategy: tagTRACK_MODE_E, default 0 [BinocularStrategy, MonocularStrategy].
+BU_S32 ALG_API_SetTrackStrategyBinocular(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+BU_S32 ALG_API_SetTrackStrategyMonocular(BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
 /// Boxes around people until the next start; not stored. @return 0, or -1: not a switch, null
 BU_S32 ALG_API_GetDebugTemp(BU_S32 *ps32Value);
 BU_S32 ALG_API_SetDebugTemp(BU_S32 s32Value);

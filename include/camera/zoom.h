@@ -23,8 +23,15 @@ BU_S32 PTZ_API_GetFieldOfView(BU_S32 s32Dev, BU_FLOAT *pfDegrees);
 /// Moves to a magnification and returns at once. @return 0 or -1
 BU_S32 PTZ_API_SetZoomTime(BU_S32 s32Dev, BU_FLOAT fTimes, BU_U8 u8Speed);
 
-// The key in brackets names the setting in the store and in range questions.
-BU_SETTING_DEV(PTZ_API_, ZoomSpd) ///< speed of a drive without one of its own, 0-7, default 5 [ZoomSpd]
+// settings: PTZ_API_Lens
+/// of a drive without a speed of its own: 0...7, default 5 [ZoomSpd]
+BU_S32 PTZ_API_GetZoomSpd(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PTZ_API_SetZoomSpd(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// greatest magnification of the digital zoom: 1...16, default 1 [DZoomTime]
+BU_S32 PTZ_API_GetMaxDZoomTime(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PTZ_API_SetMaxDZoomTime(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+/// digital zoom: switch, default off [DZoom]
+BU_S32 PTZ_API_GetDZoomMode(BU_S32 s32Dev, BU_S32 *ps32Value, BU_BOOL bReread = BU_FALSE);
+BU_S32 PTZ_API_SetDZoomMode(BU_S32 s32Dev, BU_S32 s32Value, BU_BOOL bSaveCfg, BU_BOOL bUpdate);
+// end of settings
 BU_S32 PTZ_API_GetZoomSpd(BU_S32 s32Dev, BU_U8 *pu8Speed, BU_BOOL bReread = BU_FALSE);
-BU_SETTING_DEV(PTZ_API_, DZoomMode)    ///< digital zoom, switch, default off [DZoom]
-BU_SETTING_DEV(PTZ_API_, MaxDZoomTime) ///< its greatest magnification, 1-16, default 1 [DZoomTime]

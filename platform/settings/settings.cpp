@@ -23,7 +23,7 @@ namespace settings
 namespace
 {
 constexpr SettingRow ROWS[] = {
-#define SETTING(scope, family, name, functions, section, key, min, max, def, step, rule, words)                        \
+#define SETTING(scope, family, name, functions, section, key, min, max, def, step, rule, words, meaning)               \
     {Scope::scope, Section::section, key, min, max, def, step, Rule::rule, words},
 #include "settings/settings.def"
 #undef SETTING

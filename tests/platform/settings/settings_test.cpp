@@ -48,6 +48,16 @@ TEST_F(Settings, LimitsHoldForEveryOne)
     }
 }
 
+TEST_F(Settings, AnEnumerationTakesOnlyWhatTheGetterGave)
+{
+    tagAE_MODE_E enMode = AE_MODE_E_MANUAL;
+    EXPECT_EQ(ISP_API_GetAeMode(2, &enMode), -1);
+    EXPECT_EQ(ISP_API_GetAeMode(0, static_cast<tagAE_MODE_E *>(nullptr)), -1);
+    EXPECT_EQ(enMode, AE_MODE_E_MANUAL);
+    EXPECT_EQ(ISP_API_GetAeMode(0, &enMode), 0);
+    EXPECT_EQ(enMode, AE_MODE_E_AUTO);
+}
+
 TEST_F(Settings, EveryStoredOneSurvivesARestartInItsOwnPlace)
 {
     ASSERT_EQ(CFG_STORE_Open(STORE), 0);
