@@ -31,14 +31,14 @@ void UTIL_TRACE_Print(const BU_CHAR *pcFormat, ...) __attribute__((format(printf
 namespace util
 {
 /// "function[line] ", the prefix of a log line.
-struct tagLOG_PREFIX_S {
+struct LogPrefix {
     BU_CHAR acText[64]{};
-    tagLOG_PREFIX_S(const BU_CHAR *pcFunction, BU_S32 s32Line);
+    LogPrefix(const BU_CHAR *pcFunction, BU_S32 s32Line);
 };
 } // namespace util
 
 /// A log line with the calling function and line in front. Macros, so that the format is checked at compile time.
-#define UTIL_LOG(level, ...) UTIL_LOG_Print(level, util::tagLOG_PREFIX_S(__func__, __LINE__).acText, __VA_ARGS__)
+#define UTIL_LOG(level, ...) UTIL_LOG_Print(level, util::LogPrefix(__func__, __LINE__).acText, __VA_ARGS__)
 #define LOG_ERROR(...) UTIL_LOG(UTIL_LOG_LEVEL_E_ERROR, __VA_ARGS__)
 #define LOG_WARN(...) UTIL_LOG(UTIL_LOG_LEVEL_E_WARN, __VA_ARGS__)
 #define LOG_INFO(...) UTIL_LOG(UTIL_LOG_LEVEL_E_INFO, __VA_ARGS__)

@@ -40,6 +40,9 @@ namespace util
 /// Names the calling thread, for debuggers and logs; at most 15 characters are used.
 void nameThread(const BU_CHAR *pcName);
 
+/// Runs a function on a named thread of its own that nobody joins. @return 0, or -1: none could be made
+BU_S32 startDetached(const BU_CHAR *pcName, std::function<void()> fn);
+
 /// While it lives, the calling thread, and every thread made by it, takes no signal that ends the process.
 class QuitSignalsBlocked
 {

@@ -1,6 +1,7 @@
 // The running and the stored values of the settings: how they change, what is stored, who hears.
 #include "settings/settings.h"
 
+#include "camera/focus.h"
 #include "camera/settingEvent.h"
 #include "store/restore.h"
 #include "store/store.h"

@@ -187,9 +187,11 @@ BU_S32 LED_API_InitMgr(const BU_CHAR *pcName, const LED_TALLY_INIT_ATTR_S *pstAt
     }
     followSettings();
     manager->setState(LED_EVENT_FROM_E_CFG, lamp::restState());
-    const util::QuitSignalsBlocked blocked;
-    std::thread([manager] { manager->run(); }).detach(); // the self-test may block it for as long as start-up takes
-    return 0;
+    // Nobody waits for its end: the self-test may block it for as long as start-up takes.
+    if (util::startDetached("lamp", [manager] { manager->run(); }) == 0) return 0;
+    const std::lock_guard guard(managers().lock);
+    managers().byName.erase(pcName);
+    return -1;
 }
 
 BU_S32 LED_API_DestroyMgr(const BU_CHAR *pcName)

@@ -15,7 +15,6 @@
 #include <sstream>
 #include <sys/inotify.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -142,11 +141,7 @@ bool makeWatchedFile(const std::filesystem::path &path)
     if (debug().s32Inotify < 0) {
         debug().s32Inotify = inotify_init1(IN_CLOEXEC);
         if (debug().s32Inotify < 0) return false;
-        const util::QuitSignalsBlocked blocked;
-        std::thread([s32Inotify = debug().s32Inotify] {
-            util::nameThread("debug");
-            watchFiles(s32Inotify);
-        }).detach();
+        util::startDetached("debug", [s32Inotify = debug().s32Inotify] { watchFiles(s32Inotify); });
     }
     const int s32Watch = inotify_add_watch(debug().s32Inotify, path.parent_path().c_str(), WRITTEN);
     if (s32Watch < 0) return false;

@@ -109,7 +109,7 @@ void UTIL_LOG_Print(BU_S32 s32Level, const BU_CHAR *pcPrefix, const BU_CHAR *pcF
 {
     if (!UTIL_LOG_IsOn(s32Level)) return;
     BU_CHAR acLine[LINE_SIZE];
-    const std::size_t prefix = pcPrefix ? strnlen(pcPrefix, sizeof(util::tagLOG_PREFIX_S::acText)) : 0;
+    const std::size_t prefix = pcPrefix ? strnlen(pcPrefix, sizeof(util::LogPrefix::acText)) : 0;
     if (prefix > 0) std::memcpy(acLine, pcPrefix, prefix);
     va_list args;
     va_start(args, pcFormat);
@@ -141,7 +141,7 @@ void UTIL_TRACE_Print(const BU_CHAR *pcFormat, ...)
     va_end(args);
 }
 
-util::tagLOG_PREFIX_S::tagLOG_PREFIX_S(const BU_CHAR *pcFunction, BU_S32 s32Line)
+util::LogPrefix::LogPrefix(const BU_CHAR *pcFunction, BU_S32 s32Line)
 {
     // The function's name is cut before the line number is.
     std::snprintf(acText, sizeof(acText), "%.48s[%d] ", pcFunction, s32Line);

@@ -31,21 +31,6 @@ Threads &threads()
     return *pstThreads;
 }
 
-BU_S32 startDetached(const BU_CHAR *pcName, std::function<void()> fn)
-{
-    const util::QuitSignalsBlocked blocked;
-    try {
-        std::thread([strName = std::string(pcName), fn = std::move(fn)] {
-            util::nameThread(strName.c_str());
-            fn();
-        }).detach();
-    } catch (const std::system_error &error) {
-        LOG_ERROR("thread %s: %s", pcName, error.what());
-        return -1;
-    }
-    return 0;
-}
-
 void endAsync()
 {
     const std::lock_guard guard(threads().lock);
@@ -72,7 +57,7 @@ BU_S32 UTIL_THREAD_Create(UTIL_THREAD_DATA_S *pstData)
     auto node = threads().prepared.extract(reinterpret_cast<std::uintptr_t>(pstData->priv));
     guard.unlock();
     if (node.empty()) return -1;
-    return startDetached(node.mapped().strName.c_str(), [stRepeat = node.mapped()] {
+    return util::startDetached(node.mapped().strName.c_str(), [stRepeat = node.mapped()] {
         for (;;) stRepeat.fn(stRepeat.pvArg);
     });
 }
@@ -84,7 +69,7 @@ BU_S32 UTIL_THREAD_RunFuncAsync(std::function<void(void *)> fn, void *pvArg)
         const std::lock_guard guard(threads().lock);
         threads().u32AsyncRunning++;
     }
-    const BU_S32 s32Ret = startDetached("async", [fn = std::move(fn), pvArg]() mutable {
+    const BU_S32 s32Ret = util::startDetached("async", [fn = std::move(fn), pvArg]() mutable {
         fn(pvArg);
         fn = nullptr; // what it holds ends with it, before it counts as ended
         endAsync();
@@ -102,6 +87,21 @@ void UTIL_THREAD_WaitAsync()
 void util::nameThread(const BU_CHAR *pcName)
 {
     pthread_setname_np(pthread_self(), std::string(pcName).substr(0, 15).c_str());
+}
+
+BU_S32 util::startDetached(const BU_CHAR *pcName, std::function<void()> fn)
+{
+    const QuitSignalsBlocked blocked;
+    try {
+        std::thread([strName = std::string(pcName), fn = std::move(fn)] {
+            nameThread(strName.c_str());
+            fn();
+        }).detach();
+    } catch (const std::system_error &error) {
+        LOG_ERROR("thread %s: %s", pcName, error.what());
+        return -1;
+    }
+    return 0;
 }
 
 util::QuitSignalsBlocked::QuitSignalsBlocked()

@@ -67,7 +67,7 @@ BU_S32 SYS_API_GetATEMSwi(BOOL *pbOn, BOOL bRead) { return *pbOn = BU_FALSE, not
 BU_S32 SYS_API_SetATEMSwi(BOOL bOn, BOOL bSave) { return note(__func__, bOn, bSave); }
 BU_S32 UTIL_CMD_RunSafe(const BU_CHAR *pcCommand) { return note(std::string("sh: ") + pcCommand); }
 void UTIL_TIME_SleepMs(BU_S64 s64Ms) { note("sleep", s64Ms); throw Idle{}; }
-util::tagLOG_PREFIX_S::tagLOG_PREFIX_S(const BU_CHAR *, BU_S32) {}
+util::LogPrefix::LogPrefix(const BU_CHAR *, BU_S32) {}
 BU_S32 BSP_HW_ABI_GetHwAbility(tagHW_ABILITY_S *pst) { return pst->stLens = g_stBoard.stLens, note(__func__) - 1; } // goes on
 BU_S32 CFG_FEATURE_GetConfiguration(tagCFG_FEATURE_LIST_S *pst)
 { return *pst = g_stBoard.stFeatures, note(__func__) + g_stBoard.s32FeatureResult; }
