@@ -145,7 +145,7 @@ std::vector<Bytes> webJsonSeeds()
         const std::unique_ptr<WEB_RPC_PAYLOAD_S> pstRequest(stEvent.stRequest.fnCreate());
         for (const char c : {'\1', '\2'}) {
             const std::string strImage(pstRequest->getSize(), c);
-            texts.push_back(static_cast<char>(i) + web::writeResponse(stEvent, strImage, strImage));
+            texts.push_back(static_cast<char>(i) + web_server::writeResponse(stEvent, strImage, strImage));
         }
     }
     std::vector<Bytes> list;

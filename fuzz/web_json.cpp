@@ -18,11 +18,11 @@ void require(bool bTrue)
 void body(WEB_EVENT_S stEvent, std::string_view text)
 {
     std::string strImage, strAgain;
-    if (!web::readRequest(stEvent, text, strImage).empty()) return;
+    if (!web_server::readRequest(stEvent, text, strImage).empty()) return;
     stEvent.stResponse = stEvent.stRequest;
-    const std::string strJson = web::writeResponse(stEvent, strImage, strImage);
+    const std::string strJson = web_server::writeResponse(stEvent, strImage, strImage);
     require(!strJson.empty());
-    require(web::readRequest(stEvent, strJson, strAgain).empty());
+    require(web_server::readRequest(stEvent, strJson, strAgain).empty());
     require(strImage == strAgain);
 }
 
@@ -39,13 +39,13 @@ void lines(std::string_view text)
     static const net::HostNames names("studio.example", "camera");
     if (names.has(strHost)) require(net::isSameOrigin("http://" + strHost, strHost, false));
     if (net::isOwnPage(strOrigin, {}, strHost, true)) require(net::isSameOrigin(strOrigin, strHost, true));
-    for (const std::string_view value : http::cookies(strCookie, web::SESSION_COOKIE))
+    for (const std::string_view value : http::cookies(strCookie, web_server::SESSION_COOKIE))
         require(value.find(';') == value.npos);
     http::isJsonType(strType);
     if (const auto strFile = http::pagePath(strPath))
         require(("/" + *strFile).find("/.") == std::string::npos && ("/" + *strFile).find("//") == std::string::npos);
     std::string strAllow, strRest;
-    if (const auto *pstRoute = web::findRoute(strMethod, strPath, strAllow, strRest))
+    if (const auto *pstRoute = web_server::findRoute(strMethod, strPath, strAllow, strRest))
         require(strMethod == pstRoute->pcMethod);
 }
 } // namespace

@@ -3,7 +3,7 @@
 #include "util/log.h"
 #include "util/program.h"
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -206,4 +206,4 @@ Outcome changePassword(Desk &stDesk, const Visit &stVisit, const PasswordBody &s
         return outcomeOf(enChange);
     }};
 }
-} // namespace web
+} // namespace web_server

@@ -6,7 +6,7 @@
 
 #include <cctype>
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -86,4 +86,4 @@ Outcome openPreview(Desk &, const Visit &stVisit)
     if (stVisit.strRest != "ch1" && stVisit.strRest != "ch2") return problem(404, "there is no such channel");
     return PreviewProxy{stVisit.strRest, stVisit.strSession};
 }
-} // namespace web
+} // namespace web_server

@@ -10,7 +10,7 @@
 #include <libwebsockets.h>
 #include <sys/socket.h>
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -262,4 +262,4 @@ bool Connection::abandon()
     setsockopt(lws_get_socket_fd(m_pstWsi), SOL_SOCKET, SO_LINGER, &NOW, sizeof(NOW));
     return false;
 }
-} // namespace web
+} // namespace web_server

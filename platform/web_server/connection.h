@@ -11,7 +11,7 @@
 
 struct lws;
 
-namespace web
+namespace web_server
 {
 /// Thread: the network thread. Where a function returns bool, false means: the connection ends now.
 class Connection
@@ -94,4 +94,4 @@ private:
     std::string m_strSession; // of what has no end
     std::unique_ptr<PreviewLink> m_pstPreview;
 };
-} // namespace web
+} // namespace web_server

@@ -9,7 +9,7 @@
 
 using namespace web_layout;
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -181,4 +181,4 @@ std::string describeApi()
 {
     return INTRODUCTION + routeRows() + EVENTS_HEAD + eventRows() + PAYLOADS_HEAD + payloads();
 }
-} // namespace web
+} // namespace web_server

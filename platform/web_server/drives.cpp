@@ -3,7 +3,7 @@
 
 #include "web/events.h"
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -45,4 +45,4 @@ std::vector<Drives::Stop> Drives::take(const std::string &strSession)
     m_running.erase(strSession);
     return stops;
 }
-} // namespace web
+} // namespace web_server

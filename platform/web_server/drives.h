@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace web
+namespace web_server
 {
 /// By session. Thread: the network thread.
 class Drives
@@ -28,4 +28,4 @@ public:
 private:
     std::map<std::string, std::set<std::pair<tag_WEB_RPC_EVENT_GROUP_E, BU_S32>>> m_running; // events and their items
 };
-} // namespace web
+} // namespace web_server

@@ -4,7 +4,7 @@
 #include "web/events.h"
 #include "web_client/recordJson.h"
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -58,4 +58,4 @@ std::string writeResponse(const WEB_EVENT_S &stEvent, std::string_view strReques
     select(stEvent, strRequest, *pstResponse);
     return web_client::writeRecord(*stEvent.stResponse.pstRecord, bytesOf(*pstResponse));
 }
-} // namespace web
+} // namespace web_server

@@ -5,7 +5,7 @@
 
 struct WEB_EVENT_S;
 
-namespace web
+namespace web_server
 {
 Role roleOf(const WEB_EVENT_S &stEvent);
 
@@ -13,4 +13,4 @@ Role roleOf(const WEB_EVENT_S &stEvent);
 std::string readRequest(const WEB_EVENT_S &stEvent, std::string_view strJson, std::string &strImage);
 /// The fields of the response to a request as JSON. @return empty: the image has another size than the response
 std::string writeResponse(const WEB_EVENT_S &stEvent, std::string_view strRequest, std::string_view strImage);
-} // namespace web
+} // namespace web_server

@@ -59,7 +59,7 @@ std::shared_ptr<const std::string> readAll(int s32Fd, std::size_t size)
 }
 } // namespace
 
-namespace web
+namespace web_server
 {
 std::string_view typeOfFile(std::string_view path)
 {
@@ -92,4 +92,4 @@ const FileContent *Folder::find(std::string_view path)
     stKept.stContent.strTag = acTag.data();
     return &stKept.stContent;
 }
-} // namespace web
+} // namespace web_server

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace web
+namespace web_server
 {
 /// As it was when it was read.
 struct FileContent {
@@ -39,4 +39,4 @@ private:
     std::map<std::string, Kept, std::less<>> m_kept; // by path
     std::size_t m_keptBytes = 0;
 };
-} // namespace web
+} // namespace web_server

@@ -7,7 +7,7 @@
 
 #include <cstddef>
 
-namespace web
+namespace web_server
 {
 /// Bodies. A text has one byte more than it may hold.
 struct AccountBody {
@@ -62,11 +62,11 @@ Outcome menu(Desk &stDesk, const Visit &stVisit, const MenuBody &stBody);
 Outcome getPicture(Desk &stDesk, const Visit &stVisit);
 Outcome openNews(Desk &stDesk, const Visit &stVisit);
 Outcome openPreview(Desk &stDesk, const Visit &stVisit);
-} // namespace web
+} // namespace web_server
 
-WEB_FIELDS(web::AccountBody, WEB_FIELD(user, 0), WEB_FIELD(password, 0));
-WEB_FIELDS(web::UserBody, WEB_FIELD(user, 0), WEB_FIELD(password, 0), WEB_FIELD(role, 0));
-WEB_FIELDS(web::PasswordBody, web_layout::field<decltype(Here::acOld)>("old", offsetof(Here, acOld), 0, false),
+WEB_FIELDS(web_server::AccountBody, WEB_FIELD(user, 0), WEB_FIELD(password, 0));
+WEB_FIELDS(web_server::UserBody, WEB_FIELD(user, 0), WEB_FIELD(password, 0), WEB_FIELD(role, 0));
+WEB_FIELDS(web_server::PasswordBody, web_layout::field<decltype(Here::acOld)>("old", offsetof(Here, acOld), 0, false),
            web_layout::field<decltype(Here::acNew)>("new", offsetof(Here, acNew), 0, false));
-WEB_FIELDS(web::CentreBody, WEB_FIELD(x, 0), WEB_FIELD(y, 0));
-WEB_FIELDS(web::MenuBody, WEB_FIELD(key, 0));
+WEB_FIELDS(web_server::CentreBody, WEB_FIELD(x, 0), WEB_FIELD(y, 0));
+WEB_FIELDS(web_server::MenuBody, WEB_FIELD(key, 0));

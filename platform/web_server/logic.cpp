@@ -7,7 +7,7 @@
 #include <array>
 #include <ctime>
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -178,4 +178,4 @@ bool WebLogic::isOpen(const std::string &strSession, BU_S64 s64Unix)
 }
 
 void WebLogic::setCamera(bool bUp) { m_pImpl->stDesk.bCamera = bUp; }
-} // namespace web
+} // namespace web_server

@@ -101,7 +101,7 @@ void report(BU_S32 s32Fd, const char *pcScheme, BU_S32 s32Port)
 }
 
 /// The port, or where that is taken or not allowed the first free one of its stand-ins.
-BU_S32 open(web::Server &server, const Options &stOptions, bool bTls)
+BU_S32 open(web_server::Server &server, const Options &stOptions, bool bTls)
 {
     const BU_S32 s32Wanted = bTls ? stOptions.s32Https : stOptions.s32Http, s32StandIn = bTls ? 8443 : 8080;
     if (s32Wanted < 0) return 0;
@@ -118,10 +118,10 @@ BU_S32 open(web::Server &server, const Options &stOptions, bool bTls)
     return s32Port;
 }
 
-web::Server *g_pstServer = nullptr;
+web_server::Server *g_pstServer = nullptr;
 
 /// Ends with the service, however that ends.
-bool followParent(web::Server &server, pid_t parentId)
+bool followParent(web_server::Server &server, pid_t parentId)
 {
     const int s32Parent = static_cast<int>(syscall(SYS_pidfd_open, parentId, 0));
     const bool bFollows = s32Parent >= 0 ? server.stopOn(s32Parent) : prctl(PR_SET_PDEATHSIG, SIGTERM) == 0;
@@ -139,17 +139,17 @@ std::size_t connectionsPossible()
     return st.rlim_cur / 2;
 }
 
-web::ServerConfig configOf(const Options &stOptions, const std::string &strMachine)
+web_server::ServerConfig configOf(const Options &stOptions, const std::string &strMachine)
 {
-    web::ServerConfig st;
+    web_server::ServerConfig st;
     st.strBind = stOptions.strBind;
     st.strPage = stOptions.strPage;
     st.strPreviewHost = stOptions.strBind == "0.0.0.0" ? "127.0.0.1" : stOptions.strBind;
     st.s32PreviewPort = PLATFORM_Port(PREVIEW_PORT);
     st.connectionsMax = std::min(st.connectionsMax, connectionsPossible());
-    if (stOptions.s32Https >= 0 && web::ensureCertificate(stOptions.strBind, strMachine)) {
-        st.strCertificate = UTIL_ROOT_Path(web::CERTIFICATE_FILE);
-        st.strKey = UTIL_ROOT_Path(web::KEY_FILE);
+    if (stOptions.s32Https >= 0 && web_server::ensureCertificate(stOptions.strBind, strMachine)) {
+        st.strCertificate = UTIL_ROOT_Path(web_server::CERTIFICATE_FILE);
+        st.strKey = UTIL_ROOT_Path(web_server::KEY_FILE);
     }
     return st;
 }
@@ -163,7 +163,7 @@ void onSignals(void (*pfnHandler)(int))
 int main(int argc, char **argv)
 {
     if (argc == 2 && std::string_view(argv[1]) == "--describe")
-        return std::fputs(web::describeApi().c_str(), stdout) < 0;
+        return std::fputs(web_server::describeApi().c_str(), stdout) < 0;
     const pid_t parentId = getppid();
     UTIL_LOG_SetFile("camera-web.log");
     const auto options = parse(argc, argv);
@@ -176,11 +176,11 @@ int main(int argc, char **argv)
 
     LOG_INFO("ptz-camera %s, web server\n", util::version());
     const std::string strMachine = net::machineName();
-    web::WebLogic logic(textOf("CAMERA_WEB_HOSTS"), strMachine, textOf("CAMERA_WEB_PASSWORD"));
-    const web::ServerConfig stConfig = configOf(*options, strMachine);
-    const auto pstServer = web::Server::make(
-        stConfig, {[&](const web::Request &st) { return logic.admit(st); },
-                   [&](const web::Request &st) { return logic.handle(st); },
+    web_server::WebLogic logic(textOf("CAMERA_WEB_HOSTS"), strMachine, textOf("CAMERA_WEB_PASSWORD"));
+    const web_server::ServerConfig stConfig = configOf(*options, strMachine);
+    const auto pstServer = web_server::Server::make(
+        stConfig, {[&](const web_server::Request &st) { return logic.admit(st); },
+                   [&](const web_server::Request &st) { return logic.handle(st); },
                    [&](const std::string &strSession, BU_S64 s64Unix) { return logic.isOpen(strSession, s64Unix); }});
     if (!pstServer || !followParent(*pstServer, parentId)) {
         LOG_ERROR("web: cannot start\n");

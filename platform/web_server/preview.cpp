@@ -7,7 +7,7 @@
 #include <libwebsockets.h>
 #include <sys/socket.h>
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -111,4 +111,4 @@ void PreviewLink::onClosed()
     else
         m_events.fnRefuse(GONE);
 }
-} // namespace web
+} // namespace web_server

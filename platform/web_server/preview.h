@@ -11,7 +11,7 @@ struct lws;
 struct lws_context;
 struct lws_vhost;
 
-namespace web
+namespace web_server
 {
 /// Thread: the network thread.
 class PreviewLink
@@ -54,4 +54,4 @@ private:
     std::string m_strHead; // of its answer
     bool m_bOpen = false, m_bOver = false, m_bReading = true;
 };
-} // namespace web
+} // namespace web_server

@@ -18,7 +18,7 @@
 #include <string_view>
 #include <variant>
 
-namespace web
+namespace web_server
 {
 using namespace users; // who may do what
 
@@ -110,4 +110,4 @@ public:
 private:
     std::unique_ptr<Impl> m_pImpl;
 };
-} // namespace web
+} // namespace web_server

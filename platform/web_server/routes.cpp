@@ -5,7 +5,7 @@
 
 #include <array>
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -86,4 +86,4 @@ const Route *findRoute(std::string_view strMethod, std::string_view strPath, std
     }
     return nullptr;
 }
-} // namespace web
+} // namespace web_server

@@ -10,7 +10,7 @@
 
 #include <atomic>
 
-namespace web
+namespace web_server
 {
 /// What the handlers share.
 struct Desk {
@@ -56,4 +56,4 @@ const Route *findRoute(std::string_view strMethod, std::string_view strPath, std
 Reply answer(std::string strJson);
 /// What every WEB_CLIENT_RESULT_E but OK says to the browser.
 Reply failure(WEB_CLIENT_RESULT_E enResult, std::string_view strWhy);
-} // namespace web
+} // namespace web_server

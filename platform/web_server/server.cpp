@@ -14,7 +14,7 @@
 
 namespace
 {
-using namespace web;
+using namespace web_server;
 
 constexpr std::size_t SPARE_DESCRIPTORS =
     128;                                    // the library's own, connections to the preview, and some to turn away with
@@ -277,7 +277,7 @@ void LwsServer::makeRoom()
 }
 } // namespace
 
-namespace web
+namespace web_server
 {
 std::string Site::deviceFolder() { return UTIL_ROOT_Path("/"); }
 
@@ -287,4 +287,4 @@ std::unique_ptr<Server> Server::make(const ServerConfig &stConfig, const Decisio
     if (!pst->create()) return nullptr;
     return pst;
 }
-} // namespace web
+} // namespace web_server

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace web
+namespace web_server
 {
 struct ServerConfig {
     std::string strBind = "127.0.0.1";
@@ -54,4 +54,4 @@ public:
     /// The camera is there, or gone. Any thread.
     virtual void setCamera(bool bUp) = 0;
 };
-} // namespace web
+} // namespace web_server

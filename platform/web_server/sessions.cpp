@@ -10,7 +10,7 @@
 #include <nlohmann/json.hpp>
 #include <unistd.h>
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -106,4 +106,4 @@ void Sessions::store()
     // An old list would let in again who has logged out.
     if (!writeSecret(SESSIONS_FILE, list.dump(1) + "\n")) unlink(UTIL_ROOT_Path(SESSIONS_FILE).c_str());
 }
-} // namespace web
+} // namespace web_server

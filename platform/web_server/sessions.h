@@ -11,7 +11,7 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace web
+namespace web_server
 {
 using namespace users;
 
@@ -52,4 +52,4 @@ private:
     std::mutex m_lock;     // guards the table; taken behind m_fileLock
     Table m_sessions;
 };
-} // namespace web
+} // namespace web_server

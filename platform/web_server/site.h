@@ -12,7 +12,7 @@
 
 struct lws_vhost;
 
-namespace web
+namespace web_server
 {
 class Connection;
 
@@ -35,4 +35,4 @@ struct Site {
     bool bCamera = false;
     Worker worker; // last: ends first
 };
-} // namespace web
+} // namespace web_server

@@ -7,7 +7,7 @@
 #include <netinet/tcp.h>
 #include <sys/socket.h>
 
-namespace web
+namespace web_server
 {
 namespace
 {
@@ -118,4 +118,4 @@ void Connection::refusePreview(std::string_view sentence)
     enter(State::SEND, m_site.stConfig.s64LingerMs);
     lws_callback_on_writable(m_pstWsi);
 }
-} // namespace web
+} // namespace web_server

@@ -4,7 +4,7 @@
 #include "util/mailbox.h"
 #include "util/thread.h"
 
-namespace web
+namespace web_server
 {
 /// Thread: any.
 class Worker
@@ -21,4 +21,4 @@ private:
                               while (const auto fnJob = m_jobs.next(stop)) (*fnJob)();
                           }}; // last: ends first
 };
-} // namespace web
+} // namespace web_server

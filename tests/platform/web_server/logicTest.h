@@ -11,28 +11,29 @@
 class LogicTest : public WebRootTest
 {
 protected:
-    typedef std::vector<std::pair<web::Role, std::string>> Tokens; // of ANYONE: empty
+    typedef std::vector<std::pair<web_server::Role, std::string>> Tokens; // of ANYONE: empty
 
     /// Makes the users' files; call it first where they are wanted.
     void haveUsers()
     {
         std::string strUsers, strSessions;
-        for (const web::Role enRole : {web::Role::VIEWER, web::Role::OPERATOR, web::Role::ADMIN}) {
-            const std::string strName = web::nameOf(enRole), strComma = strUsers.empty() ? "" : ",";
-            tokens.emplace_back(enRole, web::makeToken());
+        for (const web_server::Role enRole :
+             {web_server::Role::VIEWER, web_server::Role::OPERATOR, web_server::Role::ADMIN}) {
+            const std::string strName = web_server::nameOf(enRole), strComma = strUsers.empty() ? "" : ",";
+            tokens.emplace_back(enRole, web_server::makeToken());
             strUsers += strComma + R"({"name":")" + strName + R"(","role":")" + strName + R"(","hash":"$no"})";
-            strSessions += strComma + R"({"key":")" + web::digest(tokens.back().second) + R"(","user":")" + strName +
-                           R"(","opened":)" + std::to_string(s64Now) + "}";
+            strSessions += strComma + R"({"key":")" + web_server::digest(tokens.back().second) + R"(","user":")" +
+                           strName + R"(","opened":)" + std::to_string(s64Now) + "}";
         }
-        write(web::USERS_FILE, R"({"version":1,"users":[)" + strUsers + "]}");
-        write(web::SESSIONS_FILE, "[" + strSessions + "]");
+        write(web_server::USERS_FILE, R"({"version":1,"users":[)" + strUsers + "]}");
+        write(web_server::SESSIONS_FILE, "[" + strSessions + "]");
     }
 
     /// A request as a browser sends it from the camera's own page.
-    web::Request request(const std::string &strMethod, const std::string &strPath, const std::string &strToken = {},
-                         const std::string &strBody = {}) const
+    web_server::Request request(const std::string &strMethod, const std::string &strPath,
+                                const std::string &strToken = {}, const std::string &strBody = {}) const
     {
-        web::Request stRequest;
+        web_server::Request stRequest;
         stRequest.strMethod = strMethod;
         stRequest.strPath = strPath;
         stRequest.strHost = "127.0.0.1:8080";
@@ -48,20 +49,20 @@ protected:
         return stRequest;
     }
 
-    const std::string &token(web::Role enRole) const
+    const std::string &token(web_server::Role enRole) const
     {
         return std::find_if(tokens.begin(), tokens.end(), [&](const auto &p) { return p.first == enRole; })->second;
     }
 
     /// What a browser would get; 0: something that is not decided here (a call, a file).
-    static BU_U32 status(web::Outcome stOutcome) { return reply(std::move(stOutcome)).u32Status; }
-    static web::Reply reply(web::Outcome stOutcome)
+    static BU_U32 status(web_server::Outcome stOutcome) { return reply(std::move(stOutcome)).u32Status; }
+    static web_server::Reply reply(web_server::Outcome stOutcome)
     {
-        if (auto *pstWork = std::get_if<web::Work>(&stOutcome)) return pstWork->fnRun();
-        if (auto *pstReply = std::get_if<web::Reply>(&stOutcome)) return *pstReply;
+        if (auto *pstWork = std::get_if<web_server::Work>(&stOutcome)) return pstWork->fnRun();
+        if (auto *pstReply = std::get_if<web_server::Reply>(&stOutcome)) return *pstReply;
         return {0, {}, {}, {}};
     }
-    static std::string header(const web::Reply &stReply, const std::string &strName)
+    static std::string header(const web_server::Reply &stReply, const std::string &strName)
     {
         for (const auto &[strOther, strValue] : stReply.headers)
             if (strOther == strName) return strValue;
@@ -69,5 +70,5 @@ protected:
     }
 
     const BU_S64 s64Now = std::time(nullptr);
-    Tokens tokens{{web::Role::ANYONE, ""}};
+    Tokens tokens{{web_server::Role::ANYONE, ""}};
 };

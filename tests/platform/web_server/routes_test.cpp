@@ -9,7 +9,7 @@
 
 namespace
 {
-using namespace web;
+using namespace web_server;
 using namespace testing;
 
 class RoutesTest : public LogicTest

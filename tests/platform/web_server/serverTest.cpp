@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 
-using namespace web;
+using namespace web_server;
 
 ServerTest::ServerTest()
 {

@@ -26,7 +26,7 @@ public:
     TlsPeer(BU_S32 s32Port, const char *pcName, int s32MaxVersion = 0)
         : Peer(connectTo(s32Port)), m_context(SSL_CTX_new(TLS_client_method()), SSL_CTX_free), m_ssl(nullptr, SSL_free)
     {
-        SSL_CTX_load_verify_file(m_context.get(), UTIL_ROOT_Path(web::CERTIFICATE_FILE).c_str());
+        SSL_CTX_load_verify_file(m_context.get(), UTIL_ROOT_Path(web_server::CERTIFICATE_FILE).c_str());
         SSL_CTX_set_verify(m_context.get(), SSL_VERIFY_PEER, nullptr);
         if (s32MaxVersion) SSL_CTX_set_max_proto_version(m_context.get(), s32MaxVersion);
         const unsigned char aProtocols[] = "\x02h2\x08http/1.1";
@@ -93,7 +93,7 @@ TEST_F(ServerTest, WhoSpeaksNoTlsOnTheSecurePortIsLeft)
 
 TEST_F(ServerTest, MakesItsCertificateOnce)
 {
-    using namespace web;
+    using namespace web_server;
     ASSERT_TRUE(ensureCertificate("127.0.0.1", "machine"));
     const std::string strKey = contentOf(KEY_FILE), strCertificate = contentOf(CERTIFICATE_FILE);
     struct stat stFile {

@@ -238,7 +238,7 @@ TEST_F(ServerTest, SlowWorkHoldsUpNobodyAndDoesNotPileUp)
         ++s32Begun;
         changed.notify_all();
         changed.wait(guard, [&] { return bGo; });
-        return web::Reply{200, "text/plain", "worked", {}};
+        return web_server::Reply{200, "text/plain", "worked", {}};
     };
     start();
     std::vector<Peer> peers;

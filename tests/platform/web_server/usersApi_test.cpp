@@ -6,7 +6,7 @@
 
 namespace
 {
-using namespace web;
+using namespace web_server;
 using namespace testing;
 
 class UsersApiTest : public LogicTest

@@ -10,7 +10,7 @@
 
 namespace
 {
-using namespace web;
+using namespace web_server;
 using namespace testing;
 
 class UsersTest : public WebRootTest
