@@ -16,17 +16,17 @@ protected:
     /// Makes the users' files; call it first where they are wanted.
     void haveUsers()
     {
+        using namespace web_server;
         std::string strUsers, strSessions;
-        for (const web_server::Role enRole :
-             {web_server::Role::VIEWER, web_server::Role::OPERATOR, web_server::Role::ADMIN}) {
-            const std::string strName = web_server::nameOf(enRole), strComma = strUsers.empty() ? "" : ",";
-            tokens.emplace_back(enRole, web_server::makeToken());
+        for (const Role enRole : {Role::VIEWER, Role::OPERATOR, Role::ADMIN}) {
+            const std::string strName = nameOf(enRole), strComma = strUsers.empty() ? "" : ",";
+            tokens.emplace_back(enRole, makeToken());
             strUsers += strComma + R"({"name":")" + strName + R"(","role":")" + strName + R"(","hash":"$no"})";
-            strSessions += strComma + R"({"key":")" + web_server::digest(tokens.back().second) + R"(","user":")" +
-                           strName + R"(","opened":)" + std::to_string(s64Now) + "}";
+            strSessions += strComma + R"({"key":")" + digest(tokens.back().second) + R"(","user":")" + strName +
+                           R"(","opened":)" + std::to_string(s64Now) + "}";
         }
-        write(web_server::USERS_FILE, R"({"version":1,"users":[)" + strUsers + "]}");
-        write(web_server::SESSIONS_FILE, "[" + strSessions + "]");
+        write(USERS_FILE, R"({"version":1,"users":[)" + strUsers + "]}");
+        write(SESSIONS_FILE, "[" + strSessions + "]");
     }
 
     /// A request as a browser sends it from the camera's own page.

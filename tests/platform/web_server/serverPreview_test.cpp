@@ -1,6 +1,5 @@
 #include "serverTest.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/socket.h>
 
@@ -14,6 +13,12 @@ using namespace std::string_literals;
 
 constexpr const char *SWITCHING = "HTTP/1.1 101 Switching Protocols\r\nUpgrade: WebSocket\r\n"
                                   "Sec-WebSocket-Accept: s3pPLMBiTxaQ9kYGzzhZRbK+xOo=\r\n\r\n";
+
+std::string upgrade(const std::string &strPath)
+{
+    return get(strPath, "Upgrade: websocket\r\nConnection: Upgrade\r\nOrigin: http://localhost\r\nCookie: secret=1\r\n"
+                        "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n");
+}
 
 class PreviewProxy : public ServerTest
 {
@@ -90,10 +95,7 @@ TEST_F(PreviewProxy, TellsWhyThereIsNoPicture)
 {
     config.s64RequestMs = 200;
     start();
-    struct tagROW_S {
-        const char *pcAnswer, *pcReason;
-    };
-    constexpr tagROW_S ROWS[] = {
+    constexpr std::pair<const char *, const char *> ROWS[] = {
         {"HTTP/1.1 503 Service Unavailable\r\nContent-Length: 17\r\n\r\nToo many viewers\n", "Too many viewers"},
         {"HTTP/1.1 404 Not Found\r\n\r\n", "the camera does not show this"},
         {"garbage", "the camera is not there"}, // it ends behind it

@@ -1,39 +1,26 @@
 #include "serverClient.h"
 #include "support/place.h"
-#include "util/fileDescriptor.h"
-
-#include <gmock/gmock.h>
+#include "webRoot.h"
 
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <poll.h>
 #include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <sysexits.h>
-#include <vector>
 
 namespace
 {
 using testing::HasSubstr;
 
 /// The program itself, with a device root of its own.
-class WebProcess : public testing::Test
+class WebProcess : public WebRootTest
 {
 protected:
-    WebProcess()
-    {
-        char acFolder[] = "/tmp/camera-test-XXXXXX";
-        m_strRoot = mkdtemp(acFolder);
-        prctl(PR_SET_CHILD_SUBREAPER, 1); // orphans come here
-    }
+    WebProcess() { prctl(PR_SET_CHILD_SUBREAPER, 1); } // orphans come here
     ~WebProcess() override
     {
         if (m_pid > 0 && kill(m_pid, 0) == 0) end(SIGKILL);
-        std::filesystem::remove_all(m_strRoot);
     }
 
     /// Starts it and reads what it reports. @param bOrphan  from a parent that has ended when this returns
@@ -47,13 +34,13 @@ protected:
             if (child == 0) become(as32Report[1], as32Pid[1], strHttp, strOffset);
             std::string str(1, '\0');
             close(as32Report[1]);
-            while (read(as32Report[0], str.data(), 1) > 0) {} // until it runs
+            while (::read(as32Report[0], str.data(), 1) > 0) {} // until it runs
             _exit(0);
         }
         close(as32Report[1]);
-        EXPECT_EQ(read(as32Pid[0], &m_pid, sizeof(m_pid)), static_cast<ssize_t>(sizeof(m_pid)));
+        EXPECT_EQ(::read(as32Pid[0], &m_pid, sizeof(m_pid)), static_cast<ssize_t>(sizeof(m_pid)));
         std::string strReport;
-        for (char c = 0; !bOrphan && read(as32Report[0], &c, 1) == 1;) strReport += c;
+        for (char c = 0; !bOrphan && ::read(as32Report[0], &c, 1) == 1;) strReport += c;
         for (const int s32Fd : {as32Report[0], as32Pid[0], as32Pid[1]}) close(s32Fd);
         if (bOrphan) waitpid(pid, nullptr, 0);
         return strReport;
@@ -71,21 +58,19 @@ protected:
         m_pid = 0;
         return s32Status;
     }
-    const std::string &root() const { return m_strRoot; }
 
 private:
     void become(int s32Report, int s32Pid, const std::string &strHttp, const std::string &strOffset) const
     {
         const pid_t pid = getpid();
-        if (write(s32Pid, &pid, sizeof(pid)) < 0) _exit(3);
+        if (::write(s32Pid, &pid, sizeof(pid)) < 0) _exit(3);
         setenv("CAMERA_PORT_OFFSET", strOffset.c_str(), 1);
         setenv("CAMERA_LOG", "3", 1);
-        execl(place::built("app/camera-web").c_str(), "camera-web", "--root", m_strRoot.c_str(), "--webui",
+        execl(place::built("app/camera-web").c_str(), "camera-web", "--root", root().c_str(), "--webui",
               place::source("webui").c_str(), "--http", strHttp.c_str(), "--https", "0", "--report-fd",
               std::to_string(s32Report).c_str(), nullptr);
         _exit(127);
     }
-    std::string m_strRoot;
     pid_t m_pid = 0;
 };
 
@@ -93,12 +78,6 @@ BU_S32 portOf(const std::string &strReport, const std::string &strScheme)
 {
     const std::size_t begin = ("\n" + strReport).find("\n" + strScheme + " ");
     return begin == std::string::npos ? 0 : std::stoi(strReport.substr(begin + strScheme.size() + 1));
-}
-
-std::string contentOf(const std::string &strPath)
-{
-    std::ifstream file(strPath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 TEST_F(WebProcess, ServesReportsAndEndsWhenAsked)
@@ -110,7 +89,7 @@ TEST_F(WebProcess, ServesReportsAndEndsWhenAsked)
     Peer peer = connectTo(s32Http);
     const tagANSWER_S stPage = peer.ask(get("/"));
     EXPECT_EQ(stPage.s32Status, 200);
-    EXPECT_EQ(stPage.strBody, contentOf(place::source("webui/index.html")));
+    EXPECT_THAT(stPage.strBody, HasSubstr("<!doctype html>"));
     peer.send("HEAD / HTTP/1.1\r\nHost: localhost\r\n\r\n");
     EXPECT_EQ(peer.readAnswer(false).header("content-length"), std::to_string(stPage.strBody.size()));
     EXPECT_THAT(peer.ask(get("/session")).strBody, HasSubstr("\"camera\":false"));
@@ -124,21 +103,20 @@ TEST_F(WebProcess, ComesBackAsTheSameAfterAKill)
     const std::string strPort = std::to_string(portOf(run("0", "0"), "http"));
     Peer peer = connectTo(std::stoi(strPort)); // its end lingers on the port
     EXPECT_EQ(peer.ask(get("/session")).s32Status, 200);
-    const std::string strCertificate = contentOf(root() + "/var/web/certificate.pem");
+    const std::string strCertificate = WebRootTest::read("/var/web/certificate.pem");
     end(SIGKILL);
     EXPECT_THAT(run(strPort, "0"), HasSubstr("http " + strPort + "\n")) << "the same port again";
-    EXPECT_EQ(contentOf(root() + "/var/web/certificate.pem"), strCertificate);
+    EXPECT_EQ(WebRootTest::read("/var/web/certificate.pem"), strCertificate);
     EXPECT_EQ(end(SIGTERM), 0);
 }
 
 TEST_F(WebProcess, LeavesADeviceRootToWhoHasIt)
 {
-    std::filesystem::create_directories(root() + "/var");
-    const util::FileDescriptor lock(open((root() + "/var/camera-web.lock").c_str(), O_RDWR | O_CREAT, 0600));
+    write("/var/camera-web.lock", "");
+    const util::FileDescriptor lock(open((root() / "var/camera-web.lock").c_str(), O_RDWR));
     ASSERT_EQ(flock(lock, LOCK_EX), 0);
     EXPECT_EQ(run("0", "0"), "") << "two lists of users would undo each other's changes";
-    const int s32Status = wait();
-    EXPECT_TRUE(WIFEXITED(s32Status) && WEXITSTATUS(s32Status) == EX_TEMPFAIL) << s32Status;
+    EXPECT_EQ(wait(), W_EXITCODE(EX_TEMPFAIL, 0));
 }
 
 TEST_F(WebProcess, TakesAnotherPortWhenItsOwnIsTaken)
@@ -162,7 +140,6 @@ TEST_F(WebProcess, EndsWithItsParent)
 TEST_F(WebProcess, RefusesArgumentsItDoesNotKnow)
 {
     EXPECT_EQ(run("80000", "0"), "");
-    const int s32Status = wait();
-    EXPECT_TRUE(WIFEXITED(s32Status) && WEXITSTATUS(s32Status) == 2);
+    EXPECT_EQ(wait(), W_EXITCODE(2, 0));
 }
 } // namespace

@@ -1,29 +1,7 @@
+// Decisions of the tests.
 #include "serverTest.h"
 
-#include "users/certificate.h"
-#include "util/file.h"
-
-#include <cstdlib>
-#include <fstream>
-
 using namespace web_server;
-
-ServerTest::ServerTest()
-{
-    char acFolder[] = "/tmp/camera-test-XXXXXX";
-    m_root = mkdtemp(acFolder);
-    std::filesystem::create_directories(page());
-    UTIL_ROOT_Set((m_root / "device").c_str());
-    config.strPage = page();
-}
-
-ServerTest::~ServerTest()
-{
-    if (m_pstServer) m_pstServer->stop();
-    if (m_thread.joinable()) m_thread.join();
-    m_pstServer.reset();
-    std::filesystem::remove_all(m_root);
-}
 
 void ServerTest::start()
 {
@@ -42,12 +20,6 @@ void ServerTest::start()
     ASSERT_GT(m_s32Http, 0);
     ASSERT_GT(m_s32Https, 0);
     m_thread = std::thread([this] { m_pstServer->run(); });
-}
-
-void ServerTest::write(const std::string &strPath, std::string_view content) const
-{
-    std::filesystem::create_directories((page() / strPath).parent_path());
-    std::ofstream(page() / strPath, std::ios::binary) << content;
 }
 
 Outcome ServerTest::decide(const Request &st) const

@@ -1,24 +1,11 @@
 #include "serverTest.h"
-#include "users/certificate.h"
-#include "util/file.h"
 
-#include <fstream>
 #include <openssl/ssl.h>
 #include <openssl/x509v3.h>
-#include <sstream>
 #include <sys/stat.h>
 
 namespace
 {
-using testing::EndsWith;
-
-std::string contentOf(const char *pcPath)
-{
-    std::ostringstream text;
-    text << std::ifstream(UTIL_ROOT_Path(pcPath)).rdbuf();
-    return text.str();
-}
-
 /// A browser that trusts the certificate of the camera.
 class TlsPeer : public Peer
 {
@@ -42,12 +29,9 @@ public:
     {
         return SSL_write(m_ssl.get(), bytes.data(), static_cast<int>(bytes.size())) > 0;
     }
-    std::string readSome() override
+    ssize_t receive(std::string &str) override
     {
-        std::string str(65536, '\0');
-        const int s32Got = SSL_read(m_ssl.get(), str.data(), static_cast<int>(str.size()));
-        str.resize(s32Got > 0 ? static_cast<std::size_t>(s32Got) : 0);
-        return str;
+        return SSL_read(m_ssl.get(), str.data(), static_cast<int>(str.size()));
     }
 
 private:
@@ -72,8 +56,7 @@ TEST_F(ServerTest, SpeaksTlsUnderTheNamesOfItsCertificate)
     EXPECT_EQ(peer.readAnswer().strBody, "POST:" + std::string(60'000, 'y'));
     EXPECT_EQ(peer.readAnswer().strBody, "yes");
     EXPECT_EQ(connect().ask(get("/tls")).strBody, "no");
-    peer.send(get("/news"));
-    EXPECT_EQ(peer.readAnswer().s32Status, 200);
+    peer.ask(get("/news"));
     peer.readUntil("}\n\n");
     server().tell(R"({"preset":1})");
     EXPECT_EQ(peer.readUntil("}\n\n"), "data: {\"preset\":1}\n\n");
@@ -95,18 +78,18 @@ TEST_F(ServerTest, MakesItsCertificateOnce)
 {
     using namespace web_server;
     ASSERT_TRUE(ensureCertificate("127.0.0.1", "machine"));
-    const std::string strKey = contentOf(KEY_FILE), strCertificate = contentOf(CERTIFICATE_FILE);
+    const std::string strKey = read(KEY_FILE), strCertificate = read(CERTIFICATE_FILE);
     struct stat stFile {
     };
     ASSERT_EQ(stat(UTIL_ROOT_Path(KEY_FILE).c_str(), &stFile), 0);
     EXPECT_EQ(stFile.st_mode & 0777, 0600U);
     ASSERT_TRUE(ensureCertificate("127.0.0.1", "machine"));
-    EXPECT_EQ(contentOf(CERTIFICATE_FILE), strCertificate) << "browsers trust this one";
-    std::ofstream(UTIL_ROOT_Path(KEY_FILE)) << "damaged";
+    EXPECT_EQ(read(CERTIFICATE_FILE), strCertificate) << "browsers trust this one";
+    WebRootTest::write(KEY_FILE, "damaged");
     ASSERT_TRUE(ensureCertificate("127.0.0.2", "a machine, with commas"));
-    EXPECT_NE(contentOf(CERTIFICATE_FILE), strCertificate);
-    std::ofstream(UTIL_ROOT_Path(KEY_FILE)) << strKey;
+    EXPECT_NE(read(CERTIFICATE_FILE), strCertificate);
+    WebRootTest::write(KEY_FILE, strKey);
     ASSERT_TRUE(ensureCertificate("127.0.0.1", "")) << "a key of another certificate";
-    EXPECT_NE(contentOf(KEY_FILE), strKey);
+    EXPECT_NE(read(KEY_FILE), strKey);
 }
 } // namespace

@@ -21,10 +21,10 @@ protected:
     }
     ~WebRootTest() override { std::filesystem::remove_all(m_root); }
 
-    static void write(const char *pcPath, const std::string &strContent)
+    static void write(const std::string &strPath, const std::string &strContent)
     {
-        std::filesystem::create_directories(std::filesystem::path(UTIL_ROOT_Path(pcPath)).parent_path());
-        std::ofstream(UTIL_ROOT_Path(pcPath)) << strContent;
+        std::filesystem::create_directories(std::filesystem::path(UTIL_ROOT_Path(strPath.c_str())).parent_path());
+        std::ofstream(UTIL_ROOT_Path(strPath.c_str()), std::ios::binary) << strContent;
     }
     static std::string read(const char *pcPath)
     {
@@ -32,6 +32,8 @@ protected:
         content << std::ifstream(UTIL_ROOT_Path(pcPath)).rdbuf();
         return content.str();
     }
+
+    const std::filesystem::path &root() const { return m_root; }
 
 private:
     std::filesystem::path m_root;
