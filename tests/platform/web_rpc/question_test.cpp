@@ -6,11 +6,8 @@ namespace
 {
 TEST_F(WebRpcTest, QuestionsAreAnsweredByTheirRecords)
 {
-    constexpr struct {
-        const char *pcQuestion, *pcJson;
-        BU_S32 s32Result;
-        const char *pcAnswer;
-    } ROWS[] = {
+    // clang-format off
+    constexpr std::tuple<const char *, const char *, BU_S32, const char *> ROWS[] = {
         {"echo", "", WEB_CLIENT_RESULT_E_OK, R"({"number":5,"text":""})"},
         {"echo", R"({"text":"\u00fc"})", WEB_CLIENT_RESULT_E_OK, R"({"number":5,"text":"ü"})"},
         {"echo", R"({"number":-1})", WEB_CLIENT_RESULT_E_REFUSED, "too dark"},
@@ -21,6 +18,7 @@ TEST_F(WebRpcTest, QuestionsAreAnsweredByTheirRecords)
         {"many", R"({"number":2})", WEB_CLIENT_RESULT_E_OK,
          R"([{"line":"a \"line\""},{"line":"","more":[{"number":7,"text":"x"}]}])"},
     };
+    // clang-format on
     const Peer peer;
     for (const auto &[pcQuestion, pcJson, s32Result, pcAnswer] : ROWS) {
         peer.ask(1, pcQuestion, pcJson);

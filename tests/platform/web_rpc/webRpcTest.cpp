@@ -58,12 +58,6 @@ const BU_CHAR *answerMany(const void *pvRequest, void *pvAnswer)
 }
 } // namespace
 
-Gate &WebRpcTest::gate()
-{
-    static Gate stGate;
-    return stGate;
-}
-
 WebRpcTest::WebRpcTest(const std::string &strFolder, Time enTime)
 {
     if (enTime == Time::MANUAL) m_clock.emplace();
@@ -95,12 +89,8 @@ WebRpcTest::~WebRpcTest()
 std::string WebRpcTest::request(BU_S32 s32Item)
 {
     Request st;
-    st.s32EventType = s32Item;
-    st.s32Id = 1;
-    st.s32Value0 = 2;
-    st.s32Value1 = 3;
-    st.s32Value2 = 4;
-    st.s32Value3 = 5;
+    std::tie(st.s32EventType, st.s32Id, st.s32Value0, st.s32Value1, st.s32Value2, st.s32Value3) =
+        std::tuple(s32Item, 1, 2, 3, 4, 5);
     std::string strImage(st.getSize(), '\xEE'); // head and padding: anything
     st.dumpBytes(strImage.data(), st.getSize());
     return strImage;

@@ -83,7 +83,11 @@ protected:
     ~WebRpcTest() override;
 
     util::ManualClock &clock() { return *m_clock; }
-    static Gate &gate();
+    static Gate &gate()
+    {
+        static Gate stGate;
+        return stGate;
+    }
     /// A request whose items are 1, 2, ... but for the first.
     static std::string request(BU_S32 s32Item);
     static BU_S32 valueOf(const std::string &strResponse); ///< s32Value of a panel response
