@@ -14,13 +14,7 @@ using namespace std::string_literals;
 
 TEST(Recording, TellsKeyFramesAndTypes)
 {
-    struct Row {
-        const char *pcName;
-        std::string strPacket;
-        BU_S32 s32EncodeType;
-        bool bKeyFrame;
-    };
-    const Row ROWS[] = {
+    const std::tuple<const char *, std::string, BU_S32, bool> ROWS[] = {
         {"H.264 delimiter, parameter sets, IDR", "\0\0\0\1\x09\xF0\0\0\0\1\x67\x42\0\0\1\x68\0\0\1\x65"s, 17, true},
         {"H.264 IDR alone", "\0\0\1\x25\x88"s, 17, true},
         {"H.264 PPS and slice", "\0\0\1\x28\xEE\0\0\0\1\x41\x9A"s, 0, false},
@@ -36,8 +30,7 @@ TEST(Recording, TellsKeyFramesAndTypes)
     };
     for (const auto &[pcName, str, s32EncodeType, bKeyFrame] : ROWS) {
         const auto st = pictureOf({reinterpret_cast<const BU_U8 *>(str.data()), str.size()});
-        EXPECT_EQ(st.s32EncodeType, s32EncodeType) << pcName;
-        EXPECT_EQ(st.bKeyFrame, bKeyFrame) << pcName;
+        EXPECT_EQ(std::pair(st.s32EncodeType, st.bKeyFrame), std::pair(s32EncodeType, bKeyFrame)) << pcName;
     }
 }
 
@@ -51,10 +44,7 @@ MessageRef message(BU_S32 s32Codec, bool bKeyFrame, std::size_t size)
 
 TEST(ViewerQueue, LosesEverythingWhenFullUpToTheNextKeyFrame)
 {
-    struct Row {
-        const char *pcName;
-        std::size_t size, fits;
-    };
+    using Row = std::tuple<const char *, std::size_t, std::size_t>; // the last: so many fit
     for (const auto &[pcName, size, fits] : {Row{"by number", 100, 90}, Row{"by bytes", 100'000, 20}}) {
         ViewerQueue queue;
         EXPECT_FALSE(queue.offer(message(34, true, 10))) << "sound is no start";
@@ -73,10 +63,7 @@ TEST(ViewerQueue, LosesEverythingWhenFullUpToTheNextKeyFrame)
 
 TEST(Inbox, KeepsWithinItsLimitsWhenNobodyLooksIn)
 {
-    struct Row {
-        BU_U32 u32Length, u32Count;
-    };
-    for (const auto &[u32Length, u32Count] : {Row{10, 1000}, Row{1 << 20, 40}}) {
+    for (const auto &[u32Length, u32Count] : {std::pair(10U, 1000U), {1U << 20, 40U}}) {
         BU_U32 u32Woken = 0;
         Inbox inbox([&] { ++u32Woken; });
         const std::string strBytes(u32Length, 'x');
