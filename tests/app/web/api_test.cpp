@@ -15,7 +15,6 @@
 #include "web_client/client.h"
 
 #include <fstream>
-#include <sstream>
 
 namespace
 {
@@ -68,10 +67,8 @@ protected:
     }
     static std::string pictureOf(BU_S32 s32Preset)
     {
-        std::ostringstream out;
-        out << std::ifstream(UTIL_ROOT_Path(("/var/web/presets/" + std::to_string(s32Preset) + ".jpg").c_str()))
-                   .rdbuf();
-        return out.str();
+        std::ifstream in(UTIL_ROOT_Path(("/var/web/presets/" + std::to_string(s32Preset) + ".jpg").c_str()));
+        return {std::istreambuf_iterator<char>(in), {}};
     }
 
 private:
@@ -112,9 +109,7 @@ TEST_F(Api, APresetIsToldAndItsPictureComesAndGoesWithIt)
     EXPECT_EQ(PRESET_API_SetCur(5, nullptr), 0);
     EXPECT_THAT(heard(), ElementsAre(R"({"preset":5})"));
     MPP_BUSINESS_CFG_S stCfg{};
-    stCfg.s32PipeCnt = 2;
-    stCfg.s32Width = 640;
-    stCfg.s32Height = 360;
+    std::tie(stCfg.s32PipeCnt, stCfg.s32Width, stCfg.s32Height) = std::tuple(2, 640, 360);
     MPP_InitCfg(&stCfg);
     MPP_InitStream();
     journal::effects();
@@ -139,16 +134,17 @@ TEST_F(Api, PositionIsInDegreesAndToldAtMostFiveTimesASecondWhileItChanges)
     lookAt(-12.5, 30, 2);
     EXPECT_EQ(ask("position"), R"({"pan":-12.5,"tilt":30.0,"zoom":2.0})");
     EXPECT_EQ(heard().back(), R"({"position":{"pan":-12.5,"tilt":30.0,"zoom":2.0}})");
-    PT_MOTION_CTRL_S stMotion{};
-    stMotion.enMotionType = PT_MOTION_E_RIGHT;
-    stMotion.stSpd = {1000, 0};
-    stMotion.u16SpdMul = 100;
-    BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMotion, nullptr);
-    clock().advance(4000);
+    const auto move = [this](PT_MOTION_TYPE_E enMotion, BU_S64 s64Ms) {
+        PT_MOTION_CTRL_S stMotion{};
+        stMotion.enMotionType = enMotion;
+        stMotion.stSpd = {1000, 0};
+        stMotion.u16SpdMul = 100;
+        BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMotion, nullptr);
+        clock().advance(s64Ms);
+    };
+    move(PT_MOTION_E_RIGHT, 4000);
     EXPECT_THAT(heard(), testing::SizeIs(testing::AllOf(testing::Ge(18U), testing::Le(20U))));
-    stMotion.enMotionType = PT_MOTION_E_STOP;
-    BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMotion, nullptr);
-    clock().advance(1000);
+    move(PT_MOTION_E_STOP, 1000);
     heard();
     clock().advance(10'000);
     EXPECT_THAT(heard(), testing::IsEmpty());
@@ -156,20 +152,20 @@ TEST_F(Api, PositionIsInDegreesAndToldAtMostFiveTimesASecondWhileItChanges)
 
 TEST_F(Api, MenuKeysAreForAnOpenMenu)
 {
-    const std::string strClosed = R"({"open":false,"taken":false})";
+    const auto press = [](const std::string &strKey, BU_S32 s32Result = WEB_CLIENT_RESULT_E_OK) {
+        return ask("menu", R"({"key":")" + strKey + "\"}", s32Result);
+    };
+    for (const char *pcKey : {"Up", "home", "menus"}) press(pcKey, WEB_CLIENT_RESULT_E_REFUSED);
     for (const char *pcKey : {"", "up", "down", "left", "right", "enter", "back"})
-        EXPECT_EQ(ask("menu", std::string(R"({"key":")") + pcKey + "\"}"), strClosed) << pcKey;
-    for (const char *pcKey : {"Up", "home", "menus"})
-        ask("menu", std::string(R"({"key":")") + pcKey + "\"}", WEB_CLIENT_RESULT_E_REFUSED);
-    for (const auto &[pcKey, pcCall] : {std::pair{"up", "CMD_MENU_HandeUpBtn"},
-                                        {"down", "CMD_MENU_HandeDownBtn"},
-                                        {"left", "CMD_MENU_HandeLeftBtn"},
-                                        {"right", "CMD_MENU_HandeRightBtn"},
-                                        {"enter", "CMD_MENU_HandeHomeBtn"},
-                                        {"back", "CMD_MENU_OnlyReturnMenu"},
-                                        {"menu", "CMD_MENU_HandleMenuBtn"}}) {
-        journal::inject(pcCall, 0);
-        EXPECT_EQ(ask("menu", std::string(R"({"key":")") + pcKey + "\"}"), R"({"open":false,"taken":true})") << pcCall;
+        EXPECT_EQ(press(pcKey), R"({"open":false,"taken":false})") << pcKey;
+    // clang-format off
+    for (const auto &[pcKey, pcCall] : {
+             std::pair{"up", "HandeUpBtn"}, {"down", "HandeDownBtn"}, {"left", "HandeLeftBtn"},
+             {"right", "HandeRightBtn"}, {"enter", "HandeHomeBtn"}, {"back", "OnlyReturnMenu"},
+             {"menu", "HandleMenuBtn"}}) {
+        // clang-format on
+        journal::inject(("CMD_MENU_" + std::string(pcCall)).c_str(), 0);
+        EXPECT_EQ(press(pcKey), R"({"open":false,"taken":true})") << pcCall;
     }
 }
 
@@ -233,10 +229,7 @@ std::pair<int, int> find(const std::vector<BU_U8> &vecFrom, double x, double y, 
 
 TEST_F(Api, CentredPointIsInTheMiddleOfTheNextPicture)
 {
-    constexpr struct {
-        double x, y, dZoom;
-        bool bMirror, bFlip, bHangs;
-    } ROWS[] = {
+    constexpr std::tuple<double, double, double, bool, bool, bool> ROWS[] = {
         {0.8, 0.3, 1, false, false, false}, {0.3, 0.2, 4, false, false, false}, {0.8, 0.3, 1, true, false, false},
         {0.3, 0.3, 2, false, true, false},  {0.8, 0.7, 2, false, false, true},  {0.2, 0.3, 2, true, false, true},
     };

@@ -64,29 +64,26 @@ TEST_F(Image, ItemsAreReadAndSetOnBothPipes)
 
 TEST_F(Image, TheModesDecideWhichItemsAreEnabled)
 {
-    const std::string strExposure = "3 5 6 7 8 9 10 11 12 13 14 15 16 18 19", strWhite = "23 24 25 26 27 28 29 31 33",
-                      strFree =
-                          "1 2 4 17 20 21 22 30 32 34 35 36 37 38 39 40 41 42 43 44 45 47 48 49 50 51 52 53 54 55 "
-                          "0 -1 56 2147483647";
-    const struct {
-        BU_S32 s32Ae, s32Wb;
-        BU_BOOL bSwitches; ///< exposure compensation, dynamic range
-        std::string strCloseUp, strPanorama, strWhite;
-    } rows[] = {{AE_MODE_E_AUTO, WB_MODE_E_AUTO, 0, "3 5 6 7 8 11 16", "5 6 7 8 11", "26 27 28 29"},
-                {AE_MODE_E_AUTO, WB_MODE_E_MANUAL, 1, "3 5 6 7 8 9 11 16", "5 6 7 8 9 11", "23 24 25"},
-                {AE_MODE_E_BRIGHT, WB_MODE_E_INDOOR, 1, "3 15 16", "15", ""},
-                {AE_MODE_E_SHUTTER, WB_MODE_E_OUTDOOR, 1, "3 11 12 16 18 19", "11 12 18 19", ""},
-                {AE_MODE_E_IRIS, WB_MODE_E_STATIC, 1, "3 13 14", "", "33"},
-                {AE_MODE_E_MANUAL, WB_MODE_E_ONE_PUSH, 1, "3 10 12 13 14 18 19", "10 12 18 19", "31"}};
-    for (const auto &st : rows)
+    const std::string strExposure = "3 5 6 7 8 9 10 11 12 13 14 15 16 18 19", strWhite = "23 24 25 26 27 28 29 31 33";
+    const std::string strFree = "1 2 4 17 20 21 22 30 32 34 35 36 37 38 39 40 41 42 43 44 45 47 48 49 50 51 52 53 54 "
+                                "55 0 -1 56 2147483647";
+    // Modes; the switches of exposure compensation and dynamic range; enabled on the close-up, the panorama, of white.
+    const std::tuple<BU_S32, BU_S32, BU_BOOL, std::string, std::string, std::string> rows[] = {
+        {AE_MODE_E_AUTO, WB_MODE_E_AUTO, 0, "3 5 6 7 8 11 16", "5 6 7 8 11", "26 27 28 29"},
+        {AE_MODE_E_AUTO, WB_MODE_E_MANUAL, 1, "3 5 6 7 8 9 11 16", "5 6 7 8 9 11", "23 24 25"},
+        {AE_MODE_E_BRIGHT, WB_MODE_E_INDOOR, 1, "3 15 16", "15", ""},
+        {AE_MODE_E_SHUTTER, WB_MODE_E_OUTDOOR, 1, "3 11 12 16 18 19", "11 12 18 19", ""},
+        {AE_MODE_E_IRIS, WB_MODE_E_STATIC, 1, "3 13 14", "", "33"},
+        {AE_MODE_E_MANUAL, WB_MODE_E_ONE_PUSH, 1, "3 10 12 13 14 18 19", "10 12 18 19", "31"}};
+    for (const auto &[s32Ae, s32Wb, bSwitches, strCloseUp, strPanorama, strEnabledWhite] : rows)
         for (const BU_S32 s32Pipe : {0, 1}) {
-            setModes(s32Pipe, st.s32Ae, st.s32Wb, st.bSwitches);
-            EXPECT_EQ(call(GET, AE_MODE, s32Pipe).s32Value, st.s32Ae);
-            EXPECT_EQ(call(GET, WB_MODE, s32Pipe).s32Value, st.s32Wb);
-            EXPECT_EQ(enabled(s32Pipe, strExposure), s32Pipe ? st.strPanorama : st.strCloseUp) << st.s32Ae;
-            EXPECT_EQ(enabled(s32Pipe, strWhite), st.strWhite) << st.s32Wb;
+            setModes(s32Pipe, s32Ae, s32Wb, bSwitches);
+            EXPECT_EQ(call(GET, AE_MODE, s32Pipe).s32Value, s32Ae);
+            EXPECT_EQ(call(GET, WB_MODE, s32Pipe).s32Value, s32Wb);
+            EXPECT_EQ(enabled(s32Pipe, strExposure), s32Pipe ? strPanorama : strCloseUp) << s32Ae;
+            EXPECT_EQ(enabled(s32Pipe, strWhite), strEnabledWhite) << s32Wb;
             EXPECT_EQ(enabled(s32Pipe, strFree), strFree);
-            EXPECT_EQ(call(GET, DRC_MODE, s32Pipe).bEnabled, st.bSwitches);
+            EXPECT_EQ(call(GET, DRC_MODE, s32Pipe).bEnabled, bSwitches);
         }
     setModes(0, AE_MODE_E_MANUAL, WB_MODE_E_MANUAL, BU_TRUE); // what cannot be read counts as automatic, and off
     for (const char *pcGet : {"ISP_API_GetAeMode", "ISP_API_GetWbMode", "ISP_API_GetExpCompSwi", "ISP_API_GetDrcSwi"})
@@ -110,19 +107,16 @@ TEST_F(Image, SomeItemsAnswerTheStoredValue)
 
 TEST_F(Image, ActionsAndWhatIsPrinted)
 {
-    const struct {
-        const char *pcFunction, *pcArguments;
-        BU_S32 s32Refused;
-    } rows[] = {{"IMAGEPRESET_API_SetCur", R"((12, ""))", -1},
-                {"IMAGE_PRESET_API_GotoById", "(12, 8, NULL)", 0},
-                {"IMAGE_PRESET_API_DeleteById", "(12)", -1}};
-    for (BU_S32 s32Selector = -1; s32Selector <= 3; ++s32Selector) {
-        const auto *pst = s32Selector >= 0 && s32Selector < 3 ? &rows[s32Selector] : nullptr;
-        if (pst) journal::inject(pst->pcFunction, -1);
+    for (const auto &[s32Selector, pcFunction, pcArguments, s32Refused] :
+         {std::tuple{-1, "", "", 0},
+          {0, "IMAGEPRESET_API_SetCur", R"((12, ""))", -1},
+          {1, "IMAGE_PRESET_API_GotoById", "(12, 8, NULL)", 0},
+          {2, "IMAGE_PRESET_API_DeleteById", "(12)", -1},
+          {3, "", "", 0}}) {
+        journal::inject(pcFunction, -1);
         const Response res = call(SET, PRESET, 0, s32Selector, 12);
-        EXPECT_EQ(journal::effects(), pst ? Effects{std::string(pst->pcFunction) + pst->pcArguments} : Effects{});
-        EXPECT_EQ(res.s32Value, pst ? pst->s32Refused : 0) << s32Selector;
-        EXPECT_EQ(res.s32SideEffectBitmap, 0U);
+        EXPECT_EQ(journal::effects(), *pcFunction ? Effects{std::string(pcFunction) + pcArguments} : Effects{});
+        EXPECT_EQ(std::pair(res.s32Value, res.s32SideEffectBitmap), std::pair(s32Refused, BU_U64{0})) << s32Selector;
     }
     for (const BU_S32 s32Item : {1, 17, 20, 32, 34, 37, 53, 54, 0, -1, 56, 64, INT32_MAX})
         EXPECT_THAT(effects(SET, s32Item, 0, 1), ElementsAre()) << s32Item;

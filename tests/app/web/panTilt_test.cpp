@@ -15,10 +15,12 @@ protected:
     PanTilt()
     {
         // A level of the speed scale is 100 (pan) and 200 (tilt), of the superfine one 1 and 2.
+        // clang-format off
         const auto entry = [](PT_CTRL_FROM_E enFrom, BU_S32 s32Max) {
             return PT_SPEED_CALC_SET_S{enFrom, BU_FALSE, 1, s32Max, 1, s32Max * 2, 100, PT_CalcSpeedLevelMap_Simple,
-                                       2,      nullptr,  0};
+                                       2, nullptr, 0};
         };
+        // clang-format on
         const PT_SPEED_LIMIT_T stLimits{1, 2400, 1, 4800, 100};
         PT_API_InitByXml(&stLimits, {entry(PT_CTRL_E_FROM_OTHER, 2400), entry(PT_CTRL_E_FROM_TKV_SUPERFINE, 255)});
         PT_API_SetPanSpeed(0, 3, BU_FALSE, BU_FALSE);
@@ -86,19 +88,16 @@ TEST_F(PanTilt, PairsOfDirectionsMoveTheHead)
 
 TEST_F(PanTilt, SavingAndDeletingPresetsAnswerTheirResult)
 {
-    const std::tuple<const char *, const char *, BU_U64> rows[] = {{"PRESET_API_SetCur", R"((12, ""))", ~BU_U64{0}},
-                                                                   {"PRESET_API_GotoById", "(12, 8, NULL)", 0},
-                                                                   {"PRESET_API_DeleteById", "(12)", ~BU_U64{0}},
-                                                                   {"PRESET_API_GotoHome", "(8, NULL)", 0}};
-    BU_S32 s32Selector = 0;
-    for (const auto &[pcFunction, pcArguments, u64Refused] : rows) {
+    for (const auto &[s32Selector, pcFunction, pcArguments, u64Refused] :
+         {std::tuple{0, "PRESET_API_SetCur", R"((12, ""))", ~BU_U64{0}},
+          {1, "PRESET_API_GotoById", "(12, 8, NULL)", 0},
+          {2, "PRESET_API_DeleteById", "(12)", ~BU_U64{0}},
+          {3, "PRESET_API_GotoHome", "(8, NULL)", 0}})
         for (const bool bRefused : {false, true}) {
             journal::inject(pcFunction, bRefused ? -1 : 0);
             EXPECT_EQ(call(SET, PRESET, 0, s32Selector, 12).s32SideEffectBitmap, bRefused ? u64Refused : 0);
             EXPECT_THAT(journal::effects(), ElementsAre(std::string(pcFunction) + pcArguments));
         }
-        ++s32Selector;
-    }
     for (const BU_S32 s32Other : {-1, 4}) EXPECT_THAT(set(PRESET, s32Other, 12), ElementsAre());
 }
 

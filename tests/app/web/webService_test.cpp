@@ -63,15 +63,12 @@ TEST_F(WebService, APanelMayHaveABitmapOfItsOwn)
 TEST_F(WebService, AMissingPayloadEndsAHandler)
 {
     int payload = 0;
-    for (const auto &[pvRequest, pvResponse] :
-         {std::pair{&payload, &payload}, {nullptr, &payload}, {&payload, nullptr}}) {
-        const bool bMissing = !pvRequest || !pvResponse;
-        const std::string strPrinted =
-            printed([&, a = pvRequest, b = pvResponse] { EXPECT_EQ(_WEB_CMD_ParamCheckReturn(a, b), bMissing); });
-        const auto first = strPrinted.find("_WEB_CMD_ParamCheckReturn, "),
-                   last = strPrinted.rfind("param is error, p1:");
-        EXPECT_EQ(first < last && last != std::string::npos, bMissing);
-        EXPECT_EQ(strPrinted.find("param is error, p1:") != last, bMissing); // printed, and logged
+    EXPECT_EQ(printed([&] { EXPECT_EQ(_WEB_CMD_ParamCheckReturn(&payload, &payload), 0); }), "");
+    for (int *pst : {&payload, static_cast<int *>(nullptr)}) {
+        const std::string str =
+            printed([&] { EXPECT_EQ(_WEB_CMD_ParamCheckReturn(pst, pst ? nullptr : &payload), 1); });
+        EXPECT_THAT(str, HasSubstr("_WEB_CMD_ParamCheckReturn, "));
+        EXPECT_NE(str.find("param is error, p1:"), str.rfind("param is error, p1:")) << "printed, and logged";
     }
 }
 } // namespace

@@ -31,10 +31,8 @@ protected:
     static Response call(BU_U32 u32Event, BU_S32 s32Item, BU_S32 s32Id = 0, BU_S32 s32Value0 = 0, BU_S32 s32Value1 = 0)
     {
         Request req;
-        req.s32EventType = s32Item;
-        req.s32Id = s32Id;
-        req.s32Value0 = s32Value0;
-        req.s32Value1 = s32Value1;
+        std::tie(req.s32EventType, req.s32Id, req.s32Value0, req.s32Value1) =
+            std::tuple(s32Item, s32Id, s32Value0, s32Value1);
         const auto res = callWith<Response>(u32Event, req);
         EXPECT_EQ(res.bVisible, BU_FALSE);
         return res;
