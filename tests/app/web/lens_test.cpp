@@ -30,7 +30,8 @@ TEST_F(Lens, FocusDrivesAtTheSpeedOfThePage)
 {
     // clang-format off
     for (const auto &[s32Value, pcArguments] : {std::pair{0, "0, 0"}, {1, "2, 1"}, {8, "2, 8"}, {-1, "3, 1"},
-                                                {-300, "3, 44"}, {256, "2, 0"}, {INT32_MIN, "3, 0"}, {INT32_MAX, "2, 255"}})
+                                                {-300, "3, 44"}, {256, "2, 0"},
+                                                {INT32_MIN, "3, 0"}, {INT32_MAX, "2, 255"}})
         // clang-format on
         EXPECT_THAT(effects(SET, 6, 7, s32Value),
                     ElementsAre("AF_API_SetFocusAct(0, " + std::string(pcArguments) + ")"));

@@ -1,6 +1,7 @@
 /// Caches for the tests, in place of the media library's.
 #include "fakeCaches.h"
 #include "streamCache.h"
+#include "support/await.h"
 
 #include <array>
 
@@ -10,15 +11,8 @@ struct Cache {
     BU_S32 s32Id;
     STREAM_PACKET_METADATA_S stMetadata;
     std::atomic<BU_U32> u32KeyRequests{0};
-    std::mutex lock{}; // guards nothing but the wait
-    std::condition_variable demand{};
     BU_U64 u64Written = 0;
-    STREAM_CACHE_S cache{{[this] { wake(); }, [this] { return ++u32KeyRequests, 0; }, [] { return 600; }}};
-    void wake()
-    {
-        const std::lock_guard guard(lock);
-        demand.notify_all();
-    }
+    STREAM_CACHE_S cache{{[] {}, [this] { return ++u32KeyRequests, 0; }, [] { return 600; }}};
 };
 std::array<Cache, 3> &caches()
 {
@@ -31,10 +25,6 @@ Cache &at(BU_S32 s32Id)
 {
     return *std::find_if(caches().begin(), caches().end(), [&](const auto &st) { return st.s32Id == s32Id; });
 }
-struct Packet {
-    std::string strBytes;
-    STREAM_PACKET_S stPacket;
-};
 } // namespace
 
 void FakeCaches::reset()
@@ -49,12 +39,11 @@ void FakeCaches::reset()
 BU_U64 FakeCaches::write(BU_S32 s32Id, const std::string &strBytes, bool bKeyFrame)
 {
     Cache &st = at(s32Id);
-    const auto pst = std::make_shared<Packet>();
-    pst->strBytes = strBytes;
+    const auto pst = std::make_shared<std::pair<std::string, STREAM_PACKET_S>>(strBytes, STREAM_PACKET_S{});
     const BU_U64 u64Timestamp = 0x0102030405060000 + ++st.u64Written;
-    pst->stPacket = {reinterpret_cast<const BU_U8 *>(pst->strBytes.data()), static_cast<BU_U32>(strBytes.size()),
-                     u64Timestamp, bKeyFrame, st.stMetadata.s32EncodeType};
-    st.cache.write({pst, &pst->stPacket});
+    pst->second = {reinterpret_cast<const BU_U8 *>(pst->first.data()), static_cast<BU_U32>(strBytes.size()),
+                   u64Timestamp, bKeyFrame, st.stMetadata.s32EncodeType};
+    st.cache.write({pst, &pst->second});
     return u64Timestamp;
 }
 
@@ -62,9 +51,7 @@ BU_U32 FakeCaches::keyRequests(BU_S32 s32Id) { return at(s32Id).u32KeyRequests; 
 
 bool FakeCaches::waitForConsumers(BU_S32 s32Id, bool bAny)
 {
-    Cache &st = at(s32Id);
-    std::unique_lock guard(st.lock);
-    return st.demand.wait_for(guard, std::chrono::seconds(20), [&] { return st.cache.isWanted() == bAny; });
+    return await([&] { return at(s32Id).cache.isWanted() == bAny; });
 }
 
 STREAM_CACHE_S *STREAM_getStreamCacheById(BU_S32 s32Id)
