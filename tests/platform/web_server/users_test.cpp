@@ -6,19 +6,14 @@
 
 #include <csignal>
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 namespace
 {
 using namespace web_server;
 using namespace testing;
 
-class UsersTest : public WebRootTest
-{
-};
-class SessionsTest : public WebRootTest
-{
-};
+using UsersTest = WebRootTest;
+using SessionsTest = WebRootTest;
 
 TEST(Password, HashFitsItsPasswordAloneAndNobodyElses)
 {
@@ -26,8 +21,7 @@ TEST(Password, HashFitsItsPasswordAloneAndNobodyElses)
     EXPECT_THAT(strHash, StartsWith("$argon2id$v=19$m=65536,t=2,p=1$"));
     EXPECT_TRUE(isPassword("correct horse", strHash));
     EXPECT_FALSE(isPassword("correct horsf", strHash));
-    EXPECT_FALSE(isPassword("correct horse", ""));
-    EXPECT_FALSE(isPassword("correct horse", "correct horse"));
+    for (const char *pcNone : {"", "correct horse"}) EXPECT_FALSE(isPassword("correct horse", pcNone));
 }
 
 TEST(Password, Rules)
@@ -45,9 +39,8 @@ TEST(Password, TokensAreNotGuessed)
     EXPECT_TRUE(isToken(strToken));
     EXPECT_NE(strToken, makeToken());
     EXPECT_NE(digest(strToken), strToken);
-    for (const std::string &strBad :
-         {std::string(), strToken + "a", strToken.substr(1) + "=", strToken.substr(1) + "\xFF"})
-        EXPECT_FALSE(isToken(strBad)) << strBad;
+    for (const char *pcBad : {"a", "", "=", "\xFF"}) // too long, too short, another alphabet
+        EXPECT_FALSE(isToken(strToken.substr(*pcBad != 'a') + pcBad)) << pcBad;
 }
 
 TEST_F(UsersTest, AreStoredForTheCameraAlone)
@@ -60,16 +53,12 @@ TEST_F(UsersTest, AreStoredForTheCameraAlone)
         EXPECT_EQ(users.put("bob", "$hash3", Role::OPERATOR), Change::DONE);
         EXPECT_EQ(users.put("bob", "", Role::VIEWER), Change::DONE);
     }
-    struct stat stInfo;
-    ASSERT_EQ(stat(UTIL_ROOT_Path(USERS_FILE).c_str(), &stInfo), 0);
-    EXPECT_EQ(stInfo.st_mode & 0777, 0600U);
+    EXPECT_EQ(std::filesystem::status(UTIL_ROOT_Path(USERS_FILE)).permissions(), std::filesystem::perms(0600));
     Users users;
     EXPECT_FALSE(users.isEmpty());
-    EXPECT_EQ(users.role("ann"), Role::ADMIN);
-    EXPECT_EQ(users.role("bob"), Role::VIEWER);
-    EXPECT_EQ(users.hash("bob"), "$hash3");
-    EXPECT_EQ(users.role("eve"), Role::ANYONE);
-    EXPECT_EQ(users.hash("eve"), "");
+    for (const auto &[pcName, enRole, pcHash] :
+         {std::tuple("ann", Role::ADMIN, "$hash1"), {"bob", Role::VIEWER, "$hash3"}, {"eve", Role::ANYONE, ""}})
+        EXPECT_EQ(std::pair(users.role(pcName), users.hash(pcName)), std::pair(enRole, std::string(pcHash)));
 }
 
 TEST_F(UsersTest, RefuseWhatWouldLockEverybodyOut)
