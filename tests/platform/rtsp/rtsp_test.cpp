@@ -7,7 +7,6 @@
 
 #include <chrono>
 #include <glib.h>
-#include <sys/resource.h>
 
 namespace
 {
@@ -41,15 +40,13 @@ STREAM_PACKET_METADATA_S audioFormat(BU_S32 s32SampleRate = 48000)
 struct FakeEncoder {
     explicit FakeEncoder(const STREAM_PACKET_METADATA_S &stFormat) { cache.introduce(stFormat); }
 
-    /// Writes a packet of the present format. @param u8Mark  byte that tells it from others, its last.
-    /// @param u32Filling  bytes that it is larger by
-    void write(bool bKeyFrame, BU_S64 s64AtUs, BU_U8 u8Mark = 0, BU_U32 u32Filling = 0)
+    /// Writes a packet of the present format. @param u8Mark  byte that tells it from others, its last
+    void write(bool bKeyFrame, BU_S64 s64AtUs, BU_U8 u8Mark = 0)
     {
         const BU_S32 s32Type = cache.metadata().s32EncodeType;
-        std::string strBytes = accessUnit(s32Type, bKeyFrame, static_cast<char>(u8Mark));
-        strBytes.insert(strBytes.size() - 1, u32Filling, 'U');
-        const auto pst = std::make_shared<std::pair<std::string, STREAM_PACKET_S>>(strBytes, STREAM_PACKET_S{});
-        pst->second = {reinterpret_cast<const BU_U8 *>(pst->first.data()), static_cast<BU_U32>(strBytes.size()),
+        const auto pst = std::make_shared<std::pair<std::string, STREAM_PACKET_S>>(
+            accessUnit(s32Type, bKeyFrame, static_cast<char>(u8Mark)), STREAM_PACKET_S{});
+        pst->second = {reinterpret_cast<const BU_U8 *>(pst->first.data()), static_cast<BU_U32>(pst->first.size()),
                        static_cast<BU_U64>(s64AtUs), bKeyFrame, s32Type};
         cache.write(STREAM_PACKET_REF(pst, &pst->second));
     }
@@ -213,22 +210,6 @@ TEST_F(Rtsp, EncodersRunOnlyWhileSomebodyPlays)
     leaves([&] { one = RtspClient(0); });
 }
 
-TEST_F(Rtsp, WhoDoesNotReadHoldsUpNobody)
-{
-    start();
-    RtspClient stuck = viewer();
-    {
-        RtspClient reader = viewer();
-        for (BU_U8 i = 1; i <= 30; ++i) { // more than a connection takes
-            m_video.write(true, 1'000'000 + i, i, 300'000);
-            while (reader.rtp().payload.back() != i) {}
-        }
-    }
-    for (int i = 0; i < 5; ++i) m_video.write(true, 2'000'000 + i);
-    RtspClient late = viewer();
-    EXPECT_TRUE(isServed(late));
-}
-
 TEST_F(Rtsp, IdleServerDescribesByTheFormatOfItsCaches)
 {
     start();
@@ -256,8 +237,7 @@ TEST_F(Rtsp, NewFormatSendsViewersAwayToComeAgain)
     RtspClient bystander = viewerOf("live/other", m_other);
     for (const auto &[stVideo, stAudio, pcLine] :
          {std::tuple(videoFormat(STREAM_TYPE_H265), audioFormat(), "H265/90000"),
-          {videoFormat(STREAM_TYPE_H265, 320), audioFormat(), "H265/90000"},
-          {videoFormat(STREAM_TYPE_H265, 320), audioFormat(16000), "MPEG4-GENERIC/16000/2"}}) {
+          {videoFormat(STREAM_TYPE_H265), audioFormat(16000), "MPEG4-GENERIC/16000/2"}}) {
         RtspClient before = viewer();
         EXPECT_TRUE(isServed(before));
         m_video.cache.introduce(stVideo);
@@ -405,19 +385,4 @@ TEST_F(Rtsp, GarbageEndsItsOwnConnectionOnly)
     EXPECT_TRUE(isServed(good));
 }
 
-TEST_F(Rtsp, OneClientTooManyIsRefusedUntilAnotherLeaves)
-{
-    rlimit stLimit{};
-    getrlimit(RLIMIT_NOFILE, &stLimit);
-    stLimit.rlim_cur = std::min<rlim_t>(stLimit.rlim_max, 4096);
-    setrlimit(RLIMIT_NOFILE, &stLimit);
-    start();
-    std::vector<RtspClient> clients;
-    for (int i = 0; i < 512; ++i) clients.push_back(client());
-    EXPECT_EQ(clients.back().request("OPTIONS", "*").s32Status, 200);
-    RtspClient refused = client();
-    EXPECT_EQ(refused.answer().s32Status, 503);
-    clients.erase(clients.begin());
-    EXPECT_TRUE(await([&] { return statusOf("OPTIONS", "") == 200; }));
-}
 } // namespace

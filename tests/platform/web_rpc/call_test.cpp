@@ -2,12 +2,6 @@
 #include "webRpcTest.h"
 #include "web_client/socketFile.h"
 
-#include <cstring>
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
 #include <thread>
 
 namespace
@@ -155,36 +149,6 @@ TEST_F(WebRpcTest, ManyWebServersAtOnce)
                 ASSERT_TRUE(i % 2 || valueOf(st.strBytes) == 1000 * t + 15);
             }
         });
-}
-
-TEST_F(WebRpcTest, WithoutAFreeDescriptorAConnectionIsRefused)
-{
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the sanitizer's checks need descriptors of their own";
-#endif
-    const Peer peer;
-    EXPECT_TRUE(answers(peer)); // it is known there
-    const util::FileDescriptor refused(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
-    const timeval stLimit{20, 0};
-    setsockopt(refused, SOL_SOCKET, SO_RCVTIMEO, &stLimit, sizeof(stLimit));
-    sockaddr_un stAddress{};
-    stAddress.sun_family = AF_UNIX;
-    std::strcpy(stAddress.sun_path, UTIL_ROOT_Path(web_client::SOCKET_PATH).c_str());
-    rlimit stBefore{};
-    getrlimit(RLIMIT_NOFILE, &stBefore);
-    const rlimit stFew{128, stBefore.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &stFew);
-    std::vector<util::FileDescriptor> listOthers;
-    do listOthers.emplace_back(open("/dev/null", O_RDONLY | O_CLOEXEC));
-    while (listOthers.back() >= 0);
-    char c = 0;
-    EXPECT_EQ(connect(refused, reinterpret_cast<sockaddr *>(&stAddress), sizeof(stAddress)), 0);
-    EXPECT_EQ(recv(refused, &c, 1, 0), 0);
-    EXPECT_TRUE(answers(peer));
-    listOthers.clear();
-    setrlimit(RLIMIT_NOFILE, &stBefore);
-    const Peer next;
-    EXPECT_TRUE(answers(next));
 }
 
 class DeepRootTest : public WebRpcTest

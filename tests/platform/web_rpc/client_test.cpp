@@ -1,9 +1,9 @@
 // The web server's end.
+#include "support/await.h"
 #include "webRpcTest.h"
 #include "web_client/socketFile.h"
 
 #include <fcntl.h>
-#include <future>
 #include <sys/socket.h>
 
 namespace
@@ -16,7 +16,6 @@ public:
     {
         const std::lock_guard guard(m_lock);
         m_lines.push_back(std::move(strLine));
-        m_changed.notify_all();
     }
     FN_WEB_CLIENT_ANSWER answerTo(const std::string &strName)
     {
@@ -27,10 +26,9 @@ public:
     }
     std::string next()
     {
-        std::unique_lock guard(m_lock);
-        if (!m_changed.wait_for(guard, std::chrono::seconds(20), [this] { return m_read < m_lines.size(); }))
-            return "waited in vain";
-        return m_lines[m_read++];
+        await([this] { return !isOver(); });
+        const std::lock_guard guard(m_lock);
+        return m_read < m_lines.size() ? m_lines[m_read++] : "";
     }
     bool isOver()
     {
@@ -39,8 +37,7 @@ public:
     }
 
 private:
-    std::mutex m_lock;
-    std::condition_variable m_changed;
+    std::mutex m_lock; // guards the others
     std::vector<std::string> m_lines;
     std::size_t m_read = 0;
 };
@@ -122,11 +119,6 @@ protected:
         start();
         EXPECT_EQ(story.next(), "up");
         m_fd = util::FileDescriptor(accept(m_listener, nullptr, nullptr));
-    }
-    ~SilentCameraTest() override
-    {
-        m_fd = {};
-        m_listener = {};
     }
     void answer(BU_U32 u32Id, const std::string &strText) const
     {
