@@ -10,8 +10,8 @@ namespace
 {
 TEST_F(LiveMedia, StartsTheOutputsInOrderAndStopsThem)
 {
-    CFG_STORE_SetTexts(
-        {{"LiveMedia/2/rtsp/Enable", "0"}, {"LiveMedia/3/rtsp/Enable", "0"}, {"LiveMedia/4/rtsp/Enable", "0"}});
+    for (const char *pcKey : {"2", "3", "4"})
+        CFG_STORE_SetText(("LiveMedia/" + std::string(pcKey) + "/rtsp/Enable").c_str(), "0");
     EXPECT_EQ(APP_LM_Init(), 0);
     EXPECT_THAT(
         journal::effects(),
@@ -49,12 +49,9 @@ TEST_F(LiveMedia, AChannelThatCannotBeLoadedStaysOff)
 
 TEST_F(LiveMedia, ExclusiveChannelsCountTheirProtocolOthersTheFlags)
 {
-    struct Row {
-        Texts stored;
-        std::vector<BU_S32> enabled; // protocols 0 to 5: none, RTSP, RTMP, NDI, SRT, none
-    };
-    // clang-format off
-    for (const Row &st : {
+    using Row = std::pair<Texts, std::vector<BU_S32>>; // the last: protocols 0 to 5: none, RTSP, RTMP, NDI, SRT, none
+                                                       // clang-format off
+    for (const auto &[stored, enabled] : {
              Row{{{"3/Exclusive", "0"}, {"3/Protocol", "4"}}, {0, 0, 0, 0, 0, 0}},
              Row{{{"3/Protocol", "4"}, {"3/rtsp/Enable", "1"}, {"3/srt/Enable", "1"}}, {0, 1, 0, 0, 1, 0}},
              Row{{{"3/rtmp/Enable", "1"}}, {0, 0, 1, 0, 0, 0}},
@@ -66,11 +63,11 @@ TEST_F(LiveMedia, ExclusiveChannelsCountTheirProtocolOthersTheFlags)
         // clang-format on
         CFG_STORE_Open(nullptr);
         CFG_STORE_SetText("LiveMedia/3/rtsp/Enable", "0");
-        start(st.stored);
+        start(stored);
         for (BU_S32 i = 0; i < 6; ++i)
-            EXPECT_EQ(APP_LM_GetProtocolEnable(PANORAMA, static_cast<CFG_LM_PROTO_E>(i)), st.enabled[i])
-                << testing::PrintToString(st.stored) << i;
-        EXPECT_EQ(libraries().served.contains("panorama"), st.enabled[1] == 1);
+            EXPECT_EQ(APP_LM_GetProtocolEnable(PANORAMA, static_cast<CFG_LM_PROTO_E>(i)), enabled[i])
+                << testing::PrintToString(stored) << i;
+        EXPECT_EQ(libraries().served.contains("panorama"), enabled[1] == 1);
         APP_LM_DeinitBusiness();
     }
 }
@@ -159,7 +156,7 @@ TEST_F(LiveMedia, RestartTogglesWhatIsOnChannelByChannel)
                                      "CFG_LM_SetSrtCfgOfChn(1, {0", "CFG_LM_SetSrtCfgOfChn(1, {1",
                                      "CFG_LM_SetNdiCfgOfChn(6, {0", "CFG_LM_SetNdiCfgOfChn(6, {1",
                                      "BSP_FULL_NDI_SetNDIEncode(0)", "BSP_FULL_NDI_SetNDIEncode(1)"));
-    for (BU_S32 i = 1; i <= 4; ++i)
+    for (const BU_S32 i : {1, 2, 3, 4})
         APP_LM_SetProtocolEnable(static_cast<CFG_LM_CHN_E>(i), CFG_LM_PROTO_E_RTSP, BU_TRUE);
     APP_LM_Restart();
     EXPECT_EQ(libraries().served.size(), 4U); // all come back

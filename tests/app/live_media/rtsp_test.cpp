@@ -51,13 +51,10 @@ TEST_F(LiveMedia, AnAppliedChangeRebuildsTheServerADeferredOneWaits)
 
 TEST_F(LiveMedia, AChangeOfTheGeneralSettingsReachesTheRebuiltServer)
 {
-    struct Row {
-        void (*pfnChange)(CFG_LM_RTSP_GENERAL_S &);
-        std::vector<std::string> prepared; // how the rebuilt server is prepared; empty: nothing is saved or rebuilt
-    };
     const std::string strInit = "RTSP_ServiceInit(554)", strHttp = "RTSP_SetRtspOverHttpPort(8554)";
     // clang-format off
-    const Row ROWS[] = {
+    // How the rebuilt server is prepared; empty: nothing is saved or rebuilt.
+    const std::pair<void (*)(CFG_LM_RTSP_GENERAL_S &), std::vector<std::string>> ROWS[] = {
         {[](auto &st) { st.bHttpEnable = !st.bHttpEnable; }, {}},
         {[](auto &st) { st.s32Port = 8000; },        {"RTSP_ServiceInit(8000)", strHttp}},
         {[](auto &st) { st.s32HttpPort = 0; },       {strInit}},
@@ -70,16 +67,16 @@ TEST_F(LiveMedia, AChangeOfTheGeneralSettingsReachesTheRebuiltServer)
     CFG_LM_RTSP_GENERAL_S stOld = general();
     stOld.sUsername = "user";
     stOld.sPassword = "secret";
-    for (const Row &st : ROWS) {
+    for (const auto &[pfnChange, prepared] : ROWS) {
         CFG_LM_RTSP_GENERAL_S stCfg = stOld;
         APP_LM_RTSP_SetGeneralCfg(&stOld, BU_TRUE);
         journal::effects();
-        st.pfnChange(stCfg);
+        pfnChange(stCfg);
         EXPECT_EQ(APP_LM_RTSP_SetGeneralCfg(&stCfg, BU_TRUE), 0);
         auto effects = journal::effects(); // saved, paused, stopped, prepared, then the sessions
         const auto end = std::ranges::find(effects, R"(RTSP_createMediaSession("closeup"))");
-        EXPECT_EQ(std::vector(std::min(effects.begin() + 3, end), end), st.prepared) << &st - ROWS;
-        EXPECT_EQ(effects.empty(), st.prepared.empty());
+        EXPECT_EQ(std::vector(std::min(effects.begin() + 3, end), end), prepared);
+        EXPECT_EQ(effects.empty(), prepared.empty());
         EXPECT_TRUE(effects.empty() || effects[0].starts_with("CFG_LM_SaveRtspGeneralCfg("));
     }
 }

@@ -20,8 +20,8 @@ protected:
         std::vector<std::string> list;
         for (const auto &pst : MPP_RTSP_ListMediaSession()) {
             list.push_back(pst->sName + ":");
-            for (const auto &stSub : pst->subsession)
-                list.back() += " " + stSub.sName + "=" + std::to_string(stSub.s32StreamCacheId);
+            for (const auto &st : pst->subsession)
+                list.back() += " " + st.sName + "=" + std::to_string(st.s32StreamCacheId);
         }
         return list;
     }

@@ -4,6 +4,7 @@
 #include "web_client/socketFile.h"
 
 #include <fcntl.h>
+#include <mutex>
 #include <sys/socket.h>
 
 namespace

@@ -4,6 +4,7 @@
 
 #include "peer.h"
 #include "store/store.h"
+#include "support/await.h"
 #include "util/file.h"
 #include "util/thread.h"
 #include "util/time.h"
@@ -14,10 +15,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <condition_variable>
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
-#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -25,32 +25,21 @@
 class Gate
 {
 public:
-    void open(bool bOpen = true)
-    {
-        const std::lock_guard guard(m_lock);
-        m_bOpen = bOpen;
-        m_changed.notify_all();
-    }
+    void open(bool bOpen = true) { m_bOpen = bOpen; }
     void pass()
     {
-        std::unique_lock guard(m_lock);
         ++m_s32Waiting;
-        m_changed.notify_all();
-        EXPECT_TRUE(m_changed.wait_for(guard, LIMIT, [this] { return m_bOpen; }));
+        EXPECT_TRUE(await([this] { return m_bOpen.load(); }));
         --m_s32Waiting;
     }
     void waitFor(int s32Waiting)
     {
-        std::unique_lock guard(m_lock);
-        EXPECT_TRUE(m_changed.wait_for(guard, LIMIT, [&] { return m_s32Waiting == s32Waiting; }));
+        EXPECT_TRUE(await([&] { return m_s32Waiting == s32Waiting; }));
     }
 
 private:
-    static constexpr std::chrono::seconds LIMIT{20};
-    std::mutex m_lock;
-    std::condition_variable m_changed;
-    bool m_bOpen = false;
-    int m_s32Waiting = 0;
+    std::atomic<bool> m_bOpen{false};
+    std::atomic<int> m_s32Waiting{0};
 };
 
 /// The events of the tests, each of a page of its own: SUM and COUNT answer at once, SILENT says nothing, HALF lacks
