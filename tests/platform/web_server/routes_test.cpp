@@ -91,9 +91,10 @@ TEST_F(RoutesTest, EventsNeedTheirRole)
 {
     WebLogic logic("", "camera", "");
     // clang-format off
-    const std::set<BU_S32> ADMIN{7, 10, 55, 61, 71, 74, 89, 95, 99, 113}, // networks, names, restarts, what is gone for good
-        OPERATOR{15, 17, 102};                                            // gets that answer with stream keys
-    const std::map<BU_S32, BU_U32> PATIENT{{12, 20'000}, {71, 120'000}, {75, 10'000}, {89, 20'000}, {95, 60'000}, {99, 60'000}, {103, 20'000}, {105, 20'000}};
+    // Networks, names, restarts, what is gone for good; gets that answer with stream keys.
+    const std::set<BU_S32> ADMIN{7, 10, 55, 61, 71, 74, 89, 95, 99, 113}, OPERATOR{15, 17, 102};
+    const std::map<BU_S32, BU_U32> PATIENT{{12, 20'000}, {71, 120'000}, {75, 10'000}, {89, 20'000},
+                                           {95, 60'000}, {99, 60'000}, {103, 20'000}, {105, 20'000}};
     // clang-format on
     for (const WEB_EVENT_S &stEvent : WEB_EVENTS) {
         const std::string strName = stEvent.pcName;
@@ -135,19 +136,19 @@ TEST_F(RoutesTest, TheRulesComeBeforeEverything)
         {"another program of this machine", [](Request &r) { r.strOrigin = "http://127.0.0.1:3000"; }, 403},
         {"the page of HTTP on HTTPS", [](Request &r) { r.bTls = true; }, 403},
         {"no browser", [](Request &r) { r.strOrigin.reset(); }, 0},
-        {"another site that says no origin", [](Request &r) { r.strOrigin.reset(), r.strFetchSite = "cross-site"; }, 403},
+        {"another site without origin", [](Request &r) { r.strOrigin.reset(), r.strFetchSite = "cross-site"; }, 403},
         {"a form", [](Request &r) { r.strContentType = "application/x-www-form-urlencoded"; }, 415},
         {"a simple request", [](Request &r) { r.strContentType = "text/plain"; }, 415},
         {"no content type", [](Request &r) { r.strContentType.reset(); }, 415},
         {"a huge body", [](Request &r) { r.u64BodyBytes = 1ULL << 40; }, 413},
-        {"a huge body that was not announced", [](Request &r) { r.u64BodyBytes.reset(), r.strBody.resize(5000, ' '); }, 413},
+        {"a huge body not announced", [](Request &r) { r.u64BodyBytes.reset(), r.strBody.resize(5000, ' '); }, 413},
         {"an empty body", [](Request &r) { r.u64BodyBytes.reset(), r.strBody.clear(); }, 400},
         {"half a body", [](Request &r) { r.strBody = R"({"x":0.5})"; }, 400},
         {"outside the picture", [](Request &r) { r.strBody = R"({"x":0.5,"y":1.01})"; }, 400},
         {"an upgrade", [](Request &r) { r.bUpgrade = true; }, 400},
         {"no cookie", [](Request &r) { r.strCookie.reset(); }, 401},
         {"a forged cookie", [](Request &r) { r.strCookie = "camera_session=" + makeToken(); }, 401},
-        {"a foisted cookie", [](Request &r) { r.strCookie = "camera_session=" + makeToken() + "; " + *r.strCookie; }, 0},
+        {"another cookie", [](Request &r) { r.strCookie = "camera_session=" + makeToken() + "; " + *r.strCookie; }, 0},
         {"the digest as a cookie", [&](Request &r) { r.strCookie = "camera_session=" + digest(strAdmin); }, 401},
         {"garbage as a cookie", [](Request &r) { r.strCookie = std::string("\xFF;;=\0", 5); }, 401},
         {"an old session", [](Request &r) { r.s64Unix += Sessions::IDLE_S + 1; }, 401},

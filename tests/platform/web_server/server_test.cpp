@@ -1,3 +1,4 @@
+#include "files.h"
 #include "serverTest.h"
 #include "web/panelPayload.h"
 
@@ -97,6 +98,29 @@ TEST_F(ServerTest, AFileIsSentAgainOnlyWhenItChanged)
     EXPECT_EQ(peer.ask(get("/style.css")).strBody, strLarge);
     write("style.css", "");
     EXPECT_EQ(peer.ask(get("/style.css")).header("content-length"), "0");
+}
+
+TEST_F(ServerTest, KeepsFilesUpToALimitAndKnowsTheirTypes)
+{
+    web_server::Folder folder(page());
+    const auto keep = [&](const std::string &strName, char content = 'x') {
+        write(strName, std::string(7 << 20, content));
+        return std::weak_ptr(folder.find(strName)->pstBytes);
+    };
+    const auto first = keep("0");
+    for (char c = 'a'; c < 'g'; ++c) keep("1", c); // one file that changes counts once
+    keep("2");
+    EXPECT_FALSE(first.expired());
+    for (const char *pcName : {"3", "4", "5"}) keep(pcName);
+    EXPECT_TRUE(first.expired()) << "more than 32 MiB";
+    // clang-format off
+    for (const auto &[pcName, pcType] : {
+             std::pair("a.html", "text/html; charset=utf-8"), {"a.css", "text/css; charset=utf-8"},
+             {"a.svg", "image/svg+xml"}, {"a.jpg", "image/jpeg"}, {"a.png", "image/png"}, {"a.ico", "image/x-icon"},
+             {"a.json", "application/json"}, {"a.webmanifest", "application/manifest+json"}, {"a.woff2", "font/woff2"},
+             {"a", "application/octet-stream"}})
+        EXPECT_EQ(web_server::typeOfFile(pcName), pcType);
+    // clang-format on
 }
 
 TEST_F(ServerTest, AnswersInOrderOnOneConnection)
