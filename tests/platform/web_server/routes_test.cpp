@@ -15,8 +15,6 @@ using namespace testing;
 class RoutesTest : public LogicTest
 {
 protected:
-    RoutesTest() { haveUsers(); }
-
     /// A request that the route's table row makes sense of.
     Request fitting(const Route &stRoute, const std::string &strToken) const
     {
@@ -31,11 +29,11 @@ protected:
         stRequest.bUpgrade = stRoute.bUpgrade;
         return stRequest;
     }
+    WebLogic logic = (haveUsers(), WebLogic("studio.example", "camera", ""));
 };
 
 TEST_F(RoutesTest, NeedTheirRole)
 {
-    WebLogic logic("", "camera", "");
     for (const Route &stRoute : routes())
         for (const auto &[enRole, strToken] : tokens) {
             SCOPED_TRACE(std::string(stRoute.pcMethod) + " " + stRoute.pcPath + " as " + nameOf(enRole));
@@ -65,7 +63,6 @@ TEST_F(RoutesTest, OpenToEverybodyAreTheLoginAndThePageAlone)
 
 TEST_F(RoutesTest, WhatIsNotListedIsDenied)
 {
-    WebLogic logic("", "camera", "");
     // clang-format off
     constexpr std::tuple<const char *, const char *, BU_U32, const char *> ROWS[] = {
         {"PUT", "/session", 405, "GET, POST, DELETE"}, {"OPTIONS", "/session", 405, "GET, POST, DELETE"},
@@ -89,7 +86,6 @@ TEST_F(RoutesTest, WhatIsNotListedIsDenied)
 
 TEST_F(RoutesTest, EventsNeedTheirRole)
 {
-    WebLogic logic("", "camera", "");
     // clang-format off
     // Networks, names, restarts, what is gone for good; gets that answer with stream keys.
     const std::set<BU_S32> ADMIN{7, 10, 55, 61, 71, 74, 89, 95, 99, 113}, OPERATOR{15, 17, 102};
@@ -122,7 +118,6 @@ TEST_F(RoutesTest, EventsNeedTheirRole)
 
 TEST_F(RoutesTest, TheRulesComeBeforeEverything)
 {
-    WebLogic logic("studio.example", "camera", "");
     const std::string &strAdmin = token(Role::ADMIN);
     const Request stGood = request("POST", "/centre", strAdmin, R"({"x":0.5,"y":0.25})");
     ASSERT_TRUE(std::holds_alternative<Question>(logic.handle(stGood)));
@@ -163,7 +158,6 @@ TEST_F(RoutesTest, TheRulesComeBeforeEverything)
 
 TEST_F(RoutesTest, HeadersDecideBeforeABodyIsRead)
 {
-    WebLogic logic("", "camera", "");
     Request stRequest = request("POST", "/api/WEB_RPC_EVENT_GROUP_E_GET_PT", token(Role::VIEWER));
     stRequest.strContentType = "application/json";
     stRequest.bChunked = true;
@@ -181,7 +175,6 @@ TEST_F(RoutesTest, HeadersDecideBeforeABodyIsRead)
 
 TEST_F(RoutesTest, WebSocketsOpenFromTheOwnPageAlone)
 {
-    WebLogic logic("", "camera", "");
     Request stRequest = request("GET", "/preview/ch1", token(Role::VIEWER));
     EXPECT_EQ(status(logic.handle(stRequest)), 426U);
     stRequest.bUpgrade = true;
@@ -204,7 +197,6 @@ TEST_F(RoutesTest, WebSocketsOpenFromTheOwnPageAlone)
 
 TEST_F(RoutesTest, PicturesAreNumberedFilesOfOneFolder)
 {
-    WebLogic logic("", "camera", "");
     const Outcome stOutcome = logic.handle(request("GET", "/presets/255.jpg", token(Role::VIEWER)));
     ASSERT_TRUE(std::holds_alternative<File>(stOutcome));
     EXPECT_FALSE(std::get<File>(stOutcome).bPage);
@@ -217,7 +209,6 @@ TEST_F(RoutesTest, PicturesAreNumberedFilesOfOneFolder)
 
 TEST_F(RoutesTest, AnEventTravelsAsItsImage)
 {
-    WebLogic logic("", "camera", "");
     const auto call = [&](const char *pcEvent, const char *pcBody) {
         return logic.handle(request("POST", std::string("/api/") + pcEvent, token(Role::ADMIN), pcBody));
     };
