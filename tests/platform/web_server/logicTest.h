@@ -6,13 +6,12 @@
 #include "webRoot.h"
 
 #include <ctime>
+#include <map>
 
 /// The decisions with a user of each role, who is logged in.
 class LogicTest : public WebRootTest
 {
 protected:
-    typedef std::vector<std::pair<web_server::Role, std::string>> Tokens; // of ANYONE: empty
-
     /// Makes the users' files; call it first where they are wanted.
     void haveUsers()
     {
@@ -20,9 +19,9 @@ protected:
         std::string strUsers, strSessions;
         for (const Role enRole : {Role::VIEWER, Role::OPERATOR, Role::ADMIN}) {
             const std::string strName = nameOf(enRole), strComma = strUsers.empty() ? "" : ",";
-            tokens.emplace_back(enRole, makeToken());
+            tokens[enRole] = makeToken();
             strUsers += strComma + R"({"name":")" + strName + R"(","role":")" + strName + R"(","hash":"$no"})";
-            strSessions += strComma + R"({"key":")" + digest(tokens.back().second) + R"(","user":")" + strName +
+            strSessions += strComma + R"({"key":")" + digest(tokens[enRole]) + R"(","user":")" + strName +
                            R"(","opened":)" + std::to_string(s64Now) + "}";
         }
         write(USERS_FILE, R"({"version":1,"users":[)" + strUsers + "]}");
@@ -49,10 +48,7 @@ protected:
         return stRequest;
     }
 
-    const std::string &token(web_server::Role enRole) const
-    {
-        return std::find_if(tokens.begin(), tokens.end(), [&](const auto &p) { return p.first == enRole; })->second;
-    }
+    const std::string &token(web_server::Role enRole) const { return tokens.at(enRole); }
 
     /// What a browser would get; 0: something that is not decided here (a call, a file).
     static BU_U32 status(web_server::Outcome stOutcome) { return reply(std::move(stOutcome)).u32Status; }
@@ -64,11 +60,9 @@ protected:
     }
     static std::string header(const web_server::Reply &stReply, const std::string &strName)
     {
-        for (const auto &[strOther, strValue] : stReply.headers)
-            if (strOther == strName) return strValue;
-        return {};
+        return std::map<std::string, std::string>(stReply.headers.begin(), stReply.headers.end())[strName];
     }
 
     const BU_S64 s64Now = std::time(nullptr);
-    Tokens tokens{{web_server::Role::ANYONE, ""}};
+    std::map<web_server::Role, std::string> tokens{{web_server::Role::ANYONE, ""}};
 };
