@@ -63,14 +63,15 @@ TEST(ViewerQueue, LosesEverythingWhenFullUpToTheNextKeyFrame)
 
 TEST(Inbox, KeepsWithinItsLimitsWhenNobodyLooksIn)
 {
-    for (const auto &[u32Length, u32Count] : {std::pair(10U, 1000U), {1U << 20, 40U}}) {
+    for (const auto &[u32Length, u32Count, bLost] :
+         {std::tuple(10U, 1000U, true), {10U, 257U, true}, {10U, 256U, false}, {1U << 20, 40U, true}}) {
         BU_U32 u32Woken = 0;
         Inbox inbox([&] { ++u32Woken; });
         const std::string strBytes(u32Length, 'x');
         for (BU_U32 i = 0; i < u32Count; ++i)
             inbox.put({0, recordedPacket({reinterpret_cast<const BU_U8 *>(strBytes.data()), u32Length}), {}});
         const auto stBatch = inbox.take();
-        EXPECT_TRUE(stBatch.bLost);
+        EXPECT_EQ(stBatch.bLost, bLost) << u32Count;
         EXPECT_LE(stBatch.arrivals.size(), 256U);
         EXPECT_LE(stBatch.arrivals.size() * u32Length, std::size_t{18} << 20);
         EXPECT_LE(u32Woken, 5U) << "one wake-up for all that waits";

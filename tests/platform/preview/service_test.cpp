@@ -231,7 +231,7 @@ TEST_F(Preview, LimitsOfViewersAndConnections)
     EXPECT_TRUE(await([] { return Viewer(port(), "/ch1").status() == 101; })) << "that one has left";
 
     std::deque<Viewer> silent;
-    for (int i = 0; i < 200; ++i) silent.emplace_back(port());
+    for (int i = 0; i < 150; ++i) silent.emplace_back(port());
     EXPECT_TRUE(silent.back().isEnded()) << "more than it takes are turned away at once";
     FakeCaches::write(2, "to all", true);
     EXPECT_EQ(viewers.front().readMessage().strPacket, "to all");
