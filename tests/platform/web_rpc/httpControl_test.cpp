@@ -43,17 +43,17 @@ TEST_F(HttpControl, PortsGoToTheWebServerAndItsReportToTheEndpoints)
                                                           " --bind 127.0.0.1 --http 1080 --https 1443 --report-fd "));
     EXPECT_EQ(SYSTEM_API_SetHttpPort(80, 443), 0);
     EXPECT_FALSE(isGone(stFirst.pid)) << "nothing has changed";
-    CFG_STORE_SetTexts({{"Http/Port", "81"}, {"Http/SecurePort", "70000"}}); // the user's, and none
+    CFG_STORE_SetTexts({{"Http/Port", "1"}, {"Http/SecurePort", "70000"}}); // the user's, and none
     EXPECT_EQ(SYSTEM_API_SetHttpPort(80, 444), 0);
     EXPECT_TRUE(isGone(stFirst.pid));
     const auto stNext = server.waitForStart(LONG_MS);
-    EXPECT_THAT(stNext.strArguments, HasSubstr("--http 1081 --https 1444"));
+    EXPECT_THAT(stNext.strArguments, HasSubstr("--http 1001 --https 1444"));
     unsetenv("CAMERA_PORT_OFFSET");
     EXPECT_EQ(SYSTEM_API_StopHttpDaemon(), 0);
     EXPECT_TRUE(isGone(stNext.pid));
     BU_S32 s32Http = 0;
     CFG_STORE_GetInt("Http/Port", &s32Http);
-    EXPECT_EQ(s32Http, 81) << "still the user's";
+    EXPECT_EQ(s32Http, 1) << "still the user's";
     testing::internal::CaptureStdout();
     PLATFORM_Ready();
     EXPECT_THAT(testing::internal::GetCapturedStdout(),
