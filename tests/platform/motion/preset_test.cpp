@@ -4,6 +4,9 @@
 #include "camera/image.h"
 #include "config/config.h"
 
+#include <algorithm>
+#include <array>
+
 namespace
 {
 using testing::ElementsAre;
@@ -148,9 +151,11 @@ TEST_F(PresetTest, StartsAtThePowerUpPosition)
 
 TEST_F(PresetTest, PicturePresetsAreSetsOfSettings)
 {
-    const auto sharpness = [](BU_BOOL bReread = BU_FALSE) {
+    constexpr const BU_CHAR *STYLE_KEYS[] = {"Sharpness", "Brightness", "Contrast", "Saturation",
+                                             "Hue",       "Gamma",      "Nr2d",     "Nr3d"};
+    const auto sharpness = [] {
         BU_S32 s32 = -1;
-        ISP_API_GetSharpness(0, &s32, bReread);
+        ISP_API_GetSharpness(0, &s32, BU_FALSE);
         return s32;
     };
     const auto recall = [](BU_S32 s32Id) { return IMAGE_PRESET_API_GotoById(s32Id, PT_CTRL_E_FROM_OTHER, nullptr); };
@@ -160,16 +165,22 @@ TEST_F(PresetTest, PicturePresetsAreSetsOfSettings)
     EXPECT_EQ(recall(3), -1);
     EXPECT_EQ(IMAGEPRESET_API_SetCur(3, nullptr), 0);
 
-    std::vector<BU_S32> listStyles;
-    for (const BU_S32 s32Style : {-250, -1, -2, -3}) {
+    const std::pair<BU_S32, std::array<BU_S32, 8>> rows[] = {// what each style stores
+                                                             {-250, {6, 7, 7, 7, 7, 0, 2, 3}},
+                                                             {-1, {7, 7, 8, 7, 7, 1, 2, 3}},
+                                                             {-2, {4, 7, 5, 6, 7, 2, 2, 3}},
+                                                             {-3, {8, 7, 9, 9, 7, 0, 2, 3}}};
+    for (const auto &[s32Style, expected] : rows) {
         EXPECT_EQ(recall(s32Style), 0);
         EXPECT_EQ(IMAGE_PRESET_API_DeleteById(s32Style), -1);
-        listStyles.push_back(sharpness());
+        std::array<BU_S32, 8> values{};
+        std::ranges::transform(STYLE_KEYS, values.begin(), [](const BU_CHAR *pcKey) {
+            BU_S32 s32 = -1;
+            CFG_SETTING_Get(pcKey, 0, &s32, BU_TRUE);
+            return s32;
+        });
+        EXPECT_EQ(values, expected) << s32Style;
     }
-    EXPECT_EQ(listStyles.front(), stRange.s32Def);
-    EXPECT_LT(listStyles[2], listStyles[0]);
-    EXPECT_GT(listStyles[3], listStyles[1]);
-    EXPECT_EQ(sharpness(BU_TRUE), listStyles.back()) << "a style is saved";
     EXPECT_EQ(recall(3), 0);
     EXPECT_EQ(sharpness(), stRange.s32Max);
     for (const BU_S32 s32Result : {0, -1}) EXPECT_EQ(IMAGE_PRESET_API_DeleteById(3), s32Result);

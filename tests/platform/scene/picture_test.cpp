@@ -54,6 +54,10 @@ TEST(Settings, MakeOfOnePixelAnother)
         {manual(2), {235, 128, 128}, {235, 128, 128}}, // white stays white
         {SET(s32Wdr = 6), {16, 128, 128}, {16, 128, 128}}, {SET(s32Wdr = 6), {235, 128, 128}, {235, 128, 128}},
         {SET(s32Wdr = 6), {64, 128, 128}, {112, 128, 128}}, // 2.8 x / (1 + 1.8 x), x = 48 / 219
+        {SET(enStyle = USB_STYLE), {64, 190, 128}, {65, 193, 128}}, // slope 2^0.04, +2.7; 62 * 1.05
+        {SET(enStyle = Beauty_STYLE), {64, 190, 128}, {77, 193, 128}}, // power 1 / 1.1, slope 2^-0.08, +3.3; 62 * 1.05
+        {SET(enStyle = HDMI_STYLE), {64, 190, 128}, {60, 194, 128}}, // slope 2^0.1; 62 * 1.06
+        {SET(enStyle = Soft_STYLE), {64, 190, 128}, {74, 184, 128}}, // slope 2^-0.22, +1.1; 62 * 0.9
         {SET(enStyle = Bright_STYLE), {16, 128, 128}, {19, 128, 128}}, // slope 2^0.08 around the middle, +8.8
     };
     // clang-format on

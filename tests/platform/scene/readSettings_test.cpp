@@ -7,8 +7,11 @@
 #include "camera/picture.h"
 #include "camera/settingEvent.h"
 #include "camera/zoom.h"
+#include "vocabulary/tables.h"
 
 #include "support/platformTest.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -66,6 +69,21 @@ TEST_F(ReadSettings, EndsOfRangesAndUnits)
     set("ViewFollowWB", 1);
     EXPECT_EQ(read(1).afGain[0], 0.5F);
     EXPECT_EQ(read(1).fBrightness, 0);
+}
+
+/// The words of the steps hold the denominator of the time and the f-number.
+TEST_F(ReadSettings, StepsAreWhatTheirWordsSay)
+{
+    for (const auto &row : MAP_SHUTTER_TIME) {
+        EXPECT_EQ(ISP_API_SetShutter(0, row.value, BU_FALSE, BU_TRUE), 0);
+        EXPECT_FLOAT_EQ(read(0).fShutterS, 1 / std::stof(row.text + 2)) << row.text;
+    }
+    for (const auto &row : MAP_IRIS_LEVEL) {
+        std::string strNumber = row.value == 0 ? "IlF0" : row.text;
+        std::ranges::replace(strNumber, 'P', '.');
+        EXPECT_EQ(ISP_API_SetIrisLevel(0, row.value, BU_FALSE, BU_TRUE), 0);
+        EXPECT_FLOAT_EQ(read(0).fIrisF, std::stof(strNumber.substr(3))) << row.text;
+    }
 }
 
 TEST_F(ReadSettings, CeilingTurnsTheCloseUpBy180Degrees)
