@@ -2,6 +2,7 @@
 #include "board/device.h"
 #include "board/gpio.h"
 #include "board/profile.h"
+#include "board/profileData.h"
 #include "camera/network.h"
 #include "config/config.h"
 #include "support/place.h"
@@ -63,6 +64,7 @@ TEST_F(ProfileTest, EachDescribesACameraThatCanBeDriven)
         EXPECT_EQ(devices.size(), static_cast<std::size_t>(stGeneral.stSerial.s32NodeCnt));
         EXPECT_EQ(stAbility.enDataVaild, HW_ABI_DATA_E_INTERFACE_CHAIN_READY);
         ASSERT_GE(stAbility.stLens.s32DevCnt, 1);
+        EXPECT_TRUE(stAbility.stLens.bSupport);
         EXPECT_EQ(stAbility.stLens.astZfDevPub[0].enChipChain, DEVICE_SELFCHECK_E_PASS);
         ASSERT_EQ(BSP_DEVATTR_GetDeviceMacAddr(&stMac), 0);
         EXPECT_EQ(stMac.acEth0MacAddr[0] & 3, 2) << "locally administered, no group address";
@@ -210,6 +212,8 @@ TEST_F(ProfileTest, IdentityReachesItsRecords)
     BU_CHAR acText[32];
     ASSERT_EQ(BSP_GetMacAddress("eth1", acText), 0);
     EXPECT_STREQ(acText, "02:1a:4d:24:06:02");
+    EXPECT_EQ(board::currentProfile()->serial.at(0).enPort, UART_INSTANCE_TYPE_RS232);
+    EXPECT_EQ(board::currentProfile()->serial.at(1).enPort, UART_INSTANCE_TYPE_RS422);
     ASSERT_EQ(BSP_PROFILE_Load("minimal"), 0);
     EXPECT_EQ(BSP_GetMacAddress("eth1", acText), -1) << "no second port";
     EXPECT_EQ(BSP_GetIpAddress("wlan0", acText), -1);
@@ -230,6 +234,7 @@ TEST_F(ProfileTest, GpioLinesAreFilesThatATesterSwitches)
     for (const auto &strNone : {"IR-DIP-SWITCH"s, std::string(70, 'x')})
         EXPECT_LT(number(strNone.c_str()), 0); // no end
     for (const BU_S32 s32None : {99, -1}) EXPECT_LT(BSP_RequestGpioMode(s32None), 0);
+    EXPECT_EQ(BSP_GetGpioNum(nullptr), -1);
     EXPECT_EQ(BSP_GetGpioValue(s32Line), 0) << "not in use yet";
     ASSERT_EQ(BSP_RequestGpioMode(s32Line), 0);
     std::ofstream(root() + "/sys/gpio/IR-DIP-SWITCH1/value") << "1\n";

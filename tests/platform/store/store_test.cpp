@@ -154,6 +154,10 @@ TEST_F(StoreTest, FolderThatCannotBeWrittenMeansMemoryOnlyAndARefusedWriteKeepsT
     EXPECT_EQ(CFG_STORE_Open("/file/settings.db"), -1);
     EXPECT_EQ(CFG_STORE_SetInt("A/b", 3), 0);
     EXPECT_EQ(number("A/b"), 3);
+    std::filesystem::create_directories(root() + "/taken/settings.db-wal"); // its log's place is taken: no damage
+    EXPECT_EQ(CFG_STORE_Open("/taken/settings.db"), -1);
+    EXPECT_FALSE(std::filesystem::exists(root() + "/taken/settings.db.damaged"));
+    EXPECT_EQ(CFG_STORE_SetInt("A/b", 3), 0);
     journal::inject("CFG_STORE_SetTexts", -1, 2);
     EXPECT_EQ(CFG_STORE_SetInt("A/b", 4), -1);
     EXPECT_EQ(CFG_STORE_SetTexts({{"A/b", "5"}, {"A/c", "6"}}), -1);
