@@ -52,14 +52,15 @@ TEST_F(CommandLens, ZoomAndFocus)
 /// The greatest position at each digital-zoom limit.
 TEST_F(CommandLens, ZoomPositionIsLimitedByTheDigitalZoom)
 {
-    const BU_S32 ENDS[] = {0x4000, 0x4B30, 0x5661, 0x6192, 0x672A, 0x6CC3, 0x6F8F, 0x725B,
-                           0x7409, 0x75B7, 0x76D5, 0x77F4, 0x78C0, 0x798D, 0x7A26, 0x7AC0};
-    for (BU_S32 i = 0; i < 16; ++i) {
-        const std::string strLimit = "DZoomTime " + std::to_string(i + 1), strEnd = std::to_string(ENDS[i]);
-        check(Rows{{ZOOM, {5, 0, ENDS[i]}, "lens ZOOM_DIRECT_POS " + strEnd + ", speed 4", strLimit, 1}});
-        const std::string strTrace = traceOf([&] { check(Rows{{ZOOM, {5, 0, ENDS[i] + 1}, REFUSED, strLimit}}); });
-        EXPECT_THAT(strTrace,
-                    HasSubstr("] zoom pos " + std::to_string(ENDS[i] + 1) + " > max zoom pos " + strEnd + "\n"));
+    BU_S32 s32Limit = 0;
+    for (const BU_S32 s32End : {0x4000, 0x4B30, 0x5661, 0x6192, 0x672A, 0x6CC3, 0x6F8F, 0x725B, 0x7409, 0x75B7, 0x76D5,
+                                0x77F4, 0x78C0, 0x798D, 0x7A26, 0x7AC0}) {
+        const std::string strLimit = "DZoomTime " + std::to_string(++s32Limit), strEnd = std::to_string(s32End);
+        check(Rows{{ZOOM, {5, 0, s32End}, "lens ZOOM_DIRECT_POS " + strEnd + ", speed 4", strLimit, 1}});
+        EXPECT_THAT(traceOf([&] {
+                        check(Rows{{ZOOM, {5, 0, s32End + 1}, REFUSED, strLimit}});
+                    }),
+                    HasSubstr("] zoom pos " + std::to_string(s32End + 1) + " > max zoom pos " + strEnd + "\n"));
     }
 }
 
@@ -154,12 +155,10 @@ TEST_F(CommandPanTilt, MenuKeysComeAgainAfterAPauseOf500Ms)
 {
     CMD_MENU_OnlyOpenMenu();
     EXPECT_EQ(press(VISCA_MSG_E_PT_UP), "CMD_MENU_HandeUpBtn(); ");
-    for (const BU_S32 s32PauseMs : {200, 499}) { // counted from the last direction
+    for (const BU_S32 s32PauseMs : {200, 499, 500}) { // counted from the last direction
         clock().advance(s32PauseMs);
-        EXPECT_EQ(press(VISCA_MSG_E_PT_DOWN), "");
+        EXPECT_EQ(press(VISCA_MSG_E_PT_DOWN), s32PauseMs < 500 ? "" : "CMD_MENU_HandeDownBtn(); ");
     }
-    clock().advance(500);
-    EXPECT_EQ(press(VISCA_MSG_E_PT_DOWN), "CMD_MENU_HandeDownBtn(); ");
 }
 
 const Message SPEED{VISCA_CMD_E_TKV_PT_SPEED, put<&Info::stPTSpeedCtrl>},
@@ -184,22 +183,22 @@ TEST_F(CommandPanTilt, SpeedAndPresetSettings)
 class ViscaRecall : public CommandTest
 {
 protected:
-    static BU_S32 recall(bool bStored, bool bSpecial, BU_S32 s32Result)
+    static constexpr const char *MOVES = ", @PRESET_API_GotoById 1";
+    ViscaRecall() { put<&Info::stMemoryCtrl>(m_stInfo, {VISCA_MSG_E_MEMORY_RECALL, 5}); }
+    static BU_S32 recall(BU_S32 s32Stored, BU_S32 s32Special, const char *pcResult)
     {
         return dispatch(MEMORY, {2, 5},
-                        std::string("@PRESET_API_QueryById ") + (bStored ? "0" : "-1") +
-                            ", @PRESET_API_QuerySpecialById " + (bSpecial ? "0" : "-1") +
-                            (s32Result < 0 ? "" : ", @PRESET_API_GotoById " + std::to_string(s32Result)));
+                        "@PRESET_API_QueryById " + std::to_string(s32Stored) + ", @PRESET_API_QuerySpecialById " +
+                            std::to_string(s32Special) + pcResult);
     }
     /// A motion of a recall ends. @return the answer
-    static std::string end(BU_BOOL bOk = BU_TRUE)
+    std::string end(BU_BOOL bOk = BU_TRUE)
     {
-        Info stInfo{};
-        put<&Info::stMemoryCtrl>(stInfo, {VISCA_MSG_E_MEMORY_RECALL, 5});
-        stInfo.stMsgPri.enMsgType = VISCA_CMD_E_MEMORY;
-        VISCA_PTCtrlRet(&stInfo, bOk);
+        m_stInfo.stMsgPri.enMsgType = VISCA_CMD_E_MEMORY;
+        VISCA_PTCtrlRet(&m_stInfo, bOk);
         return effects();
     }
+    Info m_stInfo{};
 };
 /// Head and lens each report an end, and the last is answered. A special preset moves nothing.
 TEST_F(ViscaRecall, OnlyARecallThatMovesWaitsForTwoEnds)
@@ -207,14 +206,14 @@ TEST_F(ViscaRecall, OnlyARecallThatMovesWaitsForTwoEnds)
     const std::string strGoto = "PRESET_API_GotoById(5, 1, &); ", strDone = answered(VISCA_CMD_E_MEMORY),
                       strFailed = answered(VISCA_CMD_E_MEMORY, false);
     for (const auto &[bFirst, bLast] : {std::pair{BU_TRUE, BU_TRUE}, {BU_FALSE, BU_TRUE}, {BU_TRUE, BU_FALSE}}) {
-        EXPECT_EQ(recall(true, false, 1), 1);
+        EXPECT_EQ(recall(0, -1, MOVES), 1);
         EXPECT_EQ(effects(), strGoto);
         EXPECT_EQ(end(bFirst), "");
-        for (const bool bStored : {false, true}) { // special ones leave the ends alone that another recall waits for
-            EXPECT_EQ(recall(bStored, true, 0), 0);
+        for (const BU_S32 s32Stored : {-1, 0}) { // special ones leave the ends alone that another recall waits for
+            EXPECT_EQ(recall(s32Stored, 0, ", @PRESET_API_GotoById 0"), 0);
             EXPECT_EQ(effects(), strGoto + strDone);
         }
-        EXPECT_THAT(traceOf([] { EXPECT_EQ(recall(false, false, -1), -1); }), HasSubstr("] can't find preset 5\n"));
+        EXPECT_THAT(traceOf([] { EXPECT_EQ(recall(-1, -1, ""), -1); }), HasSubstr("] can't find preset 5\n"));
         EXPECT_EQ(effects(), strFailed);
         EXPECT_EQ(end(bLast), bLast ? strDone : strFailed);
     }
@@ -224,13 +223,11 @@ TEST_F(ViscaRecall, OnlyARecallThatMovesWaitsForTwoEnds)
 TEST_F(ViscaRecall, TwoEndsAtOnceAnswerOnce)
 {
     for (int i = 0; i < 200; ++i) {
-        recall(true, false, 1);
+        recall(0, -1, MOVES);
         effects();
-        Info stInfo{};
-        put<&Info::stMemoryCtrl>(stInfo, {VISCA_MSG_E_MEMORY_RECALL, 5});
         {
-            const std::jthread pan([stCopy = stInfo]() mutable { VISCA_PTCtrlRet(&stCopy, BU_TRUE); });
-            VISCA_PTCtrlRet(&stInfo, BU_TRUE);
+            const std::jthread pan([stCopy = m_stInfo]() mutable { VISCA_PTCtrlRet(&stCopy, BU_TRUE); });
+            VISCA_PTCtrlRet(&m_stInfo, BU_TRUE);
         }
         ASSERT_EQ(journal::effects().size(), 1u);
     }

@@ -7,9 +7,8 @@
 #include "commandTest.h"
 #include "led/led.h"
 #include "media/audio.h"
+#include "support/await.h"
 
-#include <atomic>
-#include <chrono>
 #include <cstring>
 #include <thread>
 
@@ -97,56 +96,36 @@ TEST_F(CommandSystem, NetworkAddressesAreKeptUntilApplied)
 
 TEST_F(CommandSystem, TwoControllersApplyOneAfterTheOther)
 {
-    for (const char *pc : {"NET_API_SetIpAddr", "NET_API_SetNetMask", "NET_API_SetGateWay"})
-        journal::inject(pc, 1, 1000);
+    const char *const ORDER[] = {"NET_API_SetIpAddr", "NET_API_SetNetMask", "NET_API_SetGateWay"};
+    for (const char *pc : ORDER) journal::inject(pc, 1, 1000);
     journal::effects();
-    const auto controller = [] {
-        for (int i = 0; i < 100; ++i) {
-            Info stInfo{};
-            put<&Info::stIpCtrl>(stInfo, {VISCA_MSG_E_IP_APPLYA});
-            viscaCtrlHandlerCallFunc(VISCA_CMD_E_IP, &stInfo);
-        }
-    };
     {
+        const auto controller = [] {
+            for (int i = 0; i < 100; ++i) {
+                Info stInfo{};
+                IP.fill(stInfo, {VISCA_MSG_E_IP_APPLYA});
+                viscaCtrlHandlerCallFunc(IP.enType, &stInfo);
+            }
+        };
         const std::jthread first(controller), second(controller);
     }
     const auto listEffects = journal::effects();
     ASSERT_EQ(listEffects.size(), 600U);
-    for (std::size_t i = 0; i < listEffects.size(); i += 3) {
-        EXPECT_THAT(listEffects[i], HasSubstr("SetIpAddr"));
-        EXPECT_THAT(listEffects[i + 1], HasSubstr("SetNetMask"));
-        EXPECT_THAT(listEffects[i + 2], HasSubstr("SetGateWay"));
-    }
-}
-
-/// Runs until it holds, at most 20 s. @return whether it did
-bool soon(const std::function<bool()> &fnHolds)
-{
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    bool bHolds = fnHolds();
-    while (!bHolds && std::chrono::steady_clock::now() < deadline) bHolds = fnHolds();
-    return bHolds;
+    for (std::size_t i = 0; i < listEffects.size(); ++i) EXPECT_THAT(listEffects[i], testing::StartsWith(ORDER[i % 3]));
 }
 
 TEST_F(CommandSystem, NdiTallySetByHandReachesTheLamp)
 {
     LED_InitDev();
-    std::atomic<bool> bOver{false};
-    {
-        const std::jthread over([&] {
-            LED_API_AppOver();
-            bOver = true;
-        });
-        ASSERT_TRUE(soon([&] { // the start-up indication runs on this clock
-            clock().advance(50);
-            return bOver.load();
-        }));
-    }
+    std::promise<void> over;
+    const std::jthread starting([&] { LED_API_AppOver(), over.set_value(); });
+    await([&, ready = over.get_future()] { // the start-up indication runs on this clock
+        return clock().advance(50), ready.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    });
     for (const auto &[s32Mode, pcState] : {std::pair{2, "hold #00FF00 80%"}, {3, "hold #FF0000 80%"}, {4, "off"}}) {
         EXPECT_EQ(dispatch(TALLY, {0, s32Mode}), 0);
         const std::string strShown = "LED_API_SetLedStateInfoFrom(\"TallyLed\", 3, " + std::string(pcState) + ")";
-        EXPECT_TRUE(soon([&] { return std::ranges::count(journal::effects(), strShown) > 0; }))
-            << strShown; // by its own thread
+        EXPECT_TRUE(await([&] { return std::ranges::count(journal::effects(), strShown) > 0; })) << strShown;
     }
     LED_UnInitDev();
 }
@@ -172,14 +151,13 @@ TEST_F(CommandSystem, VolumeOfTheFirstAudioInput)
 /// Every code of the record is one that no message has.
 TEST_F(CommandSystem, UnknownKindsChangeNothing)
 {
-    const Type DONE[] = {VISCA_CMD_E_YM_TALLY_LED,    VISCA_CMD_E_SYS_MENU,       VISCA_CMD_E_YM_AUTO_TRACKING,
-                         VISCA_CMD_E_YM_AUTO_ZOOM,    VISCA_CMD_E_YM_AUTO_TILT,   VISCA_CMD_E_YM_INDICATOR,
-                         VISCA_CMD_E_YM_OSD_REMINDER, VISCA_CMD_E_YM_FIGURE_SIZE, VISCA_CMD_E_YM_SELECY_SUBJECT,
-                         VISCA_CMD_E_YM_PLACEMENT,    VISCA_CMD_E_YM_AT_SPEED};
-    const Type OTHERS[] = {
-        VISCA_CMD_E_CANCEL,         VISCA_CMD_E_SET_ADDRESS, VISCA_CMD_E_POWER,
-        VISCA_CMD_E_ZOOM_FOCUS,     VISCA_CMD_E_TALLYLED,    VISCA_CMD_E_PAN_TILT,
-        VISCA_CMD_E_SYSTEM_FACTORY, VISCA_CMD_E_TKV_AUDIO,   VISCA_CMD_E_YM_TRACKING_START_PRESET}; // they know no kind
+    // clang-format off
+    const Type DONE[] = {VISCA_CMD_E_YM_TALLY_LED, VISCA_CMD_E_SYS_MENU, VISCA_CMD_E_YM_AUTO_TRACKING, VISCA_CMD_E_YM_AUTO_ZOOM,
+        VISCA_CMD_E_YM_AUTO_TILT, VISCA_CMD_E_YM_INDICATOR, VISCA_CMD_E_YM_OSD_REMINDER, VISCA_CMD_E_YM_FIGURE_SIZE,
+        VISCA_CMD_E_YM_SELECY_SUBJECT, VISCA_CMD_E_YM_PLACEMENT, VISCA_CMD_E_YM_AT_SPEED};
+    const Type OTHERS[] = {VISCA_CMD_E_CANCEL, VISCA_CMD_E_SET_ADDRESS, VISCA_CMD_E_POWER, VISCA_CMD_E_ZOOM_FOCUS, // they know no kind
+        VISCA_CMD_E_TALLYLED, VISCA_CMD_E_PAN_TILT, VISCA_CMD_E_SYSTEM_FACTORY, VISCA_CMD_E_TKV_AUDIO, VISCA_CMD_E_YM_TRACKING_START_PRESET};
+    // clang-format on
     for (BU_S32 i = VISCA_CMD_E_CANCEL; i < VISCA_INQ_E_NONE; ++i) {
         const auto enType = static_cast<Type>(i);
         if (std::ranges::count(OTHERS, enType)) continue;
@@ -225,20 +203,15 @@ TEST_F(CommandTracking, EveryValueOfEveryField)
     } FIELDS[] = {
         // clang-format off
         {field<&Tracking::enAutoTrackingCtrl>, VISCA_CMD_E_YM_AUTO_TRACKING, 0, {{2, "ALG Enable 1"}, {3, "ALG Enable 0"}, {5, ""}}},
-        {field<&Tracking::enAutoTrackModeCtrl>, NO_OWN, 1,
-            {{0, "ALG TrackMode 3"}, {1, "ALG TrackMode 4"}, {2, "ALG TrackMode 0"}, {3, "ALG TrackMode 2"}, {4, "ALG TrackMode 1"}, {5, ""}}},
+        {field<&Tracking::enAutoTrackModeCtrl>, NO_OWN, 1, {{0, "ALG TrackMode 3"}, {1, "ALG TrackMode 4"}, {2, "ALG TrackMode 0"}, {3, "ALG TrackMode 2"}, {4, "ALG TrackMode 1"}, {5, ""}}},
         {field<&Tracking::enAutoZoomCtrl>, VISCA_CMD_E_YM_AUTO_ZOOM, 2, switches("ALG AutoZoom 1", "ALG AutoZoom 0")},
         {field<&Tracking::enAUtoTiltCtrl>, VISCA_CMD_E_YM_AUTO_TILT, 3, switches("ALG AutoTilt 1", "ALG AutoTilt 0")},
         {field<&Tracking::enAUtoPanCtrl>, NO_OWN, 4, switches("ALG AutoPan 1", "ALG AutoPan 0")},
-        {field<&Tracking::s32TrackingStartPositionpreset>, NO_OWN, 5,
-            {{0, "ALG StartPos -1"}, {1, "ALG StartPos 0"}, {2, "ALG StartPos 1"}, {3, "ALG StartPos -2"}, {4, "-"}, {254, "-"}, {-1, "-"}, {255, "-"}}},
-        {field<&Tracking::s32TrackingStartPositionpreset>, VISCA_CMD_E_YM_TRACKING_START_PRESET, NO_GROUPED,
-            {{0, "-"}, {1, "ALG StartPos 1"}, {254, "ALG StartPos 254"}, {255, "-"}}},
-        {field<&Tracking::enFigureSizeCtrl>, VISCA_CMD_E_YM_FIGURE_SIZE, 6,
-            {{0, "ALG BodySize 0"}, {1, "ALG BodySize 1"}, {2, "ALG BodySize 2"}, {3, "ALG BodySize 3"}, {5, "ALG_API_GetBodySizeReset()"}, {6, ""}}},
+        {field<&Tracking::s32TrackingStartPositionpreset>, NO_OWN, 5, {{0, "ALG StartPos -1"}, {1, "ALG StartPos 0"}, {2, "ALG StartPos 1"}, {3, "ALG StartPos -2"}, {4, "-"}, {254, "-"}, {-1, "-"}, {255, "-"}}},
+        {field<&Tracking::s32TrackingStartPositionpreset>, VISCA_CMD_E_YM_TRACKING_START_PRESET, NO_GROUPED, {{0, "-"}, {1, "ALG StartPos 1"}, {254, "ALG StartPos 254"}, {255, "-"}}},
+        {field<&Tracking::enFigureSizeCtrl>, VISCA_CMD_E_YM_FIGURE_SIZE, 6, {{0, "ALG BodySize 0"}, {1, "ALG BodySize 1"}, {2, "ALG BodySize 2"}, {3, "ALG BodySize 3"}, {5, "ALG_API_GetBodySizeReset()"}, {6, ""}}},
         {ownFigureSize, VISCA_CMD_E_YM_FIGURE_SIZE, 6, {{0, "-"}, {1, "ALG BodySizeCustom 1"}, {360, "ALG BodySizeCustom 360"}, {361, "-"}}},
-        {field<&Tracking::enSelectSubjectCtrl>, VISCA_CMD_E_YM_SELECY_SUBJECT, 7,
-            {{2, "ALG_API_PreSelectLastTarget()"}, {3, "ALG_API_PreSelectNextTarget()"}, {4, "ALG_API_ApplyPreSelectTarget()"}, {5, ""}}},
+        {field<&Tracking::enSelectSubjectCtrl>, VISCA_CMD_E_YM_SELECY_SUBJECT, 7, {{2, "ALG_API_PreSelectLastTarget()"}, {3, "ALG_API_PreSelectNextTarget()"}, {4, "ALG_API_ApplyPreSelectTarget()"}, {5, ""}}},
         {field<&Tracking::enPlacementCtrl>, VISCA_CMD_E_YM_PLACEMENT, 8, {{0, "ALG PeoplePos 2"}, {1, "ALG PeoplePos 0"}, {2, "ALG PeoplePos 1"}, {3, ""}}},
         {field<&Tracking::s32AtLostTime>, NO_OWN, 9, {{2, "ALG LostTime 0"}, {4, "ALG LostTime 1"}, {6, "ALG LostTime 2"}, {5, ""}, {0, ""}, {8, ""}}, true},
         {field<&Tracking::s32PresetAreaId>, NO_OWN, 11, {{0, "-"}}}, // zone trigger
@@ -254,11 +227,10 @@ TEST_F(CommandTracking, EveryValueOfEveryField)
     };
     for (const auto &stField : FIELDS)
         for (const auto &[s32Value, pcEffect] : stField.values) {
-            const bool bSwallows = !stField.bPasses;
-            if (stField.enOwn != NO_OWN) check(Rows{{{stField.enOwn, stField.fill, bSwallows}, {s32Value}, pcEffect}});
-            if (stField.s32Grouped != NO_GROUPED)
-                check(Rows{
-                    {{VISCA_CMD_E_TKV_TRACKING, stField.fill, bSwallows}, {s32Value, stField.s32Grouped}, pcEffect}});
+            Message own{stField.enOwn, stField.fill, !stField.bPasses}, grouped = own;
+            grouped.enType = VISCA_CMD_E_TKV_TRACKING;
+            if (own.enType != NO_OWN) check(Rows{{own, {s32Value}, pcEffect}});
+            if (stField.s32Grouped >= 0) check(Rows{{grouped, {s32Value, stField.s32Grouped}, pcEffect}});
         }
     const auto fill = field<&Tracking::enAutoTrackingCtrl>;
     for (const Type enType : {VISCA_CMD_E_YM_AUTO_TRACKING, VISCA_CMD_E_TKV_TRACKING}) // the other state
@@ -288,14 +260,14 @@ TEST_F(CommandTracking, ZonesStoreAndCallTheirPreset)
 TEST_F(CommandTracking, TracesNameTheHandlerThatRan)
 {
     const auto fill = field<&Tracking::enAUtoTiltCtrl>;
-    EXPECT_THAT(traceOf([=] {
-                    dispatch({VISCA_CMD_E_YM_AUTO_TILT, fill}, {0});
-                }),
-                testing::MatchesRegex("\\[viscaCtrlAutoTilt:[0-9]+\\]  \n"));
-    EXPECT_THAT(traceOf([=] {
-                    dispatch({VISCA_CMD_E_TKV_TRACKING, fill}, {0, 18});
-                }),
-                testing::MatchesRegex(
-                    "\\[viscaCtrlTKVTrack:[0-9]+\\] Type\\[18\\]  \n\\[viscaCtrlATGestureDetect:[0-9]+\\]  \n"));
+    const std::string strOwn = traceOf([=] {
+        dispatch({VISCA_CMD_E_YM_AUTO_TILT, fill}, {0});
+    }),
+                      strGrouped = traceOf([=] {
+                          dispatch({VISCA_CMD_E_TKV_TRACKING, fill}, {0, 18});
+                      });
+    EXPECT_THAT(strOwn, testing::MatchesRegex("\\[viscaCtrlAutoTilt:[0-9]+\\]  \n"));
+    EXPECT_THAT(strGrouped, testing::MatchesRegex("\\[viscaCtrlTKVTrack:[0-9]+\\] Type\\[18\\]  \n"
+                                                  "\\[viscaCtrlATGestureDetect:[0-9]+\\]  \n"));
 }
 } // namespace

@@ -19,15 +19,6 @@ TEST_F(ViscaDispatch, ATypeWithoutHandlerIsNamedAndAnsweredWithAnError)
     }
 }
 
-TEST_F(ViscaDispatch, TheResultDecidesTheAnswer)
-{
-    const Message IR{VISCA_INQ_E_IR_INFO, put<&Info::stIrCtrl>};
-    for (const BU_S32 s32Result : {0, -1, 1, 7, -2}) {
-        EXPECT_EQ(dispatch(IR, {VISCA_MSG_E_IR_ADDR}, "@IR_API_GetAddr " + std::to_string(s32Result)), s32Result);
-        EXPECT_EQ(effects(), s32Result == 0 || s32Result == -1 ? answered(IR.enType, s32Result == 0) : "");
-    }
-}
-
 TEST_F(ViscaDispatch, CommandsAndInquiriesWithoutPayloadGetTheTerminatorAlone)
 {
     Info stInfo;
