@@ -18,8 +18,6 @@ constexpr BU_U64 WAKE = 1ull << 32, LISTENER = 2ull << 32, OVER_IP = 3ull << 32,
 constexpr int RETRY_LISTEN_MS = 1000;
 constexpr int SOCKET_BUFFER = 1 << 20; // a burst of datagrams waits while a command works
 
-thread_local const Net *t_pstNet = nullptr;
-
 const char *nameOf(CMD_FROM_E enFrom)
 {
     return enFrom == CMD_FROM_E_OVER_IP_IN   ? "VISCA over IP"
@@ -136,7 +134,7 @@ BU_U16 Net::portOf(CMD_FROM_E enFrom) const
 
 void Net::onNetThread(const std::function<void()> &fnTask)
 {
-    if (t_pstNet == this || !m_thread) return fnTask();
+    if (isNetThread() || !m_thread) return fnTask();
     std::promise<void> done;
     m_tasks.post([&] {
         fnTask();
@@ -147,9 +145,7 @@ void Net::onNetThread(const std::function<void()> &fnTask)
 
 void Net::loop(const std::stop_token &stop)
 {
-    t_pstNet = this;
-    m_udp.gatherHere();
-    m_tcp.gatherHere();
+    m_threadId = std::this_thread::get_id();
     const std::stop_callback wake(stop, [this] { m_tasks.wake(); });
     while (!stop.stop_requested()) {
         m_buffers = 0;
@@ -160,7 +156,7 @@ void Net::loop(const std::stop_token &stop)
         flush();
         if (bPaused) listenForClients(true);
     }
-    t_pstNet = nullptr;
+    m_threadId = std::thread::id();
 }
 
 void Net::collect(int timeoutMs)

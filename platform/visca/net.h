@@ -6,6 +6,7 @@
 #include "util/mailbox.h"
 #include "util/thread.h"
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -37,8 +38,15 @@ public:
     /// The port that a kind of receiver got; 0: it does not listen.
     BU_U16 portOf(CMD_FROM_E enFrom) const;
 
-    BU_S32 sendUdp(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes) { return m_udp.send(stPri, bytes); }
-    BU_S32 sendTcp(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes) { return m_tcp.send(stPri, bytes); }
+    /// Answers that the network thread sends are gathered: they leave together when it has done what it was asked.
+    BU_S32 sendUdp(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes)
+    {
+        return m_udp.send(stPri, bytes, isNetThread());
+    }
+    BU_S32 sendTcp(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes)
+    {
+        return m_tcp.send(stPri, bytes, isNetThread());
+    }
 
 private:
     struct Open {
@@ -46,6 +54,7 @@ private:
         net::Socket socket;
         BU_U16 u16Port = 0;
     };
+    bool isNetThread() const { return m_threadId == std::this_thread::get_id(); }
     void loop(const std::stop_token &stop);
     void collect(int timeoutMs);
     void handleEvent(BU_U64 u64What, BU_U32 u32Events);
@@ -57,6 +66,7 @@ private:
 
     mutable std::mutex m_mutexOpen; ///< guards m_listOpen
     std::vector<Open> m_listOpen;
+    std::atomic<std::thread::id> m_threadId; ///< of the network thread while it runs
     util::FileDescriptor m_epoll, m_wake;
     util::Mailbox<> m_tasks{[this] { ::eventfd_write(m_wake, 1); }};
     // Of the network thread:

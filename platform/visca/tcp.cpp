@@ -13,7 +13,6 @@ namespace visca
 {
 namespace
 {
-thread_local bool t_bGather = false;
 constexpr BU_U32 INDEX_BITS = 10;
 static_assert(TcpClients::MAX_CLIENTS <= 1u << INDEX_BITS);
 
@@ -34,8 +33,6 @@ TcpClients::TcpClients() : m_client(MAX_CLIENTS)
     for (std::size_t i = MAX_CLIENTS; i-- > 0;) m_free.push_back(static_cast<BU_U16>(i));
     m_dirty.reserve(MAX_CLIENTS);
 }
-
-void TcpClients::gatherHere() { t_bGather = true; }
 
 BU_U32 TcpClients::idOf(const Client &client) const
 {
@@ -153,7 +150,7 @@ void TcpClients::closeAll()
         if (client.fd >= 0) close(client);
 }
 
-BU_S32 TcpClients::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes)
+BU_S32 TcpClients::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes, bool bGather)
 {
     const BU_U32 u32Id = origin::peerOf(stPri);
     const std::lock_guard lock(m_mutex);
@@ -163,7 +160,7 @@ BU_S32 TcpClients::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> byt
         ::shutdown(client->fd, SHUT_RDWR); // the network thread hears of it and closes
         return -1;
     }
-    if (!t_bGather)
+    if (!bGather)
         sendOut(*client, u32Id);
     else if (!std::exchange(client->bDirty, true))
         m_dirty.push_back(u32Id);

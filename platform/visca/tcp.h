@@ -28,10 +28,9 @@ public:
     void closeAll();
     std::size_t size() const { return m_size; }
 
-    /// Sends an answer to the client of a message. Thread: any. @return 0, or -1: the client has left
-    BU_S32 send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes);
-    /// The calling thread is the network thread: its answers are gathered.
-    void gatherHere();
+    /// Sends an answer to the client of a message, or with bGather at the next flush. Thread: any, network to gather.
+    /// @return 0, or -1: the client has left
+    BU_S32 send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes, bool bGather);
 
 private:
     struct Client {

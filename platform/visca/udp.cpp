@@ -5,8 +5,6 @@ namespace visca
 {
 namespace
 {
-thread_local bool t_bGather = false;
-
 VISCA_MSG_PRI_S originOf(CMD_FROM_E enFrom, const sockaddr_in &stFrom)
 {
     VISCA_MSG_PRI_S stPri{};
@@ -16,8 +14,6 @@ VISCA_MSG_PRI_S originOf(CMD_FROM_E enFrom, const sockaddr_in &stFrom)
     return stPri;
 }
 } // namespace
-
-void UdpPorts::gatherHere() { t_bGather = true; }
 
 void UdpPorts::set(CMD_FROM_E enFrom, net::Socket socket)
 {
@@ -63,7 +59,7 @@ void UdpPorts::addDatagram(CMD_FROM_E enFrom, const sockaddr_in &stFrom, std::sp
         transmit(stPri, received.answer.bytes());
 }
 
-BU_S32 UdpPorts::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes)
+BU_S32 UdpPorts::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes, bool bGather)
 {
     std::array<BU_U8, overip::HEADER> header;
     const bool bHeader = stPri.enFrom == CMD_FROM_E_OVER_IP_IN && stPri.stIpMsg.bEnable;
@@ -74,7 +70,7 @@ BU_S32 UdpPorts::send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes
     const sockaddr_in stTo = net::socketAddress(origin::peerOf(stPri), origin::portOf(stPri));
     const net::Socket socket = socketOf(stPri.enFrom);
     if (!socket) return -1;
-    if (!t_bGather) return net::sendDatagram(*socket, stTo, head, bytes) ? 0 : -1;
+    if (!bGather) return net::sendDatagram(*socket, stTo, head, bytes) ? 0 : -1;
     m_out.add(*socket, stTo, head, bytes);
     return 0;
 }

@@ -20,13 +20,11 @@ public:
     /// @return the buffers used
     std::size_t receive(CMD_FROM_E enFrom, Turn &turn, BU_U32 u32Turn, std::span<std::array<BU_U8, 512>> buffers);
 
-    /// Sends an answer of u32Len bytes to the origin of a message. Thread: any.
-    BU_S32 send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes);
+    /// Sends an answer to the origin of a message, or with bGather at the next flush. Thread: any, network to gather.
+    BU_S32 send(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes, bool bGather);
     void flush() { m_out.flush(); }
     /// Thread: none running.
     void forgetPeers() { m_peers = PeerTable(); }
-    /// The calling thread is the network thread: its answers are gathered.
-    void gatherHere();
 
 private:
     static constexpr std::size_t MAX_DATAGRAM = overip::HEADER + sizeof(tagVISCA_MSG_REQ_S::acCmd);

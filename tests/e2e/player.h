@@ -2,15 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 struct tagENDED_S {
     int s32Status; ///< of the exit
     std::string strOut, strErr;
 };
-/// Runs a command, words without quotes, to its end, for 20 seconds at most.
+/// Runs a command of the shell to its end, for 20 seconds at most.
 tagENDED_S runCommand(const std::string &strCommand);
 
 /// What ffprobe tells of the streams behind an address: "h264,1920,1080 aac,48000,2".
@@ -31,11 +31,11 @@ class GrayPlayer
 {
 public:
     explicit GrayPlayer(const std::string &strUrl);
-    ~GrayPlayer();
+    ~GrayPlayer() { pclose(m_pstPictures); }
     GrayPlayer(const GrayPlayer &) = delete;
     GrayPlayer &operator=(const GrayPlayer &) = delete;
 
-    tagGRAY_S next(); ///< the next picture, within ten seconds
+    tagGRAY_S next(); ///< the next picture; without points when none comes, after a minute of play at the latest
 
     /// Looks on until a picture is as it should be. @return false: none of so many was
     template <class Condition> bool sees(Condition condition, int s32Pictures = 150)
@@ -46,6 +46,5 @@ public:
     }
 
 private:
-    pid_t m_pid = -1;
-    int m_fd = -1;
+    FILE *m_pstPictures;
 };

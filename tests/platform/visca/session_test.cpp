@@ -23,13 +23,9 @@ const char *const STOP = "81 01 06 01 05 05 03 03 FF";
 const char *const TELE = "81 01 04 07 02 FF";
 const char *const INQUIRY = "81 09 04 00 FF";
 
-struct Step {
-    std::string strIn;
-    std::vector<std::string> listOut;
-};
 struct Dialogue {
     const char *pcName;
-    std::vector<Step> steps;
+    std::vector<std::pair<std::string, std::vector<std::string>>> steps; ///< what comes in and what goes out
 };
 
 class Session : public ViscaLibTest
@@ -94,6 +90,22 @@ INSTANTIATE_TEST_SUITE_P(Rows, SessionDialogue, testing::Values(
     Dialogue{"AddressSettingOnTheNetworkChangesNothing", {{"88 30 01 FF", {"88 30 02 FF"}}}}),
     [](const auto &row) { return row.param.pcName; });
 // clang-format on
+
+TEST(ViscaSockets, WhatIsBeingAnsweredCannotEndAgainAndKeepsItsSocket)
+{
+    Peer peer;
+    VISCA_MSG_PRI_S stPri{};
+    std::optional<Ended> superseded;
+    ASSERT_TRUE(library().sockets.open(peer, stPri, {PAN_TILT}, {}, superseded));
+    const BU_U32 u32Ticket = origin::ticketOf(stPri);
+    for (const Claim enClaim : {Claim::Running, Claim::Ended, Claim::Ended}) {
+        EXPECT_EQ(library().sockets.claim(u32Ticket), enClaim);
+        EXPECT_TRUE(library().sockets.isEnding(peer) && !library().sockets.isBusy(peer));
+        EXPECT_FALSE(library().sockets.closeSocket(peer, 1) || library().sockets.expectBy(u32Ticket, 5));
+    }
+    library().sockets.close(u32Ticket);
+    EXPECT_FALSE(library().sockets.isEnding(peer) || library().sockets.isBusy(peer));
+}
 
 TEST_F(Session, CancelAndClearStopTheMotors)
 {
