@@ -69,6 +69,7 @@ TEST_F(MediaPicture, FollowsTheHeadAndTheLens)
             return isNear(movedLeft(st.columns(), m_stStart.columns()), row.dPan * POINTS_PER_DEGREE) &&
                    (row.dPan != 0 || isNear(movedLeft(st.rows(), m_stStart.rows()), -row.dTilt * POINTS_PER_DEGREE));
         })) << row.pcTo;
+        EXPECT_EQ(m_controller.ask(POSITION_INQ), std::string("90 50 ") + row.pcTo + " FF");
     }
     tell("81 01 06 02 18 14 00 00 00 00 00 00 00 00 FF");
     tell("81 01 04 47 01 00 00 00 FF"); // twice as large, and a bit

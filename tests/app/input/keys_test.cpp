@@ -80,6 +80,19 @@ TEST_F(Keys, OfNumbers) { expect(BIG, {
         {"7 ~3000 -7", "GotoById(7, 2)"}, {"call -7 confirm", "GotoById(0, 2)"},
 }); }
 
+/// The record of the timer says whose hold or wait it measures.
+TEST_F(Keys, AreNamedByTheTimerTheyStart)
+{
+    for (const auto &[remote, pcSteps, enKey] : {
+             std::tuple{BIG, "+0", KEY_TYPE_E_NUM0}, {BIG, "+1", KEY_TYPE_E_NUM1}, {BIG, "+9", KEY_TYPE_E_NUM9}, {SMALL, "+home", KEY_TYPE_E_HOME},
+             {BIG, "call", KEY_TYPE_E_CALL}, {BIG, "set", KEY_TYPE_E_SET}, {BIG, "delete", KEY_TYPE_E_DELETE}, {BIG, "call 5", KEY_TYPE_E_NUM5},
+             {BIG, "call ~3000 6", KEY_TYPE_E_NUM6}, {BIG, "[open] +left", KEY_TYPE_E_LEFT}, {BIG, "[open] +right", KEY_TYPE_E_RIGHT}}) {
+        reset();
+        play(remote, pcSteps);
+        EXPECT_EQ(SR_BR_GetTimerData()->stParam.enKeyType, enKey) << pcSteps;
+    }
+}
+
 /// Menu and tracking change while a direction is held: the head stops with the release, or the next press at the latest.
 TEST_F(Keys, OfDirectionsWhoseMeaningChanges) { expect(BIG, {
         {"+up [open] -up", "PT_Up PT_StopMove"}, {"+left [open] -left ~2000", "PT_Left PT_StopMove"},

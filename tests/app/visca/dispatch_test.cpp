@@ -19,6 +19,15 @@ TEST_F(ViscaDispatch, ATypeWithoutHandlerIsNamedAndAnsweredWithAnError)
     }
 }
 
+TEST_F(ViscaDispatch, TheResultDecidesTheAnswer)
+{
+    for (const BU_S32 s32Result : {0, -1, 1, 7, -2}) {
+        prepare("@IR_API_GetAddr " + std::to_string(s32Result));
+        EXPECT_EQ(dispatch({VISCA_INQ_E_IR_INFO, put<&Info::stIrCtrl>}, {VISCA_MSG_E_IR_ADDR}), s32Result);
+        EXPECT_EQ(effects(), s32Result == 0 || s32Result == -1 ? answered(VISCA_INQ_E_IR_INFO, s32Result == 0) : "");
+    }
+}
+
 TEST_F(ViscaDispatch, CommandsAndInquiriesWithoutPayloadGetTheTerminatorAlone)
 {
     Info stInfo;
