@@ -14,28 +14,31 @@
 #include <cstdlib>
 #include <filesystem>
 
-class PlatformTest : public testing::Test
+/// A store in memory and a device root of its own.
+class FreshDevice : public testing::Test
 {
 protected:
-    PlatformTest()
+    FreshDevice()
     {
-        char acFolder[] = "/tmp/camera-test-XXXXXX";
-        m_strRoot = mkdtemp(acFolder);
         UTIL_ROOT_Set(m_strRoot.c_str());
         CFG_STORE_Open(nullptr);
         CFG_SETTING_Reload();
-        journal::start();
     }
+    ~FreshDevice() override { std::filesystem::remove_all(m_strRoot); }
+    const std::string &root() const { return m_strRoot; }
+
+private:
+    const std::string m_strRoot = mkdtemp(std::string("/tmp/camera-test-XXXXXX").data());
+};
+
+class PlatformTest : private util::ManualClock, public FreshDevice
+{
+protected:
+    PlatformTest() { journal::start(); }
     ~PlatformTest() override
     {
         UTIL_THREAD_WaitAsync();
         journal::stop();
-        std::filesystem::remove_all(m_strRoot);
     }
-    util::ManualClock &clock() { return m_stClock; }
-    const std::string &root() const { return m_strRoot; }
-
-private:
-    util::ManualClock m_stClock;
-    std::string m_strRoot;
+    util::ManualClock &clock() { return *this; }
 };

@@ -36,42 +36,25 @@ std::string headOf(std::size_t size)
 
 TEST(HttpHead, IsTakenOrRefusedByItsBytes)
 {
-    struct Row {
-        const char *pcName;
-        std::string strBytes;
-        BU_U32 u32Status; // 0: more is awaited
-    };
     const std::string strGet = "GET / HTTP/1.1\r\n";
-    const Row ROWS[] = {
-        {"plain", strGet + "Host: a\r\n\r\n", 200},
-        {"HTTP/1.0", "GET / HTTP/1.0\r\n\r\n", 200},
-        {"an empty line before it", "\r\n" + strGet + "\r\n", 200},
-        {"unknown method", "BREW / HTTP/1.1\r\n\r\n", 200},
-        {"half a line", "GET /", 0},
-        {"half a head", strGet + "Host: a\r\n", 0},
-        {"nothing", "", 0},
-        {"TLS", "\x16\x03\x01\x02"s, 400},
-        {"zeros", std::string(4, '\0'), 400},
-        {"no version", "GET /\r\n\r\n", 400},
-        {"two blanks", "GET  / HTTP/1.1\r\n\r\n", 400},
-        {"blank in the path", "GET /a b HTTP/1.1\r\n\r\n", 400},
+    // clang-format off
+    const struct { const char *pcName; std::string strBytes; BU_U32 u32Status; } HEADS[] = { // 0: more is awaited
+        {"plain", strGet + "Host: a\r\n\r\n", 200}, {"HTTP/1.0", "GET / HTTP/1.0\r\n\r\n", 200},
+        {"an empty line before it", "\r\n" + strGet + "\r\n", 200}, {"unknown method", "BREW / HTTP/1.1\r\n\r\n", 200},
+        {"half a line", "GET /", 0}, {"half a head", strGet + "Host: a\r\n", 0}, {"nothing", "", 0},
+        {"TLS", "\x16\x03\x01\x02"s, 400}, {"zeros", std::string(4, '\0'), 400}, {"no version", "GET /\r\n\r\n", 400},
+        {"two blanks", "GET  / HTTP/1.1\r\n\r\n", 400}, {"blank in the path", "GET /a b HTTP/1.1\r\n\r\n", 400},
         {"zero in the path", "GET /a\0b HTTP/1.1\r\n\r\n"s, 400},
         {"high bytes in the path", "GET /\xC3\xA9 HTTP/1.1\r\n\r\n", 400},
-        {"fragment", "GET /#a HTTP/1.1\r\n\r\n", 400},
-        {"whole address", "GET http://a/ HTTP/1.1\r\n\r\n", 400},
-        {"all", "OPTIONS * HTTP/1.1\r\n\r\n", 400},
-        {"method with brackets", "G(T / HTTP/1.1\r\n\r\n", 400},
-        {"another protocol", "GET / RTSP/1.0\r\n\r\n", 400},
-        {"HTTP/2", "GET / HTTP/2.0\r\n\r\n", 505},
-        {"HTTP/1.11", "GET / HTTP/1.11\r\n\r\n", 505},
-        {"bare line feeds", "GET / HTTP/1.1\nHost: a\n\r\n\r\n", 400},
-        {"header without colon", strGet + "Host\r\n\r\n", 400},
-        {"header without name", strGet + ": a\r\n\r\n", 400},
+        {"fragment", "GET /#a HTTP/1.1\r\n\r\n", 400}, {"whole address", "GET http://a/ HTTP/1.1\r\n\r\n", 400},
+        {"all", "OPTIONS * HTTP/1.1\r\n\r\n", 400}, {"method with brackets", "G(T / HTTP/1.1\r\n\r\n", 400},
+        {"another protocol", "GET / RTSP/1.0\r\n\r\n", 400}, {"HTTP/2", "GET / HTTP/2.0\r\n\r\n", 505},
+        {"HTTP/1.11", "GET / HTTP/1.11\r\n\r\n", 505}, {"bare line feeds", "GET / HTTP/1.1\nHost: a\n\r\n\r\n", 400},
+        {"header without colon", strGet + "Host\r\n\r\n", 400}, {"header without name", strGet + ": a\r\n\r\n", 400},
         {"blank before the colon", strGet + "Host : a\r\n\r\n", 400},
         {"folded header", strGet + "A: b\r\n c\r\n\r\n", 400},
         {"line feed in a value", strGet + "A: b\nHost: a\r\n\r\n", 400},
-        {"zero in a value", strGet + "A: \0\r\n\r\n"s, 400},
-        {"two hosts", strGet + "Host: a\r\nhost: b\r\n\r\n", 400},
+        {"zero in a value", strGet + "A: \0\r\n\r\n"s, 400}, {"two hosts", strGet + "Host: a\r\nhost: b\r\n\r\n", 400},
         {"two origins", strGet + "Origin: a\r\nOrigin: a\r\n\r\n", 400},
         {"two lengths", strGet + "Content-Length: 1\r\nContent-Length: 1\r\n\r\n", 400},
         {"length and chunks", strGet + "Content-Length: 1\r\nTransfer-Encoding: chunked\r\n\r\n", 400},
@@ -86,11 +69,11 @@ TEST(HttpHead, IsTakenOrRefusedByItsBytes)
         {"line without end", "GET /" + std::string(LINE_MAX_BYTES, 'x'), 414},
         {"most headers", strGet + headers(HEADERS_MAX) + "\r\n", 200},
         {"too many headers", strGet + headers(HEADERS_MAX + 1) + "\r\n", 431},
-        {"longest head", headOf(HEAD_MAX_BYTES), 200},
-        {"head too long", headOf(HEAD_MAX_BYTES + 1), 431},
+        {"longest head", headOf(HEAD_MAX_BYTES), 200}, {"head too long", headOf(HEAD_MAX_BYTES + 1), 431},
         {"head without end", strGet + "A: " + std::string(HEAD_MAX_BYTES, 'x'), 431},
     };
-    for (const auto &[pcName, strBytes, u32Status] : ROWS) {
+    // clang-format on
+    for (const auto &[pcName, strBytes, u32Status] : HEADS) {
         std::string strInput = strBytes;
         HeadReader reader;
         EXPECT_EQ(statusOf(reader.take(strInput)), u32Status) << pcName;
@@ -128,21 +111,15 @@ TEST(HttpHead, LeavesWhatFollowsIt)
 
 TEST(HttpHead, TellsHowTheConnectionGoesOn)
 {
-    struct Row {
-        const char *pcVersion, *pcHeaders;
-        bool bKeepAlive, bUpgrade;
-    };
-    constexpr Row ROWS[] = {
-        {"1.1", "", true, false},
-        {"1.0", "", false, false},
-        {"1.0", "Connection: Keep-Alive\r\n", true, false},
-        {"1.1", "Connection: foo, CLOSE\r\n", false, false},
-        {"1.1", "Connection: closet\r\n", true, false},
+    // clang-format off
+    constexpr struct { const char *pcVersion, *pcHeaders; bool bKeepAlive, bUpgrade; } CONNECTIONS[] = {
+        {"1.1", "", true, false}, {"1.0", "", false, false}, {"1.0", "Connection: Keep-Alive\r\n", true, false},
+        {"1.1", "Connection: foo, CLOSE\r\n", false, false}, {"1.1", "Connection: closet\r\n", true, false},
         {"1.1", "Connection: keep-alive, Upgrade\r\nUpgrade: WebSocket\r\n", true, true},
-        {"1.1", "Upgrade: websocket\r\n", true, false},
-        {"1.1", "Connection: Upgrade\r\nUpgrade: h2c\r\n", true, false},
+        {"1.1", "Upgrade: websocket\r\n", true, false}, {"1.1", "Connection: Upgrade\r\nUpgrade: h2c\r\n", true, false},
     };
-    for (const auto &[pcVersion, pcHeaders, bKeepAlive, bUpgrade] : ROWS) {
+    // clang-format on
+    for (const auto &[pcVersion, pcHeaders, bKeepAlive, bUpgrade] : CONNECTIONS) {
         const Parsed parsed = parseHead(std::string("GET / HTTP/") + pcVersion + "\r\n" + pcHeaders + "\r\n");
         EXPECT_EQ(std::get<Head>(parsed).bKeepAlive, bKeepAlive) << pcHeaders;
         EXPECT_EQ(std::get<Head>(parsed).stRequest.bUpgrade, bUpgrade) << pcHeaders;
@@ -151,14 +128,9 @@ TEST(HttpHead, TellsHowTheConnectionGoesOn)
 
 TEST(HttpTag, IsFoundInAList)
 {
-    struct Row {
-        const char *pcList;
-        bool bFound;
-    };
-    for (const auto &[pcList, bFound] :
-         {Row{"\"a\"", true}, Row{"W/\"a\"", true}, Row{"\"b\" ,W/\"a\"", true}, Row{"*", true}, Row{"", false},
-          Row{"a", false}, Row{"\"b\"", false}, Row{",", false}})
-        EXPECT_EQ(isTagIn(pcList, "\"a\""), bFound) << pcList;
+    const std::string strTag = R"("a")";
+    for (const char *pcList : {R"("a")", R"(W/"a")", R"("b" ,W/"a")", "*"}) EXPECT_TRUE(isTagIn(pcList, strTag));
+    for (const char *pcList : {"", "a", R"("b")", ","}) EXPECT_FALSE(isTagIn(pcList, strTag)) << pcList;
 }
 
 TEST(HttpAnswer, HasNoPlaceForForeignLines)

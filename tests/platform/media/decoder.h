@@ -21,10 +21,11 @@ public:
     explicit Decoder(BU_S32 s32StreamType)
     {
         media::quietLibav();
-        static const std::map<BU_S32, AVCodecID> IDS = {{STREAM_TYPE_H264, AV_CODEC_ID_H264},
-                                                        {STREAM_TYPE_H265, AV_CODEC_ID_HEVC},
-                                                        {STREAM_TYPE_MJPEG, AV_CODEC_ID_MJPEG},
-                                                        {STREAM_TYPE_AAC, AV_CODEC_ID_AAC}};
+        // clang-format off
+        static const std::map<BU_S32, AVCodecID> IDS = {
+            {STREAM_TYPE_H264, AV_CODEC_ID_H264}, {STREAM_TYPE_H265, AV_CODEC_ID_HEVC},
+            {STREAM_TYPE_MJPEG, AV_CODEC_ID_MJPEG}, {STREAM_TYPE_AAC, AV_CODEC_ID_AAC}};
+        // clang-format on
         const AVCodec *pstCodec = avcodec_find_decoder(IDS.at(s32StreamType));
         m_context.reset(avcodec_alloc_context3(pstCodec));
         m_context->thread_count = 1;

@@ -41,13 +41,9 @@ BU_S32 onEnd(void *pvPrivate, BU_BOOL)
     return 0;
 }
 
-class MotionThreads : public testing::Test
-{
-protected:
+struct MotionThreads : FreshDevice {
     MotionThreads()
     {
-        CFG_STORE_Open(nullptr);
-        CFG_SETTING_Reload();
         BSP_PTProcInit(0, nullptr);
         ZF_API_StartService();
         const PT_CTRL_CALL_FUNC_S st{PT_CTRL_E_FROM_VISCA, onEnd, sizeof(tagCOMMAND_S)};
