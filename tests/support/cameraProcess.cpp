@@ -1,34 +1,22 @@
 #include "cameraProcess.h"
 #include "place.h"
+#include "socket.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <netinet/in.h>
 #include <sched.h>
 #include <stdexcept>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace
 {
-bool isFree(int s32Type, int s32Port)
-{
-    const int fd = socket(AF_INET, s32Type, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(s32Port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    const bool bFree = bind(fd, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) == 0;
-    close(fd);
-    return bFree;
-}
+bool isFree(int s32Type, int s32Port) { return loopback(s32Type, s32Port, ::bind) >= 0; }
 
 /// An offset at which the ports of VISCA and RTSP are free; the highest, 52381, must stay below 65536.
 int freeOffset()
@@ -120,13 +108,11 @@ CameraProcess::~CameraProcess()
 long CameraProcess::residentKiB() const
 {
     std::ifstream in("/proc/" + std::to_string(m_pid) + "/status");
-    for (std::string strWord; in >> strWord;)
-        if (strWord == "VmRSS:") {
-            long lKiB = 0;
-            in >> lKiB;
-            return lKiB;
-        }
-    return 0;
+    std::string strWord;
+    while (in >> strWord && strWord != "VmRSS:") {}
+    long lKiB = 0;
+    in >> lKiB;
+    return lKiB;
 }
 
 double CameraProcess::cpuSeconds() const

@@ -27,6 +27,7 @@ public:
     BU_U8 &v(BU_S32 x, BU_S32 y) { return m_vec[luma() + static_cast<std::size_t>(y / 2 * m_s32Width + (x | 1))]; }
     std::array<int, 3> at(BU_S32 x, BU_S32 y) { return {this->y(x, y), u(x, y), v(x, y)}; }
     BU_S32 width() const { return m_s32Width; }
+    BU_S32 height() const { return m_s32Height; }
     bool operator==(const Picture &) const = default;
     /// Mean difference of all bytes.
     double difference(const Picture &other) const

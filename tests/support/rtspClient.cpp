@@ -1,35 +1,15 @@
 #include "rtspClient.h"
+#include "socket.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <chrono>
 #include <cstdlib>
 #include <glib.h>
 #include <poll.h>
-#include <sys/socket.h>
 
 namespace
 {
 constexpr int PATIENCE_S = 10;
-
-sockaddr_in loopback(int s32Port)
-{
-    sockaddr_in stAddress{};
-    stAddress.sin_family = AF_INET;
-    stAddress.sin_port = htons(static_cast<BU_U16>(s32Port));
-    stAddress.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return stAddress;
-}
-
-util::FileDescriptor boundSocket(int s32Type, int s32Port)
-{
-    util::FileDescriptor fd(::socket(AF_INET, s32Type | SOCK_CLOEXEC, 0));
-    const sockaddr_in stAddress = loopback(s32Port);
-    if (::bind(fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof stAddress) != 0) return {};
-    const timeval stPatience{PATIENCE_S, 0};
-    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &stPatience, sizeof stPatience);
-    return fd;
-}
 
 int portOf(int fd)
 {
@@ -52,17 +32,8 @@ tagRTP_S parseRtp(int s32Stream, std::string_view packet)
 }
 } // namespace
 
-util::FileDescriptor connectTo(int s32Port)
-{
-    util::FileDescriptor fd(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const sockaddr_in stAddress = loopback(s32Port);
-    if (::connect(fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof stAddress) != 0) return {};
-    const timeval stPatience{PATIENCE_S, 0};
-    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &stPatience, sizeof stPatience);
-    return fd;
-}
-
-int freePort() { return portOf(boundSocket(SOCK_STREAM, 0)); }
+util::FileDescriptor connectTo(int s32Port) { return loopback(SOCK_STREAM, s32Port, ::connect); }
+int freePort() { return portOf(loopback(SOCK_STREAM, 0, ::bind)); }
 
 std::string tagANSWER_S::header(const std::string &strName) const
 {
@@ -76,13 +47,13 @@ RtspClient::RtspClient(int s32Port, Way enWay, int s32HttpPort)
     : m_enWay(enWay), m_s32Port(s32Port), m_fd(connectTo(enWay == Way::Http ? s32HttpPort : s32Port))
 {
     if (enWay != Way::Http) return;
-    const std::string strCookie =
-        "x-sessioncookie: " + std::to_string(m_fd) + "c" + std::to_string(freePort()) + "\r\n";
-    send("GET /live HTTP/1.0\r\n" + strCookie + "Accept: application/x-rtsp-tunnelled\r\n\r\n");
+    const std::string strHead = " /live HTTP/1.0\r\nx-sessioncookie: " + std::to_string(m_fd) + "c" +
+                                std::to_string(freePort()) + "\r\n",
+                      strType = "application/x-rtsp-tunnelled\r\n";
+    send("GET" + strHead + "Accept: " + strType + "\r\n");
     answer();
     m_fdPost = connectTo(s32HttpPort);
-    const std::string strPost = "POST /live HTTP/1.0\r\n" + strCookie +
-                                "Content-Type: application/x-rtsp-tunnelled\r\nContent-Length: 32767\r\n\r\n";
+    const std::string strPost = "POST" + strHead + "Content-Type: " + strType + "Content-Length: 32767\r\n\r\n";
     static_cast<void>(::send(m_fdPost, strPost.data(), strPost.size(), MSG_NOSIGNAL));
 }
 
@@ -157,16 +128,15 @@ tagANSWER_S RtspClient::request(const std::string &strMethod, const std::string 
 
 tagANSWER_S RtspClient::setup(std::size_t index, const std::string &strControl)
 {
-    const std::string strFirst = std::to_string(2 * index), strSecond = std::to_string(2 * index + 1);
-    std::string strTransport = "RTP/AVP/TCP;unicast;interleaved=" + strFirst + "-" + strSecond;
+    const auto pair = [](auto first, auto second) { return std::to_string(first) + "-" + std::to_string(second); };
+    std::string strTransport = "RTP/AVP/TCP;unicast;interleaved=" + pair(2 * index, 2 * index + 1);
     if (m_enWay == Way::Udp) {
         util::FileDescriptor fd, fdControl;
         do { // two neighbours
-            fd = boundSocket(SOCK_DGRAM, 0);
-            fdControl = portOf(fd) % 2 == 0 ? boundSocket(SOCK_DGRAM, portOf(fd) + 1) : util::FileDescriptor{};
+            fd = loopback(SOCK_DGRAM, 0, ::bind);
+            if (portOf(fd) % 2 == 0) fdControl = loopback(SOCK_DGRAM, portOf(fd) + 1, ::bind);
         } while (fdControl < 0);
-        strTransport =
-            "RTP/AVP;unicast;client_port=" + std::to_string(portOf(fd)) + "-" + std::to_string(portOf(fdControl));
+        strTransport = "RTP/AVP;unicast;client_port=" + pair(portOf(fd), portOf(fdControl));
         m_udp.push_back(std::move(fd));
         m_control.push_back(std::move(fdControl));
     }
@@ -186,27 +156,21 @@ tagANSWER_S RtspClient::play(const std::string &strSession)
     return stAnswer.s32Status == 200 ? request("PLAY", url(strSession)) : stAnswer;
 }
 
-bool RtspClient::receiveUdp(std::string &strPacket, int &s32Stream)
+tagRTP_S RtspClient::receiveUdp()
 {
     std::vector<pollfd> polled;
     for (const auto &fd : m_udp) polled.push_back({fd, POLLIN, 0});
-    if (::poll(polled.data(), polled.size(), PATIENCE_S * 1000) <= 0) return false;
+    if (::poll(polled.data(), polled.size(), PATIENCE_S * 1000) <= 0) return {};
     const auto ready = std::ranges::find_if(polled, [](const pollfd &st) { return st.revents != 0; });
     char acBuffer[65536];
     const ssize_t length = ::recv(ready->fd, acBuffer, sizeof acBuffer, 0);
-    if (length < 0) return false;
-    s32Stream = static_cast<int>(ready - polled.begin());
-    strPacket.assign(acBuffer, static_cast<std::size_t>(length));
-    return true;
+    return parseRtp(static_cast<int>(ready - polled.begin()),
+                    {acBuffer, static_cast<std::size_t>(std::max(0L, length))});
 }
 
 tagRTP_S RtspClient::rtp()
 {
-    if (m_enWay == Way::Udp) {
-        std::string strPacket;
-        int s32Stream = 0;
-        return receiveUdp(strPacket, s32Stream) ? parseRtp(s32Stream, strPacket) : tagRTP_S{};
-    }
+    if (m_enWay == Way::Udp) return receiveUdp();
     const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(PATIENCE_S);
     for (std::optional<std::string> packet; std::chrono::steady_clock::now() < until && (packet = interleaved());)
         if (packet->front() % 2 == 0) return parseRtp(packet->front() / 2, std::string_view(*packet).substr(1));

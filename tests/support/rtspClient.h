@@ -53,7 +53,7 @@ private:
     bool receive(); ///< more into m_strIn
     std::optional<std::string> interleaved();
     tagANSWER_S setup(std::size_t index, const std::string &strControl);
-    bool receiveUdp(std::string &strPacket, int &s32Stream);
+    tagRTP_S receiveUdp();
 
     Way m_enWay;
     int m_s32Port;

@@ -1,9 +1,7 @@
 #include "viewer.h"
+#include "socket.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <sys/time.h>
+#include <algorithm>
 
 namespace
 {
@@ -15,15 +13,9 @@ BU_U64 number(const std::string &str, std::size_t offset, std::size_t length)
 }
 } // namespace
 
-Viewer::Viewer(int s32Port, int s32ReceiveBuffer) : m_fd(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+Viewer::Viewer(int s32Port, int s32ReceiveBuffer) : m_fd(loopback(SOCK_STREAM, s32Port, ::connect, s32ReceiveBuffer))
 {
     limitWaits(20);
-    if (s32ReceiveBuffer) setsockopt(m_fd, SOL_SOCKET, SO_RCVBUF, &s32ReceiveBuffer, sizeof(s32ReceiveBuffer));
-    sockaddr_in stAddress{};
-    stAddress.sin_family = AF_INET;
-    stAddress.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    stAddress.sin_port = htons(static_cast<BU_U16>(s32Port));
-    connect(m_fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof(stAddress));
 }
 
 Viewer::Viewer(int s32Port, const std::string &strPath, const std::string &strHeaders, int s32ReceiveBuffer)
@@ -36,18 +28,12 @@ Viewer::Viewer(int s32Port, const std::string &strPath, const std::string &strHe
     readStatus();
 }
 
-void Viewer::limitWaits(int s32Seconds)
-{
-    const timeval stLimit{s32Seconds, 0};
-    setsockopt(m_fd, SOL_SOCKET, SO_RCVTIMEO, &stLimit, sizeof(stLimit));
-    setsockopt(m_fd, SOL_SOCKET, SO_SNDTIMEO, &stLimit, sizeof(stLimit));
-}
+void Viewer::limitWaits(int s32Seconds) { ::limitWaits(m_fd, s32Seconds); }
 
 bool Viewer::settle()
 {
     send(masked(0x89, "?"));
-    const std::string strPong = read(3);
-    return strPong == "\x8A\x01?";
+    return read(3) == "\x8A\x01?";
 }
 
 void Viewer::send(const std::string &strBytes) { ::send(m_fd, strBytes.data(), strBytes.size(), MSG_NOSIGNAL); }
@@ -55,13 +41,8 @@ void Viewer::send(const std::string &strBytes) { ::send(m_fd, strBytes.data(), s
 std::string Viewer::read(std::size_t length)
 {
     std::string str(length, 0);
-    std::size_t done = 0;
-    while (done < length) {
-        const ssize_t got = recv(m_fd, str.data() + done, length - done, 0);
-        if (got <= 0) break;
-        done += static_cast<std::size_t>(got);
-    }
-    str.resize(done);
+    const ssize_t got = length ? recv(m_fd, str.data(), length, MSG_WAITALL) : 0;
+    str.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     return str;
 }
 

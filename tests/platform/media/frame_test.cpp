@@ -74,14 +74,13 @@ TEST_F(Frames, Refused)
     EXPECT_EQ(MPP_StopYuvStream(15, BU_FALSE), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, nullptr, fn), -1);
     EXPECT_EQ(MPP_StartYuvStream(11, &PARAM, nullptr), -1);
-    // clang-format off
-    const BU_U32 bad[][4] = { {MPP_YUV_FORMAT_E_NV12, 129, 72, 30}, {MPP_YUV_FORMAT_E_NV12, 128, 73, 30},
-         {MPP_YUV_FORMAT_E_NV12, 128, 0, 30}, {MPP_YUV_FORMAT_E_NV12, 128, 72, 0}, {2, 128, 72, 30}};
-    // clang-format on
-    for (const auto &[u32Format, w, h, u32Rate] : bad) {
-        const MPP_YUV_PARAM_S st{static_cast<MPP_YUV_FORMAT_E>(u32Format), w, h, u32Rate, {}};
-        EXPECT_EQ(MPP_StartYuvStream(11, &st, fn), -1) << u32Format << ' ' << w << 'x' << h;
-    }
+    constexpr auto NV12 = MPP_YUV_FORMAT_E_NV12, NONE = static_cast<MPP_YUV_FORMAT_E>(2);
+    for (const MPP_YUV_PARAM_S &st : {MPP_YUV_PARAM_S{NV12, 129, 72, 30, {}},
+                                      {NV12, 128, 73, 30, {}},
+                                      {NV12, 128, 0, 30, {}},
+                                      {NV12, 128, 72, 0, {}},
+                                      {NONE, 128, 72, 30, {}}})
+        EXPECT_EQ(MPP_StartYuvStream(11, &st, fn), -1) << st.enType << ' ' << st.u32Width << 'x' << st.u32Height;
 }
 
 TEST_F(Frames, StillIsAJpegOfItsSize)
@@ -93,8 +92,7 @@ TEST_F(Frames, StillIsAJpegOfItsSize)
         const auto size = static_cast<std::size_t>(SDL_RWtell(pstFile));
         SDL_RWclose(pstFile);
         const auto st = Decoder(STREAM_TYPE_MJPEG).decode({vec.data(), vec.data() + size});
-        EXPECT_EQ(st.s32Width, 640);
-        EXPECT_EQ(st.s32Height, 360);
+        EXPECT_EQ(std::pair(st.s32Width, st.s32Height), std::pair(640, 360));
         EXPECT_GT(*std::ranges::max_element(st.vecY) - *std::ranges::min_element(st.vecY), 100); // a picture
     }
     constexpr auto FULL = MPP_PIPE_USAGE_E_CLOSEUP_FULL;
@@ -143,8 +141,7 @@ TEST(DeviceMemory, IsZeroAlignedAndFreedOnce)
     const auto *pu8 = static_cast<const BU_U8 *>(st.pvVirAddr);
     EXPECT_EQ(reinterpret_cast<std::uintptr_t>(pu8) % 64, 0U);
     EXPECT_EQ(std::accumulate(pu8, pu8 + 1001, 0), 0);
-    EXPECT_EQ(MPP_MEM_FreeMem(&st), 0);
-    EXPECT_EQ(MPP_MEM_FreeMem(&st), 0);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(MPP_MEM_FreeMem(&st), 0);
     EXPECT_EQ(MPP_MEM_FreeMem(nullptr), -1);
 }
 } // namespace

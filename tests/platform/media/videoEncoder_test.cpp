@@ -58,8 +58,7 @@ TEST(VideoEncoders, EachPictureIsAPacketThatDecodes)
             EXPECT_EQ(pst->bKeyFrame != 0, bJpeg || i % 8 == 0) << i;
             if (i == 8) pstDecoder = std::make_unique<Decoder>(pst->s32EncodeType); // a viewer who starts here
             const auto st = pstDecoder->decode({pst->pu8Data, pst->pu8Data + pst->u32Length});
-            EXPECT_EQ(st.s32Width, static_cast<int>(stParam.u32Width));
-            EXPECT_EQ(st.s32Height, static_cast<int>(stParam.u32Height));
+            EXPECT_EQ(std::pair(st.s32Width, st.s32Height), std::pair(picture.width(), picture.height()));
             EXPECT_LT(picture.error(st, bJpeg), 8) << i;
         }
     }
@@ -124,14 +123,17 @@ TEST(EncoderParameters, Refused)
 {
     using P = MPP_VENC_PARAM_S;
     // clang-format off
-    const std::pair<BU_U32 P::*, BU_U32> cases[] = { {&P::u32Width, 62}, {&P::u32Width, 161}, {&P::u32Width, 4098},
-         {&P::u32Height, 62}, {&P::u32Height, 2306}, {&P::u32Height, 91}, {&P::u32FrmRate, 0}, {&P::u32FrmRate, 61}, {&P::u32BitRate, 15},
-         {&P::u32GOP, 3601}, {&P::u32Profile, 3}, {&P::u32QpMinI, 52}, {&P::u32BitRate, UINT32_MAX}, };
+    const std::tuple<BU_U32 P::*, BU_U32, BU_U32> cases[] = { // what is just taken, and what is not
+        {&P::u32Width, 64, 62}, {&P::u32Width, 162, 161}, {&P::u32Width, 4096, 4098}, {&P::u32Height, 64, 62},
+        {&P::u32Height, 2304, 2306}, {&P::u32Height, 92, 91}, {&P::u32FrmRate, 1, 0}, {&P::u32FrmRate, 60, 61}, {&P::u32BitRate, 16, 15},
+        {&P::u32GOP, 3600, 3601}, {&P::u32Profile, 2, 3}, {&P::u32QpMinI, 51, 52}, {&P::u32BitRate, 16, UINT32_MAX}};
     // clang-format on
-    for (const auto &[pu32Field, u32Value] : cases) {
+    for (const auto &[pu32Field, u32Taken, u32Refused] : cases) {
         MPP_VENC_PARAM_S stParam = paramOf(MPP_VENC_FORMAT_E_H264);
-        stParam.*pu32Field = u32Value;
-        EXPECT_FALSE(VideoEncoder::open(stParam, FrameRate{30, 1})) << u32Value;
+        for (const auto &[u32Value, bTaken] : {std::pair(u32Taken, true), {u32Refused, false}}) {
+            stParam.*pu32Field = u32Value;
+            EXPECT_EQ(VideoEncoder::open(stParam, FrameRate{30, 1}) != nullptr, bTaken) << u32Value;
+        }
     }
     EXPECT_FALSE(VideoEncoder::open(paramOf(static_cast<MPP_VENC_FORMAT_E>(3)), FrameRate{30, 1}));
 }

@@ -7,9 +7,7 @@ namespace
 {
 using testing::ElementsAre;
 
-class ZoomFocusTest : public MotionTest
-{
-protected:
+struct ZoomFocusTest : MotionTest {
     BU_S32 settled()
     {
         clock().advance(20000);
@@ -92,9 +90,9 @@ TEST_F(ZoomFocusTest, ManualFocusDrivesToItsEndsAndFocusesOnceOnTrigger)
     AF_API_SetFocusAct(0, FOCUS_ACTION_E_FAR, 8);
     EXPECT_EQ(settled(), 175);
     AF_API_SetFocusAct(0, FOCUS_ACTION_E_NEAR, 4);
-    clock().advance(1000);
+    run("wait1000");
     AF_API_SetFocusAct(0, FOCUS_ACTION_E_STOP, 4);
-    clock().advance(200);
+    run("wait200");
     const BU_S32 s32Stopped = focus();
     EXPECT_NEAR(s32Stopped, 175 + 1977 - 1977 / 28, 60) << "4/14 of 6920 a second, less the start, plus the braking";
     EXPECT_EQ(settled(), s32Stopped);

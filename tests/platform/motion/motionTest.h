@@ -9,6 +9,7 @@
 #include "camera/zoom.h"
 
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <sstream>
@@ -19,6 +20,9 @@ inline std::vector<std::string> &reports()
     static std::vector<std::string> listReports;
     return listReports;
 }
+
+inline bool operator==(const PT_POS_S &a, const PT_POS_S &b) { return !std::memcmp(&a, &b, sizeof a); }
+inline bool operator==(const PT_SPD_S &a, const PT_SPD_S &b) { return !std::memcmp(&a, &b, sizeof a); }
 
 class MotionTest : public PlatformTest
 {

@@ -99,20 +99,13 @@ TEST_F(MotionTest, SpeedMatchBringsPanAndTiltToTheTargetTogether)
 TEST_F(MotionTest, ExactlyOneReportForEachMoveWithTargetAndData)
 {
     const struct { const char *pcScript; std::vector<std::string> atOnce, later; } ROWS[] = {
-        {"to90#1=1",            {}, {"pt 1 done"}},
-        {"to0#1=1",             {"pt 1 done"}, {"pt 1 done"}},
-        {"home#1=1",            {"pt 1 done"}, {"pt 1 done"}},
-        {"reset#1=1",           {}, {"pt 1 done"}},
-        {"to90=1",              {}, {}}, // without data
-        {"right#1=0",           {}, {}},
-        {"stop#1=0",            {}, {}},
-        {"tele#1=0",            {}, {}},
-        {"zoom16384#1=1",       {}, {"zf 1 done"}},
-        {"focus5000#1=1",       {}, {"zf 1 done"}},
-        {"both6000#1=1",        {}, {"zf 1 done"}}, // zoom and focus end once
-        {"to90#1 to-90#2",      {"pt 1 left"}, {"pt 1 left", "pt 2 done"}},
-        {"to90#1 left",         {"pt 1 left"}, {"pt 1 left"}},
-        {"to90#1 stop",         {"pt 1 left"}, {"pt 1 left"}},
+        {"to90#1=1", {}, {"pt 1 done"}}, {"to0#1=1", {"pt 1 done"}, {"pt 1 done"}},
+        {"home#1=1", {"pt 1 done"}, {"pt 1 done"}}, {"reset#1=1", {}, {"pt 1 done"}},
+        {"to90=1", {}, {}}, // without data
+        {"right#1=0", {}, {}}, {"stop#1=0", {}, {}}, {"tele#1=0", {}, {}}, {"zoom16384#1=1", {}, {"zf 1 done"}},
+        {"focus5000#1=1", {}, {"zf 1 done"}}, {"both6000#1=1", {}, {"zf 1 done"}}, // zoom and focus end once
+        {"to90#1 to-90#2", {"pt 1 left"}, {"pt 1 left", "pt 2 done"}}, {"to90#1 left", {"pt 1 left"}, {"pt 1 left"}},
+        {"to90#1 stop", {"pt 1 left"}, {"pt 1 left"}},
         {"zoom16384#1 focus5000#2 to90#3 stop", {"pt 3 left"}, {"pt 3 left", "zf 2 done", "zf 1 done"}}, // not the lens
         {"both6000#1 focus5000#2 zoomstop", {"zf 1 left"}, {"zf 1 left", "zf 2 done"}}, // nor the zoom the focus
         {"both6000#1 zoomstop", {"zf 1 left"}, {"zf 1 left"}},

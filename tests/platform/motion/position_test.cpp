@@ -23,14 +23,14 @@ TEST_F(PositionTest, KnownViscaPositions)
     // clang-format on
     for (auto [stPos, stMotor] : KNOWN) {
         EXPECT_EQ(BSP_PTPosFromVisca(0, &stPos), 0);
-        EXPECT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(stMotor.u32PanPos, stMotor.u32TiltPos));
+        EXPECT_EQ(stPos, stMotor);
     }
     for (BU_S32 s32 = -2448; s32 <= 2448; ++s32) { // read, sent back and read again it is the same
-        const BU_U32 u32Pan = static_cast<BU_U16>(s32), u32Tilt = static_cast<BU_U16>(std::clamp(s32, -432, 1296));
-        PT_POS_S stPos{u32Pan, u32Tilt};
+        const PT_POS_S stVisca{static_cast<BU_U16>(s32), static_cast<BU_U16>(std::clamp(s32, -432, 1296))};
+        PT_POS_S stPos = stVisca;
         BSP_PTPosFromVisca(0, &stPos);
         BSP_PTPosToVisca(0, &stPos);
-        ASSERT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(u32Pan, u32Tilt));
+        ASSERT_EQ(stPos, stVisca);
     }
 }
 
@@ -48,14 +48,14 @@ TEST_F(PositionTest, DegreesOfEveryMotorPosition)
         ASSERT_NEAR(static_cast<double>(stBack.u32PanPos), s32, 7.5); // half of a hundredth of a degree
     }
     // clang-format off
-    const struct { BU_S32 s32Mode; PT_DEGREE_S stDegree; BU_U32 u32Pan, u32Tilt; } OUTSIDE[] = {
-        {0, {-17001, 9001}, 285000, 675000}, {0, {INT32_MAX, INT32_MIN}, 795000, 495000},
-        {1, {0, 1000000}, 285000, 675000}};
+    const struct { BU_S32 s32Mode; PT_DEGREE_S stDegree; PT_POS_S stEnd; } OUTSIDE[] = {
+        {0, {-17001, 9001}, {285000, 675000}}, {0, {INT32_MAX, INT32_MIN}, {795000, 495000}},
+        {1, {0, 1000000}, {285000, 675000}}};
     // clang-format on
-    for (const auto &st : OUTSIDE) {
+    for (const auto &[s32Mode, stOutside, stEnd] : OUTSIDE) {
         PT_POS_S stPos{};
-        EXPECT_EQ(BSP_PTDegreeToPos(0, &stPos, &st.stDegree, st.s32Mode), 0);
-        EXPECT_EQ(std::tuple(stPos.u32PanPos, stPos.u32TiltPos), std::tuple(st.u32Pan, st.u32Tilt));
+        EXPECT_EQ(BSP_PTDegreeToPos(0, &stPos, &stOutside, s32Mode), 0);
+        EXPECT_EQ(stPos, stEnd);
     }
     PT_DEGREE_S stDegree{};
     const PT_POS_S stPos{};

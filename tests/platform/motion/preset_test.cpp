@@ -4,17 +4,12 @@
 #include "camera/image.h"
 #include "config/config.h"
 
-#include <algorithm>
-#include <array>
-
 namespace
 {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class PresetTest : public MotionTest
-{
-protected:
+struct PresetTest : MotionTest {
     PresetTest() { begin(); }
     void begin()
     {
@@ -72,21 +67,17 @@ TEST_F(PresetTest, StoresThePositionOfThisMomentUnderAName)
 TEST_F(PresetTest, RecallsHaveTwoEndsOrWereSuperseded)
 {
     const std::pair<const char *, std::vector<std::string>> ROWS[] = {
-        {"recall5#1=1",                     {"pt 1 done", "zf 1 done"}},
-        {"recall5=0",                       {}},
-        {"recall9#1=-1",                    {}}, // nothing stored
-        {"recall-1#1=1",                    {"pt 1 done", "zf 1 done"}}, // home
-        {"recall5#1 recall6#2",             {"superseded 1", "pt 2 done", "zf 2 done"}},
-        {"recall5#1 left",                  {"superseded 1"}},
-        {"recall5#1 stop",                  {"superseded 1"}},
-        {"recall5#1 stop zoomstop focusstop", {"superseded 1"}},
-        {"recall5#1 to0#2",                 {"superseded 1", "pt 2 done"}},
-        {"to-20#1 recall5#2",               {"pt 1 left", "pt 2 done", "zf 2 done"}},
-        {"fast recall5#1 wait1260 wide",    {"pt 1 done", "superseded 1"}},
-        {"fast recall5#1 wait1260 stop",    {"pt 1 done", "zf 1 done"}},
-        {"auto recall5#1 near",             {"pt 1 done", "zf 1 done"}}, // a focus command is not part of it
-        {"auto focus5000#1 recall5#2",      {"zf 1 left", "pt 2 done", "zf 2 done"}},
-        {"recall5 wait10000 recall5#2=1",   {"pt 2 done", "zf 2 done"}}, // at its position
+        {"recall5#1=1", {"pt 1 done", "zf 1 done"}}, {"recall5=0", {}}, {"recall9#1=-1", {}}, // nothing stored
+        {"recall-1#1=1", {"pt 1 done", "zf 1 done"}}, // home
+        {"recall5#1 recall6#2", {"superseded 1", "pt 2 done", "zf 2 done"}}, {"recall5#1 left", {"superseded 1"}},
+        {"recall5#1 stop", {"superseded 1"}}, {"recall5#1 stop zoomstop focusstop", {"superseded 1"}},
+        {"recall5#1 to0#2", {"superseded 1", "pt 2 done"}},
+        {"to-20#1 recall5#2", {"pt 1 left", "pt 2 done", "zf 2 done"}},
+        {"fast recall5#1 wait1260 wide", {"pt 1 done", "superseded 1"}},
+        {"fast recall5#1 wait1260 stop", {"pt 1 done", "zf 1 done"}},
+        {"auto recall5#1 near", {"pt 1 done", "zf 1 done"}}, // a focus command is not part of it
+        {"auto focus5000#1 recall5#2", {"zf 1 left", "pt 2 done", "zf 2 done"}},
+        {"recall5 wait10000 recall5#2=1", {"pt 2 done", "zf 2 done"}}, // at its position
     };
     for (const auto &[pcScript, list] : ROWS) {
         begin();
@@ -151,38 +142,31 @@ TEST_F(PresetTest, StartsAtThePowerUpPosition)
 
 TEST_F(PresetTest, PicturePresetsAreSetsOfSettings)
 {
-    constexpr const BU_CHAR *STYLE_KEYS[] = {"Sharpness", "Brightness", "Contrast", "Saturation",
-                                             "Hue",       "Gamma",      "Nr2d",     "Nr3d"};
-    const auto sharpness = [] {
+    const auto valueOf = [](const BU_CHAR *pcKey, BU_BOOL bReread) {
         BU_S32 s32 = -1;
-        ISP_API_GetSharpness(0, &s32, BU_FALSE);
+        CFG_SETTING_Get(pcKey, 0, &s32, bReread);
         return s32;
     };
     const auto recall = [](BU_S32 s32Id) { return IMAGE_PRESET_API_GotoById(s32Id, PT_CTRL_E_FROM_OTHER, nullptr); };
-    CFG_VALUE_INT_S stRange{};
-    CFG_COM_GetIntParams("Sharpness", &stRange);
-    ISP_API_SetSharpness(0, stRange.s32Max, BU_FALSE, BU_FALSE);
+    ISP_API_SetSharpness(0, 15, BU_FALSE, BU_FALSE);
     EXPECT_EQ(recall(3), -1);
     EXPECT_EQ(IMAGEPRESET_API_SetCur(3, nullptr), 0);
 
-    const std::pair<BU_S32, std::array<BU_S32, 8>> rows[] = {// what each style stores
-                                                             {-250, {6, 7, 7, 7, 7, 0, 2, 3}},
-                                                             {-1, {7, 7, 8, 7, 7, 1, 2, 3}},
-                                                             {-2, {4, 7, 5, 6, 7, 2, 2, 3}},
-                                                             {-3, {8, 7, 9, 9, 7, 0, 2, 3}}};
+    // clang-format off
+    const std::pair<BU_S32, std::vector<BU_S32>> rows[] = { // what each style stores
+        {-250, {6, 7, 7, 7, 7, 0, 2, 3}}, {-1, {7, 7, 8, 7, 7, 1, 2, 3}},
+        {-2, {4, 7, 5, 6, 7, 2, 2, 3}}, {-3, {8, 7, 9, 9, 7, 0, 2, 3}}};
+    // clang-format on
     for (const auto &[s32Style, expected] : rows) {
         EXPECT_EQ(recall(s32Style), 0);
         EXPECT_EQ(IMAGE_PRESET_API_DeleteById(s32Style), -1);
-        std::array<BU_S32, 8> values{};
-        std::ranges::transform(STYLE_KEYS, values.begin(), [](const BU_CHAR *pcKey) {
-            BU_S32 s32 = -1;
-            CFG_SETTING_Get(pcKey, 0, &s32, BU_TRUE);
-            return s32;
-        });
+        std::vector<BU_S32> values;
+        for (const char *pcKey : {"Sharpness", "Brightness", "Contrast", "Saturation", "Hue", "Gamma", "Nr2d", "Nr3d"})
+            values.push_back(valueOf(pcKey, BU_TRUE));
         EXPECT_EQ(values, expected) << s32Style;
     }
     EXPECT_EQ(recall(3), 0);
-    EXPECT_EQ(sharpness(), stRange.s32Max);
+    EXPECT_EQ(valueOf("Sharpness", BU_FALSE), 15);
     for (const BU_S32 s32Result : {0, -1}) EXPECT_EQ(IMAGE_PRESET_API_DeleteById(3), s32Result);
     EXPECT_EQ(recall(3), -1);
     for (const BU_S32 s32Outside : {-1, 255}) EXPECT_EQ(IMAGEPRESET_API_SetCur(s32Outside, "x"), -1);

@@ -14,9 +14,7 @@ void noteArguments(PT_SPD_S *pstSpd, BU_S32 s32Pan, BU_S32 s32PanTop, BU_S32 s32
     g_stSetup = *pstSetup;
 }
 
-class MotionSpeedTest : public MotionTest
-{
-protected:
+struct MotionSpeedTest : MotionTest {
     MotionSpeedTest()
     {
         PT_API_InitByXml(&LIMITS,
@@ -27,14 +25,13 @@ protected:
                           {PT_CTRL_E_FROM_OTHER, BU_TRUE, 0, 0, 0, 0, 0, noteArguments, 0, PT_CalcSpeedRate_Simple, 2},
                           {PT_CTRL_E_FROM_TKV_SUPERFINE, BU_TRUE, 0, 0, 0, 0, 0, noteArguments, 0, nullptr, 2}});
     }
-    template <class... Levels>
-    static std::pair<BU_U32, BU_U32> speed(PT_CTRL_FROM_E enFrom, PT_MOTION_TYPE_E enType, Levels... levels)
+    template <class... Levels> static PT_SPD_S speed(PT_CTRL_FROM_E enFrom, PT_MOTION_TYPE_E enType, Levels... levels)
     {
         PT_MOTION_CTRL_S st = drive(enType, 0);
         st.u16SpdMul = 1;
         EXPECT_EQ(PT_API_CalcMotionSpeed(enFrom, &st, levels...), 0);
         EXPECT_EQ(st.u16SpdMul, enFrom == PT_CTRL_E_FROM_ALG ? 50 : 100);
-        return {st.stSpd.u32PanSpd, st.stSpd.u32TiltSpd};
+        return st.stSpd;
     }
 };
 
@@ -50,10 +47,10 @@ TEST_F(MotionSpeedTest, EntryAndTopsOfTheSource)
         speed(st.enFrom, PT_MOTION_E_RIGHT_UP, 7, 9);
         EXPECT_EQ(g_stSetup.eFrom, st.enEntry);
         EXPECT_EQ(g_stSetup.s32MaxTiltSpeed, 9000); // loaded from the limits
-        EXPECT_EQ(std::pair(g_stTops.u32PanSpd, g_stTops.u32TiltSpd), std::pair(st.u32OwnTop, st.u32OwnTop));
-        EXPECT_EQ(speed(st.enFrom, PT_MOTION_E_RIGHT_UP, 7, 288, 9, 300), std::pair(7u, 9u));
-        EXPECT_EQ(std::pair(g_stTops.u32PanSpd, g_stTops.u32TiltSpd), std::pair(288u, 300u));
-        EXPECT_EQ(speed(st.enFrom, PT_MOTION_E_RIGHT_UP), std::pair(12000u, 9000u));
+        EXPECT_EQ(g_stTops, (PT_SPD_S{st.u32OwnTop, st.u32OwnTop}));
+        EXPECT_EQ(speed(st.enFrom, PT_MOTION_E_RIGHT_UP, 7, 288, 9, 300), (PT_SPD_S{7, 9}));
+        EXPECT_EQ(g_stTops, (PT_SPD_S{288, 300}));
+        EXPECT_EQ(speed(st.enFrom, PT_MOTION_E_RIGHT_UP), (PT_SPD_S{12000, 9000}));
     }
     PT_MOTION_CTRL_S stMotion{};
     EXPECT_EQ(PT_API_CalcMotionSpeed(PT_CTRL_E_FROM_BUTT, &stMotion), -1);
@@ -63,15 +60,14 @@ TEST_F(MotionSpeedTest, EntryAndTopsOfTheSource)
 TEST_F(MotionSpeedTest, SimpleMapIsAShareOfTheMaximum)
 {
     // clang-format off
-    const struct { BU_S32 s32Level; BU_U32 u32Pan, u32Tilt; } CASES[] = {
-        {-5, 100, 100}, {0, 100, 100}, {1, 100, 100}, {3, 300, 150},
-        {32, 3200, 1600}, {64, 6400, 3200}, {65, 6400, 3200}};
+    const struct { std::array<BU_S32, 4> levels; PT_SPD_S stSpeed; } CASES[] = {
+        {{-5, 64, -5, 64}, {100, 100}}, {{0, 64, 0, 64}, {100, 100}}, {{1, 64, 1, 64}, {100, 100}},
+        {{3, 64, 3, 64}, {300, 150}}, {{32, 64, 32, 64}, {3200, 1600}},
+        {{64, 64, 64, 64}, {6400, 3200}}, {{65, 64, 65, 64}, {6400, 3200}},
+        {{1, 0, INT32_MAX, 1}, {6400, 3200}}}; // no division by zero, no overflow
     // clang-format on
-    for (const auto &st : CASES)
-        EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_ABS_POS, st.s32Level, 64, st.s32Level, 64),
-                  std::pair(st.u32Pan, st.u32Tilt));
-    EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_ABS_POS, 1, 0, INT32_MAX, 1),
-              std::pair(6400u, 3200u)); // no division by zero, no overflow
+    for (const auto &[levels, stSpeed] : CASES)
+        EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_ABS_POS, levels[0], levels[1], levels[2], levels[3]), stSpeed);
 }
 
 TEST_F(MotionSpeedTest, SpeedMatchSlowsDrivesAsTheZoomGoesIn)
@@ -87,25 +83,25 @@ TEST_F(MotionSpeedTest, SpeedMatchSlowsDrivesAsTheZoomGoesIn)
     // clang-format on
     for (const auto &st : CASES) {
         PT_API_SetPtSpeedMatch(0, st.bMatch, BU_FALSE, BU_FALSE);
-        const auto full = speed(st.enFrom, PT_MOTION_E_ABS_POS, 2000, 4000, 2000, 4000);
-        EXPECT_NEAR(speed(st.enFrom, st.enType, 2000, 4000, 2000, 4000).first, full.first * st.dRate, 2)
-            << st.enFrom << ' ' << st.enType;
+        const auto pan = [&](PT_MOTION_TYPE_E en) { return speed(st.enFrom, en, 2000, 4000, 2000, 4000).u32PanSpd; };
+        EXPECT_NEAR(pan(st.enType), pan(PT_MOTION_E_ABS_POS) * st.dRate, 2) << st.enFrom << ' ' << st.enType;
     }
     PT_API_SetPtSpeedMatch(0, BU_TRUE, BU_FALSE, BU_FALSE);
-    EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_RIGHT_UP, 1, 64, 1, 64).first, 100u)
-        << "never below the slowest of the entry";
+    EXPECT_EQ(speed(PT_CTRL_E_FROM_ALG, PT_MOTION_E_RIGHT_UP, 1, 64, 1, 64).u32PanSpd, 100u)
+        << "never below its slowest";
 }
 
 TEST_F(MotionSpeedTest, FaultySetsChangeNothing)
 {
-    constexpr PT_SPEED_LIMIT_T GOOD{1, 100, 1, 100, 10}, NO_MULTIPLIER{5, 12000, 5, 9000, 0},
-        NO_SPEED{5, 0, 5, 9000, 100};
+    constexpr PT_SPEED_LIMIT_T GOOD{1, 100, 1, 100, 10};
     PT_SPEED_CALC_SET_S stNoSource{};
     stNoSource.eFrom = PT_CTRL_E_FROM_BUTT;
     stNoSource.fnMapSpeedLevel = noteArguments;
-    for (const auto *pst : {static_cast<const PT_SPEED_LIMIT_T *>(nullptr), &NO_MULTIPLIER, &NO_SPEED})
-        EXPECT_EQ(PT_API_InitByXml(pst, {}), -1);
+    EXPECT_EQ(PT_API_InitByXml(nullptr, {}), -1);
+    for (const PT_SPEED_LIMIT_T &st :
+         {PT_SPEED_LIMIT_T{5, 12000, 5, 9000, 0}, {5, 0, 5, 9000, 100}}) // multiplier, speed
+        EXPECT_EQ(PT_API_InitByXml(&st, {}), -1);
     for (const auto &st : {PT_SPEED_CALC_SET_S{}, stNoSource}) EXPECT_EQ(PT_API_InitByXml(&GOOD, {st}), -1);
-    EXPECT_EQ(speed(PT_CTRL_E_FROM_VISCA, PT_MOTION_E_RIGHT_UP), std::pair(12000u, 9000u));
+    EXPECT_EQ(speed(PT_CTRL_E_FROM_VISCA, PT_MOTION_E_RIGHT_UP), (PT_SPD_S{12000, 9000}));
 }
 } // namespace

@@ -2,6 +2,7 @@
 #include "net/listener.h"
 #include "net/outbox.h"
 #include "net/socket.h"
+#include "support/socket.h"
 
 #include <gmock/gmock.h>
 
@@ -13,14 +14,6 @@
 namespace
 {
 typedef std::vector<BU_U8> Bytes;
-
-util::FileDescriptor connectTo(int s32Type, BU_U16 u16Port)
-{
-    util::FileDescriptor fd(::socket(AF_INET, s32Type | SOCK_CLOEXEC, 0));
-    const sockaddr_in stTo = net::socketAddress(INADDR_LOOPBACK, u16Port);
-    EXPECT_EQ(::connect(fd, reinterpret_cast<const sockaddr *>(&stTo), sizeof(stTo)), 0);
-    return fd;
-}
 
 bool isReadable(int s32Fd, int s32WaitMs)
 {
@@ -46,11 +39,9 @@ TEST(Listener, TurnsAwayForWhomThereIsNoDescriptor)
     net::Listener listener(net::listenTcp("127.0.0.1", 0), "peer", 2);
     const BU_U16 u16Port = net::boundPort(listener.fd());
     std::vector<util::FileDescriptor> peers, taken, filler;
-    const auto accept = [&] {
-        return listener.accept(
-            [&](util::FileDescriptor fd, const sockaddr_storage &) { taken.push_back(std::move(fd)); });
-    };
-    for (int i = 0; i < 3; ++i) peers.push_back(connectTo(SOCK_STREAM, u16Port));
+    const auto take = [&](util::FileDescriptor fd, const sockaddr_storage &) { taken.push_back(std::move(fd)); };
+    const auto accept = [&] { return listener.accept(take); };
+    for (int i = 0; i < 3; ++i) peers.push_back(loopback(SOCK_STREAM, u16Port, ::connect));
     EXPECT_TRUE(accept());
     EXPECT_EQ(taken.size(), 2U) << "so many at once";
     rlimit stLimit{};
@@ -63,7 +54,7 @@ TEST(Listener, TurnsAwayForWhomThereIsNoDescriptor)
     EXPECT_TRUE(isReadable(peers[2], 20'000)) << "the end of its connection";
     filler.clear();
     setrlimit(RLIMIT_NOFILE, &stLimit);
-    peers.push_back(connectTo(SOCK_STREAM, u16Port));
+    peers.push_back(loopback(SOCK_STREAM, u16Port, ::connect));
     EXPECT_TRUE(accept());
     EXPECT_EQ(taken.size(), 3U);
 }
