@@ -3,17 +3,14 @@
 // silence.
 #include "eventReader.h"
 #include "heldKeys.h"
+#include "require.h"
 
-#include <cstdlib>
 #include <cstring>
 #include <set>
 
 namespace
 {
-void expect(bool bTrue)
-{
-    if (!bTrue) std::abort();
-}
+using namespace input;
 
 /// The keys that are held, told again by the simplest means.
 class Keyboard
@@ -23,7 +20,7 @@ public:
     {
         m_held.note(stEvent, s64NowMs);
         if (stEvent.type != EV_KEY) return;
-        expect(stEvent.code <= KEY_MAX && stEvent.value >= 0 && stEvent.value <= 2);
+        require(stEvent.code <= KEY_MAX && stEvent.value >= 0 && stEvent.value <= 2);
         if (stEvent.value == 0)
             m_codes.erase(stEvent.code);
         else
@@ -31,13 +28,13 @@ public:
     }
     void endSilent(BU_S64 s64NowMs)
     {
-        while (const auto code = m_held.takeSilent(s64NowMs)) expect(m_codes.erase(*code) == 1);
-        expect(m_held.dueMs().value_or(INT64_MAX) > s64NowMs);
+        while (const auto code = m_held.takeSilent(s64NowMs)) require(m_codes.erase(*code) == 1);
+        require(m_held.dueMs().value_or(INT64_MAX) > s64NowMs);
     }
     void endAll()
     {
-        for (const BU_U16 u16Code : m_held.takeAll()) expect(m_codes.erase(u16Code) == 1);
-        expect(m_codes.empty() && !m_held.dueMs());
+        for (const BU_U16 u16Code : m_held.takeAll()) require(m_codes.erase(u16Code) == 1);
+        require(m_codes.empty() && !m_held.dueMs());
     }
 
 private:
@@ -65,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pu8Data, size_t size)
     std::array<BU_U8, sizeof(stKey)> record;
     std::memcpy(record.data(), &stKey, sizeof(stKey));
     reader.feed(record, s64NowMs + 500, [&](const input_event &stEvent) { stFound = stEvent; });
-    expect(std::memcmp(&stFound, &stKey, sizeof(stKey)) == 0);
+    require(std::memcmp(&stFound, &stKey, sizeof(stKey)) == 0);
     keyboard.endAll();
     return 0;
 }

@@ -56,14 +56,15 @@ BU_S32 transmit(BU_U8 *pu8Buf, BU_U32 u32Len, void *pvPrivate, void *)
 }
 } // namespace
 
-void fuzz::startCamera()
+/// Before the first input.
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
 {
     setenv("CAMERA_LOG", "0", 1);
     VISCA_TRAN_CALL_FUNC_S stTrans{7, {}, nullptr};
     for (BU_S32 i = 0; i < 7; ++i) stTrans.stViscaTransHandlers[i] = {static_cast<CMD_FROM_E>(i), transmit};
     const VISCA_CTRL_CALL_FUNC_S stCtrl{control, complete};
     const tagCFG_VISCA_NET_S stOff{};
-    VISCA_HandlerInit(&stTrans, &stCtrl, &stOff, &stOff);
+    return VISCA_HandlerInit(&stTrans, &stCtrl, &stOff, &stOff);
 }
 
 void fuzz::endOldest(bool bOk)

@@ -7,9 +7,9 @@
 
 namespace fuzz
 {
-/// Starts the library with a service that answers by the message: moves run until endOldest, a few kinds are refused or
-/// fail. Everything sent is checked for its form.
-void startCamera();
+// The library is started with a service that answers by the message: moves run until endOldest, a few kinds are refused
+// or fail. Everything sent is checked for its form.
+
 /// Ends the move that has run for longest.
 void endOldest(bool bOk);
 /// Ends all, forgets all.

@@ -2,12 +2,6 @@
 // of length 0 ends the oldest move.
 #include "viscaDouble.h"
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***)
-{
-    fuzz::startCamera();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pu8Data, size_t size)
 {
     using namespace visca;

@@ -2,19 +2,14 @@
 #include "http/answer.h"
 #include "http/headers.h"
 #include "http/request.h"
+#include "require.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <vector>
 
 namespace
 {
 using namespace http;
-
-void require(bool bTrue)
-{
-    if (!bTrue) std::abort();
-}
 
 /// The requests in one line each, and the refusal that ends them.
 struct tagREADER_S {

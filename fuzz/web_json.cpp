@@ -2,18 +2,12 @@
 // from.
 #include "eventApi.h"
 #include "http/headers.h"
+#include "require.h"
 #include "routes.h"
 #include "web/events.h"
 
-#include <cstdlib>
-
 namespace
 {
-void require(bool bTrue)
-{
-    if (!bTrue) std::abort();
-}
-
 /// What is taken as a request has the size of its image, and reads the same when it is written as text.
 void body(WEB_EVENT_S stEvent, std::string_view text)
 {

@@ -139,7 +139,7 @@ TEST_F(ViscaInquiry, System)
 
     Info stInfo{};
     VISCA_API_SetAddr(6, BU_TRUE);
-    EXPECT_EQ(dispatch({VISCA_INQ_E_GET_ADDRESS}, {}, "", stInfo), 0);
+    EXPECT_EQ(dispatch({VISCA_INQ_E_GET_ADDRESS}, {}, "", &stInfo), 0);
     EXPECT_EQ(stInfo.u8Address, 6);
     VISCA_API_SetAddr(1, BU_TRUE);
 

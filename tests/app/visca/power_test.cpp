@@ -44,7 +44,7 @@ TEST_F(ViscaPower, OffKeepsItsRecordThenSleepsAndIsNotAnsweredYet)
     Info stInfo{};
     stInfo.stMsgPri.enFrom = CMD_FROM_E_OVER_IP_IN;
     stInfo.stMsgPri.stIpMsg.u32SnNum = 0xFFFFFFFE;
-    EXPECT_EQ(dispatch(POWER, {VISCA_MSG_E_POWER_OFF}, "@SYSTEM_API_SleepAppService 0", stInfo), 1);
+    EXPECT_EQ(dispatch(POWER, {VISCA_MSG_E_POWER_OFF}, "@SYSTEM_API_SleepAppService 0", &stInfo), 1);
     std::ifstream file(root() + "/var/ViscaCtrlPowerOff", std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), image(stInfo));
     EXPECT_EQ(effects(), "SYSTEM_API_SleepAppService(); ");

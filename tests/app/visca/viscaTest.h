@@ -5,6 +5,7 @@
 #include "board/profile.h"
 #include "camera/motion.h"
 #include "camera/settingEvent.h"
+#include "support/hex.h"
 #include "support/platformTest.h"
 #include "visca/visca.h"
 
@@ -57,10 +58,9 @@ inline void prepare(const std::string &strSettings)
     std::istringstream list(strSettings);
     for (std::string strOne; std::getline(list >> std::ws, strOne, ',');) {
         if (strOne.empty()) continue;
-        const auto space = strOne.find(' ');
+        const auto space = strOne.find(' '), start = strOne.find_first_not_of("!@");
         const BU_S32 s32Value = std::stoi(strOne.substr(space), nullptr, 0);
-        const std::string strKey =
-            strOne.substr(strOne[0] == '!' || strOne[0] == '@', space - (strOne[0] == '!' || strOne[0] == '@'));
+        const std::string strKey = strOne.substr(start, space - start);
         if (strOne[0] == '@')
             journal::inject(strKey.c_str(), s32Value);
         else
@@ -84,13 +84,10 @@ protected:
     }
     ~ViscaTest() override { UTIL_CMD_SetRebootHandler(nullptr); }
 
-    static BU_S32 dispatch(const Message &message, const Numbers &numbers, const std::string &strSettings = "")
+    static BU_S32 dispatch(const Message &message, const Numbers &numbers, const std::string &strSettings = "",
+                           Info *pstInfo = nullptr)
     {
-        Info stInfo{};
-        return dispatch(message, numbers, strSettings, stInfo);
-    }
-    static BU_S32 dispatch(const Message &message, const Numbers &numbers, const std::string &strSettings, Info &stInfo)
-    {
+        Info stOwn{}, &stInfo = pstInfo ? *pstInfo : stOwn;
         message.fill(stInfo, numbers);
         stInfo.stMsgPri.enMsgType = message.enType;
         prepare(strSettings);
@@ -123,19 +120,13 @@ protected:
         EXPECT_EQ(viscaCompleteHandlerCallFunc(&stInfo, &stReq, enType, HEAD), 0);
         if (stReq.u32CmdLen <= HEAD || stReq.u32CmdLen > sizeof(stReq.acCmd)) return "bad length";
         if (stReq.acCmd[stReq.u32CmdLen - 1] != 0xFF) return "no terminator";
-        std::string strHex;
-        char acByte[4];
-        for (BU_U32 i = HEAD; i + 1 < stReq.u32CmdLen; ++i) {
-            std::snprintf(acByte, sizeof(acByte), i == HEAD ? "%02X" : " %02X", stReq.acCmd[i]);
-            strHex += acByte;
-        }
-        return strHex;
+        return hex(std::span(stReq.acCmd).subspan(HEAD, stReq.u32CmdLen - 1 - HEAD));
     }
     /// Dispatches an inquiry and gives its payload, or "refused" or "silent" as the controller would see it.
     static std::string answer(const Message &message, const Numbers &numbers = {}, const std::string &strSettings = "",
                               Info stInfo = {})
     {
-        const BU_S32 s32Ret = dispatch(message, numbers, strSettings, stInfo);
+        const BU_S32 s32Ret = dispatch(message, numbers, strSettings, &stInfo);
         return s32Ret == 0 ? payload(message.enType, stInfo) : s32Ret == -1 ? "refused" : "silent";
     }
 };

@@ -6,6 +6,7 @@
 #include "support/await.h"
 #include "support/platformTest.h"
 #include "util/fileDescriptor.h"
+#include "util/mailbox.h"
 
 #include <array>
 #include <atomic>
@@ -13,8 +14,6 @@
 #include <fcntl.h>
 #include <fstream>
 #include <linux/input.h>
-#include <mutex>
-#include <optional>
 #include <stdarg.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
@@ -30,38 +29,29 @@ using testing::Not;
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-class Heard
+/// What the monitors say: device, press, release or repeat, and the key.
+util::Mailbox<std::string> g_heard;
+void hear(char cDevice, const input_event *pst)
 {
-public:
-    void add(char cDevice, const input_event *pst)
-    {
-        const std::lock_guard guard(m_lock);
-        if (pst->type == EV_KEY)
-            m_list.push_back(cDevice + std::string(1, "-+*"[pst->value]) + std::to_string(pst->code));
-    }
-    /// Takes what has been heard once it is so many.
-    std::vector<std::string> take(std::size_t count, std::chrono::seconds limit = 10s)
-    {
-        await([&] { return count <= (std::lock_guard(m_lock), m_list.size()); }, limit);
-        const std::lock_guard guard(m_lock);
-        return std::exchange(m_list, {});
-    }
-
-private:
-    std::mutex m_lock; // guards the list
-    std::vector<std::string> m_list;
-};
-Heard g_heard;
+    if (pst->type == EV_KEY) g_heard.post(cDevice + std::string(1, "-+*"[pst->value]) + std::to_string(pst->code));
+}
+/// Takes what has been heard once it is so many.
+std::vector<std::string> heard(std::size_t count, std::chrono::seconds limit = 10s)
+{
+    std::vector<std::string> all;
+    await([&] { return std::ranges::move(g_heard.take(), std::back_inserter(all)), all.size() >= count; }, limit);
+    return all;
+}
 
 struct MonitorTest : PlatformTest {
     MonitorTest()
     {
         fs::create_directories(machine());
         setenv("CAMERA_INPUT", machine().c_str(), 1);
-        g_heard.take(0);
+        g_heard.take();
         std::strcpy(m_astInput[0].acDeviceName, "NecSr"), std::strcpy(m_astInput[1].acDeviceName, "BigOne");
-        m_astInput[0].pfEventCb = [](const input_event *pstEvent) { g_heard.add('N', pstEvent); };
-        m_astInput[1].pfEventCb = [](const input_event *pstEvent) { g_heard.add('B', pstEvent); };
+        m_astInput[0].pfEventCb = [](const input_event *pstEvent) { hear('N', pstEvent); };
+        m_astInput[1].pfEventCb = [](const input_event *pstEvent) { hear('B', pstEvent); };
     }
     ~MonitorTest() override
     {
@@ -75,8 +65,8 @@ struct MonitorTest : PlatformTest {
     static util::FileDescriptor openDevice(const std::string &strPath)
     {
         int fd = -1;
-        await(
-            [&] { return (fd = open(strPath.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC)) >= 0; }); // it may be on its way
+        // It may be on its way.
+        await([&] { return (fd = open(strPath.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC)) >= 0; });
         return util::FileDescriptor(fd);
     }
     static void send(int fd, std::initializer_list<std::array<int, 3>> events)
@@ -96,14 +86,11 @@ TEST_F(MonitorTest, EachDeviceHasItsOwnThreadAndCallback)
     start(1);
     EXPECT_NE(m_astInput[0].s32Pid, 0);
     EXPECT_NE(m_astInput[0].s32Pid, m_astInput[1].s32Pid);
-    {
-        const auto clSmall = openDevice(link());
-        send(clSmall, {{EV_MSC, MSC_SCAN, 5}, {EV_KEY, 30, 1}, {EV_SYN, 0, 0}, {EV_KEY, 30, 0}});
-    }
-    EXPECT_THAT(g_heard.take(2), ElementsAre("N+30", "N-30"));
+    send(openDevice(link()), {{EV_MSC, MSC_SCAN, 5}, {EV_KEY, 30, 1}, {EV_SYN, 0, 0}, {EV_KEY, 30, 0}});
+    EXPECT_THAT(heard(2), ElementsAre("N+30", "N-30"));
     const auto clBig = openDevice(root() + "/dev/input/BigOne"); // remotes come and go
     send(clBig, {{EV_KEY, 511, 1}, {EV_KEY, 511, 2}});
-    EXPECT_THAT(g_heard.take(2), ElementsAre("B+511", "B*511"));
+    EXPECT_THAT(heard(2), ElementsAre("B+511", "B*511"));
     EXPECT_EQ(BSP_INPUT_StopMonitorEvent(&m_astInput[0]), 0);
     EXPECT_EQ(m_astInput[0].s32Pid, 0);
     EXPECT_FALSE(fs::exists(link()));
@@ -132,16 +119,16 @@ TEST_F(MonitorTest, LostReleaseOfAMotorKeyIsMadeUpForAfterFifteenSilentSeconds)
     const auto clDevice = openDevice(link());
     for (const int s32Key : {8, 249, 15, 23, 24, 28, 29, 32, 33, 34, 35, 3 << 7 | 29})
         send(clDevice, {{EV_KEY, s32Key, 1}});
-    g_heard.take(12);
+    heard(12);
     clock().advance(14999);
     send(clDevice, {{EV_KEY, 9, 1}}); // nothing was released before it
-    EXPECT_THAT(g_heard.take(1), ElementsAre("N+9"));
+    EXPECT_THAT(heard(1), ElementsAre("N+9"));
     clock().advance(1);
-    EXPECT_THAT(g_heard.take(9),
+    EXPECT_THAT(heard(9),
                 testing::UnorderedElementsAre("N-23", "N-24", "N-28", "N-29", "N-32", "N-33", "N-34", "N-35", "N-413"));
     clock().advance(60000);
     send(clDevice, {{EV_KEY, 9, 0}}); // keys without a motor are held as long as they are
-    EXPECT_THAT(g_heard.take(1), ElementsAre("N-9"));
+    EXPECT_THAT(heard(1), ElementsAre("N-9"));
 }
 
 TEST_F(MonitorTest, AKeyThatIsHeardStaysHeld)
@@ -152,23 +139,23 @@ TEST_F(MonitorTest, AKeyThatIsHeardStaysHeld)
     for (int i = 0; i < 4; ++i) { // repeats and scan codes in turn, and a marker that tells when they have arrived
         clock().advance(14000);
         send(clDevice, {{i % 2 ? EV_KEY : EV_MSC, i % 2 ? 32 : MSC_SCAN, 2}, {EV_KEY, 200, 0}});
-        for (std::vector<std::string> heard; heard.empty() || heard.back() != "N-200";) {
-            heard = g_heard.take(1);
-            EXPECT_THAT(heard, Not(Contains("N-32")));
+        for (std::vector<std::string> list; list.empty() || list.back() != "N-200";) {
+            list = heard(1);
+            EXPECT_THAT(list, Not(Contains("N-32")));
         }
     }
     clock().advance(14999);
     send(clDevice, {{EV_KEY, 200, 0}});
-    EXPECT_THAT(g_heard.take(1), ElementsAre("N-200"));
+    EXPECT_THAT(heard(1), ElementsAre("N-200"));
     clock().advance(1);
-    EXPECT_THAT(g_heard.take(1), ElementsAre("N-32"));
+    EXPECT_THAT(heard(1), ElementsAre("N-32"));
     send(clDevice, {{EV_KEY, 32, 1}, {EV_KEY, 32, 0}}); // and the next move is watched again
-    g_heard.take(2);
+    heard(2);
     clock().advance(30000);
     send(clDevice, {{EV_KEY, 33, 1}});
-    EXPECT_THAT(g_heard.take(1), ElementsAre("N+33"));
+    EXPECT_THAT(heard(1), ElementsAre("N+33"));
     clock().advance(15000);
-    EXPECT_THAT(g_heard.take(1), ElementsAre("N-33"));
+    EXPECT_THAT(heard(1), ElementsAre("N-33"));
 }
 
 TEST_F(MonitorTest, PowerOfTheLargerRemotesOfItsAddressEndsStandby)
@@ -188,12 +175,11 @@ TEST_F(MonitorTest, PowerOfTheLargerRemotesOfItsAddressEndsStandby)
         const auto clDevice = openDevice(root() + "/dev/input/" + pcDevice);
         SYSTEM_API_SleepAppService();
         send(clDevice, {{EV_KEY, s32Code, s32Value}, {EV_KEY, s32Code, 0}});
-        EXPECT_EQ(g_heard.take(bWakes ? 1 : 2).size(), bWakes ? 1U : 2U)
-            << pcDevice; // the waking press is nobody else's
+        EXPECT_EQ(heard(bWakes ? 1 : 2).size(), bWakes ? 1U : 2U) << pcDevice; // the waking press is nobody else's
         EXPECT_EQ(SYSTEM_API_IsAsleep(), !bWakes) << pcDevice << ' ' << s32Code;
         SYSTEM_API_WakeAppService();
         send(clDevice, {{EV_KEY, POWER, 1}}); // awake it is a key as any other
-        EXPECT_THAT(g_heard.take(1), ElementsAre("B+144"));
+        EXPECT_THAT(heard(1), ElementsAre("B+144"));
         BSP_INPUT_StopMonitorEvent(&m_astInput[1]);
     }
 }
@@ -211,15 +197,14 @@ TEST_F(MonitorTest, DeviceThatVanishesReleasesItsKeysAndReturns)
             const auto clDevice = openDevice(link());
             send(clDevice, {{EV_KEY, 8, 1}, {EV_KEY, 32, 1}});
             EXPECT_EQ(write(clDevice, "\x01\x02\x03", 3), 3);
-            g_heard.take(2);
+            heard(2);
         }
         vanish();
-        EXPECT_THAT(g_heard.take(2), ElementsAre("N-8", "N-32")) << &vanish - rows;
+        EXPECT_THAT(heard(2), ElementsAre("N-8", "N-32")) << &vanish - rows;
         await([&] { return fs::is_symlink(link()); });
-        const auto clDevice = openDevice(link());
         clock().advance(500); // whatever part of a record was left is old by now
-        send(clDevice, {{EV_KEY, 30, 1}, {EV_KEY, 30, 0}});
-        EXPECT_THAT(g_heard.take(2), ElementsAre("N+30", "N-30")) << &vanish - rows;
+        send(openDevice(link()), {{EV_KEY, 30, 1}, {EV_KEY, 30, 0}});
+        EXPECT_THAT(heard(2), ElementsAre("N+30", "N-30")) << &vanish - rows;
     }
 }
 
@@ -237,12 +222,12 @@ TEST_F(MonitorTest, StormsArriveWholeAndEndWithNothingHeld)
             ASSERT_GT(size, 0);
             bytes = bytes.subspan(static_cast<std::size_t>(size));
         }
-    ASSERT_GE(g_heard.take(EVENTS, 60s).size(), EVENTS);
+    ASSERT_GE(heard(EVENTS, 60s).size(), EVENTS);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
     RecordProperty("eventsPerSecond", static_cast<int>(EVENTS / took.count()));
     clock().advance(60000);
     send(clDevice, {{EV_KEY, 30, 1}});
-    EXPECT_THAT(g_heard.take(1), ElementsAre("N+30"));
+    EXPECT_THAT(heard(1), ElementsAre("N+30"));
 }
 
 std::atomic<bool> g_bGrabbed; // the event device, for the camera alone
@@ -264,16 +249,15 @@ struct EventFile : MonitorTest {
             {
                 const auto clDevice = openDevice(strPath); // returns when the monitor has opened it
                 send(clDevice, {{EV_KEY, 32, 1}, {EV_SYN, 0, 0}, {EV_KEY, 8, 1}, {EV_SYN, 0, 0}});
-                EXPECT_THAT(g_heard.take(2), ElementsAre("N+32", "N+8"));
+                EXPECT_THAT(heard(2), ElementsAre("N+32", "N+8"));
                 EXPECT_TRUE(g_bGrabbed.exchange(false));
                 fs::remove(strPath);
             } // gone
-            EXPECT_THAT(g_heard.take(2), ElementsAre("N-8", "N-32"));
+            EXPECT_THAT(heard(2), ElementsAre("N-8", "N-32"));
             strPath = plugIn();
         }
-        const auto clTerminal = openDevice(link());
-        send(clTerminal, {{EV_KEY, 30, 1}});
-        EXPECT_THAT(g_heard.take(1), ElementsAre("N+30"));
+        send(openDevice(link()), {{EV_KEY, 30, 1}});
+        EXPECT_THAT(heard(1), ElementsAre("N+30"));
     }
 };
 TEST_F(EventFile, PresentAtTheStart) { cycle(true); }

@@ -255,4 +255,9 @@ TEST_F(Network, OccupiedPortLeavesTheOthers)
     EXPECT_EQ(network().portOf(CMD_FROM_E_OVER_IP_IN), 0);
     EXPECT_TRUE(udp().isServed());
     EXPECT_TRUE(tcp().isServed());
+    BU_U8 au8Answer[] = {0x90, 0x50, 0xFF};
+    VISCA_MSG_PRI_S stNobody{};
+    EXPECT_EQ(VISCA_NetTcpSendMsg(au8Answer, 3, &stNobody, nullptr), -1);
+    stNobody.enFrom = CMD_FROM_E_OVER_IP_IN;
+    EXPECT_EQ(VISCA_OverIpSendMsg(au8Answer, 3, &stNobody, nullptr), -1);
 }

@@ -1,0 +1,9 @@
+/// What holds for every input.
+#pragma once
+
+#include <cstdlib>
+
+inline void require(bool bTrue)
+{
+    if (!bTrue) std::abort();
+}
