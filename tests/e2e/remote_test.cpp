@@ -54,23 +54,18 @@ TEST(Remote, StormOfKeysLeavesTheCameraInControl)
     CameraProcess stCamera;
     ViscaClient client(stCamera);
     constexpr int EVENTS = 100'000;
-    std::vector<input_event> events(EVENTS);
-    for (int i = 0; i < EVENTS; ++i) {
-        const int s32Codes[] = {32, 33, 34, 35, 28, 29, 127, 0x2FF};
-        events[i].type = EV_KEY;
-        events[i].code = static_cast<unsigned short>(s32Codes[i / 2 % 8]);
-        events[i].value = i % 2 == 0;
+    constexpr unsigned short CODES[] = {32, 33, 34, 35, 28, 29, 127, 0x2FF};
+    std::vector<input_event> events;
+    for (int i = 0; i < EVENTS; ++i) events.push_back({{}, EV_KEY, CODES[i / 2 % 8], i % 2 == 0});
+    {
+        const util::FileDescriptor device(
+            open(stCamera.path("/dev/input/NecBr").c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+        for (auto rest = std::as_bytes(std::span(events)); !rest.empty();) {
+            const ssize_t size = write(device, rest.data(), rest.size());
+            ASSERT_GT(size, 0);
+            rest = rest.subspan(static_cast<std::size_t>(size));
+        }
     }
-    const int fd = open(stCamera.path("/dev/input/NecBr").c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
-    ASSERT_GE(fd, 0);
-    const auto *pcBytes = reinterpret_cast<const char *>(events.data());
-    for (std::size_t left = EVENTS * sizeof(input_event); left > 0;) {
-        const ssize_t size = write(fd, pcBytes, left);
-        ASSERT_GT(size, 0);
-        pcBytes += size;
-        left -= static_cast<std::size_t>(size);
-    }
-    close(fd);
     EXPECT_EQ(client.ask(POWER_INQ), ON);
     const std::string strBefore = restingPosition(client); // nothing is left running
     EXPECT_EQ(remote(stCamera, "small left --hold 200ms"), 0);

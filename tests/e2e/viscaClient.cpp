@@ -1,5 +1,7 @@
 #include "viscaClient.h"
 
+#include "util/bytes.h"
+
 #include <algorithm>
 #include <arpa/inet.h>
 #include <fcntl.h>
@@ -33,10 +35,8 @@ void ViscaClient::send(const std::string &strHex)
 {
     Bytes data = bytes(strHex);
     if (m_bHeader) {
-        const BU_U32 n = m_u32Sequence++;
-        const auto byte = [n](int s32Shift) { return static_cast<BU_U8>(n >> s32Shift); };
-        const Bytes head{1,      BU_U8(data[1] == 9 ? 0x10 : 0), 0, BU_U8(data.size()), byte(24), byte(16), byte(8),
-                         byte(0)};
+        Bytes head{1, BU_U8(data[1] == 9 ? 0x10 : 0), 0, BU_U8(data.size()), 0, 0, 0, 0};
+        util::ByteWriter(std::span(head).subspan(4)).big<4>(m_u32Sequence++);
         data.insert(data.begin(), head.begin(), head.end());
     }
     if (write(m_fd, data.data(), data.size()) != static_cast<ssize_t>(data.size()))

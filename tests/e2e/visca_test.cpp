@@ -1,11 +1,11 @@
 // The camera process and real controllers.
+#include "mediaCamera.h"
 #include "viscaClient.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <filesystem>
 
 namespace
 {
@@ -13,9 +13,7 @@ using namespace std::chrono_literals;
 
 const std::string LEFT = "81 01 06 01 18 14 01 03 FF", STOP = "81 01 06 01 18 14 03 03 FF";
 
-class OverEveryTransport : public testing::TestWithParam<Transport>
-{
-};
+using OverEveryTransport = testing::TestWithParam<Transport>;
 
 TEST_P(OverEveryTransport, AnswersMovesStopsAndReturns)
 {
@@ -40,17 +38,15 @@ TEST_P(OverEveryTransport, AnswersMovesStopsAndReturns)
     EXPECT_TRUE(client.isDone("81 01 06 02 18 14" + strStart.substr(5), 10000));
     EXPECT_EQ(client.ask(POSITION_INQ), strStart);
 }
-INSTANTIATE_TEST_SUITE_P(Visca, OverEveryTransport,
-                         testing::Values(Transport::OverIp, Transport::Udp, Transport::Tcp, Transport::Rs232,
-                                         Transport::Rs422));
+constexpr Transport ALL[] = {Transport::OverIp, Transport::Udp, Transport::Tcp, Transport::Rs232, Transport::Rs422};
+INSTANTIATE_TEST_SUITE_P(Visca, OverEveryTransport, testing::ValuesIn(ALL));
 
 TEST(Visca, SettingsAndPresetsSurviveKill)
 {
-    char acFolder[] = "/tmp/camera-e2e-XXXXXX";
-    const std::string strRoot = mkdtemp(acFolder);
+    const PreparedRoot root;
     std::string strStored;
     {
-        CameraProcess stCamera({.strRoot = strRoot});
+        CameraProcess stCamera({.strRoot = root.path()});
         ViscaClient client(stCamera);
         ASSERT_TRUE(client.isDone(LEFT));
         std::this_thread::sleep_for(300ms);
@@ -62,7 +58,7 @@ TEST(Visca, SettingsAndPresetsSurviveKill)
         EXPECT_EQ(stCamera.stop(SIGKILL), 128 + SIGKILL);
     }
     {
-        CameraProcess stCamera({.strRoot = strRoot});
+        CameraProcess stCamera({.strRoot = root.path()});
         ViscaClient client(stCamera);
         EXPECT_EQ(client.ask("81 09 04 35 FF"), "90 50 01 FF");
         EXPECT_NE(client.ask(POSITION_INQ), strStored);
@@ -70,7 +66,6 @@ TEST(Visca, SettingsAndPresetsSurviveKill)
         EXPECT_EQ(client.ask(POSITION_INQ), strStored);
         EXPECT_FALSE(client.isDone("81 01 04 3F 02 06 FF")) << "preset 6 was never stored";
     }
-    std::filesystem::remove_all(strRoot);
 }
 
 TEST(Visca, OccupiedPortLeavesTheOthers)

@@ -66,29 +66,23 @@ struct MenuParams : PlatformTest {
     static std::string effectsOf(const std::string &strItem) { return effectsOf(item(strItem)); }
 };
 
-struct Case {
-    const char *pcItem;
-    /// $I $E $W $D: id of picture, exposure, white balance, device; $S: stored as asked; "E.Gain(12)" is
-    /// "ISP_API_SetGain($E, 12, $S, 1)".
-    std::string strEffects;
-};
+/// $I $E $W $D: id of picture, exposure, white balance, device; $S: stored as asked; "E.Gain(12)" is
+/// "ISP_API_SetGain($E, 12, $S, 1)".
 // clang-format off
-const Case CASES[] = {
-    {"Sharpness=5", "I.Sharpness(5)"}, {"Brightness=6", "I.Brightness(6)"}, {"Contrast=8", "I.Contrast(8)"},
-    {"Gamma=2", "I.Gamma(2)"}, {"Nr2d=3", "I.2DNR(3)"}, {"Nr3d=4", "I.3DNR(4)"}, {"WdrSwi:On", "I.DrcSwi(1)"},
-    {"WdrMode=1", "I.DrcMode(1)"}, {"ImageStyle:Bright", "ISP_API_SetIspBinUsage($I, 6, 1, 1)"}, {"Hue=3", "W.Hue(3)"},
-    {"MonoChrome:On", "I.MonoChromeSwi(1)"}, {"Saturation=9 IMAGE", "I.Saturation(9)"}, {"Saturation=9 EXPOSURE", ""},
-    {"Saturation=9 WBLANCE", "W.Saturation(9)"}, {"AntiFlicker:Off", "E.AntiFlicker(2)"}, {"Gain=12", "E.Gain(12)"},
-    {"BacklightCompensation:On", "E.BackLight(1)"}, {"ExposureCompLevel=-3", "E.ExpCompLevel(-3)"},
-    {"ExposureCompensation:On", "E.ExpCompSwi(1)"}, {"GainLimit=3", "E.GainLimit(3)"}, {"RGain=101", "W.RGain(101)"},
-    {"IrisLevel:IlF8", "E.IrisLevel(4)"}, {"ExposureBrightness=20", "E.ExpBrightness(20)"},
+const struct { const char *pcItem; std::string strEffects; } CASES[] = {
+    {"Sharpness=5", "I.Sharpness(5)"}, {"Brightness=6", "I.Brightness(6)"}, {"Contrast=8", "I.Contrast(8)"}, {"Gamma=2", "I.Gamma(2)"},
+    {"Nr2d=3", "I.2DNR(3)"}, {"Nr3d=4", "I.3DNR(4)"}, {"WdrSwi:On", "I.DrcSwi(1)"}, {"WdrMode=1", "I.DrcMode(1)"},
+    {"ImageStyle:Bright", "ISP_API_SetIspBinUsage($I, 6, 1, 1)"}, {"Hue=3", "W.Hue(3)"}, {"MonoChrome:On", "I.MonoChromeSwi(1)"},
+    {"Saturation=9 IMAGE", "I.Saturation(9)"}, {"Saturation=9 EXPOSURE", ""}, {"Saturation=9 WBLANCE", "W.Saturation(9)"},
+    {"AntiFlicker:Off", "E.AntiFlicker(2)"}, {"Gain=12", "E.Gain(12)"}, {"BacklightCompensation:On", "E.BackLight(1)"},
+    {"ExposureCompLevel=-3", "E.ExpCompLevel(-3)"}, {"ExposureCompensation:On", "E.ExpCompSwi(1)"}, {"GainLimit=3", "E.GainLimit(3)"},
+    {"RGain=101", "W.RGain(101)"}, {"IrisLevel:IlF8", "E.IrisLevel(4)"}, {"ExposureBrightness=20", "E.ExpBrightness(20)"},
     {"ExposureMode:ManualMode", "E.AeMode(4)"}, {"AEMeterMode:TOP", "E.AeMeterMode(2)"}, {"GGain=102", "W.GGain(102)"},
     {"ViewFollowExposure:On", "E.ExposureFullViewFollow(1)"}, {"ND-Filter:Flt25", "ISP_API_SetNDFilter(0, 1, $S, 1)"},
-    {"AutoIris:Off", "ISP_API_SetAutoIrisSwi(0, 0, $S, 1)"}, {"ShutterMode:Flex", "E.ShutterMode(0)"},
-    {"StaticMode:OutDoor", "W.StaticMode(2)"}, {"BGain=103", "W.BGain(103)"}, {"RStrength=104", "W.RStrength(104)"},
-    {"BStrength=105", "W.BStrength(105)"}, {"GStrength=106", "W.GStrength(106)"}, {"OnePush:On", "W.OnePushAwb(1)"},
-    {"ColorTemp=3200", "W.StWbMode(3200)"}, {"WbSensitivity:High", "W.AwbSensitivity(2)"},
-    {"WbMode:OnePushWb", "W.WbMode(5)"}, {"ViewFollowWB:On", "W.WhiteBalanceFullViewFollow(1)"},
+    {"AutoIris:Off", "ISP_API_SetAutoIrisSwi(0, 0, $S, 1)"}, {"ShutterMode:Flex", "E.ShutterMode(0)"}, {"StaticMode:OutDoor", "W.StaticMode(2)"},
+    {"BGain=103", "W.BGain(103)"}, {"RStrength=104", "W.RStrength(104)"}, {"BStrength=105", "W.BStrength(105)"},
+    {"GStrength=106", "W.GStrength(106)"}, {"OnePush:On", "W.OnePushAwb(1)"}, {"ColorTemp=3200", "W.StWbMode(3200)"},
+    {"WbSensitivity:High", "W.AwbSensitivity(2)"}, {"WbMode:OnePushWb", "W.WbMode(5)"}, {"ViewFollowWB:On", "W.WhiteBalanceFullViewFollow(1)"},
     {"DZoom:On", "PTZ_API_SetDZoomMode(0, 1, $S, 1)"}, {"DZoomTime:X4", "PTZ_API_SetMaxDZoomTime(0, 4, $S, 1)"},
     {"PtzTrigAf:Off", "AF_API_SetPtzTrigAf(0, 0, $S, 1)"}, {"ZoomSpd=3", "PTZ_API_SetZoomSpd($D, 3, $S, 1)"},
     {"FocusModel:FocusTOF", "AF_API_SetFocusModel($D, 2, $S, 1)"}, {"FaceAF:On", "AF_API_SetFaceAF($D, 1, $S, 1)"},
@@ -108,8 +102,8 @@ const Case CASES[] = {
     {"TrackMode:StageTracking", "ALG_API_SetTrackMode(1, 1, 1)"}, {"Restart", "UTIL_CMD_RunSafe('reboot')"},
     {"TrackStrategy:Monocular", "ALG_API_SetTrackStrategy(1, 1, 1)"}, {"Escape", "CMD_MENU_HandleMenuBtn()"},
     {"BinocularStrategy:ZoneTracking", "ALG_API_SetTrackStrategyBinocular(2, 1, 1)"},
-    {"MonocularStrategy:AutoFraming", "ALG_API_SetTrackStrategyMonocular(3, 1, 1)"},
-    {"FactoryRestore", "SYSTEM_API_FactoryRestoreConfiguration(0)"}, {"Back", "CMD_MENU_HandleMenuBtn()"},
+    {"MonocularStrategy:AutoFraming", "ALG_API_SetTrackStrategyMonocular(3, 1, 1)"}, {"FactoryRestore", "SYSTEM_API_FactoryRestoreConfiguration(0)"},
+    {"Back", "CMD_MENU_HandleMenuBtn()"},
     {"RS232ProtocolType:PelcoD", "SERIAL_API_SetProtocolType(0, 'PelcoD', $S) FREED_UpdateSerialActivePushMsg()"},
     {"RS422ProtocolType:Freed", "SERIAL_API_SetProtocolType(1, 'Freed', $S) FREED_UpdateSerialActivePushMsg()"},
     {"RS232Baudrate:N38400", "SERIAL_API_SetBaudrate(0, 'N38400', $S)"}, {"IrAddr=3", "IR_API_SetAddr(3, $S, 0)"},
@@ -129,8 +123,7 @@ const Case CASES[] = {
     {"Dns1@10.0.0.2", "NET_API_SetDns1('NetCard0', '10.0.0.2')"}, {"ShutterValueFps25=777", "E.ShutterValue(777)"},
     {"ShutterValueFps30=777", "E.ShutterValue(777)"}, {"ShutterValueFps50=777", "E.ShutterValue(777)"},
     {"ShutterValueFps60=777", "E.ShutterValue(777)"}, {"FPS4K:Fps59p94", "SYSTEM_API_SetHdmiFps('Fps59p94', 1)"},
-    {"FPS1080P:Fps59p94", "SYSTEM_API_SetHdmiFps('Fps59p94', 1)"},
-    {"FPS1080I:Fps59p94", "SYSTEM_API_SetHdmiFps('Fps59p94', 1)"},
+    {"FPS1080P:Fps59p94", "SYSTEM_API_SetHdmiFps('Fps59p94', 1)"}, {"FPS1080I:Fps59p94", "SYSTEM_API_SetHdmiFps('Fps59p94', 1)"},
     {"FPS720P:Fps59p94", "SYSTEM_API_SetHdmiFps('Fps59p94', 1)"},
 };
 // clang-format on

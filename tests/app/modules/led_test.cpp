@@ -68,19 +68,11 @@ constexpr LED_TALLY_STATE_S hold(BU_U32 u32Color)
 }
 constexpr LED_TALLY_STATE_S OFF{};
 
-struct State {
-    BU_BOOL bOnBoard, bTracking, bIndicator;
-    BU_U8 u8Preview, u8Program;
-    const char *pcNdi, *pcTracking;
-};
 // clang-format off
-constexpr State STATES[] = {
-    {1, 0, 0, 0, 0, "off",              "off"},
-    {1, 1, 0, 0, 1, "hold #FF0000 80%", "off"},
-    {1, 0, 1, 1, 0, "hold #00FF00 80%", "off"},
-    {1, 1, 1, 1, 1, "hold #FF0000 80%", "hold #0000FF 80%"},
-    {0, 1, 1, 1, 1, "off",              "hold #0000FF 80%"},
-};
+constexpr struct { BU_BOOL bOnBoard, bTracking, bIndicator; BU_U8 u8Preview, u8Program; const char *pcNdi, *pcTracking; } STATES[] = {
+    {1, 0, 0, 0, 0, "off",              "off"}, {1, 1, 0, 0, 1, "hold #FF0000 80%", "off"},
+    {1, 0, 1, 1, 0, "hold #00FF00 80%", "off"}, {1, 1, 1, 1, 1, "hold #FF0000 80%", "hold #0000FF 80%"},
+    {0, 1, 1, 1, 1, "off",              "hold #0000FF 80%"}};
 // clang-format on
 
 TEST_F(Led, NetworkAndTrackingHaveTheirTallyFromTheStartAndWithEachEvent)
@@ -112,13 +104,10 @@ TEST_F(Led, FollowsTrackingAndItsSwitchByItself)
 
 TEST_F(Led, UpgradeAndStandByShow)
 {
-    const struct {
-        BU_S32 s32Upgrade;
-        const char *pcShown;
-    } rows[] = {{0, "flick #00FF00 80% 2Hz"}, {1, "flick #FF0000 80% 2Hz"}, {2, "hold #00FF00 80%"}, {3, "off"}};
-    for (const auto &row : rows) {
-        g_s32Upgrade = row.s32Upgrade;
-        EXPECT_EQ(shownAfter(LED_EVENT_FROM_E_UPGRADE), row.pcShown);
+    g_s32Upgrade = 0;
+    for (const char *pcShown : {"flick #00FF00 80% 2Hz", "flick #FF0000 80% 2Hz", "hold #00FF00 80%", "off"}) {
+        EXPECT_EQ(shownAfter(LED_EVENT_FROM_E_UPGRADE), pcShown);
+        ++g_s32Upgrade;
     }
     g_s32Upgrade = MSG_UPGRADE_INFO_STATE_FAILED;
     shownAfter(LED_EVENT_FROM_E_UPGRADE);

@@ -4,7 +4,6 @@
 #include "camera/preset.h"
 #include "support/platformTest.h"
 
-#include <map>
 #include <string>
 
 using testing::Contains;
@@ -56,17 +55,12 @@ TEST_F(SpecialPresets, ARecallRunsItsFunction)
     UTIL_CMD_SetRebootHandler([] {});
     journal::inject("SYSTEM_API_FactoryRestoreConfiguration", 0);
     registered("QLS-500");
-    const std::map<int, const char *> FUNCTIONS{
-        {80, "ALG_API_SetEnable(1, 1, 1)"},
-        {81, "ALG_API_SetEnable(0, 1, 1)"},
-        {95, "CMD_MENU_HandleMenuBtn()"},
-        {99, "UTIL_CMD_RunSafe(\"reboot\")"},
-        {310, "SYSTEM_API_FactoryRestoreConfiguration(0)"},
-        {401, "NET_API_SetIpMode(\"NetCard0\", 0)"},
-        {402, "NET_API_SetIpMode(\"NetCard0\", 1)"},
-        {201, "CMD_MENU_HandleAdvancedMenuBtn()"},
-        {202, "CMD_MENU_HandleAdvancedMenuBtn()"},
-    };
+    // clang-format off
+    const std::pair<int, const char *> FUNCTIONS[] = {
+        {80, "ALG_API_SetEnable(1, 1, 1)"}, {81, "ALG_API_SetEnable(0, 1, 1)"}, {95, "CMD_MENU_HandleMenuBtn()"}, {99, "UTIL_CMD_RunSafe(\"reboot\")"},
+        {310, "SYSTEM_API_FactoryRestoreConfiguration(0)"}, {401, "NET_API_SetIpMode(\"NetCard0\", 0)"}, {402, "NET_API_SetIpMode(\"NetCard0\", 1)"},
+        {201, "CMD_MENU_HandleAdvancedMenuBtn()"}, {202, "CMD_MENU_HandleAdvancedMenuBtn()"}};
+    // clang-format on
     for (const auto &[iId, pcFunction] : FUNCTIONS) EXPECT_THAT(recall(iId), Contains(pcFunction)) << iId;
     EXPECT_THAT(recall(310), Not(Contains(testing::StartsWith("UTIL_CMD_RunSafe")))) << "without a restart";
     for (const int iFormat : {301, 302, 303, 304, 305}) EXPECT_THAT(recall(iFormat), IsEmpty()) << iFormat;

@@ -7,22 +7,15 @@ namespace
 /// The start-up limits: 0.05 to 120 and 90 degrees per second, in hundredths.
 constexpr PT_SPEED_CALC_SET_S LIMITS{PT_CTRL_E_FROM_OTHER, BU_TRUE, 5, 12000, 5, 9000, 100, nullptr, 0, nullptr, 2};
 
-struct tagSPEED_CASE_S {
-    FN_SPEED_LEVEL_MAP pfnMap;
-    BU_S32 s32Level;
-    BU_U32 u32Pan, u32Tilt;
-};
-constexpr auto STANDARD = PT_CalcSpeedLevelMap_TKV_MX_Standard;
-constexpr auto SUPERFINE = PT_CalcSpeedLevelMap_TKV_MX_Superfine;
-
-constexpr tagSPEED_CASE_S CASES[] = {
-    {STANDARD, -3, 50, 50},       {STANDARD, 0, 50, 50},        {STANDARD, 1, 50, 50},
-    {STANDARD, 2, 160, 140},      {STANDARD, 6, 600, 500},      {STANDARD, 7, 985, 785},
-    {STANDARD, 13, 3300, 2500},   {STANDARD, 20, 6000, 4500},   {STANDARD, 21, 7500, 5625},
-    {STANDARD, 24, 12000, 9000},  {STANDARD, 25, 12000, 9000},  {SUPERFINE, 0, 5, 5},
-    {SUPERFINE, 1, 5, 5},         {SUPERFINE, 2, 14, 12},       {SUPERFINE, 64, 600, 500},
-    {SUPERFINE, 100, 1913, 1472}, {SUPERFINE, 212, 6000, 4500}, {SUPERFINE, 255, 12000, 9000},
-    {SUPERFINE, 256, 12000, 9000}};
+constexpr auto STANDARD = PT_CalcSpeedLevelMap_TKV_MX_Standard, SUPERFINE = PT_CalcSpeedLevelMap_TKV_MX_Superfine;
+// clang-format off
+constexpr struct { FN_SPEED_LEVEL_MAP pfnMap; BU_S32 s32Level; BU_U32 u32Pan, u32Tilt; } CASES[] = {
+    {STANDARD, -3, 50, 50}, {STANDARD, 0, 50, 50}, {STANDARD, 1, 50, 50}, {STANDARD, 2, 160, 140},
+    {STANDARD, 6, 600, 500}, {STANDARD, 7, 985, 785}, {STANDARD, 13, 3300, 2500}, {STANDARD, 20, 6000, 4500},
+    {STANDARD, 21, 7500, 5625}, {STANDARD, 24, 12000, 9000}, {STANDARD, 25, 12000, 9000}, {SUPERFINE, 0, 5, 5},
+    {SUPERFINE, 1, 5, 5}, {SUPERFINE, 2, 14, 12}, {SUPERFINE, 64, 600, 500}, {SUPERFINE, 100, 1913, 1472},
+    {SUPERFINE, 212, 6000, 4500}, {SUPERFINE, 255, 12000, 9000}, {SUPERFINE, 256, 12000, 9000}};
+// clang-format on
 } // namespace
 
 TEST(PtSpeed, LevelsGiveTheSpeedsOfTheMap)
@@ -56,15 +49,13 @@ TEST(PtSpeed, QuotientsAreCutTowardsZeroAndEmptyStagesGiveTheirLowerSpeed)
 
 TEST(PtSpeed, TheSetHasOneEntryAClassAndReplacesWhatWasThere)
 {
-    const struct {
-        PT_CTRL_FROM_E enFrom;
-        FN_SPEED_LEVEL_MAP pfnMap;
-        BU_S32 s32Match;
-        FN_SPEED_SCALE_RATE_CALC pfnRate;
-    } rows[] = {{PT_CTRL_E_FROM_ALG, PT_CalcSpeedLevelMap_Simple, 1, PT_CalcSpeedRate_Advanced},
-                {PT_CTRL_E_FROM_PRESET, PT_CalcSpeedLevelMap_Simple, 2, PT_CalcSpeedRate_Simple},
-                {PT_CTRL_E_FROM_OTHER, STANDARD, 0, PT_CalcSpeedRate_Simple},
-                {PT_CTRL_E_FROM_TKV_SUPERFINE, SUPERFINE, 0, PT_CalcSpeedRate_Simple}};
+    // clang-format off
+    const struct { PT_CTRL_FROM_E enFrom; FN_SPEED_LEVEL_MAP pfnMap; BU_S32 s32Match; FN_SPEED_SCALE_RATE_CALC pfnRate; } rows[] = {
+        {PT_CTRL_E_FROM_ALG, PT_CalcSpeedLevelMap_Simple, 1, PT_CalcSpeedRate_Advanced},
+        {PT_CTRL_E_FROM_PRESET, PT_CalcSpeedLevelMap_Simple, 2, PT_CalcSpeedRate_Simple},
+        {PT_CTRL_E_FROM_OTHER, STANDARD, 0, PT_CalcSpeedRate_Simple},
+        {PT_CTRL_E_FROM_TKV_SUPERFINE, SUPERFINE, 0, PT_CalcSpeedRate_Simple}};
+    // clang-format on
     std::vector<PT_SPEED_CALC_SET_S> listSet(3);
     ASSERT_EQ(APP_PT_GetSpeedCalcSet_TKV_MX(listSet), 0);
     ASSERT_EQ(listSet.size(), std::size(rows));

@@ -8,30 +8,21 @@
 
 namespace
 {
-struct Words {
-    const char *pcName;
-    std::span<const STR2ENUM_MAP_S> rows;
-    const char *pcWords; ///< in the order of the table, each with its value
-};
-#define WORDS(table, words)                                                                                            \
-    {                                                                                                                  \
-#table, table, words                                                                                           \
-    }
 // clang-format off
-const Words TABLES[] = {
-    WORDS(MAP_SWITCH, "Off 0, On 1"), WORDS(MAP_MOUNT_MODE, "Ceiling 0, Stand 1"),
-    WORDS(MAP_HDMI_OUTPUT, "CloseUp 0, Panorama 1"), WORDS(MAP_AUDIO_INPUT, "MicIn 1, MicIn48V 2, LineIn 0"),
-    WORDS(MAP_AUDIO_BITRATE, "A48Kbps 48000, A64Kbps 64000, A96Kbps 96000, A128Kbps 128000"),
-    WORDS(MAP_PT_REVERSE, "Off 0, Pan 1, Tilt 2, PanTilt 3"),
-    WORDS(MAP_HDMI_FORMAT, "Format-4K 0, Format-1080P 1, Format-1080I 2, Format-720P 3"),
+#define WORDS(table, words) {#table, table, words}
+/// The words of a table in its order, each with its value.
+const struct { const char *pcName; std::span<const STR2ENUM_MAP_S> rows; const char *pcWords; } TABLES[] = {
+    WORDS(MAP_SWITCH, "Off 0, On 1"), WORDS(MAP_MOUNT_MODE, "Ceiling 0, Stand 1"), WORDS(MAP_HDMI_OUTPUT, "CloseUp 0, Panorama 1"),
+    WORDS(MAP_AUDIO_INPUT, "MicIn 1, MicIn48V 2, LineIn 0"), WORDS(MAP_AUDIO_BITRATE, "A48Kbps 48000, A64Kbps 64000, A96Kbps 96000, A128Kbps 128000"),
+    WORDS(MAP_PT_REVERSE, "Off 0, Pan 1, Tilt 2, PanTilt 3"), WORDS(MAP_HDMI_FORMAT, "Format-4K 0, Format-1080P 1, Format-1080I 2, Format-720P 3"),
     WORDS(MAP_HDMI_FPS, "Fps60 0, Fps59p94 1, Fps50 2, Fps30 3, Fps29p97 4, Fps25 5, Fps24 6, Fps23p98 7"),
     WORDS(MAP_HDMI_CS, "RGB 0, YUV444 2, YUV422 1, YUV420 3"), WORDS(MAP_LENS, "CloseUp 0, Panorama 1"),
     WORDS(MAP_SYSTEM_DATEFORMAT, "YearHead 0, MonthHead 1, DayHead 2"),
     WORDS(MAP_SYSTEM_DATE_SETTING_TYPE, "SyncComputer 0, ManualSetting 1, SyncNtp 2"), WORDS(MAP_SERIAL_TYPE, "RS232 0, RS422 1"),
     WORDS(MAP_PROTOCOL_TYPE, "Visca 0, PelcoP 1, PelcoD 2, Freed 3"), WORDS(MAP_BAUDRATE, "N2400 0, N4800 1, N9600 2, N38400 3"),
-    WORDS(MAP_USB, "Device 1, Host 0"), WORDS(MAP_EINK, "Off 255, On 251, Rotate 250"),
-    WORDS(MAP_PIP_MAIN_VIDEO, "CloseUp 0, Panorama 1"), WORDS(MAP_PIP_POS, "TopLeft 0, TopRight 1, BottomLeft 2, BottomRight 3"),
-    WORDS(MAP_PIP_SIZE, "Large 0, Middle 1, Small 2"), WORDS(MAP_SYS_LANGUAGE, "Chinese 0, English 1"),
+    WORDS(MAP_USB, "Device 1, Host 0"), WORDS(MAP_EINK, "Off 255, On 251, Rotate 250"), WORDS(MAP_PIP_MAIN_VIDEO, "CloseUp 0, Panorama 1"),
+    WORDS(MAP_PIP_POS, "TopLeft 0, TopRight 1, BottomLeft 2, BottomRight 3"), WORDS(MAP_PIP_SIZE, "Large 0, Middle 1, Small 2"),
+    WORDS(MAP_SYS_LANGUAGE, "Chinese 0, English 1"),
     WORDS(MAP_TRACK_MODE, "EverywhereTracking 0, ZoneTracking 2, StageTracking 1, AutoFraming 3, SingleTracking 4, EverythingTracking 5"),
     WORDS(MAP_LOST_ACTION, "PresetHome -1, Preset0 0, Preset1 1, None -2"), WORDS(MAP_TARGET_LOST_TIMEOUT, "T2 0, T4 1, T6 2"),
     WORDS(MAP_TRACK_SENSITIVITY, "Low 0, Mid 1, High 2"), WORDS(MAP_TRACK_SPEED, "Low 0, Mid 1, High 2, Smooth 3, Fast 4"),
@@ -94,25 +85,18 @@ struct WordSetter {
 #define DEV(fn, word, value) {[](const char *pc) { return fn(0, pc, BU_TRUE, BU_FALSE); }, word, #fn "(0, " #value ", 1, 0)"}
 #define CAM(fn, word, value) {[](const char *pc) { return fn(pc, BU_FALSE, BU_TRUE); }, word, #fn "(" #value ", 0, 1)"}
 const WordSetter WORD_SETTERS[] = {
-    DEV(ISP_API_SetAeMode, "ManualMode", 4), DEV(ISP_API_SetShutter, "Ss10000", 32),
-    DEV(ISP_API_SetShutterMode, "Stardard", 1), DEV(ISP_API_SetIrisLevel, "IlF1P6", 13),
-    DEV(ISP_API_SetAeMeterMode, "RIGHT", 5), DEV(ISP_API_SetAntiFlicker, "Off", 2),
-    DEV(ISP_API_SetWbMode, "OnePushWb", 5), DEV(ISP_API_SetStaticMode, "InDoor", 1),
-    DEV(ISP_API_SetAwbSensitivity, "Middle", 1), DEV(ISP_API_SetNDFilter, "Flt1p6", 3),
-    DEV(ISP_API_SetIspBinUsage, "Soft", 7), DEV(ISP_API_SetBackLight, "On", 1),
-    DEV(ISP_API_SetDrcSwi, "On", 1), DEV(ISP_API_SetExpCompSwi, "Off", 0),
-    DEV(ISP_API_SetMonoChromeSwi, "On", 1), DEV(ISP_API_SetOnePushAwb, "Off", 0),
-    DEV(ISP_API_SetExposureFullViewFollow, "On", 1), DEV(ISP_API_SetWhiteBalanceFullViewFollow, "On", 1),
-    DEV(ISP_API_SetAutoIrisSwi, "Off", 0), DEV(PT_API_SetPtSpeedMatch, "On", 1),
-    DEV(PT_API_SetPowerUpPtzPos, "PresetHome", -1), DEV(PTZ_API_SetMaxDZoomTime, "X16", 16),
-    DEV(PTZ_API_SetDZoomMode, "On", 1), DEV(AF_API_SetFocusRange, "V5", 4),
-    DEV(AF_API_SetFocusArea, "Future", 4), DEV(AF_API_SetPtzTrigAf, "On", 1),
-    DEV(AF_API_SetFocusModel, "FocusPDAF", 1), DEV(AF_API_SetFaceAF, "On", 1),
-    CAM(AF_API_SetDistortionCorrection, "On", 1), CAM(SYS_API_SetMirror, "On", 1),
-    CAM(SYS_API_SetFlip, "On", 1), CAM(SYS_API_SetPrompt, "Off", 0),
-    CAM(SYS_API_SetSensorCrop, "On", 1), CAM(SYS_API_SetImageFreeze, "On", 1),
-    CAM(ALG_API_SetEnable, "On", 1), CAM(SYS_API_SetMountMode, "Stand", 1),
-    CAM(ALG_API_SetTrackMode, "SingleTracking", 4), CAM(ALG_API_SetTrackStrategyBinocular, "AutoFraming", 3),
+    DEV(ISP_API_SetAeMode, "ManualMode", 4), DEV(ISP_API_SetShutter, "Ss10000", 32), DEV(ISP_API_SetShutterMode, "Stardard", 1),
+    DEV(ISP_API_SetIrisLevel, "IlF1P6", 13), DEV(ISP_API_SetAeMeterMode, "RIGHT", 5), DEV(ISP_API_SetAntiFlicker, "Off", 2),
+    DEV(ISP_API_SetWbMode, "OnePushWb", 5), DEV(ISP_API_SetStaticMode, "InDoor", 1), DEV(ISP_API_SetAwbSensitivity, "Middle", 1),
+    DEV(ISP_API_SetNDFilter, "Flt1p6", 3), DEV(ISP_API_SetIspBinUsage, "Soft", 7), DEV(ISP_API_SetBackLight, "On", 1),
+    DEV(ISP_API_SetDrcSwi, "On", 1), DEV(ISP_API_SetExpCompSwi, "Off", 0), DEV(ISP_API_SetMonoChromeSwi, "On", 1),
+    DEV(ISP_API_SetOnePushAwb, "Off", 0), DEV(ISP_API_SetExposureFullViewFollow, "On", 1), DEV(ISP_API_SetWhiteBalanceFullViewFollow, "On", 1),
+    DEV(ISP_API_SetAutoIrisSwi, "Off", 0), DEV(PT_API_SetPtSpeedMatch, "On", 1), DEV(PT_API_SetPowerUpPtzPos, "PresetHome", -1),
+    DEV(PTZ_API_SetMaxDZoomTime, "X16", 16), DEV(PTZ_API_SetDZoomMode, "On", 1), DEV(AF_API_SetFocusRange, "V5", 4),
+    DEV(AF_API_SetFocusArea, "Future", 4), DEV(AF_API_SetPtzTrigAf, "On", 1), DEV(AF_API_SetFocusModel, "FocusPDAF", 1),
+    DEV(AF_API_SetFaceAF, "On", 1), CAM(AF_API_SetDistortionCorrection, "On", 1), CAM(SYS_API_SetMirror, "On", 1), CAM(SYS_API_SetFlip, "On", 1),
+    CAM(SYS_API_SetPrompt, "Off", 0), CAM(SYS_API_SetSensorCrop, "On", 1), CAM(SYS_API_SetImageFreeze, "On", 1), CAM(ALG_API_SetEnable, "On", 1),
+    CAM(SYS_API_SetMountMode, "Stand", 1), CAM(ALG_API_SetTrackMode, "SingleTracking", 4), CAM(ALG_API_SetTrackStrategyBinocular, "AutoFraming", 3),
     CAM(ALG_API_SetTrackStrategyMonocular, "ZoneTracking", 2), CAM(ALG_API_SetTrackStrategy, "Monocular", 1),
     {[](const char *pc) { return PT_API_SetSpeedAccuracy(0, pc, BU_TRUE); }, "Acc100", "PT_API_SetSpeedAccuracy(0, 100, 1)"},
     {[](const char *pc) { return USB_API_SetMode(pc, BU_TRUE); }, "Device", "USB_API_SetMode(1, 1)"},
