@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace std::string_literals;
 using testing::HasSubstr;
 
 namespace
@@ -37,9 +38,7 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
 {
     const std::string strLong(32, 'x');
     // clang-format off
-    const struct { // with ' for "
-        std::string strBefore, strAfter; int s32Line; std::string strReason; // the first becomes the second: faulty
-    } rows[] = {
+    const struct { std::string strBefore, strAfter; int s32Line; std::string strReason; } rows[] = { // ' for "
         {"60, ", "60 ", 1, "syntax error"}, {"\n]}", "\n]", 17, "syntax error"}, {"\n]}", "\n]}}", 17, "syntax error"},
         {"60,", "0,", 1, "timeoutSeconds: must be a whole number from 1 to 3600"}, {"60,", "60.5,", 1, "whole number"},
         {"60,", "99999999999,", 1, "whole number"}, {"60,", "null,", 1, "whole number"},
@@ -89,8 +88,7 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
 TEST_F(MenuDescription, TextOfAnyKindIsRefusedWithoutHarm)
 {
     const std::string strShipped = menu_test::shippedDescription();
-    for (const std::string &strText : {std::string(), std::string("\xff\xfe"), std::string("[]"), std::string("{}"),
-                                       std::string(100000, '['), std::string("{\"words\":{}}")})
+    for (const std::string &strText : {""s, "\xff\xfe"s, "[]"s, "{}"s, std::string(100000, '['), "{\"words\":{}}"s})
         EXPECT_THROW(menu::readDescription(strText), util::JsonFault) << strText.substr(0, 20);
     for (std::size_t size = 0; size < strShipped.rfind('}'); size += 97)
         EXPECT_THROW(menu::readDescription(std::string_view(strShipped).substr(0, size)), util::JsonFault) << size;

@@ -1,5 +1,6 @@
 #include "support/picture.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -16,9 +17,22 @@ Picture closeUp(SCENE_S *pst, const SCENE_VIEW_S &stView, BU_S64 s64Us = 0, BU_S
     return picture;
 }
 
+MATCHER_P(Near, most, "") { return std::abs(std::get<0>(arg) - std::get<1>(arg)) <= most; }
+
 struct View : testing::Test {
     const Scene scene{SCENE_Open("synthetic")};
 };
+
+/// Mean luma of the eight parts of a picture, four across [tenths].
+std::array<int, 8> parts(Picture picture)
+{
+    std::array<int, 8> sums{};
+    const BU_S32 w = picture.width(), h = picture.height();
+    for (BU_S32 i = 0; i < w * h; ++i)
+        sums[static_cast<std::size_t>(i % w * 4 / w + i / w * 2 / h * 4)] += picture.y(i % w, i / w);
+    for (int &s32 : sums) s32 = s32 * 10 / (w * h / 8);
+    return sums;
+}
 
 /// Column of the strongest thin bright vertical line in some rows, and the same of rows.
 BU_S32 lineAt(Picture &picture, BU_S32 s32From, BU_S32 s32To, bool bVertical)
@@ -47,6 +61,25 @@ TEST_F(View, CrossStandsWhereItsDirectionIs)
         EXPECT_NEAR(lineAt(picture, y + 4, y + 18, true), x, 1) << fPan << '/' << fTilt;
         EXPECT_NEAR(lineAt(picture, x - 18, x - 4, false), y, 1) << fPan << '/' << fTilt;
     }
+}
+
+/// Scales with their marks and numbers, crosses, furniture, people.
+TEST_F(View, TheHallLooksAsItDid)
+{
+    // clang-format off
+    const std::pair<SCENE_VIEW_S, std::array<int, 8>> rows[] = {
+        {{.fPan = 10, .fTilt = 20, .fMagnification = 4}, {587, 627, 675, 738, 761, 737, 684, 670}},
+        {{.fPan = -60, .fTilt = 20.5F, .fMagnification = 20}, {1561, 1584, 1588, 1549, 1580, 1568, 1556, 1545}},
+        {{.fPan = 45, .fTilt = -26, .fMagnification = 6}, {600, 639, 659, 650, 593, 625, 588, 558}},
+        {{.fPan = 175, .fTilt = -4, .fMagnification = 2}, {1048, 1011, 1023, 1010, 971, 956, 968, 949}},
+        {{.fPan = 30, .fTilt = 10, .fMagnification = 10}, {493, 493, 525, 466, 525, 535, 523, 498}},
+        {{.fPan = 15, .fTilt = 55, .fMagnification = 12}, {1196, 1179, 1167, 1146, 1190, 1174, 1162, 1142}},
+        {{.fPan = -90, .fTilt = 0}, {1736, 1813, 1720, 1719, 891, 917, 894, 881}},
+        {{.fPan = 0, .fTilt = -5, .fMagnification = 3}, {722, 870, 870, 814, 868, 1004, 1006, 933}}};
+    // clang-format on
+    for (const auto &[stView, expected] : rows)
+        EXPECT_THAT(parts(closeUp(scene.get(), stView, 2'000'000)), testing::Pointwise(Near(2), expected))
+            << stView.fPan;
 }
 
 TEST_F(View, MovesSmoothlyByPartsOfAPixel)
@@ -103,6 +136,8 @@ TEST_F(View, DefocusSoftens)
             closeUp(scene.get(), {.fPan = 12, .fTilt = 5, .fMagnification = fMagnification, .fDefocus = fDefocus});
         return picture.steps(1, 0);
     };
+    Picture most = closeUp(scene.get(), {.fPan = 10, .fMagnification = 20, .fDefocus = 60}, 0, 960, 540);
+    EXPECT_NEAR(most.steps(1, 0), 107817, 500) << "no more than that";
     EXPECT_LT(edges(4, 1), 0.8 * edges(0, 1));
     EXPECT_LT(edges(8, 1), 0.9 * edges(4, 1));
     EXPECT_LT(edges(-4, 1), 0.8 * edges(0, 1));

@@ -1,9 +1,8 @@
-// Output format, stand-by, tracking, serial ports, menu state: settings through the services of several libraries.
+// Output format, stand-by, tracking, serial ports: settings through the services of several libraries.
 #include "../settings/settingsTest.h"
 #include "board/device.h"
 #include "board/profile.h"
 #include "camera/image.h"
-#include "camera/menu.h"
 #include "camera/picture.h"
 #include "camera/pip.h"
 #include "camera/power.h"
@@ -51,12 +50,11 @@ TEST_F(SystemSettings, AFormatReachesItsOutput)
 
 TEST_F(SystemSettings, AFormatIsTakenWholeOrNotAtAll)
 {
-    // clang-format off
-    const struct { const BU_CHAR *pcFormat, *pcFps; BU_S32 enCs; } rows[] = {
-        {"", "Fps50", 0}, {"Format-4K", "", 0}, {"Format-4K", "fps50", 0}, {nullptr, nullptr, 0},
-        {"Format-4K", "Fps50", 4}, {"Format-4K", "Fps50", -1}};
-    // clang-format on
-    for (const auto &st : rows) EXPECT_EQ(SYSTEM_API_SetHdmiCfg(st.pcFormat, st.pcFps, st.enCs, BU_TRUE), -1);
+    const std::tuple<const BU_CHAR *, const BU_CHAR *, BU_S32> rows[] = {
+        {"", "Fps50", 0},          {"Format-4K", "", 0},       {"Format-4K", "fps50", 0},
+        {"Format-4K", "Fps50", 4}, {"Format-4K", "Fps50", -1}, {nullptr, nullptr, 0}};
+    for (const auto &[pcFormat, pcFps, s32Cs] : rows)
+        EXPECT_EQ(SYSTEM_API_SetHdmiCfg(pcFormat, pcFps, s32Cs, BU_TRUE), -1);
     for (const BU_CHAR *pcWord : {"", "4K", "1080P61", "1080P60 ", "5K60", "1080p60"})
         EXPECT_EQ(SYSTEM_API_SetVideoFormat(pcWord, BU_TRUE), -1) << pcWord;
     EXPECT_EQ(std::pair(running("Format"), running("Fps")), std::pair(+HDMI_FORMAT_E_1080P, +HDMI_FPS_E_FPS60));
@@ -85,14 +83,13 @@ TEST_F(SystemSettings, AnOutputKeepsItsOwnFormatUntilItsSettingChanges)
 
 TEST_F(SystemSettings, ThePipelineHasAPictureForEachLensOfTheProfile)
 {
+    tagHW_ABILITY_S stAbility{};
+    MPP_BUSINESS_CFG_S stCfg{};
     for (const auto &[pcModel, s32Lenses] : {std::pair("minimal", 1), {"QLS-500", 2}, {"TKV-MX", 2}}) {
         BSP_PROFILE_Load(pcModel);
-        tagHW_ABILITY_S stAbility{};
         BSP_HW_ABI_GetHwAbility(&stAbility);
-        EXPECT_EQ(stAbility.stLens.s32DevCnt, s32Lenses) << pcModel;
-        MPP_BUSINESS_CFG_S stCfg{};
         SYSTEM_API_InitializeMppBusinessByXml(&stCfg);
-        EXPECT_EQ(stCfg.s32PipeCnt, s32Lenses) << pcModel;
+        EXPECT_EQ(std::pair(stAbility.stLens.s32DevCnt, stCfg.s32PipeCnt), std::pair(s32Lenses, s32Lenses)) << pcModel;
     }
 }
 
@@ -191,8 +188,8 @@ TEST_F(SystemSettings, AFrozenPictureComesBackAndPictureInPictureIsTakenWholeOrN
     CFG_SETTING_Reload();
     MPP_PIP_CONFIG_S stCfg{};
     SYS_API_GetPipConfig(&stCfg);
-    EXPECT_EQ(std::tuple(stCfg.enMainVideo, stCfg.enPos, stCfg.enSize),
-              std::tuple(1, +MPP_PIP_POS_TOP_RIGHT, +MPP_PIP_SIZE_SMALL));
+    EXPECT_EQ(std::tuple(stCfg.enMainVideo, stCfg.enPos, stCfg.enSize, stCfg.bEnablePip),
+              std::tuple(1, +MPP_PIP_POS_TOP_RIGHT, +MPP_PIP_SIZE_SMALL, 1));
     EXPECT_EQ(std::tuple(stored("PipMainVideo"), stored("PipSubVideo"), stored("PipPos"), stored("PipSize")),
               std::tuple(1, 0, stCfg.enPos, stCfg.enSize));
 }
@@ -313,28 +310,4 @@ TEST_F(SystemSettings, ACorrectionCountsOnlyWhenItIsSaved)
     std::string strStored;
     CFG_STORE_GetText("Track/Correction", &strStored);
     EXPECT_EQ(strStored, "-2 1");
-}
-
-TEST_F(SystemSettings, MenuKeysCountOnlyWhileTheMenuIsOpen)
-{
-    BU_S32(*const apfnKeys[])
-    () = {CMD_MENU_HandeHomeBtn, CMD_MENU_HandeUpBtn, CMD_MENU_HandeDownRightBtn, CMD_MENU_HandeLeftUpdateParam,
-          CMD_MENU_HandeSetParam};
-    const auto all = [&](BU_S32 s32Expected) {
-        for (const auto pfnKey : apfnKeys) EXPECT_EQ(pfnKey(), s32Expected);
-    };
-    all(-1);
-    EXPECT_EQ(OSD_MENU_ReturnMenu(), -1);
-    CMD_MENU_OnlyOpenMenu();
-    CMD_MENU_OnlyOpenMenu();
-    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 1);
-    all(0);
-    CMD_MENU_HandleMenuBtn();
-    EXPECT_EQ(OSD_MENU_GetMenuStatus(), 0);
-    CMD_MENU_HandleAdvancedMenuBtn();
-    CMD_MENU_HandleMenuBtn(); // leaves the advanced pages as well
-    all(-1);
-    CMD_MENU_HandleMenuBtn();
-    EXPECT_EQ(OSD_MENU_ReturnMenu(), 0);
-    EXPECT_EQ(CMD_MENU_GetMenuStatus(), 0);
 }

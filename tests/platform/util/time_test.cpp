@@ -53,11 +53,9 @@ TEST(ManualClock, AllQueuesFireInOneOrderOfTimeThenOfGiving)
     const auto at = [&](TimerQueue &queue, BU_S64 s64Ms, std::string strName) {
         queue.at(stRecord.s64StartMs + s64Ms, [&stRecord, strName] { stRecord.note(strName); });
     };
-    at(late, 30, "c");
-    at(early, 20, "a");
-    at(late, 20, "b");
-    at(early, -5, "past");
-    at(early, 41, "later");
+    for (const auto &[pst, s32Ms, pcName] :
+         {std::tuple(&late, 30, "c"), {&early, 20, "a"}, {&late, 20, "b"}, {&early, -5, "past"}, {&early, 41, "later"}})
+        at(*pst, s32Ms, pcName);
     early.at(stRecord.s64StartMs + 30, [&] { at(late, 35, "given inside"); });
     clock.advance(40);
     EXPECT_THAT(stRecord.entries, ElementsAre("past@0", "a@20", "b@20", "c@30", "given inside@35"));
@@ -68,8 +66,10 @@ TEST(ManualClock, SleepersWakeAtTheirTimeAndAtTheEndWhenWhatStillWaitsIsDropped)
 {
     auto clock = std::make_unique<ManualClock>();
     std::atomic<BU_S32> s32Woken{0};
-    std::thread first([&] { UTIL_TIME_SleepMs(1000), s32Woken++; }),
-        second([&] { UTIL_TIME_SleepMs(5000), s32Woken++; });
+    const auto sleeper = [&](BU_S32 s32Ms) {
+        return std::thread([&, s32Ms] { UTIL_TIME_SleepMs(s32Ms), s32Woken++; });
+    };
+    std::thread first = sleeper(1000), second = sleeper(5000);
     clock->waitForSleepers(2);
     clock->advance(999);
     EXPECT_EQ(s32Woken, 0);
