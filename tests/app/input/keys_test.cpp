@@ -29,8 +29,7 @@ TEST_F(Keys, OfTheBigRemote) { expect(BIG, {
         {"[track] up down", "PT_Up PT_StopMove PT_Down PT_StopMove"}, {"[open] up down", "MENU_Up MENU_Down"},
         {"left right", "PT_Left PT_StopMove PT_Right PT_StopMove"}, {"+up *up *up -up", "PT_Up PT_StopMove"},
         {"[track] left right", "LockLastTarget LockNextTarget"}, {"[open] [track] left right", "MENU_Left MENU_Right"},
-        {"[open] +left ~499 -left ~2000", "MENU_Left"},
-        {"[open] +left ~500 -left ~2000", "MENU_Left MENU_LeftUpdateParam MENU_SetParam"},
+        {"[open] +left ~499 -left ~2000", "MENU_Left"}, {"[open] +left ~500 -left ~2000", "MENU_Left MENU_LeftUpdateParam MENU_SetParam"},
         {"[open] +right ~1600 -right ~2000", "MENU_Right MENU_RightUpdateParam MENU_RightUpdateParam MENU_RightUpdateParam MENU_SetParam"},
         {"[open] +left ~500 -left left", "MENU_Left MENU_LeftUpdateParam MENU_SetParam MENU_Left"}, // the tap applies nothing
         {"[open] +left ~500 +left ~400 -left ~1000", "MENU_Left MENU_LeftUpdateParam MENU_Left"}, // the first release lost
@@ -55,8 +54,7 @@ TEST_F(Keys, OfTheTrackingRemote) { expect(TRACKING, {
 
 TEST_F(Keys, OfTheFront) { expect(FRONT, {
         {"+reset ~9999 -reset", ""}, {"-reset ~20000 -reset", ""}, // held since before the start
-        {"+reset ~10000 -reset -reset", "FactoryRestoreConfiguration(0) UTIL_RunSafe('reboot')"},
-        {"+reset -reset ~10000 -reset", ""},
+        {"+reset ~10000 -reset -reset", "FactoryRestoreConfiguration(0) UTIL_RunSafe('reboot')"}, {"+reset -reset ~10000 -reset", ""},
         {"+reset ~60000 +reset ~100 -reset", ""}, // its first release lost: a new press is a new hold
         {"+reset ~9000 *reset ~1000 *reset ~1 -reset", "FactoryRestoreConfiguration(0) UTIL_RunSafe('reboot')"},
 }); }
@@ -100,8 +98,7 @@ TEST_F(Keys, OfDirectionsWhoseMeaningChanges) { expect(BIG, {
         {"[open] +left [close] -left ~2000", "MENU_Left PT_StopMove"}, {"+up [open] +up", "PT_Up PT_StopMove MENU_Up"},
         {"[open] +left ~700 [close] -left ~2000", "MENU_Left MENU_LeftUpdateParam PT_StopMove"},
         {"[open] [track] +left ~700 [close] -left ~2000", "MENU_Left MENU_LeftUpdateParam"},
-        {"[track] +left [untrack] -left", "LockLastTarget PT_StopMove"},
-        {"+left [open] +left -left", "PT_Left PT_StopMove MENU_Left"},
+        {"[track] +left [untrack] -left", "LockLastTarget PT_StopMove"}, {"+left [open] +left -left", "PT_Left PT_StopMove MENU_Left"},
     });
     expect(TRACKING, {{"+left [open] -left", "PT_Left PT_StopMove"},
                       {"+left [track] +left", "PT_Left PT_StopMove LockLastTarget"}}); }
@@ -122,8 +119,7 @@ TEST_F(Keys, StartFromTheRunningOrTheStoredValue) { expect(BIG, {
 TEST_F(Keys, HaveAValueToStartFromWhenNoneCanBeRead) {
     expect(TRACKING, {{"[!NET_API_SetIpAddr] ip-reset", "SetIpAddr('NetCard0', '192.168.100.100')"}});
     expect(BIG, {
-        {"[ZoomSpd=2] [!PTZ_API_GetZoomSpd] +zoom-in", "SetZoomAct(0, 2, 5)"},
-        {"[TrackMode=1] [!ALG_API_GetTrackMode] f4", "SetBodySize(0, 1, 1)"},
+        {"[ZoomSpd=2] [!PTZ_API_GetZoomSpd] +zoom-in", "SetZoomAct(0, 2, 5)"}, {"[TrackMode=1] [!ALG_API_GetTrackMode] f4", "SetBodySize(0, 1, 1)"},
         {"backlight [!ISP_API_GetBackLight] backlight", "SetBackLight(0, 1, 1, 1) SetBackLight(0, 1, 1, 1)"},
         {"osd [!SYS_API_GetPrompt] osd", "SetPrompt(0, 1, 1) SetPrompt(0, 1, 1)"},
         {"[track] [!ALG_API_GetEnable] f1 +left", "SetEnable(1, 1, 1) PT_Left"},

@@ -18,30 +18,20 @@ const Message ZOOM{VISCA_CMD_E_ZOOM, put<&Info::stZoomCtrl>}, DZOOM{VISCA_CMD_E_
 TEST_F(CommandLens, ZoomAndFocus)
 {
     check(Rows{
-        {ZOOM, {0, 2, 7},    "lens ZOOM_STOP",                      "ZoomSpd 6"},
-        {ZOOM, {1, 2, 7},    "lens ZOOM_TELE, speed 6",             "ZoomSpd 6"},
-        {ZOOM, {2, 2, 7},    "lens ZOOM_WIDE, speed 6",             "ZoomSpd 6"},
-        {ZOOM, {3, 2, 7},    "lens ZOOM_TELE, speed 2",             "ZoomSpd 6"},
-        {ZOOM, {4, 2, 7},    "lens ZOOM_WIDE, speed 2",             "ZoomSpd 6"},
-        {ZOOM, {5, 2, 9000}, "lens ZOOM_DIRECT_POS 9000, speed 4",  "ZoomSpd 6", 1},
+        {ZOOM, {0, 2, 7}, "lens ZOOM_STOP", "ZoomSpd 6"}, {ZOOM, {1, 2, 7}, "lens ZOOM_TELE, speed 6", "ZoomSpd 6"},
+        {ZOOM, {2, 2, 7}, "lens ZOOM_WIDE, speed 6", "ZoomSpd 6"}, {ZOOM, {3, 2, 7}, "lens ZOOM_TELE, speed 2", "ZoomSpd 6"},
+        {ZOOM, {4, 2, 7}, "lens ZOOM_WIDE, speed 2", "ZoomSpd 6"}, {ZOOM, {5, 2, 9000}, "lens ZOOM_DIRECT_POS 9000, speed 4", "ZoomSpd 6", 1},
         {ZOOM_FOCUS, {0x1234, 0x0678}, "lens ZOOM_FOCUS_DIRECT_POS 4660 1656, speed 6, speed 0", "ZoomSpd 6", 1},
-        {DZOOM, {2, 9},  "PTZ_API_SetDZoomMode(0, 1, 1, 1)",     "!SensorCrop 0"},
-        {DZOOM, {3, 9},  "PTZ_API_SetDZoomMode(0, 0, 1, 1)",     "!SensorCrop 0"},
-        {DZOOM, {4, 12}, "PTZ_API_SetMaxDZoomTime(0, 12, 1, 1)", "!SensorCrop 0"},
-        {DZOOM, {2, 9},  REFUSED, "!SensorCrop 1"}, {DZOOM, {3, 9}, REFUSED, "!SensorCrop 1"}, {DZOOM, {4, 3}, REFUSED, "!SensorCrop 1"},
-        {FOCUS, {6, 3},        "lens FOCUS_STOP", "!SensorCrop 0, FocusAuto 0"},
-        {FOCUS, {7, 3},        "lens FOCUS_FAR, speed 4"},  // one more than the record's
-        {FOCUS, {8, 3},        "lens FOCUS_NEAR, speed 4"},
-        {FOCUS, {9, 3},        "lens FOCUS_FAR, speed 4"},
-        {FOCUS, {10, 3},       "lens FOCUS_NEAR, speed 4"},
-        {FOCUS, {11, 3, 175},  "lens FOCUS_DIRECT_POS 175, speed 4",  "FocusAuto 0", 1},
-        {FOCUS, {11, 3, 7095}, "lens FOCUS_DIRECT_POS 7095, speed 4", "FocusAuto 0", 1},
-        {FOCUS, {11, 3, 174},  REFUSED}, {FOCUS, {11, 3, 7096}, REFUSED},
-        {FOCUS_SETTING, {2},   "AF_API_SetFocusAuto(0, 1, 1, 1)"},
-        {FOCUS_SETTING, {3},   "AF_API_SetFocusAuto(0, 0, 1, 1)"},
-        {FOCUS_SETTING, {4},   "AF_API_SetFocusAuto(0, 0, 1, 1)", "FocusAuto 1"},
-        {FOCUS_SETTING, {4},   "AF_API_SetFocusAuto(0, 1, 1, 1)", "FocusAuto 0"},
-        {FOCUS_SETTING, {5},   "AF_API_TriggerAutoFocus(0)"},
+        {DZOOM, {2, 9}, "PTZ_API_SetDZoomMode(0, 1, 1, 1)", "!SensorCrop 0"}, {DZOOM, {3, 9}, "PTZ_API_SetDZoomMode(0, 0, 1, 1)", "!SensorCrop 0"},
+        {DZOOM, {4, 12}, "PTZ_API_SetMaxDZoomTime(0, 12, 1, 1)", "!SensorCrop 0"}, {DZOOM, {2, 9},  REFUSED, "!SensorCrop 1"},
+        {DZOOM, {3, 9}, REFUSED, "!SensorCrop 1"}, {DZOOM, {4, 3}, REFUSED, "!SensorCrop 1"},
+        {FOCUS, {6, 3}, "lens FOCUS_STOP", "!SensorCrop 0, FocusAuto 0"}, {FOCUS, {7, 3}, "lens FOCUS_FAR, speed 4"}, // one more than the record's
+        {FOCUS, {8, 3}, "lens FOCUS_NEAR, speed 4"}, {FOCUS, {9, 3}, "lens FOCUS_FAR, speed 4"}, {FOCUS, {10, 3}, "lens FOCUS_NEAR, speed 4"},
+        {FOCUS, {11, 3, 175}, "lens FOCUS_DIRECT_POS 175, speed 4", "FocusAuto 0", 1},
+        {FOCUS, {11, 3, 7095}, "lens FOCUS_DIRECT_POS 7095, speed 4", "FocusAuto 0", 1}, {FOCUS, {11, 3, 174},  REFUSED},
+        {FOCUS, {11, 3, 7096}, REFUSED}, {FOCUS_SETTING, {2}, "AF_API_SetFocusAuto(0, 1, 1, 1)"},
+        {FOCUS_SETTING, {3}, "AF_API_SetFocusAuto(0, 0, 1, 1)"}, {FOCUS_SETTING, {4}, "AF_API_SetFocusAuto(0, 0, 1, 1)", "FocusAuto 1"},
+        {FOCUS_SETTING, {4}, "AF_API_SetFocusAuto(0, 1, 1, 1)", "FocusAuto 0"}, {FOCUS_SETTING, {5}, "AF_API_TriggerAutoFocus(0)"},
     });
     check(each(FOCUS_SETTING, "AF_API_SetFocusArea(0, %, 1, 1)", {{12, 2}, {13, 1}, {14, 3}, {15, 0}, {16, 4}}));
     EXPECT_THAT(traceOf([] { dispatch(DZOOM, {2}, "!SensorCrop 1"); }), HasSubstr("] sensor crop is on, reject dzoom\n"));

@@ -1,7 +1,6 @@
 #include "viscaLibTest.h"
 
 #include "protocol/viscaNet.h"
-#include "support/await.h"
 
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -150,9 +149,9 @@ TEST_F(Network, ClientThatNeverReadsIsClosedAndDisturbsNobody)
 {
     Service::payload = Bytes(90, 0x55);
     const Controller slow = tcp(), other = tcp();
-    Bytes flood;
-    for (int i = 0; i < 1000; ++i)
-        for (const BU_U8 u8 : bytes(INQUIRY)) flood.push_back(u8);
+    std::string strFlood;
+    for (int i = 0; i < 1000; ++i) strFlood += std::string(INQUIRY) + " ";
+    const Bytes flood = bytes(strFlood);
     for (int i = 0; i < 2000 && slow.send(flood); ++i) {
         if (i % 100) continue;
         other.send(INQUIRY);

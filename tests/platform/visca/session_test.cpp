@@ -28,9 +28,7 @@ struct Dialogue {
     std::vector<std::pair<std::string, std::vector<std::string>>> steps; ///< what comes in and what goes out
 };
 
-class Session : public ViscaLibTest
-{
-protected:
+struct Session : ViscaLibTest {
     Session()
     {
         Service::fnHandle = [](auto enType, auto &stInfo) { return isMove(enType, stInfo) ? 1 : 0; };
@@ -47,8 +45,7 @@ protected:
         BSP_PTCtrlMotion(PT_CTRL_E_FROM_OTHER, &stMove, nullptr);
     }
 };
-class SessionDialogue : public Session, public testing::WithParamInterface<Dialogue>
-{
+struct SessionDialogue : Session, testing::WithParamInterface<Dialogue> {
 };
 } // namespace
 
@@ -148,8 +145,8 @@ TEST_F(Session, NobodyWaitsForAnothersWork)
     };
     Turn turn([] {}, [] {});
     turn.begin();
-    std::vector<Bytes> data = {bytes(std::string(INQUIRY)), bytes("81 01 04 35 00 FF 81 01 04 35 05 FF"), bytes(STOP)};
-    for (BU_U32 u32 = 0; u32 < data.size(); ++u32) {
+    const Bytes data[] = {bytes(INQUIRY), bytes("81 01 04 35 00 FF 81 01 04 35 05 FF"), bytes(STOP)};
+    for (BU_U32 u32 = 0; u32 < 3; ++u32) {
         VISCA_MSG_PRI_S stFrom{};
         stFrom.enFrom = CMD_FROM_E_NET_TCP_IN;
         turn.addStream(turn.addLane(m_peer[u32]), stFrom, data[u32], &m_splitter[u32]);
@@ -188,8 +185,8 @@ TEST_F(Session, CommandThatNeverEndsIsClosedWhenNothingMoves)
 TEST_F(Session, SupersededRecallIsCancelled)
 {
     ZF_API_StartService();
-    const PT_CTRL_CALL_FUNC_S stEnd{PT_CTRL_E_FROM_VISCA, [](void *, BU_BOOL) { return 0; },
-                                    sizeof(tagVISCA_CTRL_INFO_S)};
+    const auto ended = [](void *, BU_BOOL) { return 0; };
+    const PT_CTRL_CALL_FUNC_S stEnd{PT_CTRL_E_FROM_VISCA, ended, sizeof(tagVISCA_CTRL_INFO_S)};
     BSP_PTRegisterRetCallFunc(0, PT_CTRL_E_FROM_VISCA, &stEnd);
     BSP_ZFRegisterRetCallFunc(ZF_CTRL_E_FROM_VISCA, &stEnd);
     moveTo(0x0400);

@@ -3,14 +3,13 @@
 #pragma once
 
 #include "net.h"
+#include "support/await.h"
 #include "support/hex.h"
 #include "support/platformTest.h"
 #include "turn.h"
 
 #include "board/profile.h"
 #include "camera/motion.h"
-
-#include <condition_variable>
 
 /// Whether a message moves motors to a target.
 inline bool isMove(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &stInfo)
@@ -23,7 +22,6 @@ inline bool isMove(tagVISCA_CMD_INQ_TYPE_E enType, const tagVISCA_CTRL_INFO_S &s
 /// Answers like the camera service: 0 at once, -1 refused, anything else later or never.
 struct Service {
     static inline std::mutex mutex; // guards all of it
-    static inline std::condition_variable changed;
     static inline std::function<BU_S32(tagVISCA_CMD_INQ_TYPE_E, tagVISCA_CTRL_INFO_S &)> fnHandle;
     static inline std::vector<tagVISCA_CTRL_INFO_S> listSeen;
     static inline Bytes payload;
@@ -37,15 +35,11 @@ struct Service {
     }
     static BU_S32 control(tagVISCA_CMD_INQ_TYPE_E enType, tagVISCA_CTRL_INFO_S *pstInfo)
     {
-        BU_S32 s32Ret = 0;
-        {
-            std::unique_lock lock(mutex);
-            listSeen.push_back(*pstInfo);
-            changed.notify_all();
-            const auto fn = fnHandle;
-            lock.unlock();
-            s32Ret = fn(enType, *pstInfo);
-        }
+        std::unique_lock lock(mutex);
+        listSeen.push_back(*pstInfo);
+        const auto fn = fnHandle;
+        lock.unlock();
+        const BU_S32 s32Ret = fn(enType, *pstInfo);
         if (s32Ret == 0 || s32Ret == -1) VISCA_CtrlMsgReturn(pstInfo, s32Ret == 0);
         return s32Ret;
     }
@@ -61,8 +55,8 @@ struct Service {
     }
     static tagVISCA_CTRL_INFO_S seen(std::size_t i)
     {
-        std::unique_lock lock(mutex);
-        changed.wait_for(lock, std::chrono::seconds(20), [&] { return listSeen.size() > i; });
+        await([&] { return (std::lock_guard(mutex), listSeen.size() > i); });
+        const std::lock_guard lock(mutex);
         return listSeen.at(i);
     }
 };
