@@ -207,10 +207,8 @@ TEST_F(Network, GarbageIsSurvived)
     std::mt19937 random(7);
     const Controller a = overIp(), b = udp();
     for (int i = 0; i < 3000; ++i) {
-        Bytes datagram(random() % 40);
-        for (BU_U8 &u8 : datagram) u8 = static_cast<BU_U8>(random());
-        if (i % 3 == 0 && datagram.size() > 2) datagram[0] = 0x81;
-        if (i % 3 == 1 && datagram.size() > 2) datagram[0] = 0x01, datagram[1] = 0x00;
+        Bytes datagram = i % 3 == 0 ? Bytes{0x81} : i % 3 == 1 ? Bytes{0x01, 0x00} : Bytes();
+        for (auto size = random() % 40; size > 0; --size) datagram.push_back(static_cast<BU_U8>(random()));
         a.send(datagram);
         b.send(datagram);
     }
