@@ -20,8 +20,6 @@ class PreparedRoot
 public:
     PreparedRoot()
     {
-        char acFolder[] = "/tmp/camera-e2e-XXXXXX";
-        m_strPath = mkdtemp(acFolder);
         UTIL_ROOT_Set(m_strPath.c_str());
         CFG_STORE_Open("/cfg0/settings.db");
     }
@@ -30,12 +28,10 @@ public:
         CFG_STORE_Close();
         std::filesystem::remove_all(m_strPath);
     }
-    PreparedRoot(const PreparedRoot &) = delete;
-    PreparedRoot &operator=(const PreparedRoot &) = delete;
     const std::string &path() const { return m_strPath; }
 
 private:
-    std::string m_strPath;
+    const std::string m_strPath = mkdtemp(std::string("/tmp/camera-e2e-XXXXXX").data());
 };
 
 class MediaCamera : public CameraProcess

@@ -7,7 +7,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <stdexcept>
-#include <termios.h>
 #include <unistd.h>
 
 ViscaClient::ViscaClient(const CameraProcess &camera, Transport enTransport, const char *pcAddress)
@@ -16,11 +15,7 @@ ViscaClient::ViscaClient(const CameraProcess &camera, Transport enTransport, con
     if (enTransport >= Transport::Rs232) {
         const char *pcDevice = enTransport == Transport::Rs232 ? "/dev/ttyS_RS232" : "/dev/ttyS_RS422";
         m_fd = util::FileDescriptor(open(camera.path(pcDevice).c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
-        termios mode{};
-        tcgetattr(m_fd, &mode);
-        cfmakeraw(&mode);
-        tcsetattr(m_fd, TCSANOW, &mode);
-        return;
+        return; // the port is raw as it is
     }
     constexpr int PORTS[] = {52381, 1259, 5678};
     sockaddr_in address{AF_INET, htons(static_cast<BU_U16>(camera.port(PORTS[static_cast<int>(enTransport)]))), {}, {}};

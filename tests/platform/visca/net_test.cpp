@@ -1,6 +1,7 @@
 #include "viscaLibTest.h"
 
 #include "protocol/viscaNet.h"
+#include "support/socket.h"
 
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -20,11 +21,7 @@ constexpr int PATIENCE_MS = 20'000;
 class Controller
 {
 public:
-    Controller(int type, BU_U16 u16Port) : m_fd(::socket(AF_INET, type | SOCK_CLOEXEC, 0))
-    {
-        const sockaddr_in stTo = net::socketAddress(INADDR_LOOPBACK, u16Port);
-        EXPECT_EQ(::connect(m_fd, reinterpret_cast<const sockaddr *>(&stTo), sizeof stTo), 0);
-    }
+    Controller(int type, BU_U16 u16Port) : m_fd(loopback(type, u16Port, ::connect)) {}
     bool send(const Bytes &data) const { return ::send(m_fd, data.data(), data.size(), MSG_NOSIGNAL) >= 0; }
     bool send(const std::string &strHex) const { return send(bytes(strHex)); }
     void shutdown() const { ::shutdown(m_fd, SHUT_WR); }
