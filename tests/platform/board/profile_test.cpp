@@ -7,6 +7,7 @@
 #include "config/config.h"
 #include "support/place.h"
 #include "support/platformTest.h"
+#include "support/quoted.h"
 
 #include <cstring>
 #include <fstream>
@@ -74,26 +75,23 @@ TEST_F(ProfileTest, EachDescribesACameraThatCanBeDriven)
 }
 
 // clang-format off
-constexpr const BU_CHAR *FAULTS[][3] = { // a piece of the good profile, what stands there instead, what must be told
-    {"\"deviceName\":", "\"deviceName\"", "line 3"},
-    {"\"serialNumber\"", "\"serialNo\"", "serialNumber: is missing"},
-    {"\"opticalZoom\": 20", "\"opticalZoom\": \"20\"", "lens/opticalZoom: must be a whole number"},
-    {"\"opticalZoom\": 20", "\"opticalZoom\": 20.5", "lens/opticalZoom: must be a whole number"},
-    {"\"opticalZoom\": 20", "\"opticalZoom\": 99999999999", "from 1 to 100"},
-    {"\"TKV-MX\"", "\"A model name of 32 characters ...\"", "model: must have 1 to 31 bytes"},
-    {"\"TKV-MX\"", "\"\"", "model: must have"},
-    {"\"osdMenu\"", "\"osdmenu\"", "features/control/3: does not know the word \"osdmenu\""},
-    {"\"hdBaseT\"", "\"hdbaset\"", "features/av/hdbaset: is no known key"},
-    {"\"zoom\": true", "\"zoom\": 1", "ability/lenses/0/zoom: must be true or false"},
-    {"\"lens\": {\"opticalZoom\": 20}", "\"lens\": [20]", "lens: must be an object"},
-    {"\"display\": [\"oled\", \"led\"]", "\"display\": \"oled\"", "features/display: must be a list"},
-    {"\"gpioLines\": [", "\"gpioLines\": [1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,", "more than 16"},
-    {"IR-DIP-SWITCH0", "../../x", "gpioLines/0: must not contain"},
-    {"\"1.4.2.12\"", "\"1.4\"", "versions/camera: must be"},
-    {"\"1.4.2.12\"", "\"1.4.2.12b\"", "versions/camera: must be"},
-    {"\"1.4.2.12\"", "\"1.256.2\"", "versions/camera: must be"},
+constexpr const BU_CHAR *FAULTS[][3] = { // a piece of it (' for "), what stands there instead, what must be told
+    {"'deviceName':", "'deviceName'", "line 3"}, {"'serialNumber'", "'serialNo'", "serialNumber: is missing"},
+    {"'opticalZoom': 20", "'opticalZoom': '20'", "lens/opticalZoom: must be a whole number"},
+    {"'opticalZoom': 20", "'opticalZoom': 20.5", "lens/opticalZoom: must be a whole number"},
+    {"'opticalZoom': 20", "'opticalZoom': 99999999999", "from 1 to 100"},
+    {"'TKV-MX'", "'A model name of 32 characters ...'", "model: must have 1 to 31 bytes"},
+    {"'TKV-MX'", "''", "model: must have"},
+    {"'osdMenu'", "'osdmenu'", "features/control/3: does not know the word 'osdmenu'"},
+    {"'hdBaseT'", "'hdbaset'", "features/av/hdbaset: is no known key"},
+    {"'zoom': true", "'zoom': 1", "ability/lenses/0/zoom: must be true or false"},
+    {"'lens': {'opticalZoom': 20}", "'lens': [20]", "lens: must be an object"},
+    {"'display': ['oled', 'led']", "'display': 'oled'", "features/display: must be a list"},
+    {"'gpioLines': [", "'gpioLines': [1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,", "more than 16"},
+    {"IR-DIP-SWITCH0", "../../x", "gpioLines/0: must not contain"}, {"'1.4.2.12'", "'1.4'", "versions/camera: must be"},
+    {"'1.4.2.12'", "'1.4.2.12b'", "versions/camera: must be"}, {"'1.4.2.12'", "'1.256.2'", "versions/camera: must be"},
     {"02:1a:4d:24:06:01", "02:1a:4d:24:06:1", "macAddresses/0: must be"},
-    {"\"zoomFocusCheck\": \"pass\"", "\"zoomFocusCheck\": \"ok\"", "zoomFocusCheck: does not know"},
+    {"'zoomFocusCheck': 'pass'", "'zoomFocusCheck': 'ok'", "zoomFocusCheck: does not know"},
     {"/dev/ttyS_RS422", "/dev/a_device_name_beyond_its_field", "nodes/1/device: must have 1 to 31"},
 };
 // clang-format on
@@ -102,11 +100,12 @@ TEST_F(ProfileTest, AFaultyOneIsRefusedWithPlaceAndReason)
 {
     const std::string strGood = textOf(std::string(PROFILES) + "TKV-MX.json");
     ASSERT_EQ(loadText(strGood), "");
-    for (const auto &[pcOld, pcNew, pcTold] : FAULTS) {
-        const std::size_t place = strGood.find(pcOld);
-        ASSERT_NE(place, std::string::npos) << pcOld;
-        EXPECT_THAT(loadText(std::string(strGood).replace(place, std::strlen(pcOld), pcNew)),
-                    AllOf(HasSubstr(root() + "/board.json"), HasSubstr(pcTold)));
+    for (const auto &row : FAULTS) {
+        const std::string strOld = quoted(row[0]), strNew = quoted(row[1]);
+        const std::size_t place = strGood.find(strOld);
+        ASSERT_NE(place, std::string::npos) << strOld;
+        EXPECT_THAT(loadText(std::string(strGood).replace(place, strOld.size(), strNew)),
+                    AllOf(HasSubstr(root() + "/board.json"), HasSubstr(quoted(row[2]))));
     }
 }
 

@@ -1,6 +1,7 @@
 // Faulty descriptions, each refused with the line at fault.
 #include "description.h"
 #include "menuTest.h"
+#include "support/quoted.h"
 #include "util/json.h"
 
 #include <algorithm>
@@ -31,8 +32,6 @@ const std::string DESCRIPTION = R"({"timeoutSeconds": 60, "words": {
 ]})";
 
 using MenuDescription = MenuTest;
-
-std::string quoted(std::string str) { return std::ranges::replace(str, '\'', '"'), str; }
 
 TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
 {

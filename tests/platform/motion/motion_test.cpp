@@ -196,23 +196,4 @@ TEST_F(MotionTest, AsleepItRefusesMovesAndCarriesOutStops)
     run("recall7=0 to90#2=1");
     EXPECT_THAT(reports(), IsEmpty());
 }
-
-TEST_F(MotionTest, JournalNamesTheMotion)
-{
-    journal::effects();
-    int iData = 1;
-    ZF_MOTION_CTRL_S stHome = lens(ZF_E_ZOOM_DIRECT_POS);
-    stHome.bUseZoomTime = stHome.bTriggerFocusAfterZoom = BU_TRUE;
-    stHome.fZoomTime = 1;
-    command(drive(PT_MOTION_E_UP, 33, 25), &iData);
-    run("to90 stop");
-    command(stHome);
-    run("both6000");
-    EXPECT_THAT(journal::effects(),
-                ElementsAre("BSP_PTCtrlMotion(1, {UP, pan 3300, tilt 2500}, &)",
-                            "BSP_PTCtrlMotion(1, {ABS_POS 675000 540000, pan 6000, tilt 6000}, NULL)",
-                            "BSP_PTCtrlMotion(1, {STOP}, NULL)",
-                            "BSP_ZFCtrlMotion(1, {ZOOM_DIRECT_POS x1.00, speed 7, then focus}, NULL)",
-                            "BSP_ZFCtrlMotion(1, {ZOOM_FOCUS_DIRECT_POS 6000 6000, speed 7, speed 7}, NULL)"));
-}
 } // namespace

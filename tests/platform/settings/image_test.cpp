@@ -85,10 +85,8 @@ TEST_F(ImageSettings, ColoursAreSixAndApart)
         EXPECT_EQ(ISP_API_SetColorHue(1, i, -i, BU_TRUE, BU_TRUE), 0);
         EXPECT_EQ(ISP_API_SetColorSat(1, i, 10 * i, BU_TRUE, BU_TRUE), 0);
     }
-    for (BU_S32 i = 1; i <= 6; ++i) {
-        EXPECT_EQ(running(apcHue[i - 1], 1), -i);
-        EXPECT_EQ(running(apcSat[i - 1], 1), 10 * i);
-    }
+    for (BU_S32 i = 1; i <= 6; ++i)
+        EXPECT_EQ(std::pair(running(apcHue[i - 1], 1), running(apcSat[i - 1], 1)), std::pair(-i, 10 * i));
     BU_S32 s32Value = 0;
     for (const BU_S32 s32Color : {0, 7, -1}) {
         EXPECT_EQ(ISP_API_SetColorHue(0, s32Color, 0, BU_TRUE, BU_TRUE), -1);
@@ -98,23 +96,19 @@ TEST_F(ImageSettings, ColoursAreSixAndApart)
 
 TEST_F(ImageSettings, OnePushEndsByItselfAndStartsAnewWhenAskedAgain)
 {
-    std::vector<std::string> heard;
-    const BU_S32 s32Id = CFG_SETTING_Listen([&](const CFG_SETTING_EVENT_S &st) {
-        heard.push_back(std::to_string(st.s32Pipe) + '=' + std::to_string(st.s32Value));
-    });
+    const Heard heard;
     EXPECT_EQ(ISP_API_SetOnePushAwb(0, "Off", BU_TRUE, BU_TRUE), 0); // the way a controller triggers it
     clock().advance(500);
     EXPECT_EQ(ISP_API_SetOnePushAwb(0, 1, BU_TRUE, BU_TRUE), 0);
-    EXPECT_THAT(heard, ElementsAre("0=1", "0=1"));
+    EXPECT_THAT(heard.texts, ElementsAre("OnePush/0=1", "OnePush/0=1"));
     clock().advance(500); // past the end of the first
     BU_BOOL bDone = BU_TRUE;
     EXPECT_EQ(ISP_API_TriggerAwbOnePush(1, &bDone), 0);
     EXPECT_FALSE(bDone);
     clock().advance(1000);
-    EXPECT_THAT(heard, ElementsAre("0=1", "0=1", "1=1", "0=0", "1=0"));
+    EXPECT_THAT(heard.texts, ElementsAre("OnePush/0=1", "OnePush/0=1", "OnePush/1=1", "OnePush/0=0", "OnePush/1=0"));
     EXPECT_EQ(ISP_API_SetOnePushAwb(0, "on", BU_TRUE, BU_TRUE), -1);
     EXPECT_EQ(ISP_API_SetOnePushAwb(2, 1, BU_TRUE, BU_TRUE), -1);
-    CFG_SETTING_Unlisten(s32Id);
 }
 
 TEST_F(ImageSettings, ResetTakesBackThePictureOfOnePipelineOnly)

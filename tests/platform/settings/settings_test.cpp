@@ -11,14 +11,6 @@ namespace
 {
 constexpr const BU_CHAR *STORE = "/cfg0/settings.db";
 
-/// What the listeners hear, as "key/pipe=value".
-struct Heard {
-    ~Heard() { CFG_SETTING_Unlisten(s32Id); }
-    std::vector<std::string> texts;
-    const BU_S32 s32Id = CFG_SETTING_Listen([this](const CFG_SETTING_EVENT_S &st) {
-        texts.push_back(st.pcKey + ("/" + std::to_string(st.s32Pipe) + '=' + std::to_string(st.s32Value)));
-    });
-};
 } // namespace
 
 using Settings = PlatformTest;
@@ -139,12 +131,12 @@ TEST_F(Settings, AListenerMayChangeSettingsAndGoAway)
 
 TEST_F(Settings, OfManyWritersOneLeavesItsValueInMemoryAndStore)
 {
-    std::vector<std::thread> threads;
+    std::vector<std::jthread> threads;
     for (BU_S32 i = 0; i < 4; ++i)
         threads.emplace_back([i] {
             for (BU_S32 n = 0; n < 50; ++n) ISP_API_SetRGain(0, i * 50 + n, BU_TRUE, BU_TRUE);
         });
-    for (auto &thread : threads) thread.join();
+    threads.clear();
     const BU_S32 s32Running = running("RGain");
     EXPECT_EQ(stored("RGain"), s32Running);
     CFG_SETTING_Reload();

@@ -168,7 +168,7 @@ TEST_F(StoreTest, FolderThatCannotBeWrittenMeansMemoryOnlyAndARefusedWriteKeepsT
 /// Readers and writers at once, for the thread sanitizer; and the last value of each writer is what is stored.
 TEST_F(StoreTest, ThreadsShareIt)
 {
-    std::vector<std::thread> threads;
+    std::vector<std::jthread> threads;
     for (BU_S32 s32Thread = 0; s32Thread < 3; s32Thread++)
         threads.emplace_back([=] {
             const std::string strKey = "Thread/" + std::to_string(s32Thread);
@@ -178,7 +178,7 @@ TEST_F(StoreTest, ThreadsShareIt)
                 CFG_STORE_ListPresets();
             }
         });
-    for (auto &thread : threads) thread.join();
+    threads.clear();
     reopen();
     for (const BU_CHAR *pcKey : {"Thread/0", "Thread/1", "Thread/2"}) EXPECT_EQ(number(pcKey), 30);
 }

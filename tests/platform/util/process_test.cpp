@@ -49,12 +49,10 @@ TEST_F(ProcessDeathTest, StoppedWatchdogTellsReadinessOnce)
         dup2(STDERR_FILENO, STDOUT_FILENO);
         util::ManualClock clock;
         UTIL_WDT_SW_StartTimeout(300);
-        PLATFORM_AddEndpoint("udp://127.0.0.1:52381 VISCA over IP");
-        PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
-        PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
-        UTIL_WDT_SW_StopTimeout();
-        UTIL_WDT_SW_StopTimeout();
-        PLATFORM_AddEndpoint("serial:/dev/ttyS_RS232 VISCA");
+        constexpr const BU_CHAR *SERIAL = "serial:/dev/ttyS_RS232 VISCA";
+        for (const BU_CHAR *pc : {"udp://127.0.0.1:52381 VISCA over IP", SERIAL, SERIAL}) PLATFORM_AddEndpoint(pc);
+        for (int i = 0; i < 2; ++i) UTIL_WDT_SW_StopTimeout();
+        PLATFORM_AddEndpoint(SERIAL);
         PLATFORM_AddEndpoint("http://127.0.0.1:8080/ web page"); // of a process that was late
         clock.advance(1000000);
         std::printf("end\n");
@@ -142,11 +140,9 @@ TEST_F(ProcessTest, LogFollowsTheRootAndOutlivesAFullDisk)
     std::filesystem::create_symlink("/dev/full", strFull + "/camera.log");
     UTIL_ROOT_Set((outside() + "/full").c_str());
     testing::internal::CaptureStderr();
-    LOG_INFO("first");
-    LOG_INFO("second");
+    for (const BU_CHAR *pc : {"first", "second"}) LOG_INFO("%s", pc);
     const std::string strConsole = testing::internal::GetCapturedStderr();
-    EXPECT_THAT(strConsole, HasSubstr("first"));
-    EXPECT_THAT(strConsole, HasSubstr("second"));
+    EXPECT_THAT(strConsole, testing::AllOf(HasSubstr("first"), HasSubstr("second")));
     EXPECT_EQ(strConsole.find("log file"), strConsole.rfind("log file")) << strConsole;
 }
 
