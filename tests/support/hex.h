@@ -7,6 +7,7 @@
 #include <span>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 typedef std::vector<BU_U8> Bytes;
@@ -17,6 +18,13 @@ inline Bytes bytes(const std::string &strHex)
     std::istringstream stream(strHex);
     for (unsigned value; stream >> std::hex >> value;) list.push_back(static_cast<BU_U8>(value));
     return list;
+}
+/// Of so many bytes, the highest first.
+inline BU_U64 number(std::string_view bytes, std::size_t at, std::size_t size)
+{
+    BU_U64 u64 = 0;
+    for (const char c : bytes.substr(at, size)) u64 = u64 << 8 | static_cast<BU_U8>(c);
+    return u64;
 }
 inline std::string hex(std::span<const BU_U8> list)
 {

@@ -1,4 +1,5 @@
 #include "rtspClient.h"
+#include "hex.h"
 #include "socket.h"
 
 #include <algorithm>
@@ -21,14 +22,11 @@ int portOf(int fd)
 
 tagRTP_S parseRtp(int s32Stream, std::string_view packet)
 {
-    const auto byte = [packet](std::size_t i) { return static_cast<BU_U8>(packet[i]); };
     if (packet.size() < 12) return {};
-    return {s32Stream,
-            static_cast<BU_U8>(byte(1) & 0x7F),
-            (byte(1) & 0x80) != 0,
-            static_cast<BU_U16>(byte(2) << 8 | byte(3)),
-            BU_U32{byte(4)} << 24 | BU_U32{byte(5)} << 16 | BU_U32{byte(6)} << 8 | byte(7),
-            {packet.begin() + 12, packet.end()}};
+    const auto u16Type = static_cast<BU_U16>(number(packet, 0, 2)),
+               u16Sequence = static_cast<BU_U16>(number(packet, 2, 2));
+    return {s32Stream,   static_cast<BU_U8>(u16Type & 0x7F),        (u16Type & 0x80) != 0,
+            u16Sequence, static_cast<BU_U32>(number(packet, 4, 4)), {packet.begin() + 12, packet.end()}};
 }
 } // namespace
 

@@ -1,17 +1,8 @@
 #include "viewer.h"
+#include "hex.h"
 #include "socket.h"
 
 #include <algorithm>
-
-namespace
-{
-BU_U64 number(const std::string &str, std::size_t offset, std::size_t length)
-{
-    BU_U64 u64 = 0;
-    for (std::size_t i = 0; i < length; ++i) u64 = u64 << 8 | static_cast<BU_U8>(str.at(offset + i));
-    return u64;
-}
-} // namespace
 
 Viewer::Viewer(int s32Port, int s32ReceiveBuffer) : m_fd(loopback(SOCK_STREAM, s32Port, ::connect, s32ReceiveBuffer))
 {
@@ -74,15 +65,9 @@ tagPICTURE_MESSAGE_S Viewer::readMessage()
 {
     const auto [s32Opcode, str] = readFrame();
     if (s32Opcode != 2 || str.size() < 32 || str.substr(0, 4) != "PTZ\x01" || number(str, 6, 2) != 32) return {};
-    return {static_cast<int>(number(str, 4, 1)),
-            number(str, 5, 1) == 1,
-            static_cast<BU_U32>(number(str, 8, 4)),
-            static_cast<BU_U32>(number(str, 12, 2)),
-            static_cast<BU_U32>(number(str, 14, 2)),
-            static_cast<BU_U32>(number(str, 24, 4)),
-            static_cast<BU_U32>(number(str, 28, 1)),
-            number(str, 16, 8),
-            str.substr(32)};
+    const auto u32 = [&str](std::size_t at, std::size_t size) { return static_cast<BU_U32>(number(str, at, size)); };
+    return {static_cast<int>(str[4]), str[5] == 1,   u32(8, 4), u32(12, 2), u32(14, 2), u32(24, 4), u32(28, 1),
+            number(str, 16, 8),       str.substr(32)};
 }
 
 bool Viewer::isEnded()
