@@ -63,6 +63,7 @@ TEST_F(MenuDescription, FaultsAreToldWithTheirLine)
         {"'max': 10", "'step': 0", 13, "no such step"}, {"'IMAGE'", "'PICTURE'", 13, "no such data zone"},
         {"'Mode', 'zone'", "'Mode', 'setting': 'Fps', 'zones'", 14, "has no meaning here"},
         {"'max': 7, ", "", 15, "needs min and max"}, {"'max': 7, ", "'max': 7, 'unit': 5\n,", 15, "must be a text"},
+        {"'max': 7, ", "'max': 7, 'unit': '9 letters', ", 15, "1 to 8 bytes"},
         {"'when': {'IpMode'", "'when': {'ipMode'", 15, "no option item"},
         {"['B']", "['C']", 15, "does not know the word 'C'"},
         {"'SerialNumber'", "'Weather'", 16, "nothing tells 'Weather'"},

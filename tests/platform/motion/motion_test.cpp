@@ -171,6 +171,28 @@ TEST_F(MotionTest, RefusesWithoutAnyEffect)
     ZF_MOTION_CTRL_S stNoLens = lens(ZF_E_ZOOM_TELE);
     stNoLens.u32ZfDev = 1;
     for (const auto &st : {stNoLens, lens(static_cast<ZF_MOTION_TYPE_E>(9))}) EXPECT_EQ(command(st), -1);
+    BU_S32 s32 = 0;
+    BU_FLOAT f = 0;
+    PT_POS_S stPos{};
+    PT_DEGREE_S stDegree{};
+    BU_CHAR ac[64];
+    // clang-format off
+    const std::vector refused{ // another device, and nowhere to write to
+        PTZ_API_SetZoomAct(1, ZOOM_ACTION_E_TELE, 3), PTZ_API_GetZoomPos(1, &s32), PTZ_API_GetZoomTime(1, &f),
+        AF_API_SetAFFrame(0, 0), PTZ_API_GetFieldOfView(1, &f), PTZ_API_SetZoomTime(1, 2, 7),
+        AF_API_SetFocusAct(1, FOCUS_ACTION_E_FAR, 3), AF_API_GetAFVersion(1, ac), AF_API_GetFocusPos(1, &s32),
+        AF_API_SetFocusPos(1, 5000), AF_API_GetFocusAbs(1, &s32, BU_FALSE),
+        AF_API_SetFocusAbs(1, 5000, BU_FALSE, BU_TRUE), AF_API_TriggerAutoFocus(1), AF_API_SetAFFrame(1, 60),
+        BSP_PTProcInit(1, nullptr), BSP_PTGetCurPos(1, &stPos, PT_DEV_TYPE_PAN_TILE_E), BSP_PTPosFromVisca(1, &stPos),
+        BSP_PTPosToVisca(1, &stPos), BSP_PTPosToDegree(1, &stDegree, &stPos, 0),
+        BSP_PTDegreeToPos(1, &stPos, &stDegree, 0), PTZ_API_GetZoomPos(0, nullptr), PTZ_API_GetZoomTime(0, nullptr),
+        PTZ_API_GetFieldOfView(0, nullptr), AF_API_GetFocusPos(0, nullptr), AF_API_GetFocusAbs(0, nullptr, BU_FALSE),
+        AF_API_GetAFVersion(0, nullptr), PT_API_CalcMotionType(nullptr), BSP_PTPosFromVisca(0, nullptr),
+        BSP_PTPosToVisca(0, nullptr), BSP_PTPosToDegree(0, nullptr, &stPos, 0),
+        BSP_PTDegreeToPos(0, nullptr, &stDegree, 0), PRESET_API_QueryById(5, nullptr)};
+    // clang-format on
+    EXPECT_THAT(refused, testing::Each(-1));
+    EXPECT_EQ(std::pair(ZF_Register(), PT_Register()), std::pair(0, 0));
     run("wait1750 zoomed0");
     EXPECT_THAT(reports(), ElementsAre("pt 1 done"));
 }

@@ -1,5 +1,6 @@
 // Properties that hold for every setting, whatever its row says.
 #include "camera/image.h"
+#include "camera/zoom.h"
 #include "settingsTest.h"
 
 #include <climits>
@@ -43,6 +44,7 @@ TEST_F(Settings, LimitsHoldForEveryOne)
 TEST_F(Settings, AnEnumerationTakesOnlyWhatTheGetterGave)
 {
     tagAE_MODE_E enMode = AE_MODE_E_MANUAL;
+    EXPECT_EQ(PTZ_API_GetZoomSpd(0, static_cast<BU_U8 *>(nullptr), BU_FALSE), -1);
     EXPECT_EQ(ISP_API_GetAeMode(2, &enMode), -1);
     EXPECT_EQ(ISP_API_GetAeMode(0, static_cast<tagAE_MODE_E *>(nullptr)), -1);
     EXPECT_EQ(enMode, AE_MODE_E_MANUAL);
