@@ -184,10 +184,8 @@ TEST_F(Menu, TheStatusLineGoesWithItsSetting)
 } // namespace
 
 /// Many controllers at once, with real time and the menu's own thread.
-TEST(MenuThreads, KeysOfManyThreadsLeaveAMenuThatWorks)
+TEST_F(FreshDevice, KeysOfManyThreadsLeaveAMenuThatWorks)
 {
-    CFG_STORE_Open(nullptr);
-    CFG_SETTING_Reload();
     const OSD_MENU_CFG_S stCfg{{0, 0, 0.2F, 0.3F}, OSD_FORMAT_E_ARGB4444, BU_FALSE, BU_TRUE};
     ASSERT_EQ(OSD_MENU_InitSdkRes(&stCfg, menu_test::setParam, menu_test::dataZone, nullptr), 0);
     // clang-format off

@@ -16,7 +16,6 @@
 namespace
 {
 struct ReadSettings : PlatformTest {
-    ReadSettings() { CFG_SETTING_Reload(); }
     static PICTURE_SETTINGS_S read(BU_S32 s32Pipe)
     {
         PICTURE_SETTINGS_S st;

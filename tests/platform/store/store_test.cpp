@@ -183,14 +183,11 @@ TEST_F(StoreTest, ThreadsShareIt)
     for (const BU_CHAR *pcKey : {"Thread/0", "Thread/1", "Thread/2"}) EXPECT_EQ(number(pcKey), 30);
 }
 
-TEST(StoreFirstUse, OpensTheStoreOfTheDeviceRoot)
+TEST_F(FreshDevice, OpensItsStoreAtTheFirstUse)
 {
-    char acFolder[] = "/tmp/camera-test-XXXXXX";
-    UTIL_ROOT_Set(mkdtemp(acFolder));
     CFG_STORE_Close();
     EXPECT_EQ(CFG_STORE_SetInt("A/b", 1), 0);
-    EXPECT_TRUE(std::filesystem::exists(acFolder + std::string(PATH)));
+    EXPECT_TRUE(std::filesystem::exists(root() + PATH));
     CFG_STORE_Close();
-    std::filesystem::remove_all(acFolder);
 }
 } // namespace
