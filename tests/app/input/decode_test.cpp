@@ -21,9 +21,7 @@ struct Decode : InputTest {
 TEST_F(Decode, SwitchAddressTypeAndValueDecide)
 {
     // clang-format off
-    const struct {
-        const char *pcSwitch; BU_U8 u8Camera; int s32Type, s32Remote, s32Value; bool bArrives;
-    } rows[] = {
+    const struct { const char *pcSwitch; BU_U8 u8Camera; int s32Type, s32Remote, s32Value; bool bArrives; } rows[] = {
         {"On", 1, EV_KEY, 1, 1, true},  {"On", 4, EV_KEY, 4, 1, true},  {"On", 1, EV_KEY, 2, 1, false},
         {"On", 2, EV_KEY, 1, 1, false}, {"On", 3, EV_KEY, 4, 1, false}, {"Off", 1, EV_KEY, 1, 1, false},
         {"On", 1, EV_SYN, 1, 1, false}, {"On", 1, EV_MSC, 1, 1, false}, {"On", 1, EV_KEY, 1, 2, false}};

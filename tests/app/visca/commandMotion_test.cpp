@@ -121,15 +121,12 @@ TEST_F(CommandPanTilt, MovesWithATargetReportTheirEndLater)
 
 TEST_F(CommandPanTilt, DirectionsPressKeysWhileTheMenuIsShown)
 {
-    const struct {
-        const char *pcModel;
-        BU_S32 s32Direction;
-        const char *pcKey, *pcSubPage = "";
-    } ROWS[] = {{"TKV-MX",  0, "Up"},        {"TKV-MX",  1, "Down"},     {"TKV-MX", 2, "Left"},     {"TKV-MX", 4, "UpLeft"},
-                {"TKV-MX",  5, "UpRight"},   {"TKV-MX",  6, "DownLeft"}, {"TKV-MX", 7, "DownRight"},
-                {"TKV-MX",  3, "Right", "@OSD_Menu_HasSubPage 0"}, // enters a sub-page, on one model only
-                {"TKV-MX",  3, "Home",  "@OSD_Menu_HasSubPage 1"},
-                {"QLS-500", 3, "Right", "@OSD_Menu_HasSubPage 1"}};
+    const struct { const char *pcModel; BU_S32 s32Direction; const char *pcKey, *pcSubPage = ""; } ROWS[] = {
+        {"TKV-MX",  0, "Up"},        {"TKV-MX",  1, "Down"},     {"TKV-MX", 2, "Left"},     {"TKV-MX", 4, "UpLeft"},
+        {"TKV-MX",  5, "UpRight"},   {"TKV-MX",  6, "DownLeft"}, {"TKV-MX", 7, "DownRight"},
+        {"TKV-MX",  3, "Right", "@OSD_Menu_HasSubPage 0"}, // enters a sub-page, on one model only
+        {"TKV-MX",  3, "Home",  "@OSD_Menu_HasSubPage 1"},
+        {"QLS-500", 3, "Right", "@OSD_Menu_HasSubPage 1"}};
     for (const auto &row : ROWS)
         for (const BU_S32 s32First : {0, 13}) {
             BSP_PROFILE_Load(row.pcModel);

@@ -55,12 +55,9 @@ TEST_F(CommandPicture, ExposureAndShutter)
 TEST_F(CommandPicture, SteppedSettings)
 {
     constexpr BU_S32 REFUSES = 9999;
-    const struct {
-        Message message;
-        const char *pcSetter, *pcKey;
-        BU_S32 s32First, s32AeMode; ///< the kind that means reset; the exposure mode in which it may change
-        std::vector<std::array<BU_S32, 4>> steps; ///< kind after the first, direct value, the setting before and after
-    } ROWS[] = {
+    // s32First: the kind that means reset; s32AeMode: in which it may change; a step: kind after the first, direct value,
+    // the setting before and after.
+    const struct { Message message; const char *pcSetter, *pcKey; BU_S32 s32First, s32AeMode; std::vector<std::array<BU_S32, 4>> steps; } ROWS[] = {
         {{VISCA_CMD_E_RGAIN, put<&Info::stRGainCtrl>}, "RGain", "RGain", 0, 0, {{0, 9, 3, 128}, {1, 9, 200, 201}, {1, 9, 255, 0}, {2, 9, 200, 199}, {2, 9, 0, 255}, {3, 254, 3, 254}}},
         {{VISCA_CMD_E_BGAIN, put<&Info::stBGainCtrl>}, "BGain", "BGain", 0, 0, {{0, 9, 3, 128}, {1, 9, 200, 201}, {1, 9, 255, 0}, {2, 9, 200, 199}, {2, 9, 0, 255}, {3, 254, 3, 254}}},
         {{VISCA_CMD_E_GGAIN, put<&Info::stGGainCtrl>}, "GGain", "GGain", 0, 0, {{0, 9, 3, 128}, {1, 9, 255, 256}, {2, 9, 0, -1}, {3, 7, 3, 7}}},
@@ -102,14 +99,10 @@ TEST_F(CommandPicture, ParametersReachTheirSettings)
 TEST_F(CommandPicture, ExtraSettings)
 {
     const std::string strReboot = "; UTIL_CMD_RunSafe(\"sync; reboot\")";
-    const struct {
-        Message message;
-        BU_S32 s32Type;
-        const char *pcEffect;
-        bool bReboots = false;
-    } ROWS[] = {{PARAM, 9, "SYS Mirror ", true}, {PARAM, 10, "SYS Flip ", true}, {EXTRA, 7, "SYS MountMode ", true},
-                {EXTRA, 0, "ISP ExposureFullViewFollow "}, {EXTRA, 1, "ISP WhiteBalanceFullViewFollow "}, {EXTRA, 12, "AF_API_SetFaceAF(0, "},
-                {EXTRA, 8, "AF_API_SetDistortionCorrection("}, {EXTRA, 13, "ISP AutoIrisSwi "}};
+    const struct { Message message; BU_S32 s32Type; const char *pcEffect; bool bReboots = false; } ROWS[] = {
+        {PARAM, 9, "SYS Mirror ", true}, {PARAM, 10, "SYS Flip ", true}, {EXTRA, 7, "SYS MountMode ", true},
+        {EXTRA, 0, "ISP ExposureFullViewFollow "}, {EXTRA, 1, "ISP WhiteBalanceFullViewFollow "}, {EXTRA, 12, "AF_API_SetFaceAF(0, "},
+        {EXTRA, 8, "AF_API_SetDistortionCorrection("}, {EXTRA, 13, "ISP AutoIrisSwi "}};
     for (const auto &row : ROWS)
         for (const BU_S32 s32Code : {2, 3}) {
             const std::string strEffect = row.pcEffect + std::string(s32Code == 2 ? "1" : "0") + (strchr(row.pcEffect, '(') ? ", 1, 1)" : "");

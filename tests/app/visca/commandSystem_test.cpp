@@ -259,15 +259,13 @@ TEST_F(CommandTracking, ZonesStoreAndCallTheirPreset)
 
 TEST_F(CommandTracking, TracesNameTheHandlerThatRan)
 {
-    const auto fill = field<&Tracking::enAUtoTiltCtrl>;
-    const std::string strOwn = traceOf([=] {
-        dispatch({VISCA_CMD_E_YM_AUTO_TILT, fill}, {0});
-    }),
-                      strGrouped = traceOf([=] {
-                          dispatch({VISCA_CMD_E_TKV_TRACKING, fill}, {0, 18});
-                      });
-    EXPECT_THAT(strOwn, testing::MatchesRegex("\\[viscaCtrlAutoTilt:[0-9]+\\]  \n"));
-    EXPECT_THAT(strGrouped, testing::MatchesRegex("\\[viscaCtrlTKVTrack:[0-9]+\\] Type\\[18\\]  \n"
-                                                  "\\[viscaCtrlATGestureDetect:[0-9]+\\]  \n"));
+    const auto trace = [](Type enType, const Numbers &numbers) {
+        const Message message{enType, field<&Tracking::enAUtoTiltCtrl>};
+        return traceOf([&] { dispatch(message, numbers); });
+    };
+    EXPECT_THAT(trace(VISCA_CMD_E_YM_AUTO_TILT, {0}), testing::MatchesRegex("\\[viscaCtrlAutoTilt:[0-9]+\\]  \n"));
+    EXPECT_THAT(trace(VISCA_CMD_E_TKV_TRACKING, {0, 18}),
+                testing::MatchesRegex("\\[viscaCtrlTKVTrack:[0-9]+\\] Type\\[18\\]  \n"
+                                      "\\[viscaCtrlATGestureDetect:[0-9]+\\]  \n"));
 }
 } // namespace

@@ -178,13 +178,12 @@ TEST_F(ViscaInquiry, Network)
 TEST_F(ViscaInquiry, VideoFormat)
 {
     // Rates of each format: the code of the inquiry ("": refused) and the one in the block answer.
-    const struct {
-        BU_S32 s32Format;
-        std::vector<std::array<const char *, 2>> codes; // 60, 59.94, 50, 30, 29.97, 25, 24, 23.98
-    } ROWS[] = {{0, {{"06", "38"}, {"", "37"},   {"0E", "36"}, {"07", "35"}, {"", "34"},   {"0F", "33"}, {"", "38"}}},
-                {1, {{"00", "08"}, {"10", "07"}, {"08", "06"}, {"01", "05"}, {"11", "04"}, {"09", "03"}, {"", "38"}, {"", "38"}}},
-                {2, {{"02", "15"}, {"10", "14"}, {"08", "13"}, {},           {},           {"0A", "38"}}},
-                {3, {{"03", "28"}, {"12", "38"}, {"0B", "26"}, {"04", "38"}, {"", "38"},   {"0C", "38"}}}};
+    // In the order of the rates: 60, 59.94, 50, 30, 29.97, 25, 24, 23.98.
+    const struct { BU_S32 s32Format; std::vector<std::array<const char *, 2>> codes; } ROWS[] = {
+        {0, {{"06", "38"}, {"", "37"},   {"0E", "36"}, {"07", "35"}, {"", "34"},   {"0F", "33"}, {"", "38"}}},
+        {1, {{"00", "08"}, {"10", "07"}, {"08", "06"}, {"01", "05"}, {"11", "04"}, {"09", "03"}, {"", "38"}, {"", "38"}}},
+        {2, {{"02", "15"}, {"10", "14"}, {"08", "13"}, {},           {},           {"0A", "38"}}},
+        {3, {{"03", "28"}, {"12", "38"}, {"0B", "26"}, {"04", "38"}, {"", "38"},   {"0C", "38"}}}};
     for (const auto &row : ROWS)
         for (std::size_t fps = 0; fps < row.codes.size(); ++fps) {
             const auto [pcCode, pcBlockCode] = row.codes[fps];
@@ -257,24 +256,22 @@ TEST_F(ViscaInquiry, BlockModes)
 /// What a message that carried 2s in its fields is told when a service does not answer.
 TEST_F(ViscaInquiry, AServiceThatDoesNotAnswerLeavesTheDeliveredValue)
 {
-    const struct {
-        Type enType;
-        const char *pcGetter, *pcPayload;
-    } ROWS[] = {{VISCA_INQ_E_ZOOM_POS, "PTZ_API_GetZoomPos", "00 00 00 02"},           {VISCA_INQ_E_RGAIN, "ISP_API_GetRGain", "00 00 00 02"},
-                {VISCA_INQ_E_SHUTTER_POS, "ISP_API_GetShutter", "00 00 00 02"},        {VISCA_INQ_E_EXP_COMP_POS, "ISP_API_GetExpCompLevel", "00 00 00 02"},
-                {VISCA_INQ_E_BACKLIGHT_MODE, "ISP_API_GetBackLight", "02"},            {VISCA_INQ_E_TKV_AUDIO, "SYS_API_GetAudioMute", "02"},
-                {VISCA_INQ_E_TKV_PT_SPEED, "PT_API_GetPanSpeed", "00 02 00 05"},       {VISCA_INQ_E_TKV_PT_SPEED_ACCUARCY, "PT_API_GetSpeedAccuracy", "02"},
-                {VISCA_INQ_E_VIDEO_PARAMETER, "ISP_API_GetContrast", "00 02"},
-                // Switches that count as on until they are read.
-                {VISCA_INQ_E_IR_RECV, "IR_API_GetSwitch", "02"},                       {VISCA_INQ_E_YM_AUTO_TRACKING_STATUS, "ALG_API_GetEnable", "02"},
-                // A mode that is not known cannot be told.
-                {VISCA_INQ_E_WB_MODE, "ISP_API_GetWbMode", "refused"},                 {VISCA_INQ_E_AE_MODE, "ISP_API_GetAeMode", "refused"},
-                {VISCA_INQ_E_IP_DHCP_MODE, "NET_API_GetAllParamCur", "refused"},       {VISCA_INQ_E_IP_INFO_ASCLL, "NET_API_GetAllParamCur", "refused"},
-                {VISCA_INQ_E_GET_ADDRESS, "VISCA_API_GetAddr", "refused"},
-                // Results of some services are passed through.
-                {VISCA_INQ_E_TALLY_MODE, "LED_API_GetTallyMode", "silent"},            {VISCA_INQ_E_CUSTOM_TALLY, "LED_API_GetTallyCustomColor", "silent"},
-                {VISCA_INQ_E_IR_INFO, "IR_API_GetSwitch", "silent"},                   {VISCA_INQ_E_MEMORY_STATUE, "PRESET_API_GetPresetSpeed", "silent"},
-                {VISCA_INQ_E_EXTRA_STATUE, "ISP_API_GetNDFilter", "silent"}};
+    const struct { Type enType; const char *pcGetter, *pcPayload; } ROWS[] = {
+        {VISCA_INQ_E_ZOOM_POS, "PTZ_API_GetZoomPos", "00 00 00 02"},           {VISCA_INQ_E_RGAIN, "ISP_API_GetRGain", "00 00 00 02"},
+        {VISCA_INQ_E_SHUTTER_POS, "ISP_API_GetShutter", "00 00 00 02"},        {VISCA_INQ_E_EXP_COMP_POS, "ISP_API_GetExpCompLevel", "00 00 00 02"},
+        {VISCA_INQ_E_BACKLIGHT_MODE, "ISP_API_GetBackLight", "02"},            {VISCA_INQ_E_TKV_AUDIO, "SYS_API_GetAudioMute", "02"},
+        {VISCA_INQ_E_TKV_PT_SPEED, "PT_API_GetPanSpeed", "00 02 00 05"},       {VISCA_INQ_E_TKV_PT_SPEED_ACCUARCY, "PT_API_GetSpeedAccuracy", "02"},
+        {VISCA_INQ_E_VIDEO_PARAMETER, "ISP_API_GetContrast", "00 02"},
+        // Switches that count as on until they are read.
+        {VISCA_INQ_E_IR_RECV, "IR_API_GetSwitch", "02"},                       {VISCA_INQ_E_YM_AUTO_TRACKING_STATUS, "ALG_API_GetEnable", "02"},
+        // A mode that is not known cannot be told.
+        {VISCA_INQ_E_WB_MODE, "ISP_API_GetWbMode", "refused"},                 {VISCA_INQ_E_AE_MODE, "ISP_API_GetAeMode", "refused"},
+        {VISCA_INQ_E_IP_DHCP_MODE, "NET_API_GetAllParamCur", "refused"},       {VISCA_INQ_E_IP_INFO_ASCLL, "NET_API_GetAllParamCur", "refused"},
+        {VISCA_INQ_E_GET_ADDRESS, "VISCA_API_GetAddr", "refused"},
+        // Results of some services are passed through.
+        {VISCA_INQ_E_TALLY_MODE, "LED_API_GetTallyMode", "silent"},            {VISCA_INQ_E_CUSTOM_TALLY, "LED_API_GetTallyCustomColor", "silent"},
+        {VISCA_INQ_E_IR_INFO, "IR_API_GetSwitch", "silent"},                   {VISCA_INQ_E_MEMORY_STATUE, "PRESET_API_GetPresetSpeed", "silent"},
+        {VISCA_INQ_E_EXTRA_STATUE, "ISP_API_GetNDFilter", "silent"}};
     for (const auto &[enType, pcGetter, pcPayload] : ROWS) {
         Info stInfo{};
         stInfo.stZoomCtrl.u16ZoomPos = stInfo.stRGainCtrl.u8RGainDirect = stInfo.stShutterCtrl.u8ShutterDirect = stInfo.stExpCompCtrl.u8ExpCompDirect = 2;

@@ -38,21 +38,18 @@ const std::vector<int>
     STEPS_60{60, 90, 100, 125, 180, 250, 350, 500, 725, 1000, 1500, 2000, 3000, 4000, 6000, 10000},
     NO_POSITIONS, POSITIONS_25{25, 50, 75, 100, 120, 150, 215, 300, 425, 600, 1000, 1250, 1750, 2500, 3500, 6000, 10000}; // 300 is no step
 
-const struct {
-    HDMI_FPS_E enFps;
-    const std::vector<int> &steps, &positions; ///< positions from 5 on, or from 6
-    int iFirst;
-    std::vector<std::pair<int, int>> told;     ///< more speeds, and the position that is told for them
-} RATES[] = {{HDMI_FPS_E_FPS60,                STEPS_60, STEPS_60, 6, {{30, 5}, {50, 6}, {0, 6}}},
-             {HDMI_FPS_E_FPS59P94,             STEPS_60, STEPS_60, 6, {{30, 5}, {24, 6}}},
-             {HDMI_FPS_E_FPS50,                STEPS_50, STEPS_50, 6, {{25, 5}, {60, 6}}},
-             {HDMI_FPS_E_FPS30,                STEPS_30, STEPS_30, 5, {{24, 6}}},
-             {HDMI_FPS_E_FPS29P97,             STEPS_30, STEPS_30, 5, {{24, 6}}},
-             {HDMI_FPS_E_FPS25,                STEPS_25, POSITIONS_25, 5, {{60, 6}}},
-             {HDMI_FPS_E_FPS24,                STEPS_24, STEPS_24, 5, {{60, 5}}},
-             {HDMI_FPS_E_FPS23P98,             STEPS_24, STEPS_24, 5, {{60, 5}}},
-             {HDMI_FPS_E_BUTT,                 STEPS_60, NO_POSITIONS, 256, {{60, 5}, {30, 5}, {90, 6}, {100, 7}, {10000, 20}}},
-             {static_cast<HDMI_FPS_E>(-1),     STEPS_60, NO_POSITIONS, 256, {{60, 5}}}};
+// Positions from 5 on, or from 6; told: more speeds, and the position that is told for them.
+const struct { HDMI_FPS_E enFps; const std::vector<int> &steps, &positions; int iFirst; std::vector<std::pair<int, int>> told; } RATES[] = {
+    {HDMI_FPS_E_FPS60,                STEPS_60, STEPS_60, 6, {{30, 5}, {50, 6}, {0, 6}}},
+    {HDMI_FPS_E_FPS59P94,             STEPS_60, STEPS_60, 6, {{30, 5}, {24, 6}}},
+    {HDMI_FPS_E_FPS50,                STEPS_50, STEPS_50, 6, {{25, 5}, {60, 6}}},
+    {HDMI_FPS_E_FPS30,                STEPS_30, STEPS_30, 5, {{24, 6}}},
+    {HDMI_FPS_E_FPS29P97,             STEPS_30, STEPS_30, 5, {{24, 6}}},
+    {HDMI_FPS_E_FPS25,                STEPS_25, POSITIONS_25, 5, {{60, 6}}},
+    {HDMI_FPS_E_FPS24,                STEPS_24, STEPS_24, 5, {{60, 5}}},
+    {HDMI_FPS_E_FPS23P98,             STEPS_24, STEPS_24, 5, {{60, 5}}},
+    {HDMI_FPS_E_BUTT,                 STEPS_60, NO_POSITIONS, 256, {{60, 5}, {30, 5}, {90, 6}, {100, 7}, {10000, 20}}},
+    {static_cast<HDMI_FPS_E>(-1),     STEPS_60, NO_POSITIONS, 256, {{60, 5}}}};
 // clang-format on
 
 TEST(ViscaShutter, PositionsAndStepsUpAndDownFollowTheFrameRate)

@@ -154,6 +154,7 @@ TEST_F(Lamp, RestStateComesFromTheSettingsWithOrWithoutAManager)
     // clang-format on
     EXPECT_EQ(LED_API_SetTallyCustomColor(NAME, 0x123456, BU_TRUE, BU_FALSE), 0);
     EXPECT_EQ(LED_API_SetTallyCustomColor(NAME, 0x1000000, BU_TRUE, BU_FALSE), -1);
+    EXPECT_EQ(LED_API_GetTallyCustomColor(NAME, nullptr, BU_TRUE), -1);
     for (const auto &row : rows) {
         EXPECT_EQ(LED_API_SetTallyMode(NAME, row.s32Mode, BU_TRUE, BU_FALSE), row.s32Result);
         EXPECT_EQ(shown(), row.pcShown);

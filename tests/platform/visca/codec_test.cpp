@@ -213,7 +213,9 @@ TEST(ViscaCodec, PacketsAndTheRecordsTheyMean)
             SCOPED_TRACE(strBody);
             const std::string strBytes = (strBody.starts_with("88") ? "" : "83 ") + strBody + " FF";
             tagVISCA_CTRL_INFO_S stExpected{}, stInfo, stAgain;
-            for (std::size_t i = 0; i < values.size(); ++i) writeField(stExpected, golden.fields[i], values[i]);
+            for (std::size_t i = 0; i < values.size(); ++i)
+                std::memcpy(reinterpret_cast<char *>(&stExpected) + golden.fields[i].u16Offset, &values[i],
+                            golden.fields[i].u8Size);
             const Row *row = decode(bytes(strBytes), stInfo);
             ASSERT_TRUE(row);
             met.insert(row);
