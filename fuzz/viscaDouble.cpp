@@ -60,6 +60,7 @@ BU_S32 transmit(BU_U8 *pu8Buf, BU_U32 u32Len, void *pvPrivate, void *)
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
 {
     setenv("CAMERA_LOG", "0", 1);
+    CFG_STORE_Open(nullptr);
     VISCA_TRAN_CALL_FUNC_S stTrans{7, {}, nullptr};
     for (BU_S32 i = 0; i < 7; ++i) stTrans.stViscaTransHandlers[i] = {static_cast<CMD_FROM_E>(i), transmit};
     const VISCA_CTRL_CALL_FUNC_S stCtrl{control, complete};
@@ -104,6 +105,3 @@ BU_S32 PRESET_API_RegisterSuperseded(PT_CTRL_FROM_E, PFN_PRESET_SUPERSEDED) { re
 BU_S32 SYSTEM_API_WakeAppService() { return 0; }
 BU_BOOL SYSTEM_API_IsAsleep() { return BU_FALSE; }
 BU_S32 UART_RegisterReceiver(tagRS_PROTO_E, FN_UART_RECEIVER) { return 0; }
-BU_S32 CFG_STORE_GetInt(const BU_CHAR *, BU_S32 *) { return -1; }
-BU_S32 CFG_STORE_SetInt(const BU_CHAR *, BU_S32) { return 0; }
-BU_S32 CFG_STORE_SetTexts(const std::vector<std::pair<std::string, std::string>> &) { return 0; }
