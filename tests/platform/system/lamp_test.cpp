@@ -5,8 +5,9 @@
 #include "camera/settingEvent.h"
 #include "support/await.h"
 #include "support/platformTest.h"
+#include "util/mailbox.h"
 
-#include <array>
+#include <algorithm>
 #include <atomic>
 #include <fstream>
 
@@ -24,13 +25,11 @@ constexpr LED_TALLY_STATE_S hold(BU_U32 u32Color) { return state(LED_WORK_MODE_E
 constexpr LED_TALLY_STATE_S OFF = state(LED_WORK_MODE_E_OFF);
 
 // What the callbacks of the manager under test have seen; they carry no data of their own.
-std::array<std::atomic<BU_S32>, 64> g_as32Events;
-std::atomic<std::size_t> g_events;
+util::Mailbox<BU_S32> g_events;
 std::atomic<bool> g_bSelfTest, g_bHoldSelfTest;
 BU_S32 onEvent(LED_EVENT_FROM_E en)
 {
-    g_as32Events.at(g_events) = en;
-    ++g_events;
+    g_events.post(en);
     return 0;
 }
 BU_S32 onSelfTest(LED_EVENT_FROM_E en)
@@ -49,7 +48,7 @@ protected:
     void start(LED_WHITE_MODE_E enWhiteMode = LED_WHITE_MODE_E_RGB, bool bHoldSelfTest = false)
     {
         end();
-        g_events = 0;
+        g_events.take();
         g_bSelfTest = false;
         g_bHoldSelfTest = bHoldSelfTest;
         m_pvLamp = BSP_LED_Init("/dev/tally_led");
@@ -62,9 +61,9 @@ protected:
     {
         if (!m_pvLamp) return;
         g_bHoldSelfTest = false;
-        const std::size_t before = g_events;
+        g_events.take();
         LED_API_TriggerLedUpdateFrom(LED_EVENT_FROM_E_CFG); // its thread is through with what came before
-        await([=] { return g_events > before; });
+        await([] { return !g_events.take().empty(); });
         LED_API_DestroyMgr(NAME);
         EXPECT_EQ(shown(), "off");
         BSP_LED_Destroy(m_pvLamp);
@@ -172,10 +171,10 @@ TEST_F(Lamp, UpdatesWaitForTheSelfTestAndComeInOrder)
     LED_API_SetTallyMode(NAME, LED_TALLY_MODE_E_COLOR_R, BU_TRUE, BU_TRUE); // seen at once
     EXPECT_EQ(shown(), "hold #FF0000 80%");
     await([] { return g_bSelfTest.load(); });
-    EXPECT_EQ(g_events, 0u);
+    EXPECT_TRUE(g_events.take().empty());
     g_bHoldSelfTest = false;
-    await([] { return g_events >= 3; });
-    EXPECT_THAT((std::vector<BU_S32>{g_as32Events[0], g_as32Events[1], g_as32Events[2]}),
-                testing::ElementsAre(LED_EVENT_FROM_E_ALG, LED_EVENT_FROM_E_NDI, LED_EVENT_FROM_E_CFG));
+    std::vector<BU_S32> seen;
+    await([&] { return std::ranges::copy(g_events.take(), std::back_inserter(seen)), seen.size() >= 3; });
+    EXPECT_THAT(seen, testing::ElementsAre(LED_EVENT_FROM_E_ALG, LED_EVENT_FROM_E_NDI, LED_EVENT_FROM_E_CFG));
 }
 } // namespace
