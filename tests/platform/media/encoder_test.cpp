@@ -234,6 +234,26 @@ TEST_F(Encoder, SourceAndCacheCanBeDestroyedWhenIdle)
     TestReader(CACHE).read();
 }
 
+TEST_F(Encoder, NothingIsDoneWithNothing)
+{
+    STREAM_READER_S *pstReader = nullptr, **ppstNone = nullptr;
+    const auto told = [] { return 0; };
+    const auto sink = [](const STREAM_PACKET_REF &) {};
+    // clang-format off
+    const std::vector refused{
+        STREAM_registerCacheMetadataHandler(nullptr, "x", told),
+        STREAM_registerCacheMetadataHandler(m_pstCache, "x", {}),
+        STREAM_registerCacheMetadataHandler(m_pstCache, nullptr, told), STREAM_registerPacketSink(nullptr, "x", sink),
+        STREAM_registerPacketSink(m_pstCache, nullptr, sink), STREAM_registerPacketSink(m_pstCache, "x", {}),
+        STREAM_unregisterCacheMetadataHandler(nullptr, "x"), STREAM_unregisterCacheMetadataHandler(m_pstCache, "x"),
+        STREAM_unregisterPacketSink(nullptr, "x"), STREAM_unregisterPacketSink(m_pstCache, "x"),
+        STREAM_requestKeyFrame(nullptr), STREAM_createStreamReader(99, pstReader),
+        STREAM_createStreamReader(0, ppstNone), STREAM_destroyStreamReader(ppstNone),
+        STREAM_destroyStreamReader(pstReader), STREAM_destroyStreamCache(99, BU_TRUE)};
+    // clang-format on
+    EXPECT_THAT(refused, testing::Each(-1));
+}
+
 /// How often the pipeline's threads of that name gave up the processor.
 long switches(const std::string &strName)
 {

@@ -81,6 +81,16 @@ TEST_F(StoreTest, NumbersAreOnlyWhatIsOneWhole)
     }
 }
 
+TEST_F(StoreTest, NothingIsDoneWithNothing)
+{
+    ASSERT_EQ(CFG_STORE_SetInt("A/b", 1) + CFG_STORE_SetPreset({1, "x", 0, 0, 0, 0}), 0);
+    EXPECT_THAT((std::vector{CFG_STORE_SetText(nullptr, "x"), CFG_STORE_SetText("A/b", nullptr),
+                             CFG_STORE_GetText("A/b", nullptr), CFG_STORE_GetInt("A/b", nullptr),
+                             CFG_STORE_GetInt(nullptr, nullptr), CFG_STORE_GetPreset(1, nullptr)}),
+                testing::Each(-1));
+    EXPECT_EQ(number("A/b"), 1);
+}
+
 TEST_F(StoreTest, EraseTakesThePrefixAndNothingElse)
 {
     const BU_CHAR *apcKeys[] = {"Image0/Gain", "Image0/Gai%", "Image1/Gain", "image0/Gain", "Image", "I_age0/x"};

@@ -67,6 +67,14 @@ TEST_F(RootTest, ReaderSeesTheOldOrTheNewContentNeverAPart)
     for (const auto &[pcFile, iMode] : {std::pair("/cfg0/state", 0644), {"/cfg0/secret", 0600}})
         EXPECT_EQ(static_cast<int>(std::filesystem::status(root() + pcFile).permissions()), iMode) << pcFile;
 
+    BU_CHAR *pcBuf = nullptr;
+    BU_S32 s32Size = 0;
+    EXPECT_THAT(
+        (std::vector{UTIL_FILE_WriteBufToFile(nullptr, "x", 1), UTIL_FILE_WriteBufToFile("/cfg0/x", nullptr, 1),
+                     UTIL_FILE_WriteBufToFile("/cfg0/x", "x", -1), UTIL_FILE_ReadFileToBuf(nullptr, &pcBuf, &s32Size),
+                     UTIL_FILE_ReadFileToBuf("/cfg0/state", nullptr, &s32Size),
+                     UTIL_FILE_ReadFileToBuf("/cfg0/state", &pcBuf, nullptr)}),
+        testing::Each(-1));
     std::filesystem::create_directories(root() + "/cfg0/folder/inside");
     EXPECT_EQ(UTIL_FILE_WriteBufToFile("/cfg0/folder", "new", 3), -1) << "a folder of that name is in the way";
     EXPECT_TRUE(exists("/cfg0/folder/inside"));

@@ -110,6 +110,8 @@ TEST_F(ProcessTest, ReadinessReachesTheServiceManager)
     EXPECT_STREQ(acText.data(), "READY=1");
 }
 
+TEST_F(ProcessTest, NoWatchdogWithoutATime) { EXPECT_EQ(UTIL_WDT_SW_StartTimeout(0), -1); }
+
 TEST_F(ProcessTest, PortsMoveByTheOffsetButNeverBeyondThePorts)
 {
     // clang-format off

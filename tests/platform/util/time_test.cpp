@@ -178,7 +178,10 @@ TEST(Thread, RepeatsPreparedFunctionAndRefusesASecondStart)
     static std::promise<void> thrice;
     static std::atomic<BU_S32> s32Calls{0};
     UTIL_THREAD_DATA_S stData{};
-    EXPECT_EQ(UTIL_THREAD_Create(&stData), -1) << "not prepared";
+    EXPECT_THAT(
+        (std::vector{UTIL_THREAD_Create(&stData), UTIL_THREAD_Create(nullptr),
+                     UTIL_THREAD_InitData(&stData, "none", {}, nullptr), UTIL_THREAD_RunFuncAsync({}, nullptr)}),
+        testing::Each(-1));
     const auto repeat = [](void *) {
         if (++s32Calls == 3) thrice.set_value();
         if (s32Calls >= 3) UTIL_TIME_SleepMs(3600000);
