@@ -11,9 +11,8 @@
 
 namespace
 {
-struct Frames : MediaTest {
-    static constexpr MPP_YUV_PARAM_S PARAM{MPP_YUV_FORMAT_E_NV12, 128, 72, 60, MPP_MEM_TYPE_E_CV};
-};
+constexpr MPP_YUV_PARAM_S PARAM{MPP_YUV_FORMAT_E_NV12, 128, 72, 60, MPP_MEM_TYPE_E_CV};
+using Frames = MediaTest;
 
 TEST_F(Frames, BothPipesAtTheirOwnSizeAndFormat)
 {

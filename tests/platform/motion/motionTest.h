@@ -124,8 +124,7 @@ private:
             {"zoomstop", ZF_E_ZOOM_STOP}, {"focusstop", ZF_E_FOCUS_STOP}};
         const BU_S32 s32 = static_cast<BU_S32>(dNumber);
         const std::map<std::string, std::function<BU_S32()>> OTHERS = {
-            {"wait", [&] { return clock().advance(s32), 0; }},
-            {"speed", [&] { return m_dSpeed = dNumber, 0; }},
+            {"wait", [&] { return clock().advance(s32), 0; }}, {"speed", [&] { return m_dSpeed = dNumber, 0; }},
             {"at", [&] { EXPECT_NEAR(pan(), dNumber, CLOSE); return 0; }},
             {"zoomed", [&] { EXPECT_EQ(zoom(), s32); return 0; }},
             {"focused", [&] { EXPECT_EQ(focus(), s32); return 0; }},

@@ -14,10 +14,8 @@ TEST_F(PositionTest, KnownViscaPositions)
         {{0xF670, 0xFE50}, {285000, 495000}}, // -170 and -30 degrees, the ends of travel
         {{0x0990, 0x0510}, {795000, 675000}}, // 170 and 90 degrees
         {{0x0048, 0xFFB8}, {547500, 532500}}, // 5 and -5 degrees
-        {{0x0001, 0xFFFF}, {540104, 539896}},
-        {{0x0991, 0x0511}, {795000, 675000}}, // beyond the ends
-        {{0x7FFF, 0x8000}, {795000, 495000}},
-        {{0x8000, 0x7FFF}, {285000, 675000}},
+        {{0x0001, 0xFFFF}, {540104, 539896}}, {{0x0991, 0x0511}, {795000, 675000}}, // beyond the ends
+        {{0x7FFF, 0x8000}, {795000, 495000}}, {{0x8000, 0x7FFF}, {285000, 675000}},
         {{0xFFFF0990, 0x00010000}, {795000, 540000}}, // only 16 bits count
     };
     // clang-format on

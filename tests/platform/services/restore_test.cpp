@@ -24,8 +24,7 @@ const std::pair<BU_S32, std::vector<std::pair<std::string, std::string>>> ROWS[]
     {SYSTEM_RESTORE_E_MEDIA, {{"LiveMedia/1/rtsp/SessionName", "x"}, {"LiveMedia/general/rtsp/Port", "555"}, {"PipelineLive/Ndi/0/GroupName", "x"},
                               {"PipelineLive/Rtsp/Sessions", "1\ta\tb\n"}, {"Venc/1/Width", "320"}}},
     {SYSTEM_RESTORE_E_NETWORK, {{"Network/NetCard0/IpAddr", "10.0.0.9"}, {"Network/HostName", "x"}, {"Http/Port", "81"}}},
-    {SYSTEM_RESTORE_E_PRESET, {{"ImagePreset5/Name", "x"}}},
-    {0, {{"Nobodys/Key", "x"}}},
+    {SYSTEM_RESTORE_E_PRESET, {{"ImagePreset5/Name", "x"}}}, {0, {{"Nobodys/Key", "x"}}},
 };
 /// What is asked for, and the bits that it stands for; -1: none, it is refused.
 struct Request {
