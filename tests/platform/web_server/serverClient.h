@@ -1,30 +1,21 @@
 /// A browser made of bytes, and a preview made of bytes.
 #pragma once
 
-#include "base/types.h"
-#include "util/fileDescriptor.h"
+#include "support/socket.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
-#include <cctype>
 #include <cerrno>
-#include <netinet/in.h>
+#include <cstring>
 #include <string>
 #include <string_view>
-#include <sys/socket.h>
-#include <sys/time.h>
 
 struct tagANSWER_S {
     int s32Status = 0; ///< 0: the connection ended first
     std::string strHead, strBody;
-    std::string header(std::string_view name) const ///< in small letters; empty: absent
+    std::string header(const std::string &strName) const ///< empty: absent
     {
-        std::string strLower = strHead;
-        for (char &c : strLower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        const std::size_t begin = strLower.find("\r\n" + std::string(name) + ": ");
-        if (begin == std::string::npos) return "";
-        const std::size_t value = begin + name.size() + 4;
-        return strHead.substr(value, strHead.find("\r\n", value) - value);
+        const char *pc = strcasestr(strHead.c_str(), ("\r\n" + strName + ": ").c_str());
+        return pc ? std::string(pc + strName.size() + 4, std::strchr(pc + 2, '\r')) : "";
     }
 };
 
@@ -32,12 +23,7 @@ struct tagANSWER_S {
 class Peer
 {
 public:
-    explicit Peer(util::FileDescriptor fd) : m_fd(std::move(fd))
-    {
-        const timeval stLimit{20, 0};
-        for (const int s32Option : {SO_RCVTIMEO, SO_SNDTIMEO})
-            setsockopt(m_fd, SOL_SOCKET, s32Option, &stLimit, sizeof(stLimit));
-    }
+    explicit Peer(util::FileDescriptor fd) : m_fd(std::move(fd)) { limitWaits(m_fd, 20); }
     virtual ~Peer() = default;
     Peer(Peer &&) = default;
     Peer &operator=(Peer &&) = default;
@@ -108,30 +94,25 @@ private:
 class Listener
 {
 public:
-    Listener()
+    Listener() { ::listen(m_fd, 8); }
+    BU_S32 port() const
     {
-        socklen_t length = sizeof(m_stAddress);
-        bind(m_fd, reinterpret_cast<const sockaddr *>(&m_stAddress), length);
-        ::listen(m_fd, 8);
-        getsockname(m_fd, reinterpret_cast<sockaddr *>(&m_stAddress), &length);
+        sockaddr_in stAddress{};
+        socklen_t length = sizeof(stAddress);
+        getsockname(m_fd, reinterpret_cast<sockaddr *>(&stAddress), &length);
+        return ntohs(stAddress.sin_port);
     }
-    BU_S32 port() const { return ntohs(m_stAddress.sin_port); }
     Peer accept() { return Peer(util::FileDescriptor(accept4(m_fd, nullptr, nullptr, SOCK_CLOEXEC))); }
     void close() { m_fd = {}; }
 
 private:
-    util::FileDescriptor m_fd{socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)};
-    sockaddr_in m_stAddress{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
+    util::FileDescriptor m_fd = loopback(SOCK_STREAM, 0, ::bind);
 };
 
 /// Connects to a port of this machine. @param s32ReceiveBuffer  [bytes]; 0: the system's own
 inline Peer connectTo(BU_S32 s32Port, int s32ReceiveBuffer = 0)
 {
-    util::FileDescriptor fd(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (s32ReceiveBuffer) setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &s32ReceiveBuffer, sizeof(s32ReceiveBuffer));
-    const sockaddr_in stAddress{AF_INET, htons(static_cast<BU_U16>(s32Port)), {htonl(INADDR_LOOPBACK)}, {}};
-    if (connect(fd, reinterpret_cast<const sockaddr *>(&stAddress), sizeof(stAddress)) != 0) fd = {};
-    return Peer(std::move(fd));
+    return Peer(loopback(SOCK_STREAM, s32Port, ::connect, s32ReceiveBuffer));
 }
 
 /// "GET /path HTTP/1.1", a host, the other headers and the empty line.

@@ -1,6 +1,5 @@
 #include "files.h"
 #include "serverTest.h"
-#include "web/panelPayload.h"
 
 #include <poll.h>
 #include <semaphore>
@@ -59,8 +58,7 @@ TEST_F(ServerTest, NothingBesideThePageIsReached)
     Peer peer = connect();
     EXPECT_EQ(peer.ask(get("/index.html")).strBody, "page");
     const tagANSWER_S stScript = peer.ask(get("/a/b.js?v=1"));
-    EXPECT_EQ(stScript.strBody, "script");
-    EXPECT_EQ(stScript.header("content-type"), "text/javascript; charset=utf-8");
+    EXPECT_EQ(stScript.strBody + stScript.header("content-type"), "scripttext/javascript; charset=utf-8");
     // clang-format off
     for (const char *pcPath :
          {"/../secret.txt", "/a/../../secret.txt", "/%2e%2e/secret.txt", "/..%2fsecret.txt", "/a/..\\..\\secret.txt",
@@ -80,12 +78,11 @@ TEST_F(ServerTest, AFileIsSentAgainOnlyWhenItChanged)
     start();
     Peer peer = connect();
     const tagANSWER_S stFirst = peer.ask(get("/style.css"));
-    const std::string strTag = stFirst.header("etag");
     EXPECT_EQ(stFirst.header("cache-control"), "no-cache");
-    const std::string strAgain = get("/style.css", "If-None-Match: " + strTag + "\r\n");
+    const std::string strTag = stFirst.header("etag"),
+                      strAgain = get("/style.css", "If-None-Match: " + strTag + "\r\n");
     const tagANSWER_S stSame = peer.ask(strAgain);
-    EXPECT_EQ(stSame.s32Status, 304);
-    EXPECT_EQ(stSame.header("etag"), strTag);
+    EXPECT_EQ(std::pair(stSame.s32Status, stSame.header("etag")), std::pair(304, strTag));
     peer.send("HEAD /style.css HTTP/1.1\r\n\r\n" + get("/style.css"));
     EXPECT_EQ(peer.readAnswer(false).header("content-length"), "5");
     EXPECT_EQ(peer.readAnswer().strBody, "first") << "the answer to HEAD had no body";
@@ -113,14 +110,12 @@ TEST_F(ServerTest, KeepsFilesUpToALimitAndKnowsTheirTypes)
     EXPECT_FALSE(first.expired());
     for (const char *pcName : {"3", "4", "5"}) keep(pcName);
     EXPECT_TRUE(first.expired()) << "more than 32 MiB";
-    // clang-format off
-    for (const auto &[pcName, pcType] : {
-             std::pair("a.html", "text/html; charset=utf-8"), {"a.css", "text/css; charset=utf-8"},
-             {"a.svg", "image/svg+xml"}, {"a.jpg", "image/jpeg"}, {"a.png", "image/png"}, {"a.ico", "image/x-icon"},
-             {"a.json", "application/json"}, {"a.webmanifest", "application/manifest+json"}, {"a.woff2", "font/woff2"},
-             {"a", "application/octet-stream"}})
-        EXPECT_EQ(web_server::typeOfFile(pcName), pcType);
-    // clang-format on
+    std::string strTypes;
+    for (const char *pc : {".html", ".css", ".svg", ".jpg", ".png", ".ico", ".json", ".webmanifest", ".woff2", ""})
+        strTypes += std::string(web_server::typeOfFile(pc)) + " ";
+    EXPECT_EQ(strTypes,
+              "text/html; charset=utf-8 text/css; charset=utf-8 image/svg+xml image/jpeg image/png image/x-icon "
+              "application/json application/manifest+json font/woff2 application/octet-stream ");
 }
 
 TEST_F(ServerTest, AnswersInOrderOnOneConnection)
@@ -147,9 +142,7 @@ TEST_F(ServerTest, AnswersInOrderOnOneConnection)
 
 TEST_F(ServerTest, WhoIsSlowLosesOnlyItsOwnConnection)
 {
-    config.s64RequestMs = 60;
-    config.s64IdleMs = 60;
-    config.s64AnswerMs = 60;
+    config.s64RequestMs = config.s64IdleMs = config.s64AnswerMs = 60;
     start();
     const std::tuple<const char *, std::string, int> ROWS[] = {
         {"silent", "", 0}, // ended without an answer
@@ -180,9 +173,7 @@ TEST_F(ServerTest, WhoDoesNotReadIsLeft)
     for (int i = 0; i < 50; ++i) ASSERT_EQ(other.ask(get("/echo")).s32Status, 200);
     pollfd stCut{peer.fd(), POLLHUP, 0};
     EXPECT_EQ(poll(&stCut, 1, 20'000), 1) << "cut off";
-    std::size_t total = 0;
-    for (std::string strGot = "?"; !strGot.empty(); total += strGot.size()) strGot = peer.readSome();
-    EXPECT_LT(total, 8'000'000U);
+    EXPECT_LT(peer.read(8'000'000).size(), 8'000'000U);
 }
 
 TEST_F(ServerTest, AThousandConnectionsLeaveRoomForOneMore)
@@ -192,8 +183,7 @@ TEST_F(ServerTest, AThousandConnectionsLeaveRoomForOneMore)
     std::vector<Peer> crowd;
     for (int i = 0; i < 1000; ++i) {
         crowd.push_back(connect());
-        ASSERT_GE(crowd.back().fd(), 0);
-        crowd.back().send("GET / HT");
+        ASSERT_TRUE(crowd.back().send("GET / HT"));
     }
     EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
     EXPECT_EQ(crowd.back().ask("TP/1.1\r\n\r\n").s32Status, 404) << "the youngest are kept";
@@ -225,8 +215,7 @@ TEST_F(ServerTest, WhoKeepsMostOpenMakesRoomWhereNobodyIdles)
 
 TEST_F(ServerTest, SlowWorkHoldsUpNobodyAndDoesNotPileUp)
 {
-    std::counting_semaphore<16> begun(0);
-    std::counting_semaphore<16> go(0);
+    std::counting_semaphore<16> begun(0), go(0);
     fnWork = [&] {
         begun.release();
         go.acquire();
@@ -246,8 +235,7 @@ TEST_F(ServerTest, SlowWorkHoldsUpNobodyAndDoesNotPileUp)
         EXPECT_EQ(witness.ask(get("/echo")).s32Status, 200) << "while it works";
     }
     const tagANSWER_S stBusy = peers.back().readAnswer();
-    EXPECT_EQ(stBusy.s32Status, 503) << "one works, eight wait";
-    EXPECT_EQ(stBusy.header("retry-after"), "1");
+    EXPECT_EQ(std::to_string(stBusy.s32Status) + stBusy.header("retry-after"), "5031") << "one works, eight wait";
     peers.erase(peers.begin() + 1); // it does not wait any more
     go.release(9);
     for (std::size_t i = 0; i < 8; ++i) EXPECT_EQ(peers[i].readAnswer().strBody, "worked") << i;
@@ -256,11 +244,8 @@ TEST_F(ServerTest, SlowWorkHoldsUpNobodyAndDoesNotPileUp)
 /// The request of a panel set as its image, in the place of the JSON body.
 std::string panel(BU_S32 s32Item, BU_S32 s32Value0, BU_S32 s32Value1 = 0)
 {
-    tag_WEB_RPC_PANEL_REQ_PAYLOAD_S st;
-    std::tie(st.s32EventType, st.s32Value0, st.s32Value1) = std::tuple(s32Item, s32Value0, s32Value1);
-    std::string strImage(st.getSize(), '\0');
-    st.dumpBytes(strImage.data(), st.getSize());
-    return strImage;
+    const BU_S32 as32Image[8] = {0, 0, s32Item, 0, s32Value0, s32Value1, 0, 0};
+    return {reinterpret_cast<const char *>(as32Image), sizeof(as32Image)};
 }
 
 TEST_F(ServerTest, WhatAPageMovedIsStoppedWhenItsLastStreamEnds)
@@ -285,8 +270,7 @@ TEST_F(ServerTest, WhatAPageMovedIsStoppedWhenItsLastStreamEnds)
     drive("session", panel(12, 5)); // the next call: none came before it, for the other page is there
     second.close();
     const auto stStop = camera_double::next();
-    EXPECT_EQ(stStop.strWhat, std::to_string(WEB_RPC_EVENT_GROUP_E_SET_PT));
-    EXPECT_EQ(stStop.strBytes, panel(9, 0, 0));
+    EXPECT_EQ(stStop.strWhat + stStop.strBytes, std::to_string(WEB_RPC_EVENT_GROUP_E_SET_PT) + panel(9, 0, 0));
     stStop.fnAnswer(WEB_CLIENT_RESULT_E_OK, "");
     const std::string strLast = panel(9, -2, -2); // home ends by itself
     drive("session", strLast);
@@ -326,9 +310,8 @@ TEST_F(ServerTest, APageThatReadsTooSlowlyIsToldToLookAgain)
         ASSERT_THAT(quick.readUntil("}\n\n"), StartsWith("data: {\"n\":" + std::to_string(s32Sent) + ","));
     }
     server().tell(R"({"last":1})");
-    std::string strGot = slow.readUntil("{\"last\":1}\n\n");
-    EXPECT_THAT(strGot, EndsWith("data: {\"last\":1}\n\n"));
+    const std::string strGot = slow.readUntil("\ndata: {\"last\":1}\n\n");
     EXPECT_THAT(strGot, HasSubstr("\ndata: {\"resync\":true}\n\n"));
-    EXPECT_LT(strGot.size(), 9'000'000U);
+    EXPECT_TRUE(strGot.size() < 9'000'000 && strGot.ends_with("}\n\n"));
 }
 } // namespace

@@ -11,6 +11,7 @@ namespace
 {
 using namespace web_server;
 using namespace testing;
+using namespace std::string_literals;
 
 using UsersTest = WebRootTest;
 using SessionsTest = WebRootTest;
@@ -22,25 +23,22 @@ TEST(Password, HashFitsItsPasswordAloneAndNobodyElses)
     EXPECT_TRUE(isPassword("correct horse", strHash));
     EXPECT_FALSE(isPassword("correct horsf", strHash));
     for (const char *pcNone : {"", "correct horse"}) EXPECT_FALSE(isPassword("correct horse", pcNone));
-}
-
-TEST(Password, Rules)
-{
-    EXPECT_EQ(passwordFault("12345678", "admin"), "");
-    EXPECT_EQ(passwordFault("öäüßöäüß", "admin"), "");
-    for (const std::string &strBad : {std::string("1234567"), std::string("öäüß"), std::string(257, 'a'),
-                                      std::string("1234567\n"), std::string("operator1"), std::string(8, '\xFF')})
-        EXPECT_NE(passwordFault(strBad, "operator1"), "") << strBad;
-}
-
-TEST(Password, TokensAreNotGuessed)
-{
     const std::string strToken = makeToken();
-    EXPECT_TRUE(isToken(strToken));
-    EXPECT_NE(strToken, makeToken());
-    EXPECT_NE(digest(strToken), strToken);
+    EXPECT_TRUE(isToken(strToken) && strToken != makeToken() && digest(strToken) != strToken);
     for (const char *pcBad : {"a", "", "=", "\xFF"}) // too long, too short, another alphabet
         EXPECT_FALSE(isToken(strToken.substr(*pcBad != 'a') + pcBad)) << pcBad;
+}
+
+TEST(Password, RulesOfPasswordsAndNames)
+{
+    for (const char *pcGood : {"12345678", "öäüßöäüß"}) EXPECT_EQ(passwordFault(pcGood, "admin"), "");
+    for (const std::string &strBad :
+         {"1234567"s, "öäüß"s, std::string(257, 'a'), "1234567\n"s, "operator1"s, std::string(8, '\xFF')})
+        EXPECT_NE(passwordFault(strBad, "operator1"), "") << strBad;
+    for (const char *pcName : {"a", "admin", "Ann.B-c_9", "0"}) EXPECT_TRUE(isUserName(pcName)) << pcName;
+    for (const std::string &strName :
+         {""s, std::string(33, 'a'), ".a"s, "-a"s, "a b"s, "a/b"s, "\xC3\xBC"s, "a\0b"s, "a\nb"s})
+        EXPECT_FALSE(isUserName(strName)) << strName;
 }
 
 TEST_F(UsersTest, AreStoredForTheCameraAlone)
@@ -66,34 +64,30 @@ TEST_F(UsersTest, RefuseWhatWouldLockEverybodyOut)
     Users users;
     EXPECT_EQ(users.put("bob", "$hash", Role::VIEWER), Change::LAST_ADMIN); // nobody is there yet
     ASSERT_EQ(users.makeFirst("ann", "$hash"), Change::DONE);
-    EXPECT_EQ(users.put("ann", "", Role::OPERATOR), Change::LAST_ADMIN);
-    EXPECT_EQ(users.remove("ann"), Change::LAST_ADMIN);
-    EXPECT_EQ(users.remove("bob"), Change::NO_USER);
+    for (const auto &[pcName, enChange] : {std::pair("ann", Change::LAST_ADMIN), {"bob", Change::NO_USER}})
+        EXPECT_EQ(users.remove(pcName), enChange);
     EXPECT_EQ(users.setPassword("bob", "$hash"), Change::NO_USER);
-    EXPECT_EQ(users.put("bob", "", Role::VIEWER), Change::INCOMPLETE);
-    EXPECT_EQ(users.put("bob", "$hash", Role::ANYONE), Change::INCOMPLETE);
-    EXPECT_EQ(users.put("bob", "$hash", Role::ADMIN), Change::DONE);
+    // clang-format off
+    for (const auto &[pcName, pcHash, enRole, enChange] : {
+             std::tuple("ann", "", Role::OPERATOR, Change::LAST_ADMIN), {"bob", "", Role::VIEWER, Change::INCOMPLETE},
+             {"bob", "$hash", Role::ANYONE, Change::INCOMPLETE}, {"bob", "$hash", Role::ADMIN, Change::DONE}})
+        // clang-format on
+        EXPECT_EQ(users.put(pcName, pcHash, enRole), enChange);
     EXPECT_EQ(users.remove("ann"), Change::DONE);
-    for (int n = 0; n < 31; ++n) EXPECT_EQ(users.put("u" + std::to_string(n), "$hash", Role::VIEWER), Change::DONE);
-    EXPECT_EQ(users.put("one-more", "$hash", Role::VIEWER), Change::TOO_MANY);
+    for (int n = 0; n < 32; ++n)
+        EXPECT_EQ(users.put("u" + std::to_string(n), "$hash", Role::VIEWER), n < 31 ? Change::DONE : Change::TOO_MANY);
 }
 
 TEST_F(UsersTest, ADamagedFileLetsNobodyInAndStaysAsItIs)
 {
-    const std::string strUser = R"({"name":"ann","role":"admin","hash":"$h"})";
-    const std::string DAMAGED[] = {
-        "",
-        "{\"version\":1,\"users\":[" + strUser, // cut off
-        "{\"version\":2,\"users\":[" + strUser + "]}",
-        "{\"version\":1,\"users\":[]}",
-        "{\"version\":1,\"users\":[" + strUser + "," + strUser + "]}",
-        R"({"version":1,"users":[{"name":"ann","role":"king","hash":"$h"}]})",
-        R"({"version":1,"users":[{"name":"a b","role":"admin","hash":"$h"}]})",
-        R"({"version":1,"users":[{"name":"ann","role":"admin","hash":""}]})",
-        R"({"version":1,"users":[{"name":"ann","role":"admin"}]})",
-        R"({"version":1,"users":["ann"]})",
-    };
-    for (const std::string &strText : DAMAGED) {
+    const std::string strUser = R"({"name":"ann","role":"admin","hash":"$h"})", strList = R"({"version":1,"users":[)";
+    // clang-format off
+    for (const std::string &strText : {
+             ""s, strList + strUser, R"({"version":2,"users":[)" + strUser + "]}", strList + "]}",
+             strList + strUser + "," + strUser + "]}", strList + R"({"name":"ann","role":"king","hash":"$h"}]})",
+             strList + R"({"name":"a b","role":"admin","hash":"$h"}]})", strList + R"("ann"]})",
+             strList + R"({"name":"ann","role":"admin","hash":""}]})", strList + R"({"name":"ann","role":"admin"}]})"}) {
+        // clang-format on
         write(USERS_FILE, strText);
         Users users;
         EXPECT_TRUE(users.isDamaged()) << strText;
@@ -111,15 +105,6 @@ TEST_F(UsersTest, WhatIsNotStoredHasNotHappened)
     std::filesystem::create_directories(UTIL_ROOT_Path("/var/web/users.json/in-the-way"));
     EXPECT_EQ(users.makeFirst("ann", "$hash"), Change::FAILED);
     EXPECT_TRUE(users.isEmpty());
-}
-
-TEST(UserName, Rules)
-{
-    for (const char *pcName : {"a", "admin", "Ann.B-c_9", "0"}) EXPECT_TRUE(isUserName(pcName)) << pcName;
-    for (const std::string &strName :
-         {std::string(), std::string(33, 'a'), std::string(".a"), std::string("-a"), std::string("a b"),
-          std::string("a/b"), std::string("\xC3\xBC"), std::string("a\0b", 3), std::string("a\nb")})
-        EXPECT_FALSE(isUserName(strName)) << strName;
 }
 
 TEST_F(SessionsTest, EndByIdlenessAgeAndTheirUser)
@@ -206,13 +191,13 @@ TEST(Throttle, AttemptsGetSlowerByUserAndByAddress)
 {
     Throttle throttle;
     for (int n = 0; n < 4; ++n) EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 1000), 0);
-    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 1000), 1000);
-    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 1999), 1); // waiting does not make it longer
-    EXPECT_EQ(throttle.begin("192.0.2.2", "ann", 1999), 1); // another address, the same user
-    EXPECT_EQ(throttle.begin("192.0.2.1", "bob", 1999), 1); // another user, the same address
-    EXPECT_EQ(throttle.begin("192.0.2.2", "bob", 1999), 0);
-    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 2000), 0);
-    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 2000), 2000);
+    // clang-format off
+    for (const auto &[pcRemote, pcUser, s64At, s64Wait] : {
+             std::tuple("192.0.2.1", "ann", 1000, 1000), {"192.0.2.1", "ann", 1999, 1}, // waiting does not prolong it
+             {"192.0.2.2", "ann", 1999, 1}, {"192.0.2.1", "bob", 1999, 1}, // the same user, the same address
+             {"192.0.2.2", "bob", 1999, 0}, {"192.0.2.1", "ann", 2000, 0}, {"192.0.2.1", "ann", 2000, 2000}})
+        // clang-format on
+        EXPECT_EQ(throttle.begin(pcRemote, pcUser, s64At), s64Wait) << pcRemote << pcUser << s64At;
 
     BU_S64 s64Now = 2000, s64Attempts = 0;
     for (BU_S64 s64Wait = 0; s64Now < 24 * 3'600'000; s64Now += s64Wait, ++s64Attempts)
@@ -239,10 +224,12 @@ TEST(Throttle, SuccessForgivesAndStrangersDoNotMakeItForget)
 
 TEST(Throttle, AHostIsItsNetwork)
 {
-    EXPECT_EQ(networkOf("2001:db8::1"), networkOf("2001:db8::ffff:1:2:3"));
-    EXPECT_NE(networkOf("2001:db8::1"), networkOf("2001:db8:0:1::1"));
-    EXPECT_EQ(networkOf("::ffff:192.0.2.1"), networkOf("192.0.2.1"));
-    EXPECT_EQ(networkOf("fe80::1%eth0"), networkOf("fe80::2"));
-    EXPECT_NE(networkOf("192.0.2.1"), networkOf("192.0.2.2"));
+    // clang-format off
+    for (const auto &[pcOne, pcOther, bSame] : {
+             std::tuple("2001:db8::1", "2001:db8::ffff:1:2:3", true), {"2001:db8::1", "2001:db8:0:1::1", false},
+             {"::ffff:192.0.2.1", "192.0.2.1", true}, {"fe80::1%eth0", "fe80::2", true},
+             {"192.0.2.1", "192.0.2.2", false}})
+        // clang-format on
+        EXPECT_EQ(networkOf(pcOne) == networkOf(pcOther), bSame) << pcOne;
 }
 } // namespace

@@ -13,12 +13,7 @@
 class WebRootTest : public testing::Test
 {
 protected:
-    WebRootTest()
-    {
-        char acFolder[] = "/tmp/camera-test-XXXXXX";
-        m_root = mkdtemp(acFolder);
-        UTIL_ROOT_Set(m_root.c_str());
-    }
+    WebRootTest() { UTIL_ROOT_Set(m_root.c_str()); }
     ~WebRootTest() override { std::filesystem::remove_all(m_root); }
 
     static void write(const std::string &strPath, const std::string &strContent)
@@ -36,5 +31,5 @@ protected:
     const std::filesystem::path &root() const { return m_root; }
 
 private:
-    std::filesystem::path m_root;
+    const std::filesystem::path m_root = mkdtemp(std::string("/tmp/camera-test-XXXXXX").data());
 };
