@@ -8,7 +8,6 @@
 namespace
 {
 struct Cache {
-    BU_S32 s32Id;
     STREAM_PACKET_METADATA_S stMetadata;
     std::atomic<BU_U32> u32KeyRequests{0};
     BU_U64 u64Written = 0;
@@ -16,15 +15,12 @@ struct Cache {
 };
 std::array<Cache, 3> &caches()
 {
-    static auto &list = *new std::array<Cache, 3>{Cache{2, {STREAM_TYPE_H264, 640, 360, 30, 1, 0, 0, 0}},
-                                                  Cache{4, {STREAM_TYPE_H265, 320, 180, 15, 1, 0, 0, 0}},
-                                                  Cache{6, {STREAM_TYPE_AAC, 0, 0, 0, 0, 48000, 2, 1024}}};
+    static auto &list = *new std::array<Cache, 3>{Cache{{STREAM_TYPE_H264, 640, 360, 30, 1, 0, 0, 0}},
+                                                  Cache{{STREAM_TYPE_H265, 320, 180, 15, 1, 0, 0, 0}},
+                                                  Cache{{STREAM_TYPE_AAC, 0, 0, 0, 0, 48000, 2, 1024}}};
     return list;
 }
-Cache &at(BU_S32 s32Id)
-{
-    return *std::find_if(caches().begin(), caches().end(), [&](const auto &st) { return st.s32Id == s32Id; });
-}
+Cache &at(BU_S32 s32Id) { return caches().at(static_cast<std::size_t>(s32Id / 2 - 1)); }
 } // namespace
 
 void FakeCaches::reset()
@@ -56,9 +52,7 @@ bool FakeCaches::waitForConsumers(BU_S32 s32Id, bool bAny)
 
 STREAM_CACHE_S *STREAM_getStreamCacheById(BU_S32 s32Id)
 {
-    for (Cache &st : caches())
-        if (st.s32Id == s32Id) return &st.cache;
-    return nullptr;
+    return s32Id == 2 || s32Id == 4 || s32Id == 6 ? &at(s32Id).cache : nullptr;
 }
 STREAM_PACKET_METADATA_S STREAM_getStreamCacheMetadata(STREAM_CACHE_S *pstCache) { return pstCache->metadata(); }
 BU_S32 STREAM_registerPacketSink(STREAM_CACHE_S *pstCache, const BU_CHAR *pcName, FN_STREAM_PACKET fnCb)

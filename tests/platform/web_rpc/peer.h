@@ -1,7 +1,7 @@
 /// A web server's end of the socket, by hand: packets out, packets in.
 #pragma once
 
-#include "util/fileDescriptor.h"
+#include "support/socket.h"
 #include "web_client/message.h"
 #include "web_client/socketFile.h"
 
@@ -9,8 +9,6 @@
 
 #include <fcntl.h>
 #include <string>
-#include <sys/socket.h>
-#include <sys/time.h>
 
 class Peer
 {
@@ -20,8 +18,7 @@ public:
     {
         EXPECT_GE(m_fd, 0) << "nobody listens";
         fcntl(m_fd, F_SETFL, 0);
-        const timeval stLimit{20, 0};
-        setsockopt(m_fd, SOL_SOCKET, SO_RCVTIMEO, &stLimit, sizeof(stLimit));
+        limitWaits(m_fd, 20);
     }
 
     bool send(const std::string &strPacket) const ///< false: the other end has gone
