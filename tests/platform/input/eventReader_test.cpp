@@ -69,7 +69,7 @@ TEST(EventReader, TakesOnlyWhatADeviceSends)
     const input_event rows[] = {
         event(EV_KEY, 30, 3), event(EV_KEY, 30, -1), event(EV_KEY, KEY_MAX + 1, 1), event(EV_SYN, 1, 0), event(EV_MAX, 0, 0),
         event(EV_SYN, SYN_REPORT, 7), event(EV_MSC, MSC_MAX + 1, 0), event(0xFFFF, 30, 1), event(EV_KEY, 30, 1, -5),
-        event(EV_KEY, 30, 1, 1LL << 40)};
+        event(EV_KEY, 30, 1, 1LL << 33)};
     // clang-format on
     for (const input_event &stEvent : rows) {
         Bytes bytes;

@@ -94,6 +94,7 @@ TEST_F(Network, ThereIsOneCard)
     ASSERT_EQ(stCards.s32Cnt, 1);
     EXPECT_STREQ(stCards.acEthName[0], "eth0");
     EXPECT_EQ(CFG_NETWORK_GetCardIntf(stCards.acCards[0], &stCfg), 0);
+    EXPECT_EQ(CFG_NETWORK_GetIpInfoFallback(CARD, nullptr) + CFG_NETWORK_SetIpInfoFallback(CARD, nullptr), -2);
     for (const BU_CHAR *pcCard : {"NetCard1", "eth0", "", NONE}) {
         EXPECT_EQ(CFG_NETWORK_GetCardIntf(pcCard, &stCfg), -1);
         EXPECT_EQ(CFG_NETWORK_SetIpInfoFallback(pcCard, &stInfo), -1);
