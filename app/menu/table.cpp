@@ -209,7 +209,6 @@ constexpr MENU_PARAM_MAP_S astMenuParamCb[] = {
     {"ShutterSpeedFps50",     option<ISP_API_SetShutter, exposure>},                   // menuParamSetShutter
     {"ShutterSpeedFps60",     option<ISP_API_SetShutter, exposure>},                   // menuParamSetShutter
 };
-static_assert(std::size(astMenuParamCb) == 113);
 // clang-format on
 } // namespace
 

@@ -32,7 +32,7 @@ void soften(SCENE_S &stScene, Point stRadius, const SCENE_FRAME_S &st)
 {
     const auto size = [](BU_S32 s32, float fRadius) {
         const float fShrink = 1 + 0.6F * std::min(fRadius, BLUR_LIMIT);
-        return std::max(static_cast<BU_S32>(static_cast<float>(s32) / fShrink) & ~1, 8);
+        return std::max(static_cast<BU_S32>(static_cast<float>(s32) / fShrink) & ~1, 16); // the least a picture may be
     };
     const BU_S32 s32Width = size(st.s32Width, stRadius.x), s32Height = size(st.s32Height, stRadius.y);
     stScene.vecSmall.resize(static_cast<std::size_t>(s32Width) * static_cast<std::size_t>(s32Height) * 3 / 2);

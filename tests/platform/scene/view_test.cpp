@@ -136,6 +136,7 @@ TEST_F(View, DefocusSoftens)
             closeUp(scene.get(), {.fPan = 12, .fTilt = 5, .fMagnification = fMagnification, .fDefocus = fDefocus});
         return picture.steps(1, 0);
     };
+    EXPECT_GT(closeUp(scene.get(), {.fMagnification = 20, .fDefocus = 60}, 0, 640, 360).steps(1, 0), 0) << "not black";
     Picture most = closeUp(scene.get(), {.fPan = 10, .fMagnification = 20, .fDefocus = 60}, 0, 960, 540);
     EXPECT_NEAR(most.steps(1, 0), 107817, 500) << "no more than that";
     EXPECT_LT(edges(4, 1), 0.8 * edges(0, 1));
