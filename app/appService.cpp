@@ -35,6 +35,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 #include <vector>
 
 namespace
@@ -59,7 +60,19 @@ struct Row {
     Step enStep;
     bool (*pfnCondition)(const Board &);
     void (*pfnStart)(Board &);
+    std::string_view strCondition;
 };
+
+/// What a step gets of the features, in their order; a condition over anything else would never hold.
+constexpr std::string_view PARTS[] = {"-",    "stDisplay", "stGeneral", "stGeneral",
+                                      "stAv", "stControl", "-",         "stDisplay"};
+constexpr bool readsItsPart(const Row &row)
+{
+    const std::string_view str = row.strCondition;
+    for (auto at = str.find("b.st"); at != str.npos; at = str.find("b.st", at + 1))
+        if (!str.substr(at + 2).starts_with(PARTS[static_cast<std::size_t>(row.enStep)])) return false;
+    return true;
+}
 
 bool hasPicture(const Board &b) { return *b.pbSensorInitOk && b.pstHwAbi->stLens.s32DevCnt > 0; }
 
@@ -137,13 +150,14 @@ void startAtem(Board &)
 constexpr Row ROWS[] = {
 #define ROW(step, condition, call)                                                                                     \
     {Step::step, []([[maybe_unused]] const Board &b) -> bool { return condition; },                                    \
-     []([[maybe_unused]] Board &b) { call; }},
+     []([[maybe_unused]] Board &b) { call; }, #condition},
 #define START(step, condition, function) ROW(step, condition, function())
 #define RUN(step, condition, function) ROW(step, condition, function(b))
 #define ABSENT(step, condition, function, name) ROW(step, condition, function())
 #include "modules.def"
 #undef ROW
 };
+static_assert(std::ranges::all_of(ROWS, readsItsPart), "a condition reads what its step does not get");
 
 BU_S32 bringUp(Step enStep, Board stBoard)
 {
