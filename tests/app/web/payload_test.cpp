@@ -157,18 +157,18 @@ TEST(PayloadImage, ANetworkCardIsPackedIntoFortyOneBytes)
 {
     tag_WEB_RPC_ETHERNET_PAYLOAD_S card;
     card.s32Index = 2;
-    card.bEnabled = card.bAutoDns = BU_TRUE;
-    for (auto &[pcField, pcText] : {std::pair{card.ipaddr, "192.168.1.200"},
-                                    {card.netmask, "255.255.255.0"},
-                                    {card.gateway, "not one"},
-                                    {card.dns1, "8.8.4.4"},
-                                    {card.dns2, "1.2.3.256"}})
+    card.bEnabled = 4; // any number that is not 0
+    card.bAutoDns = BU_TRUE;
+    // clang-format off
+    for (auto &[pcField, pcText] : {std::pair{card.ipaddr, "192.168.1.200"}, {card.netmask, "255.255.255.0"},
+                                    {card.gateway, "not one"}, {card.dns1, "8.8.4.4"}, {card.dns2, "1.2.3.256"}})
+        // clang-format on
         std::strcpy(pcField, pcText);
     std::memset(card.interface, 'e', sizeof card.interface); // a full array has no terminator
     std::string strExpected(
         "\x05\x02\0\0\0\xC0\xA8\x01\xC8\xFF\xFF\xFF\0\xEE\xEE\xEE\xEE\x08\x08\x04\x04\xEE\xEE\xEE\xEE", 25);
     strExpected += std::string(16, 'e');
-    const Image image = dump(card);
+    Image image = dump(card);
     EXPECT_EQ(std::string(image.begin(), image.end()), strExpected);
 
     strExpected[0] = '\xFF'; // only three flags count
@@ -178,23 +178,15 @@ TEST(PayloadImage, ANetworkCardIsPackedIntoFortyOneBytes)
     EXPECT_STREQ(loaded.ipaddr, "192.168.1.200");
     EXPECT_STREQ(loaded.gateway, "238.238.238.238");
     EXPECT_EQ(std::string(loaded.interface, 16), std::string(16, 'e'));
-}
 
-TEST(PayloadImage, ANegativeIndexDescribesNoNetworkCard)
-{
-    tag_WEB_RPC_ETHERNET_PAYLOAD_S card, loaded;
-    card.s32Index = -1;
-    card.bDhcp = 4; // any number that is not 0
-    std::strcpy(card.ipaddr, "10.0.0.1");
-    Image image = dump(card), expected(41, UNTOUCHED);
-    std::fill_n(expected.begin() + 1, 4, '\xFF');
-    expected[0] = 2;
-    EXPECT_EQ(image, expected);
-    loaded.loadBytes(image.data(), 41);
-    EXPECT_TRUE(loaded.s32Index == -1 && loaded.bDhcp == 1);
-    for (const BU_CHAR *pcText :
-         {loaded.ipaddr, loaded.netmask, loaded.gateway, loaded.dns1, loaded.dns2, loaded.interface})
-        EXPECT_STREQ(pcText, "");
+    card.s32Index = -1; // no card: nothing but its switches
+    image = dump(card);
+    EXPECT_EQ(std::string(image.begin(), image.end()), "\5\xFF\xFF\xFF\xFF" + std::string(36, UNTOUCHED));
+    tag_WEB_RPC_ETHERNET_PAYLOAD_S none;
+    none.loadBytes(image.data(), 41);
+    EXPECT_TRUE(none.s32Index == -1 && none.bEnabled == 1);
+    for (const BU_CHAR *pc : {none.ipaddr, none.netmask, none.gateway, none.dns1, none.dns2, none.interface})
+        EXPECT_STREQ(pc, "");
 }
 
 TEST(DottedQuad, IsReadAndWrittenAsTheSystemDoes)

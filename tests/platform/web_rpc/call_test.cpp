@@ -87,7 +87,7 @@ TEST_F(WebRpcTest, CallsOfOnePageKeepTheirOrderOthersPass)
 TEST_F(WebRpcTest, SlowHandlersLeaveAReaderThatSaysBusy)
 {
     const Peer peer, second;
-    for (BU_U32 i = 0; i < 8; ++i) peer.call(i, GATED_PAGES[i], request(1));
+    for (BU_U32 i = 0; i < 8; ++i) peer.call(i, GATED_EVENTS[i], request(1));
     gate().waitFor(4); // as many as run at once
     for (BU_U32 i = 8; i < 200; ++i) peer.call(i, GATED, request(1));
     // 4 run, 64 of one web server wait
@@ -108,7 +108,7 @@ TEST_F(WebRpcTest, WhoGoesOrDoesNotReadDelaysNobody)
     const Peer other;
     {
         const Peer gone;
-        for (BU_U32 i = 0; i < 8; ++i) gone.call(i, GATED_PAGES[i], request(1));
+        for (BU_U32 i = 0; i < 8; ++i) gone.call(i, GATED_EVENTS[i], request(1));
         gate().waitFor(4);
         gone.call(8, COUNT, request(1));
         gone.call(9, COUNT, request(1));

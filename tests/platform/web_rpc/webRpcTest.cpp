@@ -61,14 +61,10 @@ const BU_CHAR *answerMany(const void *pvRequest, void *pvAnswer)
 WebRpcTest::WebRpcTest(const std::string &strFolder, Time enTime)
 {
     if (enTime == Time::MANUAL) m_clock.emplace();
-    char acFolder[] = "/tmp/camera-test-XXXXXX";
-    m_strRoot = mkdtemp(acFolder);
     UTIL_ROOT_Set((m_strRoot + strFolder).c_str());
     registerAll();
     gate().open(false);
-    std::vector<BU_U32> gated(std::begin(GATED_PAGES), std::end(GATED_PAGES));
-    gated.push_back(NEIGHBOUR);
-    for (const BU_U32 u32Event : gated)
+    for (const BU_U32 u32Event : GATED_EVENTS)
         registerEvent(u32Event, handle<[](const Request &st, Response &stResponse) {
                           gate().pass();
                           stResponse.s32Value = st.s32EventType;

@@ -45,7 +45,7 @@ private:
 /// The events of the tests, each of a page of its own: SUM and COUNT answer at once, SILENT says nothing, HALF lacks
 /// factories; the handlers of the GATED ones wait. NEIGHBOUR is gated too, and of GATED's page.
 enum : BU_U32 { SUM = 1, COUNT = 3, SILENT = 5, HALF = 38, GATED = 7, NEIGHBOUR = 9 };
-constexpr BU_U32 GATED_PAGES[] = {GATED, 23, 19, 26, 11, 15, 66, 88};
+constexpr BU_U32 GATED_EVENTS[] = {GATED, 23, 19, 26, 11, 15, 66, 88, NEIGHBOUR};
 
 /// The questions: "echo" answers with what it was asked, and refuses a negative number; "many" answers with so many
 /// lines.
@@ -85,5 +85,5 @@ protected:
 
 private:
     std::optional<util::ManualClock> m_clock;
-    std::string m_strRoot;
+    const std::string m_strRoot = mkdtemp(std::string("/tmp/camera-test-XXXXXX").data());
 };

@@ -116,10 +116,9 @@ TEST_F(SessionsTest, EndByIdlenessAgeAndTheirUser)
     EXPECT_EQ(sessions.use(strBob, START + 12 * HOUR), "bob");
     for (BU_S64 hours = 12; hours <= 7 * 24; hours += 12)
         EXPECT_EQ(sessions.use(strBusy, START + hours * HOUR), "ann") << hours;
-    EXPECT_FALSE(sessions.use(strIdle, START + 12 * HOUR + 1));
-    EXPECT_FALSE(sessions.use(strIdle, START)); // it does not come back
-    EXPECT_FALSE(sessions.use(strBusy, START + 7 * 24 * HOUR + 1));
-    EXPECT_EQ(sessions.use(strBob, START - HOUR), "bob"); // the clock was set back
+    for (const auto &[strKey, s64At] : {std::pair(strIdle, 12 * HOUR + 1), {strIdle, 0}, {strBusy, 7 * 24 * HOUR + 1}})
+        EXPECT_FALSE(sessions.use(strKey, START + s64At)) << s64At; // and it does not come back
+    EXPECT_EQ(sessions.use(strBob, START - HOUR), "bob");           // the clock was set back
 
     EXPECT_FALSE(sessions.use(strBob, START + 7 * 24 * HOUR - HOUR + 1)) << "its age counts from then on";
 
@@ -140,9 +139,8 @@ TEST_F(SessionsTest, AUserHasSoManyAndTheOneUsedLeastGoes)
     for (std::size_t n = 2; n < Sessions::PER_USER_MAX; ++n) sessions.open("ann", 10);
     EXPECT_TRUE(sessions.use(strFirst, 11));
     sessions.open("ann", 12);
-    EXPECT_FALSE(sessions.use(strSecond, 12));
-    EXPECT_TRUE(sessions.use(strFirst, 12));
-    EXPECT_TRUE(sessions.use(strBob, 12));
+    for (const auto &[strKey, bOpen] : {std::pair(strSecond, false), {strFirst, true}, {strBob, true}})
+        EXPECT_EQ(sessions.use(strKey, 12).has_value(), bOpen);
 }
 
 TEST_F(SessionsTest, OutliveTheProcessWithoutTheirTokens)
@@ -160,9 +158,7 @@ TEST_F(SessionsTest, OutliveTheProcessWithoutTheirTokens)
         EXPECT_EQ(sessions.use(digest(strToken), 100 + 3 * 24 * 3600), "ann");
         EXPECT_FALSE(sessions.use(digest(strEnded), 100));
     }
-    Sessions sessions(100 + 8 * 24 * 3600);
-    EXPECT_FALSE(sessions.use(digest(strToken), 100));
-
+    EXPECT_FALSE(Sessions(100 + 8 * 24 * 3600).use(digest(strToken), 100));
     for (const char *pcDamaged :
          {"", "{", "[1]", "{\"a\":1}", R"([{"key":"k","user":"u"}])", R"([{"key":1,"user":2,"opened":3}])"}) {
         write(SESSIONS_FILE, pcDamaged);
