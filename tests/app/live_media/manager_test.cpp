@@ -38,6 +38,9 @@ TEST_F(LiveMedia, OtherModelsLeaveTheOutputsToThePipeline)
     BSP_PROFILE_Load("QLS-500");
     APP_LM_Init();
     EXPECT_EQ(libraries().served.size(), 4U);
+    BU_BOOL bDante = 77;
+    EXPECT_EQ(APP_LM_DANTE_GetEnable(&bDante), 0);
+    EXPECT_EQ(bDante, 77) << "an output without anything behind it";
 }
 
 TEST_F(LiveMedia, AChannelThatCannotBeLoadedStaysOff)
@@ -173,13 +176,6 @@ TEST_F(LiveMedia, ThePreviewStartsOnceAndKeepsItsChannels)
     EXPECT_THAT(journal::effects(), ElementsAre("WEBSOCKET_StartService(12345)"));
     journal::inject("WEBSOCKET_StopService", -4);
     EXPECT_EQ(APP_LM_WS_DeInit(), -4);
-}
-
-TEST_F(LiveMedia, DanteLeavesItsAnswerUntouched)
-{
-    BU_BOOL bEnable = 77;
-    EXPECT_EQ(APP_LM_DANTE_GetEnable(&bEnable), 0);
-    EXPECT_EQ(bEnable, 77);
 }
 
 // clang-format off

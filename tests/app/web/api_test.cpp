@@ -24,7 +24,6 @@ class Api : public WebTest
 protected:
     Api()
     {
-        setenv("CAMERA_WEB_SERVER", "", 1);
         BSP_PTProcInit(0, nullptr);
         ZF_API_StartService();
         BSP_StartHttpService();
@@ -35,7 +34,6 @@ protected:
     {
         UTIL_THREAD_WaitAsync();
         BSP_StopHttpService();
-        unsetenv("CAMERA_WEB_SERVER");
     }
     static std::string ask(const std::string &strQuestion, const std::string &strJson = "",
                            BU_S32 s32Result = WEB_CLIENT_RESULT_E_OK)
@@ -45,14 +43,14 @@ protected:
         return result.strBytes;
     }
     /// The news since the last time.
-    std::vector<std::string> heard()
+    Effects heard()
     {
         UTIL_THREAD_WaitAsync();
         m_peer->ask(1, "position"); // its answer comes behind the news
-        std::vector<std::string> listNews;
+        Effects news;
         for (auto st = m_peer->receive(); st.enKind == web_client::Kind::NEWS; st = m_peer->receive())
-            listNews.push_back(st.strBytes);
-        return listNews;
+            news.push_back(st.strBytes);
+        return news;
     }
     void lookAt(double dPan, double dTilt, double dZoom)
     {
@@ -166,8 +164,8 @@ TEST_F(Api, MenuKeysAreForAnOpenMenu)
 
 TEST_F(Api, CentreTakesAPointOfThePictureAndComesAsNearAsTheHeadCan)
 {
-    for (const char *pcJson : {"", "{}", "{\"x\":0.5}", "{\"x\":\"0.5\",\"y\":0.5}", "{\"x\":-0.01,\"y\":0.5}",
-                               "{\"x\":0.5,\"y\":1.01}", "{\"x\":1e400,\"y\":0.5}", "{\"x\":null,\"y\":0.5}"})
+    for (const char *pcJson : {"", "{}", R"({"x":0.5})", R"({"x":"0.5","y":0.5})", R"({"x":-0.01,"y":0.5})",
+                               R"({"x":0.5,"y":1.01})", R"({"x":1e400,"y":0.5})", R"({"x":null,"y":0.5})"})
         ask("centre", pcJson, WEB_CLIENT_RESULT_E_REFUSED);
     clock().advance(10'000);
     EXPECT_EQ(ask("position"), R"({"pan":0.0,"tilt":0.0,"zoom":1.0})") << "nothing has moved";

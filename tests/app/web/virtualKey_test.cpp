@@ -67,7 +67,6 @@ protected:
 TEST_F(VirtualKey, EventsCarryTheAddressOfTheCamera)
 {
     plugIn();
-    setenv("CAMERA_WEB_SERVER", "", 1);
     BSP_StartHttpService();
     const std::tuple<BU_U8, BU_S32, BU_S32, BU_U16> rows[] = {
         {1, 0x15, 1, 0x15},  {1, 0x15, 2, 0x15},  {1, 0x15, 0, 0x15}, {2, 0x15, 1, 0x95},   {4, 0x15, 1, 0x195},
@@ -82,7 +81,6 @@ TEST_F(VirtualKey, EventsCarryTheAddressOfTheCamera)
     }
     for (BU_S32 i = 0; i < 5000; ++i) emit(0x15, i % 2); // nobody reads any more, nobody waits
     BSP_StopHttpService();
-    unsetenv("CAMERA_WEB_SERVER");
     EXPECT_NE(refusal(0), "") << "the device is still open";
     for (const BU_S32 s32Item : {0, 2, -1}) // no key
         EXPECT_EQ(printed([=] { call(WEB_RPC_EVENT_GROUP_E_BUSINESS, s32Item); }),

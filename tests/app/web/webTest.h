@@ -14,6 +14,7 @@ class WebTest : public PlatformTest
 protected:
     WebTest()
     {
+        setenv("CAMERA_WEB_SERVER", "", 1);
         for (const web::Page *pstPage : web::PAGES)
             for (const auto registerEvent : *pstPage) registerEvent();
         journal::effects();

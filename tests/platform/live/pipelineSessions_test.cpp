@@ -52,8 +52,7 @@ TEST_F(PipelineSessions, NdiKeepsWhatIsSavedAndForgetsTheRest)
     EXPECT_EQ(MPP_NDI_UpdateInstance(st, BU_TRUE), 0);
     restart();
     MPP_NDI_GetInstance(0, stNow);
-    EXPECT_EQ(stNow.sGroupName, "stage");
-    EXPECT_EQ(stNow.s32MulticastTTL, 255);
+    EXPECT_EQ(std::pair(stNow.sGroupName, stNow.s32MulticastTTL), std::pair(std::string("stage"), 255));
 }
 
 TEST_F(PipelineSessions, RtspSessionsGrowShrinkAndSurvive)

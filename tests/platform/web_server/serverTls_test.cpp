@@ -2,7 +2,6 @@
 
 #include <openssl/ssl.h>
 #include <openssl/x509v3.h>
-#include <sys/stat.h>
 
 namespace
 {
@@ -69,8 +68,7 @@ TEST_F(ServerTest, WhoSpeaksNoTlsOnTheSecurePortIsLeft)
     Peer plain = connectTo(httpsPort()), silent = connectTo(httpsPort());
     plain.send(get("/echo"));
     EXPECT_EQ(plain.readAnswer().s32Status, 0);
-    EXPECT_TRUE(plain.isEnded());
-    EXPECT_TRUE(silent.isEnded());
+    EXPECT_TRUE(plain.isEnded() && silent.isEnded());
     EXPECT_EQ(TlsPeer(httpsPort(), "localhost").ask(get("/tls")).strBody, "yes");
 }
 
@@ -79,10 +77,7 @@ TEST_F(ServerTest, MakesItsCertificateOnce)
     using namespace web_server;
     ASSERT_TRUE(ensureCertificate("127.0.0.1", "machine"));
     const std::string strKey = read(KEY_FILE), strCertificate = read(CERTIFICATE_FILE);
-    struct stat stFile {
-    };
-    ASSERT_EQ(stat(UTIL_ROOT_Path(KEY_FILE).c_str(), &stFile), 0);
-    EXPECT_EQ(stFile.st_mode & 0777, 0600U);
+    EXPECT_EQ(std::filesystem::status(UTIL_ROOT_Path(KEY_FILE)).permissions(), std::filesystem::perms(0600));
     ASSERT_TRUE(ensureCertificate("127.0.0.1", "machine"));
     EXPECT_EQ(read(CERTIFICATE_FILE), strCertificate) << "browsers trust this one";
     WebRootTest::write(KEY_FILE, "damaged");

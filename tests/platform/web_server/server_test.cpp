@@ -122,15 +122,18 @@ TEST_F(ServerTest, AnswersInOrderOnOneConnection)
 {
     start();
     Peer peer = connect();
-    const std::string strCall = post("/call", "image");
-    peer.send(strCall + post("/echo", "next") + get("/echo").substr(0, 10));
+    peer.send(post("/call", "image") + post("/echo", "next") + get("/echo").substr(0, 10));
     auto stCall = camera_double::next();
     EXPECT_EQ(stCall.strWhat + "," + stCall.strBytes, "7,image");
     stCall.fnAnswer(WEB_CLIENT_RESULT_E_OK, "done");
     EXPECT_EQ(peer.readAnswer().strBody, "0:done");
     EXPECT_EQ(peer.readAnswer().strBody, "POST:next");
-    peer.send(get("/echo").substr(10));
+    peer.send(get("/echo").substr(10) + post("/ask", "{}"));
     EXPECT_EQ(peer.readAnswer().strBody, "GET:");
+    stCall = camera_double::next();
+    EXPECT_EQ(stCall.strWhat + stCall.strBytes, "presets{}");
+    stCall.fnAnswer(WEB_CLIENT_RESULT_E_BUSY, "");
+    EXPECT_EQ(peer.readAnswer().strBody, std::to_string(WEB_CLIENT_RESULT_E_BUSY) + ":");
     peer.send("POST /echo HTTP/1.1\r\nExpect: 100-continue\r\nContent-Length: 2\r\n\r\n");
     EXPECT_EQ(peer.readUntil("\r\n\r\n"), "HTTP/1.1 100 Continue\r\n\r\n");
     peer.send("hi");
