@@ -64,7 +64,6 @@ inline constexpr std::array WEB_EVENTS{
                 timeout},
 #include "web/events.def"
 };
-static_assert(WEB_EVENTS.size() == 76);
 
 /// The payload types of an event: a function type that takes them.
 template <tag_WEB_RPC_EVENT_GROUP_E> struct WEB_EVENT_HANDLER;

@@ -34,7 +34,8 @@ TEST_F(WebService, RegistersThePagesThatAreBuiltThenListensThenSetsThePorts)
         EXPECT_THAT(strPrinted, HasSubstr(pc));
     EXPECT_EQ(journal::effects(), expected);
     for (const WEB_EVENT_S &st : WEB_EVENTS) {
-        EXPECT_EQ(registered.contains(st.enEvent), WEB_PAGES[st.enPage].bServed) << "nobody handles " << st.pcName;
+        EXPECT_EQ(registered.contains(st.enEvent), WEB_PAGES[st.enPage].bServed)
+            << st.pcName << ": what is served and what is registered differ";
         EXPECT_EQ(web_rpc::callEvent(static_cast<BU_U32>(st.enEvent), "no image").s32Result,
                   registered.contains(st.enEvent) ? WEB_CLIENT_RESULT_E_REFUSED : WEB_CLIENT_RESULT_E_UNKNOWN);
     }

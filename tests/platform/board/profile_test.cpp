@@ -165,6 +165,10 @@ TEST_F(ProfileTest, EachWordIsTheFieldOfItsName)
           });
     check(COUNTS, "\"interfaces\": ", "\"lenses\"", "{", ": 3}", stAbility,
           [](const auto &st) { return st.bSupport && st.s32DevCnt == 3; });
+    const std::size_t from = strGood.find("\"lenses\": [") + 11;
+    ASSERT_EQ(loadText(strGood.substr(0, from) + strGood.substr(strGood.find(']', from))), "");
+    BSP_HW_ABI_GetHwAbility(&stAbility);
+    EXPECT_FALSE(stAbility.stLens.bSupport) << "no lens";
 }
 
 TEST_F(ProfileTest, WithoutOneEverythingIsRefused)
