@@ -94,8 +94,7 @@ TEST_F(LiveMedia, ARefusalOfTheStoreLeavesRecordAndServerAlone)
 
     APP_LM_RTSP_RestartIfNeed();
     EXPECT_THAT(journal::effects(), IsEmpty());
-    EXPECT_EQ(rtspOf(PANORAMA).sSessionName, "panorama");
-    EXPECT_EQ(general().s32Port, 554);
+    EXPECT_EQ(std::pair(rtspOf(PANORAMA).sSessionName, general().s32Port), std::pair(std::string("panorama"), 554));
 }
 
 TEST_F(LiveMedia, OnlyWhatHasStreamCachesIsServed)
@@ -122,9 +121,8 @@ TEST_F(LiveMedia, OnlyWhatHasStreamCachesIsServed)
 TEST_F(LiveMedia, FurtherCredentialsCountFromTheNextRebuild)
 {
     startRtspOn({1});
-    APP_LM_RTSP_AddExtraAuth({APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF, "first", "one"});
-    APP_LM_RTSP_AddExtraAuth({APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF, "second", "two"});
-    APP_LM_RTSP_AddExtraAuth({APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF, "first", "new"});
+    for (const auto &[pcUser, pcPassword] : {std::pair("first", "one"), {"second", "two"}, {"first", "new"}})
+        APP_LM_RTSP_AddExtraAuth({APP_LM_RTSP_EXTRA_AUTH_FROM_E_ONVIF, pcUser, pcPassword});
     EXPECT_THAT(journal::effects(), IsEmpty());
     APP_LM_RTSP_RestartIfNeed();
     auto effects = journal::effects();

@@ -2,7 +2,9 @@
 
 #include "request.h"
 #include "routes.h"
+#include "sessions.h"
 #include "users/password.h"
+#include "users/users.h"
 #include "webRoot.h"
 
 #include <ctime>
@@ -16,16 +18,13 @@ protected:
     void haveUsers()
     {
         using namespace web_server;
-        std::string strUsers, strSessions;
+        Users users;
+        Sessions sessions(s64Now);
+        users.makeFirst(nameOf(Role::ADMIN), "$no");
         for (const Role enRole : {Role::VIEWER, Role::OPERATOR, Role::ADMIN}) {
-            const std::string strName = nameOf(enRole), strComma = strUsers.empty() ? "" : ",";
-            tokens[enRole] = makeToken();
-            strUsers += strComma + R"({"name":")" + strName + R"(","role":")" + strName + R"(","hash":"$no"})";
-            strSessions += strComma + R"({"key":")" + digest(tokens[enRole]) + R"(","user":")" + strName +
-                           R"(","opened":)" + std::to_string(s64Now) + "}";
+            users.put(nameOf(enRole), "$no", enRole);
+            tokens[enRole] = sessions.open(nameOf(enRole), s64Now);
         }
-        write(USERS_FILE, R"({"version":1,"users":[)" + strUsers + "]}");
-        write(SESSIONS_FILE, "[" + strSessions + "]");
     }
 
     /// A request as a browser sends it from the camera's own page.

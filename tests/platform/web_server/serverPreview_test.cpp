@@ -142,7 +142,6 @@ TEST_F(PreviewProxy, EndsWithTheSession)
     start();
     auto [viewer, preview] = watch();
     bSessionOpen = false;
-    EXPECT_TRUE(viewer.isEnded());
-    EXPECT_TRUE(preview.isEnded());
+    EXPECT_TRUE(viewer.isEnded() && preview.isEnded());
 }
 } // namespace

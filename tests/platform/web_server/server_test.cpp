@@ -147,21 +147,19 @@ TEST_F(ServerTest, WhoIsSlowLosesOnlyItsOwnConnection)
 {
     config.s64RequestMs = config.s64IdleMs = config.s64AnswerMs = 60;
     start();
-    const std::tuple<const char *, std::string, int> ROWS[] = {
-        {"silent", "", 0}, // ended without an answer
-        {"half a head", "GET / HTTP/1.1\r\nA: ", 408},
-        {"half a body", "POST /echo HTTP/1.1\r\nContent-Length: 10\r\n\r\nabc", 408},
-        {"a camera that does not answer", post("/call", ""), 504},
+    const std::pair<std::string, int> ROWS[] = {
+        {"", 0}, // ended without an answer
+        {"GET / HTTP/1.1\r\nA: ", 408},
+        {"POST /echo HTTP/1.1\r\nContent-Length: 10\r\n\r\nabc", 408},
+        {post("/call", ""), 504}, // a camera that does not answer
+        {get("/echo"), 200},      // and no second request
     };
-    for (const auto &[pcName, strBytes, s32Status] : ROWS) {
+    for (const auto &[strBytes, s32Status] : ROWS) {
         Peer peer = connect();
-        if (!strBytes.empty()) peer.send(strBytes);
-        EXPECT_EQ(peer.readAnswer().s32Status, s32Status) << pcName;
-        EXPECT_TRUE(peer.isEnded()) << pcName;
+        peer.send(strBytes);
+        EXPECT_EQ(peer.readAnswer().s32Status, s32Status) << strBytes;
+        EXPECT_TRUE(peer.isEnded()) << strBytes;
     }
-    Peer idle = connect();
-    EXPECT_EQ(idle.ask(get("/echo")).s32Status, 200);
-    EXPECT_TRUE(idle.isEnded()) << "no second request";
     camera_double::next().fnAnswer(WEB_CLIENT_RESULT_E_OK, "too late for anybody");
     EXPECT_EQ(connect().ask(get("/echo")).s32Status, 200);
 }
@@ -291,9 +289,8 @@ TEST_F(ServerTest, TellsNewsToEveryPage)
     server().setCamera(true);
     server().tell(R"({"preset":3})");
     for (Peer *pst : {&first, &second}) {
-        EXPECT_THAT(pst->readUntil("true}\n\n"), EndsWith("data: {\"camera\":true}\n\n"));
-        EXPECT_THAT(pst->readUntil("3}\n\n"), EndsWith("data: {\"preset\":3}\n\n"));
-        EXPECT_THAT(pst->readUntil(":\n\n"), EndsWith(":\n\n")) << "sign of life";
+        for (const char *pcEnd : {"data: {\"camera\":true}\n\n", "data: {\"preset\":3}\n\n", ":\n\n"}) // a sign of life
+            EXPECT_THAT(pst->readUntil(pcEnd), EndsWith(pcEnd));
     }
     first.close();
     server().tell(R"({"preset":4})");

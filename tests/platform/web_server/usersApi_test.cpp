@@ -123,8 +123,8 @@ TEST_F(UsersApiTest, AdminsManageUsers)
         // clang-format on
         EXPECT_EQ(put(pcBody), u32Status) << pcBody;
     EXPECT_EQ(reply(logic.handle(request("GET", "/users", strAdmin))).strBody,
-              R"([{"user":"viewer","role":"viewer"},{"user":"operator","role":"operator"},)"
-              R"({"user":"admin","role":"admin"},{"user":"bob","role":"viewer"}])");
+              R"([{"user":"admin","role":"admin"},{"user":"viewer","role":"viewer"},)"
+              R"({"user":"operator","role":"operator"},{"user":"bob","role":"viewer"}])");
     EXPECT_EQ(logIn(logic, "bob", "12345678"), 200U);
     const std::string strBob = given(m_stLast);
 
