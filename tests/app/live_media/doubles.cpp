@@ -13,7 +13,7 @@ struct RTSP_MEDIA_SUBSESSION_T {
     std::string strStream;
 };
 struct RTSP_MEDIA_SESSION_T {
-    std::string strName, strStreams;
+    std::string strName, strStreams{};
     bool bAdded = false;
 };
 
@@ -84,7 +84,7 @@ BU_S32 RTSP_ServiceStop()
 }
 BU_S32 RTSP_createMediaSession(Session **ppst, const BU_CHAR *pcName)
 {
-    *ppst = &g_pstState->sessions.emplace_back(Session{pcName, "", false});
+    *ppst = &g_pstState->sessions.emplace_back(Session{pcName});
     return note(__func__, pcName);
 }
 BU_S32 RTSP_destroyMediaSession(Session **ppst)

@@ -10,8 +10,8 @@ namespace
 {
 TEST_F(LiveMedia, StartsTheOutputsInOrderAndStopsThem)
 {
-    for (const char *pcKey : {"2", "3", "4"})
-        CFG_STORE_SetText(("LiveMedia/" + std::string(pcKey) + "/rtsp/Enable").c_str(), "0");
+    for (const char *pcKey : {"LiveMedia/2/rtsp/Enable", "LiveMedia/3/rtsp/Enable", "LiveMedia/4/rtsp/Enable"})
+        CFG_STORE_SetText(pcKey, "0");
     EXPECT_EQ(APP_LM_Init(), 0);
     EXPECT_THAT(
         journal::effects(),
@@ -171,8 +171,7 @@ TEST_F(LiveMedia, ThePreviewStartsOnceAndKeepsItsChannels)
     EXPECT_EQ(APP_LM_WS_Init(), -3);
     EXPECT_EQ(journal::effects().size(), 4U);
     EXPECT_EQ(APP_LM_WS_DeInit(), 0);
-    EXPECT_EQ(APP_LM_WS_Init(), 0);
-    EXPECT_EQ(APP_LM_WS_Init(), 0);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(APP_LM_WS_Init(), 0);
     EXPECT_THAT(journal::effects(), ElementsAre("WEBSOCKET_StartService(12345)"));
     journal::inject("WEBSOCKET_StopService", -4);
     EXPECT_EQ(APP_LM_WS_DeInit(), -4);

@@ -87,9 +87,7 @@ TEST_F(LiveMediaStore, EveryFieldHasItsKeyBothWays)
         CFG_STORE_Open(nullptr);
     }
 }
-// clang-format on
 
-// clang-format off
 TEST_F(LiveMediaStore, SessionNamesAreUsableInAUrlAndUnique)
 {
     const struct { std::string strName; BU_BOOL bEnabled; BU_S32 s32Result; } rows[] = {

@@ -95,8 +95,7 @@ TEST_F(WebRpcTest, SlowHandlersLeaveAReaderThatSaysBusy)
         const auto st = peer.answer();
         ASSERT_EQ(std::pair(st.s32Result, st.u32Id), std::pair(BU_S32{WEB_CLIENT_RESULT_E_BUSY}, i));
     }
-    second.call(1000, GATED, request(1)); // not kept out by the other
-    second.call(1001, SUM, request(1));
+    for (const BU_U32 u32Event : {GATED, SUM}) second.call(1000, u32Event, request(1)); // not kept out by the other
     gate().open();
     for (int i = 0; i < 2; ++i) EXPECT_EQ(second.answer().s32Result, WEB_CLIENT_RESULT_E_OK);
     for (int i = 0; i < 68; ++i) EXPECT_EQ(peer.answer().s32Result, WEB_CLIENT_RESULT_E_OK);
@@ -110,8 +109,7 @@ TEST_F(WebRpcTest, WhoGoesOrDoesNotReadDelaysNobody)
         const Peer gone;
         for (BU_U32 i = 0; i < 8; ++i) gone.call(i, GATED_EVENTS[i], request(1));
         gate().waitFor(4);
-        gone.call(8, COUNT, request(1));
-        gone.call(9, COUNT, request(1));
+        for (BU_U32 i = 8; i < 10; ++i) gone.call(i, COUNT, request(1));
     }
     gate().open();
     BU_S32 s32Own = 0, s32All = 0;

@@ -21,7 +21,8 @@ protected:
         std::string strPath = stRoute.pcPath;
         // clang-format off
         for (const auto &[pcPattern, pcName] :
-             {std::pair{"/api/*", "WEB_RPC_EVENT_GROUP_E_GET_PT"}, {"/presets/*", "1.jpg"}, {"/preview/*", "ch2"}, {"/*", "js/app.js"}, {"/users/*", "nobody"}})
+             {std::pair{"/api/*", "WEB_RPC_EVENT_GROUP_E_GET_PT"}, {"/presets/*", "1.jpg"}, {"/preview/*", "ch2"},
+              {"/*", "js/app.js"}, {"/users/*", "nobody"}})
             // clang-format on
             if (strPath == pcPattern) strPath.replace(strPath.size() - 1, 1, pcName);
         Request stRequest = request(stRoute.pcMethod, strPath, strToken, stRoute.bodyMax > 0 ? "{}" : "");
@@ -68,7 +69,8 @@ TEST_F(RoutesTest, WhatIsNotListedIsDenied)
         {"GET", "/presets/.jpg", 404, ""}, {"GET", "/presets/1", 404, ""}, {"GET", "/presets/1.png", 404, ""},
         {"GET", "/presets/01.jpg", 404, ""}, {"GET", "/presets/-1.jpg", 404, ""}, {"GET", "/presets/1000.jpg", 404, ""},
         {"GET", "/presets/+1.jpg", 404, ""}, {"GET", "/presets/1%00.jpg", 404, ""}, {"GET", "/presets/..jpg", 404, ""},
-        {"GET", "/presets/..%2fusers.json.jpg", 404, ""}, {"GET", "/presets/1.jpg.jpg", 404, ""}, {"GET", "/presets/1 .jpg", 404, ""},
+        {"GET", "/presets/..%2fusers.json.jpg", 404, ""}, {"GET", "/presets/1.jpg.jpg", 404, ""},
+        {"GET", "/presets/1 .jpg", 404, ""},
     };
     // clang-format on
     for (const auto &[pcMethod, pcPath, u32Status, pcAllow] : ROWS) {

@@ -117,9 +117,10 @@ TEST_F(UsersApiTest, AdminsManageUsers)
     const auto put = [&](const char *pcBody) { return ask("POST", "/users", strAdmin, pcBody); };
     // clang-format off
     for (const auto &[pcBody, u32Status] : {
-             std::pair(R"({"user":"bob","password":"12345678","role":"viewer"})", 200U), {R"({"user":"eve","role":"viewer"})", 400U},
-             {R"({"user":"eve","password":"12345678"})", 400U}, {R"({"user":"eve","password":"12345678","role":"king"})", 400U},
-             {R"({"user":"../eve","password":"12345678","role":"viewer"})", 400U}, {R"({"user":"admin","role":"viewer"})", 409U}})
+             std::pair(R"({"user":"bob","password":"12345678","role":"viewer"})", 200U),
+             {R"({"user":"eve","password":"12345678","role":"king"})", 400U}, {R"({"user":"eve","role":"viewer"})", 400U},
+             {R"({"user":"../eve","password":"12345678","role":"viewer"})", 400U},
+             {R"({"user":"eve","password":"12345678"})", 400U}, {R"({"user":"admin","role":"viewer"})", 409U}})
         // clang-format on
         EXPECT_EQ(put(pcBody), u32Status) << pcBody;
     EXPECT_EQ(reply(logic.handle(request("GET", "/users", strAdmin))).strBody,

@@ -86,7 +86,8 @@ TEST_F(UsersTest, ADamagedFileLetsNobodyInAndStaysAsItIs)
              ""s, strList + strUser, R"({"version":2,"users":[)" + strUser + "]}", strList + "]}",
              strList + strUser + "," + strUser + "]}", strList + R"({"name":"ann","role":"king","hash":"$h"}]})",
              strList + R"({"name":"a b","role":"admin","hash":"$h"}]})", strList + R"("ann"]})",
-             strList + R"({"name":"ann","role":"admin","hash":""}]})", strList + R"({"name":"ann","role":"admin"}]})"}) {
+             strList + R"({"name":"ann","role":"admin","hash":""}]})",
+             strList + R"({"name":"ann","role":"admin"}]})"}) {
         // clang-format on
         write(USERS_FILE, strText);
         Users users;
