@@ -118,7 +118,8 @@ TEST_F(UsersApiTest, AdminsManageUsers)
     // clang-format off
     for (const auto &[pcBody, u32Status] : {
              std::pair(R"({"user":"bob","password":"12345678","role":"viewer"})", 200U),
-             {R"({"user":"eve","password":"12345678","role":"king"})", 400U}, {R"({"user":"eve","role":"viewer"})", 400U},
+             {R"({"user":"eve","password":"12345678","role":"king"})", 400U},
+             {R"({"user":"eve","role":"viewer"})", 400U},
              {R"({"user":"../eve","password":"12345678","role":"viewer"})", 400U},
              {R"({"user":"eve","password":"12345678"})", 400U}, {R"({"user":"admin","role":"viewer"})", 409U}})
         // clang-format on
