@@ -56,6 +56,22 @@ TEST(MenuPainter, TheSelectedRowIsObvious)
     }
 }
 
+/// Sums of all channels in quarters across and thirds down, weighed so that no part moves unseen.
+TEST(MenuPainter, ThePageLooksAsItDid)
+{
+    menu::View view = viewOf("A 1.2");
+    view.listRows[0].bHeading = view.listRows[1].bOpens = view.listRows[2].bPending = true;
+    view.listRows[3].s32Permille = 400, view.listRows[4].s32Cursor = 2, view.s32First = 3, view.s32Total = 12;
+    const auto surface = menu::paintPage(view, 640, 540);
+    std::array<unsigned, 12> sums{};
+    for (int y = 0; y < 540; ++y)
+        for (int x = 0; x < 640; ++x)
+            for (const int s32Shift : {0, 8, 16, 24})
+                sums[x / 160 + y / 180 * 4] += (pixel(*surface, x, y) >> s32Shift & 0xFF) * (x % 16 + y % 16);
+    EXPECT_THAT(sums, testing::ElementsAre(144176954, 134652240, 134652240, 129404205, 177614934, 169536240, 166170240,
+                                           170114775, 134780150, 133564240, 133564240, 131388552));
+}
+
 constexpr menu::Font FONT{draw::Face::REGULAR, 20};
 
 TEST(MenuPainter, CutTextsKeepWholeCharacters)

@@ -1,4 +1,5 @@
 // A video file as the scene. The file is raw and made by hand: pictures of one brightness each, 25 a second.
+#include "support/hex.h"
 #include "support/picture.h"
 
 #include "support/platformTest.h"
@@ -36,13 +37,33 @@ struct Film : PlatformTest {
 
 TEST_F(Film, FollowsTheTimeAndLoops)
 {
-    const Scene scene(SCENE_Open(file("film.y4m", video({50, 80, 110, 140})).c_str()));
-    // forward, passing one over; around, far ahead, back
-    // clang-format off
-    for (const auto &[s64Ms, s32Luma] : {std::pair<BU_S64, int>{0, 50}, {39, 50}, {40, 80}, {60, 80}, {130, 140},
-         {159, 140}, {160, 50}, {205, 80}, {1680, 110}, {80, 110}, {0, 50}})
-        // clang-format on
-        EXPECT_NEAR(middleOf(scene.get(), s64Ms * 1000), s32Luma, 1) << s64Ms << " ms";
+    // H.264 of 16x16, its pictures without times
+    const Bytes untimed =
+        bytes("00 00 00 01 67 64 10 0a ac bb d0 80 00 00 03 00 80 00 00 19 02 00 00 01 68 ee 01 0c b2 2c 00 00 01 65 "
+              "88 84 3a fe f7 81 bf 32 cb 1f e6 61 00 00 01 65 88 82 0e bf fe f7 81 bf 32 ca a5 89 60 00 00 01 65 88 "
+              "84 3a fe f7 81 bf 32 c7 e4 5f 00 00 01 65 88 82 0e bf fe f7 81 bf 32 c6 46 68");
+    for (const std::string &strPath :
+         {file("film.y4m", video({50, 80, 110, 140})), file("film.h264", {untimed.begin(), untimed.end()})}) {
+        const Scene scene(SCENE_Open(strPath.c_str()));
+        // forward, passing one over; around, far ahead, back
+        // clang-format off
+        for (const auto &[s64Ms, s32Luma] : {std::pair<BU_S64, int>{0, 50}, {39, 50}, {40, 80}, {60, 80}, {130, 140},
+             {159, 140}, {160, 50}, {205, 80}, {1680, 110}, {80, 110}, {0, 50}})
+            // clang-format on
+            EXPECT_NEAR(middleOf(scene.get(), s64Ms * 1000), s32Luma, 1) << s64Ms << " ms";
+    }
+}
+
+TEST_F(Film, HasNoMoreThan4096Pixels)
+{
+    for (const auto &[w, h] : {std::pair{4096, 16}, {4097, 16}, {16, 4096}, {16, 4098}}) {
+        std::string str = "YUV4MPEG2 W" + std::to_string(w) + " H" + std::to_string(h) + " F25:1\nFRAME\n";
+        for (int i = 0; i < w * h; ++i) str += (i % w + i / w) % 2 ? '\x50' : '\x20'; // half the size makes it grey
+        const Scene scene(SCENE_Open(file("large.y4m", str + std::string(str.size(), '\x7f')).c_str()));
+        Picture picture(64, 64);
+        SCENE_RenderCloseUp(scene.get(), {.fMagnification = 4}, 0, picture.frame());
+        EXPECT_EQ(picture.steps(1, 0) > 1000, w + h == 4096 + 16) << w << 'x' << h;
+    }
 }
 
 TEST_F(Film, IsMappedOverItsPartOfTheSurroundings)

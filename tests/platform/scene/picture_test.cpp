@@ -52,6 +52,10 @@ TEST(Settings, MakeOfOnePixelAnother)
         {manual(-1), {116, 156, 128}, {89, 148, 128}}, // 100 and 28 times 0.7297
         {manual(1), {76, 128, 128}, {98, 128, 128}}, // 60 / 0.7297
         {manual(2), {235, 128, 128}, {235, 128, 128}}, // white stays white
+        {SET(fIrisF = 4), {116, 128, 128}, {69, 128, 128}}, // two stops darker
+        {SET(fIrisF = 0), {116, 128, 128}, {17, 128, 128}}, // shut
+        {SET(afColourSat[4] = 1), {100, 220, 116}, {100, 240, 104}}, // clips
+        {SET(afColourSat[1] = 1), {100, 40, 134}, {100, 16, 140}},
         {SET(s32Wdr = 6), {16, 128, 128}, {16, 128, 128}}, {SET(s32Wdr = 6), {235, 128, 128}, {235, 128, 128}},
         {SET(s32Wdr = 6), {64, 128, 128}, {112, 128, 128}}, // 2.8 x / (1 + 1.8 x), x = 48 / 219
         {SET(enStyle = USB_STYLE), {64, 190, 128}, {65, 193, 128}}, // slope 2^0.04, +2.7; 62 * 1.05
@@ -123,6 +127,9 @@ TEST(Noise, GrowsWithGainAndShrinksWithReduction)
     EXPECT_GT(grain(12, 0), 0.8);
     EXPECT_GT(grain(27, 0), 2 * grain(12, 0));
     EXPECT_LT(grain(20, 1), 0.6 * grain(20, 0));
+    Picture out = applied(with([](auto &st) { manual(-4)(st), st.fGainDb = 24; }), Picture(44, 16, 125));
+    EXPECT_THAT((std::array{out.y(0, 9), out.y(1, 9), out.y(31, 9), out.y(32, 9), out.y(43, 9)}),
+                testing::ElementsAre(124, 129, 133, 129, 120));
 }
 
 TEST(Flicker, ShowsBandsUnlessTheShutterFitsTheLamps)
@@ -189,8 +196,8 @@ TEST(Settling, TakesAboutASecond)
 
     st.enWbMode = WB_MODE_E_INDOOR; // set by hand: at once
     show(100, 21 * SECOND);
-    EXPECT_GT(stState.afWb[2], 1.1F);
-    st.enWbMode = WB_MODE_E_AUTO; // finds its way back in time
+    EXPECT_NEAR(stState.afWb[2], 1.1702F, 5e-5); // the root of 4300 / 3200, over the grey
+    st.enWbMode = WB_MODE_E_AUTO;                // finds its way back in time
     show(100, 21 * SECOND + SECOND / 10);
     EXPECT_GT(stState.afWb[2], 1.1F);
     show(100, 30 * SECOND);

@@ -128,5 +128,10 @@ TEST_F(ReadSettings, ViewFollowsHeadAndLens)
     clock().advance(20'000);
     EXPECT_NEAR(view().fDefocus, 0, 0.02);
     EXPECT_EQ(PICTURE_ReadView(nullptr), -1);
+    for (const char *pc : {"BSP_PTGetCurPos", "PTZ_API_GetFieldOfView", "AF_API_GetFocusPos", "PTZ_API_GetZoomPos"}) {
+        SCENE_VIEW_S st;
+        journal::inject(pc, 7);
+        EXPECT_EQ(PICTURE_ReadView(&st), -1) << pc;
+    }
 }
 } // namespace

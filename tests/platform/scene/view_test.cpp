@@ -1,3 +1,4 @@
+#include "draw/canvas.h"
 #include "support/picture.h"
 
 #include <gmock/gmock.h>
@@ -60,6 +61,10 @@ TEST_F(View, CrossStandsWhereItsDirectionIs)
         // The arms are a quarter of a degree, 21 pixels long.
         EXPECT_NEAR(lineAt(picture, y + 4, y + 18, true), x, 1) << fPan << '/' << fTilt;
         EXPECT_NEAR(lineAt(picture, x - 18, x - 4, false), y, 1) << fPan << '/' << fTilt;
+    }
+    for (const float f : {1.0F, 1.03F}) { // from afar, up to 12 pixels a degree, there are none
+        Picture picture = closeUp(scene.get(), {.fPan = 30, .fTilt = 10, .fMagnification = f}, 0, 720, 360);
+        EXPECT_EQ(picture.y(360, 180) > picture.y(356, 176) + 24, f > 1) << f;
     }
 }
 
@@ -202,6 +207,27 @@ TEST_F(View, BadFramesAndScenes)
     EXPECT_EQ(render(nullptr, 64, 64), stRefused);
     EXPECT_EQ(render(scene.get(), 64, 64), std::pair(0, 0));
     SCENE_Close(nullptr);
+}
+
+/// Ink of every letter, weighed by its place; then of all of them so small that thin lines do.
+TEST(Canvas, LettersKeepTheirStrokes)
+{
+    std::vector<int> inks;
+    const auto draw = [&](std::string_view strText, float fHeight) {
+        Picture picture(640, 48, 16);
+        draw::Canvas(picture.frame()).text(strText, {4, 40}, fHeight, {{1, 1, 1}});
+        int &s32Sum = inks.emplace_back();
+        for (BU_S32 i = 0; i < 640 * 48; ++i) s32Sum += (picture.y(i % 640, i / 640) - 16) * (i % 640 + i / 320);
+    };
+    const std::string strAll = "%+-./0123456789:ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    for (std::size_t i = 0; i < strAll.size(); ++i) draw(strAll.substr(i, 1), 30);
+    draw(strAll, 12);
+    for (int &s32 : inks) s32 /= 1000;
+    // clang-format off
+    EXPECT_EQ(inks, (std::vector{2859, 2605, 1440, 318, 2428, 5476, 3417, 5338, 5524, 4479, 5386, 5952, 2949, 6379, 5977,
+        431, 4748, 6710, 4283, 5288, 5125, 3280, 5707, 5072, 3225, 4011, 4795, 3572, 5496, 5859, 5476, 3968, 6566, 5436,
+        5341, 2678, 5101, 3855, 5675, 4559, 2958, 4797, 159374}));
+    // clang-format on
 }
 
 TEST(Scale, KeepsPlaceAndBrightness)
