@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *pu8Data, size_t size)
             const overip::Received received = overip::receive(datagram, peer.sequence);
             stFrom.stIpMsg.enMsgType = received.enMsgType;
             if (received.enKind == overip::Received::Deliver) s_turn.addPacket(u16Lane, stFrom, received.packet);
-            if (received.enKind == overip::Received::Answer) transmit(stFrom, received.answer.bytes());
+            if (received.answer.u8Size > 0) transmit(stFrom, received.answer.bytes());
         }
         s_turn.process();
     }

@@ -25,9 +25,10 @@ struct Sequence {
 
 struct Received {
     enum Kind : BU_U8 {
-        Drop,    ///< too short for a header: there is nothing to answer to
+        Drop,    ///< too short for a header, or itself an answer or an error, which are never answered
         Deliver, ///< `packet` is a message of the controller
-        Answer   ///< `answer` is the payload of the answer
+        Answer,  ///< `answer` is the payload of the answer
+        Refuse   ///< the same, of an error
     } enKind = Drop;
     std::span<const BU_U8> packet;
     Packet answer;

@@ -11,7 +11,8 @@
 namespace visca
 {
 struct UdpPeer {
-    Peer peer;
+    ErrorLimit errors;
+    Peer peer{{}, &errors}; ///< stays where it is
     overip::Sequence sequence;
     BU_U64 u64Key = 0;
     BU_U32 u32Turn = 0; ///< the turn that last heard of it, and its lane there

@@ -30,7 +30,7 @@ void receive(UART_INSTANCE_TYPE enPort, const BU_U8 *pu8Data, BU_U32 u32Len)
     std::span stream(pu8Data, u32Len);
     while (const auto result = port.splitter.next(stream)) {
         if (result->bTooLong) {
-            refuseLength(result->packet[0], stFrom);
+            refuseLength(result->packet[0], stFrom, port.peer);
             continue;
         }
         accept(result->packet, stFrom, port.peer, port.job);

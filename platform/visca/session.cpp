@@ -4,6 +4,7 @@
 #include "camera/menu.h"
 #include "camera/motion.h"
 #include "camera/power.h"
+#include "util/time.h"
 
 #include <algorithm>
 
@@ -14,21 +15,33 @@ namespace
 constexpr std::array<BU_U8, 3> CLEAR = {0x01, 0x00, 0x01};
 constexpr BU_U8 SILENT = 0;
 
+bool isDatagram(const VISCA_MSG_PRI_S &stPri)
+{
+    return stPri.enFrom == CMD_FROM_E_OVER_IP_IN || stPri.enFrom == CMD_FROM_E_NET_UDP_IN;
+}
+
 void refuse(const VISCA_MSG_PRI_S &stPri, BU_U8 u8Socket, Fault enFault)
 {
     transmit(stPri, faultOf(answerAddress(stPri), u8Socket, enFault).bytes());
 }
 
+/// Answers a packet that means nothing, unless its controller has been told of too many. @return false
+bool refusePacket(const VISCA_MSG_PRI_S &stPri, Peer &peer, Fault enFault)
+{
+    if (!peer.pstErrors || peer.pstErrors->takeOfMany(UTIL_TIME_NowMs())) refuse(stPri, 0, enFault);
+    return false;
+}
+
 /// Checks head and framing; answers what is wrong. @return whether the packet is for this camera and whole
-bool isForUs(std::span<const BU_U8> packet, VISCA_MSG_PRI_S &stFrom)
+bool isForUs(std::span<const BU_U8> packet, VISCA_MSG_PRI_S &stFrom, Peer &peer)
 {
     const BU_U8 u8Address = packet.empty() ? SILENT : addressOf(packet[0]);
     const bool bHead = !packet.empty() && (packet[0] & 0xF0) == 0x80 && u8Address >= 1 && u8Address <= 8;
     if (isSerial(stFrom) && (!bHead || (u8Address != 8 && u8Address != library().u8Address))) return false;
-    if (!bHead) return refuse(stFrom, 0, Fault::Syntax), false;
+    if (!bHead) return refusePacket(stFrom, peer, Fault::Syntax);
     origin::setAddress(stFrom, u8Address);
-    if (packet.size() < MIN_PACKET || packet.size() > MAX_PACKET) return refuse(stFrom, 0, Fault::Length), false;
-    if (std::ranges::find(packet, TERMINATOR) != packet.end() - 1) return refuse(stFrom, 0, Fault::Syntax), false;
+    if (packet.size() < MIN_PACKET || packet.size() > MAX_PACKET) return refusePacket(stFrom, peer, Fault::Length);
+    if (std::ranges::find(packet, TERMINATOR) != packet.end() - 1) return refusePacket(stFrom, peer, Fault::Syntax);
     return true;
 }
 
@@ -38,7 +51,10 @@ void acceptClear(std::span<const BU_U8> packet, const VISCA_MSG_PRI_S &stFrom, P
         if (const auto ended = library().sockets.closeSocket(peer, u8Socket)) job.u8StopMotors |= ended->u8Motors;
     job.enKind = Job::Clear;
     const BU_U8 au8Done[] = {replyHead(answerAddress(stFrom)), 0x50, TERMINATOR};
-    transmit(stFrom, packet[0] == BROADCAST ? packet : std::span<const BU_U8>(au8Done));
+    if (packet[0] != BROADCAST)
+        transmit(stFrom, au8Done);
+    else if (!isDatagram(stFrom)) // another camera would take its answer, which is the same packet, for a command
+        transmit(stFrom, packet);
 }
 
 void acceptCancel(const VISCA_MSG_PRI_S &stFrom, Peer &peer, Job &job)
@@ -176,10 +192,13 @@ void accept(std::span<const BU_U8> packet, VISCA_MSG_PRI_S stFrom, Peer &peer, J
 {
     job.enKind = Job::None;
     job.u8StopMotors = NO_MOTOR;
-    if (!isForUs(packet, stFrom)) return;
+    if (!isForUs(packet, stFrom, peer)) return;
     if (std::ranges::equal(packet.subspan(1, packet.size() - 2), CLEAR)) return acceptClear(packet, stFrom, peer, job);
     job.pstRow = decode(packet, job.stInfo);
-    if (!job.pstRow) return refuse(stFrom, 0, Fault::Syntax);
+    if (!job.pstRow) {
+        refusePacket(stFrom, peer, Fault::Syntax);
+        return;
+    }
     stFrom.enMsgType = job.pstRow->enType;
     if (job.pstRow->isInquiry())
         acceptInquiry(stFrom, job);
@@ -192,10 +211,10 @@ void accept(std::span<const BU_U8> packet, VISCA_MSG_PRI_S stFrom, Peer &peer, J
     job.stInfo.stMsgPri = stFrom;
 }
 
-void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom)
+void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom, Peer &peer)
 {
     const std::array<BU_U8, MAX_PACKET + 1> au8TooLong{u8Head};
-    isForUs(au8TooLong, stFrom);
+    isForUs(au8TooLong, stFrom, peer);
 }
 
 void run(Job &job, const std::function<void()> &fnFlush)

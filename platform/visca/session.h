@@ -39,7 +39,7 @@ void accept(std::span<const BU_U8> packet, VISCA_MSG_PRI_S stFrom, Peer &peer, J
 /// @param fnFlush  sends the answers that have been gathered
 void run(Job &job, const std::function<void()> &fnFlush);
 /// Answers a packet that was too long to be held.
-void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom);
+void refuseLength(BU_U8 u8Head, VISCA_MSG_PRI_S stFrom, Peer &peer);
 
 /// Sends an answer through the transmitter of the message's origin. @return its result; 0 where there is none
 BU_S32 transmit(const VISCA_MSG_PRI_S &stPri, std::span<const BU_U8> bytes);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "codec.h"
+#include "errorLimit.h"
 
 #include <array>
 #include <atomic>
@@ -26,9 +27,11 @@ void setTicket(VISCA_MSG_PRI_S &stPri, BU_U32 u32Ticket);
 void setAddress(VISCA_MSG_PRI_S &stPri, BU_U8 u8Address);
 } // namespace origin
 
-/// The two sockets of one controller. Guarded by the lock of Sockets.
+/// What is known of one controller.
 struct Peer {
-    std::array<BU_U32, 2> au32Ticket{}; ///< of the command that holds the socket; 0: free
+    std::array<BU_U32, 2>
+        au32Ticket{};                ///< of the command that holds the socket; 0: free. Guarded by the lock of Sockets
+    ErrorLimit *pstErrors = nullptr; ///< of the receiver's thread; null: no limit
 };
 
 /// A command that was taken out of its socket.

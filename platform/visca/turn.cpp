@@ -68,7 +68,9 @@ bool Turn::fetch(Lane &lane)
 {
     while (lane.packet.empty() && lane.u16First != NONE) {
         Source &source = m_source[lane.u16First];
-        if (!fetchFrom(lane, source)) lane.u16First = source.u16Next;
+        if (fetchFrom(lane, source)) break;
+        lane.u16First = source.u16Next;
+        if (lane.pstPeer->pstErrors) lane.pstPeer->pstErrors->endDatagram();
     }
     return !lane.packet.empty();
 }
@@ -77,7 +79,7 @@ void Turn::acceptNext(Lane &lane)
 {
     lane.job.enKind = Job::None;
     if (lane.bTooLong)
-        refuseLength(lane.packet[0], lane.stFrom);
+        refuseLength(lane.packet[0], lane.stFrom, *lane.pstPeer);
     else
         accept(lane.packet, lane.stFrom, *lane.pstPeer, lane.job);
     lane.packet = {};

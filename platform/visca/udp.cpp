@@ -1,6 +1,8 @@
 // What a datagram is, and where its answer goes.
 #include "udp.h"
 
+#include "util/time.h"
+
 namespace visca
 {
 namespace
@@ -55,7 +57,8 @@ void UdpPorts::addDatagram(CMD_FROM_E enFrom, const sockaddr_in &stFrom, std::sp
     stPri.stIpMsg.u32SnNum = received.u32Sequence;
     if (received.enKind == overip::Received::Deliver)
         turn.addPacket(peer.u16Lane, stPri, received.packet);
-    else if (received.enKind == overip::Received::Answer)
+    else if (received.enKind == overip::Received::Answer ||
+             (received.enKind == overip::Received::Refuse && peer.errors.take(UTIL_TIME_NowMs())))
         transmit(stPri, received.answer.bytes());
 }
 

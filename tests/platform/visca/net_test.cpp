@@ -99,6 +99,45 @@ TEST_F(Network, PlainDatagramsHoldOneOrMorePackets)
     EXPECT_TRUE(a.isServed()) << "noise is not answered";
 }
 
+/// Who sends in another camera's name can neither make the two answer each other for ever nor have one flooded.
+TEST_F(Network, ForgedDatagramsAreHardlyAnswered)
+{
+    const auto answers = [](const Controller &controller) { // up to that of an inquiry, which has its answer always
+        int count = -1;
+        EXPECT_TRUE(controller.send(INQUIRY));
+        for (std::string strAnswer; strAnswer != "90 50 02 FF"; ++count)
+            if ((strAnswer = controller.receive()).empty()) return -2;
+        return count;
+    };
+    const auto repeat = [](const char *pcHex, int count) {
+        std::string strAll;
+        for (int i = 0; i < count; ++i) strAll += pcHex;
+        return strAll;
+    };
+    pend({VISCA_CMD_E_PAN_TILT});
+    const Controller over = overIp(), plain = udp();
+    for (const Controller *controller : {&over, &plain}) {
+        controller->send(std::string(ABS) + " 88 01 00 01 FF 88 30 01 FF");
+        EXPECT_EQ(controller->receive(), "90 41 FF");
+        EXPECT_EQ(controller->receive(), "88 30 02 FF") << "and the broadcast of clear has no answer";
+        controller->send(ABS);
+        EXPECT_EQ(controller->receive(), "90 41 FF") << "but it was obeyed";
+        controller->send(repeat("81 FF ", 150));
+        EXPECT_EQ(answers(*controller), 8);
+    }
+    clock().advance(1000);
+    for (int second = 0; second < 2; ++second) {
+        for (int i = 0; i < 60; ++i) over.send("07 77 00 01 00 00 00 01 00");
+        EXPECT_EQ(answers(over), 50);
+        clock().advance(999);
+        over.send("07 77 00 01 00 00 00 01 00");
+        plain.send("81 FF");
+        EXPECT_EQ(answers(over), 0);
+        EXPECT_EQ(answers(plain), 1) << "another controller";
+        clock().advance(1);
+    }
+}
+
 TEST_F(Network, StreamsArePipelinedAndCutAnywhere)
 {
     const Controller a = tcp();

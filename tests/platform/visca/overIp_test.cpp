@@ -16,6 +16,8 @@ std::string outcome(const char *pcDatagram, overip::Sequence &sequence)
     const overip::Received received = overip::receive(datagram, sequence);
     if (received.enKind == overip::Received::Drop) return "drop";
     if (received.enKind == overip::Received::Deliver) return "deliver " + hex(received.packet);
+    const bool bError = received.answer.au8[0] == 0x0F || received.answer.au8[1] == 0x60;
+    EXPECT_EQ(received.enKind == overip::Received::Refuse, bError) << pcDatagram;
     Bytes answer(overip::HEADER);
     overip::writeHeader(answer.data(), received.enMsgType, received.answer.u8Size, received.u32Sequence);
     answer.insert(answer.end(), received.answer.bytes().begin(), received.answer.bytes().end());
@@ -36,10 +38,11 @@ const Dialogue DIALOGUES[] = {
      {"02 00 00 01 00 00 00 00 01", "answer 02 01 00 01 00 00 00 00 01"},
      {"01 10 00 05 00 00 00 00 81 09 04 00 FF", "deliver 81 09 04 00 FF"}},
     // message types and control messages that are none
-    {{"01 11 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
+    {{"01 11 00 03 00 00 00 01 90 50 FF", "drop"},
+     {"02 01 00 02 00 00 00 01 0F 02", "drop"}, // answers are not answered, nor errors
      {"07 77 00 03 00 00 00 01 90 50 FF", "answer 02 01 00 02 00 00 00 01 0F 02"},
      {"02 00 00 01 00 00 00 02 05", "answer 02 01 00 02 00 00 00 02 0F 02"},
-     {"02 00 00 02 00 00 00 02 0F 01", "answer 02 01 00 02 00 00 00 02 0F 02"},
+     {"02 00 00 02 00 00 00 02 0F 01", "drop"},
      {"02 00 00 00 00 00 00 02", "answer 02 01 00 02 00 00 00 02 0F 02"}},
     // payload lengths
     {{"01 00 00 00 00 00 00 01", "answer 01 11 00 04 00 00 00 01 90 60 01 FF"},
