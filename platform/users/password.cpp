@@ -88,12 +88,12 @@ bool isToken(std::string_view strToken)
     return strToken.size() == TOKEN_CHARACTERS && std::all_of(strToken.begin(), strToken.end(), isPlain);
 }
 
-std::string digest(std::string_view strToken)
+std::string digest(std::string_view strToken, std::string_view strKey)
 {
     prepare();
     std::array<unsigned char, TOKEN_BYTES> bytes{};
     crypto_generichash(bytes.data(), bytes.size(), reinterpret_cast<const unsigned char *>(strToken.data()),
-                       strToken.size(), nullptr, 0);
+                       strToken.size(), reinterpret_cast<const unsigned char *>(strKey.data()), strKey.size());
     return asText(bytes);
 }
 } // namespace users

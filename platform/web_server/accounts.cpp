@@ -1,5 +1,6 @@
 // Logging in and out, the first set-up, and the management of users.
 #include "handlers.h"
+#include "http/headers.h"
 #include "util/log.h"
 #include "util/program.h"
 
@@ -22,10 +23,21 @@ std::string sessionJson(const Desk &stDesk, const std::string &strUser, Role enR
            ",\"version\":" + (bUser ? web_client::quoted(util::version()) : "null") + "}";
 }
 
-std::string cookie(std::string_view strToken, bool bTls)
+void setCookie(Reply &stReply, std::string_view name, std::string_view value, bool bTls, const char *pcAge = "")
 {
-    return std::string(bTls ? SECURE_SESSION_COOKIE : SESSION_COOKIE) + "=" + std::string(strToken) +
-           "; Path=/; HttpOnly; SameSite=Strict" + (bTls ? "; Secure" : "");
+    stReply.headers.emplace_back("Set-Cookie", std::string(name) + "=" + std::string(value) +
+                                                   "; Path=/; HttpOnly; SameSite=Strict" + (bTls ? "; Secure" : "") +
+                                                   pcAge);
+}
+
+/// What the browser is known by if this user has logged in from it; empty: none has.
+std::string deviceOf(const Desk &stDesk, const Request &stRequest, std::string_view strUser)
+{
+    const std::string strCookies = stRequest.strCookie.value_or("");
+    for (const char *pcName : {SECURE_DEVICE_COOKIE, DEVICE_COOKIE})
+        for (const std::string_view value : http::cookies(strCookies, pcName))
+            if (std::string strDevice = stDesk.devices.nameOf(value, strUser); !strDevice.empty()) return strDevice;
+    return {};
 }
 
 /// What came of a change of the users.
@@ -52,13 +64,14 @@ Reply outcomeOf(Change enChange)
 
 /// Who wants in, for the worker.
 struct Attempt {
-    std::string strUser, strPassword, strRemote;
+    std::string strUser, strPassword, strRemote, strDevice;
     bool bTls;
     BU_S64 s64Unix;
 
-    Attempt(const Request &stRequest, const std::string &strName, const AccountBody &stBody)
-        : strUser(strName), strPassword(stBody.password), strRemote(stRequest.strRemote), bTls(stRequest.bTls),
-          s64Unix(stRequest.s64Unix)
+    Attempt(const Request &stRequest, const std::string &strName, const AccountBody &stBody,
+            std::string strTheDevice = {})
+        : strUser(strName), strPassword(stBody.password), strRemote(stRequest.strRemote),
+          strDevice(std::move(strTheDevice)), bTls(stRequest.bTls), s64Unix(stRequest.s64Unix)
     {
     }
 };
@@ -66,10 +79,14 @@ struct Attempt {
 /// The reply that makes a browser logged in.
 Reply welcome(Desk &stDesk, const Attempt &stAttempt, Role enRole)
 {
-    const auto &[strUser, strPassword, strRemote, bTls, s64Unix] = stAttempt;
-    LOG_INFO("%s has logged in from %s", strUser.c_str(), strRemote.c_str());
+    const bool bTls = stAttempt.bTls;
+    const std::string &strUser = stAttempt.strUser;
+    LOG_INFO("%s has logged in from %s", strUser.c_str(), stAttempt.strRemote.c_str());
     Reply stReply = answer(sessionJson(stDesk, strUser, enRole));
-    stReply.headers.emplace_back("Set-Cookie", cookie(stDesk.sessions.open(strUser, s64Unix), bTls));
+    setCookie(stReply, bTls ? SECURE_SESSION_COOKIE : SESSION_COOKIE, stDesk.sessions.open(strUser, stAttempt.s64Unix),
+              bTls);
+    setCookie(stReply, bTls ? SECURE_DEVICE_COOKIE : DEVICE_COOKIE, stDesk.devices.issue(strUser), bTls,
+              "; Max-Age=31536000");
     return stReply;
 }
 
@@ -90,7 +107,7 @@ Reply verify(Desk &stDesk, const Attempt &stAttempt)
         LOG_WARN("%s could not log in from %s", stAttempt.strUser.c_str(), stAttempt.strRemote.c_str());
         return problem(401, "the user or the password is not right");
     }
-    stDesk.throttle.succeeded(stAttempt.strRemote, stAttempt.strUser);
+    stDesk.throttle.succeeded(stAttempt.strRemote, stAttempt.strUser, stAttempt.strDevice);
     return welcome(stDesk, stAttempt, stDesk.users.role(stAttempt.strUser));
 }
 
@@ -101,9 +118,10 @@ Reply changed(Change enChange, const std::string &strAdmin, const char *pcWhat, 
     return outcomeOf(enChange);
 }
 
-std::optional<Reply> refusedByThrottle(Desk &stDesk, const Request &stRequest, std::string_view strUser)
+std::optional<Reply> refusedByThrottle(Desk &stDesk, const Request &stRequest, std::string_view strUser,
+                                       std::string_view strDevice)
 {
-    const BU_S64 s64WaitMs = stDesk.throttle.begin(stRequest.strRemote, strUser, stRequest.s64NowMs);
+    const BU_S64 s64WaitMs = stDesk.throttle.begin(stRequest.strRemote, strUser, stRequest.s64NowMs, strDevice);
     if (s64WaitMs == 0) return std::nullopt;
     Reply stReply = problem(429, "too many attempts: wait, then try again");
     stReply.headers.emplace_back("Retry-After", std::to_string((s64WaitMs + 999) / 1000));
@@ -140,9 +158,11 @@ Outcome logIn(Desk &stDesk, const Visit &stVisit, const AccountBody &stBody)
     const std::string strUser = isUserName(stBody.user) ? stBody.user : "?";
     if (stDesk.users.isDamaged()) return problem(503, LIST_DAMAGED);
     if (stDesk.users.isEmpty()) return problem(409, "there is no user yet: set up the camera first");
-    if (auto stRefusal = refusedByThrottle(stDesk, stVisit.stRequest, strUser)) return *stRefusal;
-    return Work{
-        [&stDesk, stAttempt = Attempt(stVisit.stRequest, strUser, stBody)] { return verify(stDesk, stAttempt); }};
+    const std::string strDevice = deviceOf(stDesk, stVisit.stRequest, strUser);
+    if (auto stRefusal = refusedByThrottle(stDesk, stVisit.stRequest, strUser, strDevice)) return *stRefusal;
+    return Work{[&stDesk, stAttempt = Attempt(stVisit.stRequest, strUser, stBody, strDevice)] {
+        return verify(stDesk, stAttempt);
+    }};
 }
 
 Outcome logOut(Desk &stDesk, const Visit &stVisit)
@@ -150,7 +170,7 @@ Outcome logOut(Desk &stDesk, const Visit &stVisit)
     return Work{[&stDesk, strSession = stVisit.strSession, bTls = stVisit.stRequest.bTls]() -> Reply {
         stDesk.sessions.end(strSession);
         Reply stReply = answer(DONE);
-        stReply.headers.emplace_back("Set-Cookie", cookie("", bTls) + "; Max-Age=0");
+        setCookie(stReply, bTls ? SECURE_SESSION_COOKIE : SESSION_COOKIE, "", bTls, "; Max-Age=0");
         return stReply;
     }};
 }
@@ -194,11 +214,12 @@ Outcome changePassword(Desk &stDesk, const Visit &stVisit, const PasswordBody &s
 {
     const std::string strOld = stBody.acOld, strNew = stBody.acNew, strUser = stVisit.strUser;
     if (const std::string strFault = passwordFault(strNew, strUser); !strFault.empty()) return problem(400, strFault);
-    if (auto stRefusal = refusedByThrottle(stDesk, stVisit.stRequest, strUser)) return *stRefusal;
+    // The session is a device of its own: strangers' failures do not keep its user from a new password.
+    if (auto stRefusal = refusedByThrottle(stDesk, stVisit.stRequest, strUser, stVisit.strSession)) return *stRefusal;
     return Work{[&stDesk, strOld, strNew, strUser, strSession = stVisit.strSession,
                  strRemote = stVisit.stRequest.strRemote]() -> Reply {
         if (!isPassword(strOld, stDesk.users.hash(strUser))) return problem(403, "the old password is not right");
-        stDesk.throttle.succeeded(strRemote, strUser);
+        stDesk.throttle.succeeded(strRemote, strUser, strSession);
         std::string strHash = hashPassword(strNew);
         if (strHash.empty()) return problem(503, OUT_OF_MEMORY);
         const Change enChange = stDesk.users.setPassword(strUser, std::move(strHash));

@@ -31,6 +31,7 @@ Everything is JSON in UTF-8. What goes wrong is answered with a status of 400 or
 | 503, 504 | the camera is not there or busy; it did not answer in time |
 
 A login gives the cookie `camera_session`, over HTTPS `__Host-camera_session`. It holds until the logout, for 12 hours without a request, and 7 days at most.
+`camera_device` beside it tells later logins that this browser is known: it need not wait because others have failed.
 A request that changes something, and a WebSocket, must come from the camera's own page or from no page (`Origin`).
 
 ```sh

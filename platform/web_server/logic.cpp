@@ -140,7 +140,7 @@ std::variant<Reply, std::pair<const Route *, Visit>> WebLogic::Impl::judge(const
 }
 
 WebLogic::WebLogic(std::string_view strHosts, std::string_view strMachine, std::string_view strFirstPassword)
-    : m_pImpl(new Impl{{{}, Sessions(std::time(nullptr)), {}, net::HostNames(strHosts, strMachine)}})
+    : m_pImpl(new Impl{{{}, Sessions(std::time(nullptr)), {}, {}, net::HostNames(strHosts, strMachine)}})
 {
     Desk &stDesk = m_pImpl->stDesk;
     if (strFirstPassword.empty() || !stDesk.users.isEmpty()) return;

@@ -4,6 +4,7 @@
 #include "net/hostRule.h"
 #include "request.h"
 #include "sessions.h"
+#include "users/devices.h"
 #include "users/throttle.h"
 #include "users/users.h"
 #include "web/layout.h"
@@ -17,6 +18,7 @@ struct Desk {
     Users users;
     Sessions sessions;
     Throttle throttle;
+    Devices devices;
     net::HostNames hosts;
     std::atomic<bool> bCamera = false;
 };
@@ -45,6 +47,8 @@ constexpr const char *SESSION_COOKIE = "camera_session";
 /// What HTTPS gives has a name of its own: a browser would not let a login by HTTP replace it. The prefix makes it
 /// refuse one of that name from anywhere else.
 constexpr const char *SECURE_SESSION_COOKIE = "__Host-camera_session";
+/// Of a browser from which somebody has logged in, see users::Devices.
+constexpr const char *DEVICE_COOKIE = "camera_device", *SECURE_DEVICE_COOKIE = "__Host-camera_device";
 
 std::span<const Route> routes();
 

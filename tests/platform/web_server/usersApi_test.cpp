@@ -84,6 +84,27 @@ TEST_F(UsersApiTest, LoginWantsTheRightPasswordAndGetsSlower)
     EXPECT_EQ(status(logic.handle(stUsers)), 200U) << "who logged in by HTTP";
 }
 
+TEST_F(UsersApiTest, ABrowserThatWasHereBeforeDoesNotWaitForStrangers)
+{
+    WebLogic logic("", "camera", "12345678");
+    ASSERT_EQ(logIn(logic, "admin", "12345678"), 200U);
+    std::string strDevice;
+    for (const auto &[strName, strValue] : m_stLast.headers)
+        if (strValue.starts_with("camera_device=")) strDevice = strValue;
+    EXPECT_THAT(strDevice, HasSubstr("; Path=/; HttpOnly; SameSite=Strict; Max-Age="));
+    const auto tryFrom = [&](const std::string &strRemote, const std::string &strCookie) {
+        Request stRequest = request("POST", "/session", {}, account("admin", "12345678"));
+        stRequest.strRemote = strRemote;
+        stRequest.strCookie = strCookie;
+        const Outcome stOutcome = logic.handle(stRequest);
+        return std::holds_alternative<Work>(stOutcome); // the password is looked at
+    };
+    for (int n = 0; n < 8; ++n) tryFrom("127.0.0." + std::to_string(2 + n % 2), "");
+    tryFrom("127.0.0.9", "");
+    EXPECT_FALSE(tryFrom("127.0.0.9", "")) << "the user's wait";
+    EXPECT_TRUE(tryFrom("127.0.0.9", strDevice.substr(0, strDevice.find(';'))));
+}
+
 TEST_F(UsersApiTest, AChangedPasswordEndsTheOtherSessions)
 {
     WebLogic logic("", "camera", "12345678");

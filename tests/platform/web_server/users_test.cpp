@@ -1,4 +1,5 @@
 #include "sessions.h"
+#include "users/devices.h"
 #include "users/password.h"
 #include "users/throttle.h"
 #include "users/users.h"
@@ -191,15 +192,17 @@ TEST(Throttle, AttemptsGetSlowerByUserAndByAddress)
     // clang-format off
     for (const auto &[pcRemote, pcUser, s64At, s64Wait] : {
              std::tuple("192.0.2.1", "ann", 1000, 1000), {"192.0.2.1", "ann", 1999, 1}, // waiting does not prolong it
-             {"192.0.2.2", "ann", 1999, 1}, {"192.0.2.1", "bob", 1999, 1}, // the same user, the same address
-             {"192.0.2.2", "bob", 1999, 0}, {"192.0.2.1", "ann", 2000, 0}, {"192.0.2.1", "ann", 2000, 2000}})
+             {"192.0.2.1", "bob", 1999, 1}, {"192.0.2.2", "bob", 1500, 0}, // the same address, another one
+             {"192.0.2.2", "ann", 1500, 0}, {"192.0.2.2", "ann", 1500, 0}, {"192.0.2.2", "ann", 1500, 1000}, // the user
+             {"192.0.2.1", "ann", 2500, 0}, {"192.0.2.1", "ann", 2500, 2000}})
         // clang-format on
         EXPECT_EQ(throttle.begin(pcRemote, pcUser, s64At), s64Wait) << pcRemote << pcUser << s64At;
 
-    BU_S64 s64Now = 2000, s64Attempts = 0;
+    BU_S64 s64Now = 2500, s64Attempts = 0;
     for (BU_S64 s64Wait = 0; s64Now < 24 * 3'600'000; s64Now += s64Wait, ++s64Attempts)
         s64Wait = std::max<BU_S64>(throttle.begin("192.0.2.1", "ann", s64Now), 1);
     EXPECT_LT(s64Attempts, 1000); // in a day
+    throttle.begin("192.0.2.9", "ann", s64Now);
     EXPECT_LE(throttle.begin("192.0.2.9", "ann", s64Now), 60'000);
     EXPECT_EQ(throttle.begin("192.0.2.1", "ann", s64Now + 3'700'000), 0);
 }
@@ -216,7 +219,40 @@ TEST(Throttle, SuccessForgivesAndStrangersDoNotMakeItForget)
         throttle.begin("10.0." + std::to_string(n / 250) + "." + std::to_string(n % 250), "u" + std::to_string(n),
                        1000);
     EXPECT_GT(throttle.begin("192.0.2.7", "bob", 1000), 0);
+    for (int n = 0; n < 2; ++n) throttle.begin("192.0.2.8", "cid", 1000);
     EXPECT_GT(throttle.begin("192.0.2.8", "cid", 1000), 0);
+    EXPECT_EQ(throttle.begin("192.0.2.7", "cid", 400'000), 0);
+    throttle.succeeded("192.0.2.7", "own account");
+    EXPECT_GT(throttle.begin("192.0.2.7", "cid", 400'000, "device"), 0)
+        << "it forgives the address, not the guessing at others";
+}
+
+TEST(Throttle, ManyAddressesDoNotLockTheOwnerOut)
+{
+    const auto stranger = [](int n) { return "10.0." + std::to_string(n / 200) + "." + std::to_string(n % 200); };
+    Throttle throttle;
+    for (BU_S64 s64Now = 1000; s64Now < 7'200'000; s64Now += 1000)
+        throttle.begin(stranger(static_cast<int>(s64Now / 1000 % 200)), "ann", s64Now);
+    EXPECT_EQ(throttle.begin("192.0.2.1", "ann", 7'200'000), 0) << "a browser that was never here";
+    for (int n = 200; n < 600; ++n) throttle.begin(stranger(n), "ann", 7'200'000);
+    EXPECT_GT(throttle.begin("192.0.2.2", "ann", 7'200'000), 0) << "new addresses are not for ever free";
+    for (int n = 0; n < 4; ++n) EXPECT_EQ(throttle.begin("192.0.2." + std::to_string(3 + n), "ann", 7'200'000, "d"), 0);
+    EXPECT_GT(throttle.begin("192.0.2.8", "ann", 7'200'000, "d"), 0) << "a stolen cookie does not guess for ever";
+    EXPECT_EQ(throttle.begin("192.0.2.8", "ann", 7'200'000, "another"), 0);
+}
+
+TEST_F(UsersTest, ADeviceIsKnownToItsUserAlone)
+{
+    const std::string strSigned = Devices().issue("ann");
+    EXPECT_EQ(std::filesystem::status(UTIL_ROOT_Path(Devices::KEY_FILE)).permissions(), std::filesystem::perms(0600));
+    const Devices again;
+    EXPECT_EQ(again.nameOf(strSigned, "ann"), strSigned.substr(0, 43));
+    EXPECT_EQ(again.nameOf(strSigned, "bob"), "");
+    for (const std::string &strForged : {strSigned.substr(0, 43), strSigned.substr(0, 86), strSigned + "A",
+                                         strSigned.substr(0, 44) + makeToken(), makeToken() + strSigned.substr(43)})
+        EXPECT_EQ(again.nameOf(strForged, "ann"), "") << strForged;
+    write(Devices::KEY_FILE, "");
+    EXPECT_EQ(Devices().nameOf(strSigned, "ann"), "") << "another key";
 }
 
 TEST(Throttle, AHostIsItsNetwork)

@@ -20,5 +20,6 @@ bool isPassword(std::string_view strPassword, const std::string &strHash);
 std::string makeToken();
 bool isToken(std::string_view strToken);
 /// What is kept of a token: it can be found again, but not made into the token.
-std::string digest(std::string_view strToken);
+/// @param strKey  64 bytes at most; without it nobody else can make the digest. Empty: everybody can
+std::string digest(std::string_view strToken, std::string_view strKey = {});
 } // namespace users
