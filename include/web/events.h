@@ -65,6 +65,17 @@ inline constexpr std::array WEB_EVENTS{
 #include "web/events.def"
 };
 
+/// Items of an event that need more than its role.
+struct WEB_ITEMS_S {
+    tag_WEB_RPC_EVENT_GROUP_E enEvent;
+    BU_U64 u64Items;
+    WEB_ROLE_E enRole;
+};
+inline constexpr WEB_ITEMS_S WEB_ITEM_ROLES[] = {
+#define WEB_ITEMS(event, items, role) WEB_ITEMS_S{event, items, WEB_ROLE_E_##role},
+#include "web/events.def"
+};
+
 /// The payload types of an event: a function type that takes them.
 template <tag_WEB_RPC_EVENT_GROUP_E> struct WEB_EVENT_HANDLER;
 #define WEB_EVENT(page, event, Req, Res, role, movements, timeout)                                                     \

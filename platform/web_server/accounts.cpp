@@ -167,10 +167,11 @@ Outcome logIn(Desk &stDesk, const Visit &stVisit, const AccountBody &stBody)
 
 Outcome logOut(Desk &stDesk, const Visit &stVisit)
 {
-    return Work{[&stDesk, strSession = stVisit.strSession, bTls = stVisit.stRequest.bTls]() -> Reply {
-        stDesk.sessions.end(strSession);
+    return Work{[&stDesk, sessions = stVisit.sessions, bTls = stVisit.stRequest.bTls]() -> Reply {
+        for (const std::string &strSession : sessions) stDesk.sessions.end(strSession);
         Reply stReply = answer(DONE);
-        setCookie(stReply, bTls ? SECURE_SESSION_COOKIE : SESSION_COOKIE, "", bTls, "; Max-Age=0");
+        setCookie(stReply, SESSION_COOKIE, "", false, "; Max-Age=0");
+        if (bTls) setCookie(stReply, SECURE_SESSION_COOKIE, "", true, "; Max-Age=0");
         return stReply;
     }};
 }

@@ -40,6 +40,7 @@ Outcome callEvent(Desk &, const Visit &stVisit)
     if (const std::string strFault = readRequest(*pstEvent, stVisit.stRequest.strBody, stCall.strImage);
         !strFault.empty())
         return problem(400, strFault);
+    if (stVisit.enRole < roleOf(*pstEvent, stCall.strImage)) return problem(403, "this user may not do that");
     stCall.strSession = stVisit.strSession;
     stCall.fnFinish = [pstEvent, strRequest = stCall.strImage](WEB_CLIENT_RESULT_E enResult,
                                                                std::string_view strImage) {

@@ -152,6 +152,16 @@ std::string linkTo(std::string_view strType)
     return "[" + shortName(strType) + "](#" + strAnchor + ")";
 }
 
+std::string roles(const WEB_EVENT_S &stEvent)
+{
+    std::string str = nameOf(roleOf(stEvent));
+    for (const WEB_ITEMS_S &st : WEB_ITEM_ROLES)
+        for (BU_S32 s32Item = 0; st.enEvent == stEvent.enEvent && s32Item < 64; ++s32Item)
+            if ((st.u64Items & webItems(s32Item)) != 0)
+                str += ", item " + std::to_string(s32Item) + " " + nameOf(static_cast<Role>(st.enRole));
+    return str;
+}
+
 std::string eventRows()
 {
     std::map<BU_S32, const WEB_EVENT_S *> byNumber;
@@ -160,7 +170,7 @@ std::string eventRows()
     for (const auto &[s32Number, pst] : byNumber)
         strRows += std::string("| `") + pst->pcName + "` | " + std::to_string(s32Number) + " | " +
                    (WEB_PAGES[pst->enPage].bServed ? "yes" : "not yet") + " | " + WEB_PAGES[pst->enPage].pcName +
-                   " | " + nameOf(roleOf(*pst)) + " | " + std::to_string(pst->u32TimeoutMs / 1000) + " s | " +
+                   " | " + roles(*pst) + " | " + std::to_string(pst->u32TimeoutMs / 1000) + " s | " +
                    linkTo(pst->stRequest.pcName) + " | " + linkTo(pst->stResponse.pcName) + " |\n";
     return strRows;
 }

@@ -39,6 +39,24 @@ Role roleOf(const WEB_EVENT_S &stEvent)
     return static_cast<Role>(stEvent.enRole);
 }
 
+Role roleOf(const WEB_EVENT_S &stEvent, std::string_view strImage)
+{
+    typedef tag_WEB_RPC_PANEL_REQ_PAYLOAD_S Panel;
+    static_assert(std::ranges::all_of(WEB_ITEM_ROLES, [](const WEB_ITEMS_S &st) {
+        return findWebEvent(st.enEvent)->stRequest.pstRecord == &web_layout::RECORD<Panel>;
+    }));
+    Role enRole = roleOf(stEvent);
+    for (const WEB_ITEMS_S &st : WEB_ITEM_ROLES) {
+        if (st.enEvent != stEvent.enEvent) continue;
+        Panel stPanel;
+        web_layout::load(stPanel, strImage.data());
+        const BU_S32 s32Item = stPanel.s32EventType;
+        if (s32Item >= 0 && s32Item < 64 && (st.u64Items & webItems(s32Item)) != 0)
+            enRole = std::max(enRole, static_cast<Role>(st.enRole));
+    }
+    return enRole;
+}
+
 std::string readRequest(const WEB_EVENT_S &stEvent, std::string_view strJson, std::string &strImage)
 {
     const std::unique_ptr<WEB_RPC_PAYLOAD_S> pstRequest(stEvent.stRequest.fnCreate());

@@ -8,6 +8,8 @@ struct WEB_EVENT_S;
 namespace web_server
 {
 Role roleOf(const WEB_EVENT_S &stEvent);
+/// Who may send this request. @param strImage  of readRequest
+Role roleOf(const WEB_EVENT_S &stEvent, std::string_view strImage);
 
 /// Makes the image of a request from its fields as JSON. @return what is wrong, a sentence; empty: nothing
 std::string readRequest(const WEB_EVENT_S &stEvent, std::string_view strJson, std::string &strImage);

@@ -116,10 +116,12 @@ void WebLogic::Impl::recognise(Visit &stVisit)
         const auto strUser = stDesk.sessions.use(strKey, stVisit.stRequest.s64Unix);
         const Role enRole = strUser ? stDesk.users.role(*strUser) : Role::ANYONE;
         if (enRole == Role::ANYONE) continue;
-        stVisit.strUser = *strUser;
-        stVisit.enRole = enRole;
-        stVisit.strSession = std::move(strKey);
-        return;
+        if (stVisit.sessions.empty()) {
+            stVisit.strUser = *strUser;
+            stVisit.enRole = enRole;
+            stVisit.strSession = strKey;
+        }
+        stVisit.sessions.push_back(std::move(strKey));
     }
 }
 

@@ -30,6 +30,8 @@ struct Visit {
     std::string strUser; ///< empty: nobody is logged in
     Role enRole = Role::ANYONE;
     std::string strSession{}; ///< digest of its token
+    std::vector<std::string>
+        sessions{}; ///< of all that the request presents: one of HTTP may stand beside one of HTTPS
 };
 
 struct Route {

@@ -34,7 +34,7 @@ input_event keyEvent(BU_U8 u8Address, BU_S32 s32Key, BU_S32 s32Value)
 {
     input_event stEvent{};
     stEvent.type = EV_KEY;
-    stEvent.code = static_cast<BU_U16>((u8Address - 1) * KEYS_PER_ADDRESS | (s32Key & 0xFF));
+    stEvent.code = static_cast<BU_U16>((u8Address - 1) * KEYS_PER_ADDRESS | (s32Key & (KEYS_PER_ADDRESS - 1)));
     stEvent.value = s32Value;
     return stEvent;
 }

@@ -68,7 +68,7 @@ TEST_F(VirtualKey, EventsCarryTheAddressOfTheCamera)
     BSP_StartHttpService();
     const std::tuple<BU_U8, BU_S32, BU_S32, BU_U16> rows[] = {
         {1, 0x15, 1, 0x15},  {1, 0x15, 2, 0x15},  {1, 0x15, 0, 0x15}, {2, 0x15, 1, 0x95},   {4, 0x15, 1, 0x195},
-        {3, 0x95, 1, 0x195}, {1, 0x315, 1, 0x15}, {1, -1, 1, 0xFF},   {0, 0x15, -1, 0xFF95}};
+        {3, 0x95, 1, 0x115}, {1, 0x395, 1, 0x15}, {1, -1, 1, 0x7F},   {0, 0x15, -1, 0xFF95}};
     for (const auto &[u8Address, s32Event, s32Method, u16Code] : rows) {
         if (u8Address == 0) journal::inject("IR_API_GetAddr", -1);
         IR_API_SetAddr(u8Address, BU_FALSE, IRADDR_SWITCH_E_SOFT);

@@ -111,6 +111,13 @@ TEST_F(RoutesTest, EventsNeedTheirRole)
     }
     for (const char *pcName : {"WEB_RPC_EVENT_GROUP_E_RESTART_VIDEO", "toString"}) // a number without a handler; none
         EXPECT_EQ(status(logic.handle(request("POST", std::string("/api/") + pcName, token(Role::ADMIN), "{}"))), 404U);
+    const auto ask = [&](const char *pcBody, Role enRole) {
+        return status(logic.handle(request("POST", "/api/WEB_RPC_EVENT_GROUP_E_GET_ISP", token(enRole), pcBody)));
+    };
+    EXPECT_EQ(ask(R"({"s32EventType":31})", Role::VIEWER), 403U) << "it measures";
+    EXPECT_EQ(ask(R"({"s32EventType":31})", Role::OPERATOR), 0U);
+    for (const char *pcBody : {R"({"s32EventType":30})", R"({"s32EventType":95})", R"({"s32EventType":-1})"})
+        EXPECT_EQ(ask(pcBody, Role::VIEWER), 0U) << pcBody;
 }
 
 TEST_F(RoutesTest, TheRulesComeBeforeEverything)

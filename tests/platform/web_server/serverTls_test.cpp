@@ -9,12 +9,13 @@ namespace
 class TlsPeer : public Peer
 {
 public:
-    TlsPeer(BU_S32 s32Port, const char *pcName, int s32MaxVersion = 0)
+    TlsPeer(BU_S32 s32Port, const char *pcName, int s32MaxVersion = 0, const char *pcCiphers = nullptr)
         : Peer(connectTo(s32Port)), m_context(SSL_CTX_new(TLS_client_method()), SSL_CTX_free), m_ssl(nullptr, SSL_free)
     {
         SSL_CTX_load_verify_file(m_context.get(), UTIL_ROOT_Path(web_server::CERTIFICATE_FILE).c_str());
         SSL_CTX_set_verify(m_context.get(), SSL_VERIFY_PEER, nullptr);
         if (s32MaxVersion) SSL_CTX_set_max_proto_version(m_context.get(), s32MaxVersion);
+        if (pcCiphers) SSL_CTX_set_cipher_list(m_context.get(), pcCiphers);
         const unsigned char aProtocols[] = "\x02h2\x08http/1.1";
         SSL_CTX_set_alpn_protos(m_context.get(), aProtocols, sizeof(aProtocols) - 1);
         m_ssl.reset(SSL_new(m_context.get()));
@@ -48,6 +49,8 @@ TEST_F(ServerTest, SpeaksTlsUnderTheNamesOfItsCertificate)
         EXPECT_TRUE(TlsPeer(httpsPort(), pcName).isConnected()) << pcName;
     for (const auto &[pcName, s32Version] : {std::pair("elsewhere", 0), {"localhost", TLS1_1_VERSION}})
         EXPECT_FALSE(TlsPeer(httpsPort(), pcName, s32Version).isConnected());
+    for (const auto &[pcCiphers, bTaken] : {std::pair("ECDHE+AESGCM", true), {"ECDHE+AES:!AESGCM:!AESCCM", false}})
+        EXPECT_EQ(TlsPeer(httpsPort(), "localhost", TLS1_2_VERSION, pcCiphers).isConnected(), bTaken) << pcCiphers;
     TlsPeer peer(httpsPort(), "localhost");
     EXPECT_EQ(peer.ask(get("/tls")).strBody, "yes");
     peer.send(get("/large.png") + post("/echo", std::string(60'000, 'y')) + get("/tls"));

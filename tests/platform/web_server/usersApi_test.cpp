@@ -80,8 +80,16 @@ TEST_F(UsersApiTest, LoginWantsTheRightPasswordAndGetsSlower)
     stUsers.bTls = false;
     EXPECT_EQ(status(logic.handle(stUsers)), 401U);
     stUsers.bTls = true;
-    stUsers.strCookie = "camera_session=" + strCookie.substr(strCookie.find('=') + 1, 43);
+    const std::string strPlain = "camera_session=" + given(m_stLast);
+    stUsers.strCookie = strPlain;
     EXPECT_EQ(status(logic.handle(stUsers)), 200U) << "who logged in by HTTP";
+    stUsers.strCookie = strPlain + "; " + strCookie.substr(0, strCookie.find(';'));
+    Request stLogOut = stUsers;
+    stLogOut.strMethod = "DELETE";
+    stLogOut.strPath = "/session";
+    stLogOut.strOrigin = stTls.strOrigin;
+    EXPECT_EQ(status(logic.handle(stLogOut)), 200U);
+    EXPECT_EQ(status(logic.handle(stUsers)), 401U) << "one of the two sessions went on";
 }
 
 TEST_F(UsersApiTest, ABrowserThatWasHereBeforeDoesNotWaitForStrangers)
