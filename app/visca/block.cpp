@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <string>
 #include <utility>
 
 using namespace visca;
@@ -142,12 +143,15 @@ static_assert(
 
 void print(const B &st)
 {
-    BU_CHAR acLine[2048] = "";
-    std::size_t used = 0;
-    for (const BlockField &field : FIELDS)
-        used += std::snprintf(acLine + used, sizeof(acLine) - used, field.bHex ? "%s%s=0x%02X" : "%s%s=%d",
-                              used ? ", " : "", field.pcName, st.*field.pField);
-    UTIL_TRACE_Print("[Block Data] %s\n", acLine);
+    std::string strLine;
+    BU_CHAR acHex[12];
+    for (const BlockField &field : FIELDS) {
+        const BU_S32 s32Value = st.*field.pField;
+        if (field.bHex) std::snprintf(acHex, sizeof(acHex), "0x%02X", s32Value);
+        strLine.append(strLine.empty() ? "" : ", ").append(field.pcName).append("=");
+        strLine += field.bHex ? acHex : std::to_string(s32Value);
+    }
+    UTIL_TRACE_Print("[Block Data] %s\n", strLine.c_str());
 }
 } // namespace
 
