@@ -35,8 +35,10 @@ TEST_F(Endpoints, AChangeIsStoredInItsPlaceOrRefused)
 {
     tagCFG_VISCA_NET_S st{0, 1, 2000, 3, "127.0.0.2"};
     EXPECT_EQ(VISCA_NET_UpdateConfig(&st), 0);
-    const tagCFG_VISCA_NET_S stRead = read(CFG_SYSTEM_GetViscaNet);
-    EXPECT_EQ(std::memcmp(&stRead, &st, sizeof st), 0);
+    const auto fields = [](const tagCFG_VISCA_NET_S &one) {
+        return std::tuple(one.bEnable, one.bProtocolType, one.PortNum, one.bWorkMode, std::string(one.IpAddr));
+    };
+    EXPECT_EQ(fields(read(CFG_SYSTEM_GetViscaNet)), fields(st));
     EXPECT_EQ(read(CFG_SYSTEM_GetViscaOverIp).PortNum, 52381);
     for (const tagCFG_VISCA_NET_S &stBad :
          {tagCFG_VISCA_NET_S{2, 1, 2000, 0, {}}, {1, 3, 2000, 0, {}}, {1, 1, 0, 0, {}}, {1, 1, 65536, 0, {}}})
