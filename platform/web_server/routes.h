@@ -29,9 +29,8 @@ struct Visit {
     std::string strRest; ///< what stands for the '*' of the route
     std::string strUser; ///< empty: nobody is logged in
     Role enRole = Role::ANYONE;
-    std::string strSession{}; ///< digest of its token
-    std::vector<std::string>
-        sessions{}; ///< of all that the request presents: one of HTTP may stand beside one of HTTPS
+    std::string strSession{};            ///< digest of its token
+    std::vector<std::string> sessions{}; ///< of all presented, that one first: HTTP's may stand beside HTTPS's
 };
 
 struct Route {

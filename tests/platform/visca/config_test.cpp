@@ -3,8 +3,6 @@
 #include "protocol/viscaNet.h"
 #include "support/platformTest.h"
 
-#include <cstring>
-
 namespace
 {
 using Endpoints = PlatformTest;
